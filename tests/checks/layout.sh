@@ -1,0 +1,38 @@
+#!/usr/bin/env bash
+# Who may include what: the arrows between the parts of the project, and one file for each library.
+set -euo pipefail
+cd "$1"
+failed=0
+
+# includes FOLDER...: "file:included" for every include directive, without brackets and quotes.
+includes() { grep -rEo '^ *# *include *[<"][^>"]+[>"]' "$@" --include='*.h' --include='*.cpp' | sed -E 's/: *# *include *[<"]/:/; s/[>"]$//'; }
+
+# deny MESSAGE: fails for every line on standard input.
+deny() {
+  local line
+  while IFS= read -r line; do
+    printf '%s: %s\n' "$1" "$line"
+    failed=1
+  done
+}
+
+# A header of the standard library has neither a folder nor an ending, but for <cassert> and its kin.
+deny 'backend/ includes more than the standard library and host/' \
+  < <(includes backend | grep -vE ':(host/[a-z_]+\.h|backend/mrset/[a-z]+\.h|[a-z_]+)$' || true)
+deny 'host/ includes more than the standard library' < <(includes host | grep -vE ':[a-z_]+$' || true)
+deny 'standalone/ includes the module' < <(includes standalone | grep -E ':backend/' || true)
+deny 'the scripted host knows the other parts' < <(includes tests/host | grep -E ':(backend|standalone)/' || true)
+deny 'ICU is included outside its file' \
+  < <(includes backend host standalone | grep -E ':unicode/' | grep -v '^standalone/text/unicode.cpp:' || true)
+deny 'SQLite is included outside its file' \
+  < <(includes backend host standalone | grep -E ':sqlite3' | grep -vE '^standalone/data/database\.(h|cpp):' || true)
+deny 'the CSV library is included outside its file' \
+  < <(includes backend host standalone | grep -E ':csv\.h$' | grep -v '^standalone/import/csv.cpp:' || true)
+
+# The module keeps no state between calls and hides nothing from measurement.
+deny 'a static or global object in backend/' < <(grep -rnE '^ *(static|thread_local|extern) ' backend --include='*.h' --include='*.cpp' | grep -v 'extern "C"' || true)
+
+if [ "$failed" -eq 0 ]; then
+  echo 'The layout holds.'
+fi
+exit "$failed"

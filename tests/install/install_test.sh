@@ -1,0 +1,41 @@
+#!/usr/bin/env bash
+# Installs into a folder, moves that folder, and uses what is there: the program runs commands, and a project that knows
+# nothing but the installed package loads the module into a host of its own.
+#   install_test.sh ROOT BUILD COMPILER
+set -euo pipefail
+root=$1
+build=$2
+compiler=$3
+
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+cmake --install "$build" --prefix "$scratch/first" > "$scratch/install.log"
+mv "$scratch/first" "$scratch/moved"
+
+expect() {
+  if ! diff -u "$1" -; then
+    printf 'The installed %s disagrees.\n' "$2"
+    exit 1
+  fi
+}
+
+mrset=$scratch/moved/bin/mrset
+"$mrset" import --schema "$root/examples/breakfast.schema.json" "$root/examples/breakfast.csv" "$scratch/b.mrset" 2> /dev/null
+"$mrset" run "$scratch/b.mrset" -c 'MRSET /MCGROUP NAME=$t VARIABLES=topping1 TO topping4' > /dev/null
+"$mrset" sets "$scratch/b.mrset" --format json > "$scratch/sets.json"
+expect "$scratch/sets.json" program <<'JSON'
+{"sets":[{"name":"$t","type":"category","label":"","countedValue":"","labelFromVariable":false,"categoryLabelsFromCountedValue":false,"variables":["topping1","topping2","topping3","topping4"]}]}
+JSON
+
+# The host's sources are copied away, so that their includes of host/ find the installed one.
+mkdir -p "$scratch/user/tests"
+cp -r "$root/tests/host" "$scratch/user/tests/"
+rm "$scratch"/user/tests/host/*_test.cpp "$scratch"/user/tests/host/allocation.cpp
+cp "$root/tests/install/CMakeLists.txt" "$root/tests/install/load_module.cpp" "$scratch/user/"
+sources=$(printf '%s;' "$scratch"/user/tests/host/*.cpp)
+cmake -S "$scratch/user" -B "$scratch/user/build" -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_BUILD_TYPE=Debug \
+  -DCMAKE_PREFIX_PATH="$scratch/moved" -DHOST_SOURCES="$sources" -DHOST_INCLUDE_DIR="$scratch/user" > "$scratch/user.log"
+cmake --build "$scratch/user/build" -j "$(nproc)" >> "$scratch/user.log"
+"$scratch/user/build/load_module" > "$scratch/loaded.txt"
+expect "$scratch/loaded.txt" 'module in another host' < "$root/tests/install/loaded.txt"
+echo 'The installed tree works.'

@@ -1,0 +1,20 @@
+#ifndef STANDALONE_LANGUAGE_BLANKS_H
+#define STANDALONE_LANGUAGE_BLANKS_H
+
+#include <cstddef>
+#include <string_view>
+
+namespace standalone {
+
+/// Whether the character separates tokens: a blank, a tab or another ASCII character that only moves on.
+bool IsBlank(char c);
+
+/// Whether a comment begins at `offset`, which lies within the text and not within a quoted string.
+bool BeginsCommentAt(std::string_view text, std::size_t offset);
+
+/// Where the comment that begins at `offset` ends: behind its "*/", else at the end of its line.
+std::size_t EndOfComment(std::string_view text, std::size_t offset);
+
+}  // namespace standalone
+
+#endif  // STANDALONE_LANGUAGE_BLANKS_H

@@ -1,0 +1,23 @@
+#ifndef STANDALONE_LANGUAGE_SCRIPT_H
+#define STANDALONE_LANGUAGE_SCRIPT_H
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace standalone {
+
+/// One command of a script.
+struct ScriptCommand {
+  std::string text;  ///< as written, from the first character of the command to the last, without its final period
+  int line = 1;      ///< line of the script on which the text begins, from 1
+};
+
+/// Splits a script into its commands. A command ends at a period that is the last thing on its line, at a blank line or
+/// at the end of the script. Comments count as blanks; a command that begins with "*" is a comment, and neither it nor
+/// an empty command is returned. Lines end with "\n" or "\r\n". A byte-order mark at the beginning is skipped.
+std::vector<ScriptCommand> SplitScript(std::string_view script);
+
+}  // namespace standalone
+
+#endif  // STANDALONE_LANGUAGE_SCRIPT_H

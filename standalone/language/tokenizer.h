@@ -1,0 +1,50 @@
+#ifndef STANDALONE_LANGUAGE_TOKENIZER_H
+#define STANDALONE_LANGUAGE_TOKENIZER_H
+
+#include <cstddef>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/tokens.h"
+
+namespace standalone {
+
+/// Symbol codes of the command language. Every other symbol is coded above kOtherSymbols.
+enum SymbolCode : int {
+  kNoSymbol = 0,  ///< the token is no symbol
+  kEqualsSymbol = 3,
+  kSlashSymbol = 11,
+  kAllSymbol = 35,
+  kOpeningBracketSymbol = 36,
+  kClosingBracketSymbol = 37,
+  kOtherSymbols = 1000
+};
+
+struct Token {
+  TokenSequenceBase::TokenType type = TokenSequenceBase::kEnd;
+  std::string text;  ///< as written; of a quoted string, the text that it stands for; at the end, "end of command"
+  int symbol = kNoSymbol;  ///< code of a symbol
+  double number = 0;       ///< value of a number
+  std::size_t offset = 0;  ///< where the token begins in the command, in bytes
+  std::size_t length = 0;  ///< how many bytes of the command it takes, quotes included
+};
+
+/// A command that cannot be read as tokens. what() is a sentence without a place; `offset` is where in the command.
+class TokenizerError : public std::runtime_error {
+ public:
+  TokenizerError(const std::string& sentence, std::size_t offset) : std::runtime_error(sentence), fOffset(offset) {}
+  std::size_t Offset() const { return fOffset; }
+
+ private:
+  std::size_t fOffset;
+};
+
+/// The tokens of one command, the end of the command last. Throws TokenizerError for text that is not valid UTF-8, for
+/// a NUL character and for a string that is not closed on its line.
+std::vector<Token> Tokenize(std::string_view command);
+
+}  // namespace standalone
+
+#endif  // STANDALONE_LANGUAGE_TOKENIZER_H

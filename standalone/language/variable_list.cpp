@@ -1,0 +1,129 @@
+#include "standalone/language/variable_list.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <unordered_set>
+
+#include "standalone/text/unicode.h"
+
+namespace standalone {
+namespace {
+
+/// Nothing, or the sentence that says what is wrong.
+using Problem = std::optional<std::string>;
+
+/// Reads one variable list, item by item.
+class ListReader {
+ public:
+  ListReader(const std::vector<Token>& tokens, std::size_t begin, std::size_t end, const VariableLookup& lookup,
+             std::vector<int>& positions)
+      : fTokens(tokens), fNext(begin), fEnd(std::min(end, tokens.size())), fLookup(lookup), fPositions(positions) {}
+
+  Problem Read();
+
+ private:
+  Problem ReadItem();
+  Problem ReadRange(int from);
+  Problem AddRange(int from, int to);
+  Problem AddVariable(int position);
+  bool IsWord(std::size_t index) const;
+  bool IsTo(std::size_t index) const;
+  bool IsName(std::size_t index) const { return IsWord(index) && !IsTo(index); }
+  std::string RangeWithoutBeginning() const;
+
+  const std::vector<Token>& fTokens;
+  std::size_t fNext;
+  std::size_t fEnd;
+  const VariableLookup& fLookup;
+  std::vector<int>& fPositions;
+  std::unordered_set<int> fListed;
+};
+
+std::string NotInDataset(const std::string& name) {
+  return fmt::format("The variable {} is not in the dataset.", name);
+}
+
+Problem ListReader::Read() {
+  while (fNext < fEnd) {
+    if (Problem problem = ReadItem()) {
+      return problem;
+    }
+  }
+  return std::nullopt;
+}
+
+Problem ListReader::ReadItem() {
+  const std::string& name = fTokens[fNext].text;
+  if (!IsWord(fNext)) {
+    return fmt::format("{} cannot stand in a list of variables.", name);
+  }
+  if (IsTo(fNext)) {
+    return RangeWithoutBeginning();
+  }
+  const int position = fLookup.find(name);
+  if (position < 0) {
+    return NotInDataset(name);
+  }
+  if (IsTo(fNext + 1)) {
+    return ReadRange(position);
+  }
+  ++fNext;
+  return AddVariable(position);
+}
+
+Problem ListReader::ReadRange(int from) {
+  const std::string& first = fTokens[fNext].text;
+  if (!IsName(fNext + 2)) {
+    return fmt::format("The range {} TO has no end.", first);
+  }
+  const std::string& last = fTokens[fNext + 2].text;
+  const int to = fLookup.find(last);
+  if (to < 0) {
+    return NotInDataset(last);
+  }
+  if (to < from) {
+    return fmt::format("The range {0} TO {1} is reversed: {0} stands behind {1} in the dataset.", first, last);
+  }
+  fNext += 3;
+  return AddRange(from, to);
+}
+
+Problem ListReader::AddRange(int from, int to) {
+  for (int position = from; position <= to; ++position) {
+    if (Problem problem = AddVariable(position)) {
+      return problem;
+    }
+  }
+  return std::nullopt;
+}
+
+Problem ListReader::AddVariable(int position) {
+  if (!fListed.insert(position).second) {
+    return fmt::format("The variable {} is listed twice.", fLookup.name(position));
+  }
+  fPositions.push_back(position);
+  return std::nullopt;
+}
+
+bool ListReader::IsWord(std::size_t index) const {
+  return index < fEnd && fTokens[index].type == TokenSequenceBase::kString;
+}
+
+bool ListReader::IsTo(std::size_t index) const {
+  return IsWord(index) && CompareNoCase(fTokens[index].text, "TO") == 0;
+}
+
+std::string ListReader::RangeWithoutBeginning() const {
+  return IsName(fNext + 1) ? fmt::format("The range TO {} has no beginning.", fTokens[fNext + 1].text)
+                           : "The range TO has neither a beginning nor an end.";
+}
+
+}  // namespace
+
+std::optional<std::string> ReadVariableList(const std::vector<Token>& tokens, std::size_t begin, std::size_t end,
+                                            const VariableLookup& lookup, std::vector<int>& positions) {
+  return ListReader(tokens, begin, end, lookup, positions).Read();
+}
+
+}  // namespace standalone

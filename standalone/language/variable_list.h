@@ -1,0 +1,30 @@
+#ifndef STANDALONE_LANGUAGE_VARIABLE_LIST_H
+#define STANDALONE_LANGUAGE_VARIABLE_LIST_H
+
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "standalone/language/tokenizer.h"
+
+namespace standalone {
+
+/// What a variable list asks of the dictionary.
+struct VariableLookup {
+  std::function<int(const std::string& name)> find;  ///< position of a variable, -1 when there is none
+  std::function<std::string(int position)> name;     ///< name of the variable at a position
+};
+
+/// Reads the variable list in the tokens [begin, end): names and ranges "a TO b", in dictionary order and inclusive.
+/// Appends the positions to `positions`. Returns nothing on success, else the sentence that says what is wrong and
+/// names the culprit; `positions` then holds the variables before it. A list without words is accepted and empty, also
+/// when `end` is not behind `begin`.
+std::optional<std::string> ReadVariableList(const std::vector<Token>& tokens, std::size_t begin, std::size_t end,
+                                            const VariableLookup& lookup, std::vector<int>& positions);
+
+}  // namespace standalone
+
+#endif  // STANDALONE_LANGUAGE_VARIABLE_LIST_H

@@ -1,0 +1,61 @@
+#ifndef STANDALONE_OUTPUT_ITEMS_H
+#define STANDALONE_OUTPUT_ITEMS_H
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace standalone {
+
+/// What one command put out, as values that every renderer and the channel between processes share. Texts are UTF-8.
+
+enum class Level { kWarning, kError, kFatal };
+
+struct Message {
+  Level level = Level::kError;
+  std::string text;
+};
+
+struct Cell {
+  /// Nothing, a text, or a list of texts.
+  std::variant<std::monostate, std::string, std::vector<std::string>> value;
+  std::optional<std::string> note;
+};
+
+struct TableRow {
+  std::string name;
+  std::vector<Cell> cells;  ///< one for each column
+};
+
+struct Table {
+  std::string title;
+  std::string rowDimension;
+  std::string columnDimension;
+  std::vector<std::string> columns;
+  std::vector<TableRow> rows;
+};
+
+using Item = std::variant<Message, Table>;
+
+/// Whether the item is a message at error level.
+inline bool IsErrorMessage(const Item& item) {
+  const auto* message = std::get_if<Message>(&item);
+  return message != nullptr && message->level == Level::kError;
+}
+
+enum class Status { kOk, kError, kAborted };
+
+struct CommandResult {
+  std::size_t number = 0;  ///< of the run, from 1
+  int line = 0;            ///< of the script, from 1
+  std::string text;
+  std::optional<std::string> procedure;
+  Status status = Status::kOk;
+  std::vector<Item> items;
+};
+
+}  // namespace standalone
+
+#endif  // STANDALONE_OUTPUT_ITEMS_H

@@ -1,0 +1,165 @@
+#include "standalone/output/json.h"
+
+#include <utility>
+
+namespace standalone {
+namespace {
+
+template <typename Value>
+struct Named {
+  Value value;
+  const char* name;
+};
+
+constexpr Named<Level> kLevels[] = {{Level::kError, "error"}, {Level::kWarning, "warning"}, {Level::kFatal, "fatal"}};
+
+constexpr Named<Status> kStatuses[] = {{Status::kOk, "ok"}, {Status::kError, "error"}, {Status::kAborted, "aborted"}};
+
+template <typename Value, std::size_t kSize>
+const char* NameOf(const Named<Value> (&table)[kSize], Value value) {
+  std::size_t i = 0;
+  while (i + 1 < kSize && table[i].value != value) {
+    ++i;
+  }
+  return table[i].name;
+}
+
+[[noreturn]] void Refuse(const Json& json, const std::string& reason) {
+  throw Json::other_error::create(501, reason, &json);
+}
+
+Json OrNull(const std::optional<std::string>& text) {
+  return text ? Json(*text) : Json(nullptr);
+}
+
+Json ValueToJson(const Cell& cell) {
+  if (const auto* text = std::get_if<std::string>(&cell.value)) {
+    return *text;
+  }
+  if (const auto* list = std::get_if<std::vector<std::string>>(&cell.value)) {
+    return *list;
+  }
+  return nullptr;
+}
+
+Json RowToJson(const TableRow& row) {
+  Json cells = Json::array();
+  Json notes = Json::array();
+  for (const Cell& cell : row.cells) {
+    cells.push_back(ValueToJson(cell));
+    notes.push_back(OrNull(cell.note));
+  }
+  return {{"name", row.name}, {"cells", std::move(cells)}, {"notes", std::move(notes)}};
+}
+
+Json MessageToJson(const Message& message) {
+  return {{"kind", "message"}, {"level", NameOf(kLevels, message.level)}, {"text", message.text}};
+}
+
+Json TableToJson(const Table& table) {
+  Json rows = Json::array();
+  for (const TableRow& row : table.rows) {
+    rows.push_back(RowToJson(row));
+  }
+  return {{"kind", "table"},
+          {"title", table.title},
+          {"rowDimension", table.rowDimension},
+          {"columnDimension", table.columnDimension},
+          {"columns", table.columns},
+          {"rows", std::move(rows)}};
+}
+
+const Json::array_t& ArrayIn(const Json& json, const char* member) {
+  return json.at(member).get_ref<const Json::array_t&>();
+}
+
+std::string TextIn(const Json& json, const char* member) {
+  return json.at(member).get<std::string>();
+}
+
+Level LevelIn(const Json& json) {
+  const std::string name = TextIn(json, "level");
+  for (const Named<Level>& level : kLevels) {
+    if (name == level.name) {
+      return level.value;
+    }
+  }
+  Refuse(json, "unknown level of a message");
+}
+
+Cell CellFromJson(const Json& value, const Json& note) {
+  Cell cell;
+  if (value.is_array()) {
+    cell.value = value.get<std::vector<std::string>>();
+  } else if (!value.is_null()) {
+    cell.value = value.get<std::string>();
+  }
+  if (!note.is_null()) {
+    cell.note = note.get<std::string>();
+  }
+  return cell;
+}
+
+TableRow RowFromJson(const Json& json, std::size_t columns) {
+  const Json::array_t& cells = ArrayIn(json, "cells");
+  const Json::array_t& notes = ArrayIn(json, "notes");
+  if (cells.size() != columns || notes.size() != columns) {
+    Refuse(json, "a row without one cell and one note for each column");
+  }
+  TableRow row{TextIn(json, "name"), {}};
+  for (std::size_t i = 0; i < columns; ++i) {
+    row.cells.push_back(CellFromJson(cells[i], notes[i]));
+  }
+  return row;
+}
+
+Table TableFromJson(const Json& json) {
+  Table table;
+  table.title = TextIn(json, "title");
+  table.rowDimension = TextIn(json, "rowDimension");
+  table.columnDimension = TextIn(json, "columnDimension");
+  table.columns = json.at("columns").get<std::vector<std::string>>();
+  for (const Json& row : ArrayIn(json, "rows")) {
+    table.rows.push_back(RowFromJson(row, table.columns.size()));
+  }
+  return table;
+}
+
+}  // namespace
+
+Json ToJson(const Item& item) {
+  if (const auto* message = std::get_if<Message>(&item)) {
+    return MessageToJson(*message);
+  }
+  return TableToJson(std::get<Table>(item));
+}
+
+Item ItemFromJson(const Json& json) {
+  const std::string kind = TextIn(json, "kind");
+  if (kind == "message") {
+    return Message{LevelIn(json), TextIn(json, "text")};
+  }
+  if (kind == "table") {
+    return TableFromJson(json);
+  }
+  Refuse(json, "unknown kind of item");
+}
+
+Json ToJson(const CommandResult& result) {
+  Json items = Json::array();
+  for (const Item& item : result.items) {
+    items.push_back(ToJson(item));
+  }
+  return {{"command", result.number},
+          {"line", result.line},
+          {"text", result.text},
+          {"procedure", OrNull(result.procedure)},
+          {"status", NameOf(kStatuses, result.status)},
+          {"items", std::move(items)}};
+}
+
+std::string OneLine(const Json& json) {
+  return json.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+}  // namespace standalone

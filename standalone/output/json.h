@@ -1,0 +1,25 @@
+#ifndef STANDALONE_OUTPUT_JSON_H
+#define STANDALONE_OUTPUT_JSON_H
+
+#include <nlohmann/json.hpp>
+
+#include "standalone/output/items.h"
+
+namespace standalone {
+
+/// JSON objects with their members in the documented order.
+using Json = nlohmann::ordered_json;
+
+/// An item in the documented form, and back. FromJson throws nlohmann::json::exception for anything else.
+Json ToJson(const Item& item);
+Item ItemFromJson(const Json& json);
+
+/// A command's result in the documented form.
+Json ToJson(const CommandResult& result);
+
+/// The JSON on one line; text that is not valid UTF-8 is shown with U+FFFD in its place.
+std::string OneLine(const Json& json);
+
+}  // namespace standalone
+
+#endif  // STANDALONE_OUTPUT_JSON_H

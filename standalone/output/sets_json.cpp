@@ -1,0 +1,60 @@
+#include "standalone/output/sets_json.h"
+
+namespace standalone {
+namespace {
+
+constexpr const char* kDichotomy = "dichotomy";
+constexpr const char* kCategory = "category";
+
+Json ToJson(const StoredSet& set) {
+  return {{"name", set.name},
+          {"type", set.type == SetType::kDichotomy ? kDichotomy : kCategory},
+          {"label", set.label},
+          {"countedValue", set.countedValue},
+          {"labelFromVariable", set.labelFromVariable},
+          {"categoryLabelsFromCountedValue", set.categoryLabelsFromCountedValue},
+          {"variables", set.variables}};
+}
+
+StoredSet SetFromJson(const Json& json) {
+  StoredSet set;
+  set.name = json.at("name");
+  set.type = json.at("type") == kDichotomy ? SetType::kDichotomy : SetType::kCategory;
+  set.label = json.at("label");
+  set.countedValue = json.at("countedValue");
+  set.labelFromVariable = json.at("labelFromVariable");
+  set.categoryLabelsFromCountedValue = json.at("categoryLabelsFromCountedValue");
+  set.variables = json.at("variables").get<std::vector<std::string>>();
+  return set;
+}
+
+}  // namespace
+
+Json ToJson(const std::vector<StoredSet>& sets) {
+  Json array = Json::array();
+  for (const StoredSet& set : sets) {
+    array.push_back(ToJson(set));
+  }
+  return array;
+}
+
+std::vector<StoredSet> SetsFromJson(const Json& json) {
+  std::vector<StoredSet> sets;
+  for (const Json& set : json) {
+    sets.push_back(SetFromJson(set));
+  }
+  return sets;
+}
+
+Json ToJson(const Variable& variable) {
+  Json valueLabels = Json::array();
+  for (const ValueLabel& entry : variable.valueLabels) {
+    valueLabels.push_back({{"value", entry.value}, {"label", entry.label}});
+  }
+  return {{"name", variable.name},
+          {"width", variable.width},
+          {"label", variable.label ? Json(*variable.label) : Json()},
+          {"valueLabels", valueLabels}};
+}
+
+}  // namespace standalone

@@ -1,0 +1,20 @@
+#ifndef STANDALONE_OUTPUT_SETS_JSON_H
+#define STANDALONE_OUTPUT_SETS_JSON_H
+
+#include <vector>
+
+#include "standalone/data/dataset.h"
+#include "standalone/output/json.h"
+
+namespace standalone {
+
+/// Sets in the documented form, an array, and back. SetsFromJson throws nlohmann::json::exception for anything else.
+Json ToJson(const std::vector<StoredSet>& sets);
+std::vector<StoredSet> SetsFromJson(const Json& json);
+
+/// A variable in the documented form.
+Json ToJson(const Variable& variable);
+
+}  // namespace standalone
+
+#endif  // STANDALONE_OUTPUT_SETS_JSON_H

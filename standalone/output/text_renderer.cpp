@@ -1,0 +1,106 @@
+#include <algorithm>
+#include <ostream>
+#include <string>
+#include <string_view>
+
+#include "standalone/output/renderer.h"
+#include "standalone/output/text_table.h"
+#include "standalone/text/visible.h"
+
+namespace standalone {
+namespace {
+
+constexpr std::string_view kLineEnds = "\r\n";
+constexpr std::string_view kBlanks = " \t\v\f";
+
+std::string_view Trimmed(std::string_view text, std::string_view characters) {
+  const std::size_t begin = std::min(text.find_first_not_of(characters), text.size());
+  return text.substr(begin, text.find_last_not_of(characters) + 1 - begin);
+}
+
+std::string_view Prefix(Level level) {
+  switch (level) {
+    case Level::kWarning:
+      return "Warning: ";
+    case Level::kFatal:
+      return "Fatal: ";
+    case Level::kError:
+      break;
+  }
+  return "Error: ";
+}
+
+class TextRenderer final : public Renderer {
+ public:
+  TextRenderer(std::ostream& stream, std::size_t width) : fStream(stream), fWidth(width) {}
+
+  void Write(const CommandResult& result) override;
+
+ private:
+  void WriteCommand(std::size_t number, std::string_view text);
+  void WriteCommandLine(std::string_view mark, std::string_view line);
+  void WriteItem(const Message& message);
+  void WriteItem(const Table& table);
+  void SetApart(bool fromLineBefore);
+
+  std::ostream& fStream;
+  std::size_t fWidth;
+  bool fIsFirst = true;
+  bool fFollowsTable = false;
+};
+
+void TextRenderer::Write(const CommandResult& result) {
+  SetApart(!fIsFirst);
+  fIsFirst = false;
+  WriteCommand(result.number, result.text);
+  for (const Item& item : result.items) {
+    std::visit([this](const auto& one) { WriteItem(one); }, item);
+  }
+  if (result.status == Status::kAborted) {
+    SetApart(fFollowsTable);
+    fStream << "The command was aborted; the dataset is as it was before it.\n";
+  }
+}
+
+/// The command's lines without the blanks around them, the first marked with the command's number, the others aligned.
+void TextRenderer::WriteCommand(std::size_t number, std::string_view text) {
+  std::string mark = std::to_string(number) + "> ";
+  while (!text.empty()) {
+    const std::size_t end = std::min(text.find_first_of(kLineEnds), text.size());
+    WriteCommandLine(mark, Trimmed(text.substr(0, end), kBlanks));
+    text = text.substr(std::min(text.find_first_not_of(kLineEnds, end), text.size()));
+    mark.assign(mark.size(), ' ');
+  }
+}
+
+void TextRenderer::WriteCommandLine(std::string_view mark, std::string_view line) {
+  std::string shown(line);
+  std::replace(shown.begin(), shown.end(), '\t', ' ');
+  fStream << mark << Visible(shown) << '\n';
+}
+
+void TextRenderer::WriteItem(const Message& message) {
+  SetApart(fFollowsTable);
+  fStream << Prefix(message.level) << Visible(Trimmed(message.text, kLineEnds)) << '\n';
+}
+
+void TextRenderer::WriteItem(const Table& table) {
+  SetApart(true);
+  fStream << TextTable(table, fWidth);
+  fFollowsTable = true;
+}
+
+void TextRenderer::SetApart(bool fromLineBefore) {
+  if (fromLineBefore) {
+    fStream << '\n';
+  }
+  fFollowsTable = false;
+}
+
+}  // namespace
+
+std::unique_ptr<Renderer> MakeTextRenderer(std::ostream& stream, std::size_t width) {
+  return std::make_unique<TextRenderer>(stream, width);
+}
+
+}  // namespace standalone

@@ -1,0 +1,247 @@
+#include "standalone/output/text_table.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "standalone/output/column_widths.h"
+#include "standalone/output/wrap.h"
+#include "standalone/text/unicode.h"
+#include "standalone/text/visible.h"
+
+namespace standalone {
+namespace {
+
+constexpr std::string_view kGap = "  ";
+
+/// The lines of one cell.
+using Lines = std::vector<std::string>;
+
+/// The notes of a table in the order in which they first occur.
+class Notes {
+ public:
+  /// The marker of a note; the same text has the same one.
+  std::string Marker(const std::string& text);
+
+  /// A line for each note.
+  Lines Explained() const;
+
+ private:
+  Lines fTexts;
+  std::unordered_map<std::string, std::size_t> fIndices;
+};
+
+/// a to z, aa, ab, ...
+std::string Letters(std::size_t index) {
+  constexpr std::size_t kLetters = 26;
+  std::string letters(1, static_cast<char>('a' + index % kLetters));
+  return index < kLetters ? letters : Letters(index / kLetters - 1) + letters;
+}
+
+std::string MarkerAt(std::size_t index) {
+  return fmt::format("[{}]", Letters(index));
+}
+
+std::string Notes::Marker(const std::string& text) {
+  const auto [entry, isNew] = fIndices.emplace(text, fTexts.size());
+  if (isNew) {
+    fTexts.push_back(text);
+  }
+  return MarkerAt(entry->second);
+}
+
+Lines Notes::Explained() const {
+  Lines lines;
+  for (std::size_t i = 0; i < fTexts.size(); ++i) {
+    lines.push_back(MarkerAt(i) + ' ' + Visible(fTexts[i]));
+  }
+  return lines;
+}
+
+std::string WithoutTrailingBlanks(std::string line) {
+  line.erase(line.find_last_not_of(' ') + 1);
+  return line;
+}
+
+void AppendLines(Lines& lines, const std::string& text) {
+  for (std::string& line : VisibleLines(text)) {
+    lines.push_back(WithoutTrailingBlanks(std::move(line)));
+  }
+}
+
+Lines LinesOf(const Cell& cell) {
+  Lines lines;
+  if (const auto* text = std::get_if<std::string>(&cell.value)) {
+    AppendLines(lines, *text);
+  } else if (const auto* list = std::get_if<std::vector<std::string>>(&cell.value)) {
+    for (const std::string& entry : *list) {
+      AppendLines(lines, entry);
+    }
+  }
+  return lines;
+}
+
+void AppendMarker(Lines& lines, const std::string& marker) {
+  if (lines.empty() || lines.back().empty()) {
+    lines.resize(std::max<std::size_t>(lines.size(), 1));
+    lines.back() = marker;
+    return;
+  }
+  lines.back() += ' ' + marker;
+}
+
+std::string Padded(std::string part, std::size_t width) {
+  part.append(width - std::min(width, DisplayWidth(part)), ' ');
+  return part;
+}
+
+/// Lays out one table.
+class Layout {
+ public:
+  Layout(const Table& table, std::size_t width);
+
+  std::string Text() const;
+
+ private:
+  void AddHeading(const std::string& text);
+  void AddRow(const TableRow& row);
+  void AddWrapped(std::string& text, const std::string& line) const;
+  void AddRows(std::string& text) const;
+  std::vector<Lines> Wrapped(const std::vector<Lines>& row) const;
+  std::string Joined(const std::vector<Lines>& wrapped) const;
+  std::string Rule() const;
+  std::vector<ColumnNeeds> Needs() const;
+
+  std::size_t fWidth;
+  std::string fTitle;
+  std::vector<Lines> fHeadings;
+  std::vector<std::vector<Lines>> fRows;
+  std::vector<std::size_t> fWidths;
+  Notes fNotes;
+};
+
+Layout::Layout(const Table& table, std::size_t width) : fWidth(width), fTitle(Visible(table.title)) {
+  AddHeading(table.rowDimension);
+  for (const std::string& column : table.columns) {
+    AddHeading(column);
+  }
+  for (const TableRow& row : table.rows) {
+    AddRow(row);
+  }
+  const std::size_t gaps = kGap.size() * table.columns.size();
+  fWidths = ColumnWidths(Needs(), width - std::min(gaps, width));
+}
+
+void Layout::AddHeading(const std::string& text) {
+  fHeadings.push_back({Visible(text)});
+}
+
+void Layout::AddRow(const TableRow& row) {
+  std::vector<Lines> cells = {VisibleLines(row.name)};
+  for (const Cell& cell : row.cells) {
+    cells.push_back(LinesOf(cell));
+    if (cell.note) {
+      AppendMarker(cells.back(), fNotes.Marker(*cell.note));
+    }
+  }
+  cells.resize(fHeadings.size());
+  fRows.push_back(std::move(cells));
+}
+
+std::vector<ColumnNeeds> Layout::Needs() const {
+  std::vector<ColumnNeeds> needs;
+  for (const Lines& heading : fHeadings) {
+    needs.push_back({DisplayWidth(heading[0]), WidestWord(heading[0]), 0, 0});
+  }
+  for (const std::vector<Lines>& row : fRows) {
+    for (std::size_t column = 0; column < row.size(); ++column) {
+      for (const std::string& line : row[column]) {
+        needs[column].content = std::max(needs[column].content, DisplayWidth(line));
+        needs[column].contentWord = std::max(needs[column].contentWord, WidestWord(line));
+      }
+    }
+  }
+  return needs;
+}
+
+std::string Layout::Text() const {
+  std::string text;
+  AddWrapped(text, fTitle);
+  text += '\n' + Joined(Wrapped(fHeadings)) + Rule();
+  AddRows(text);
+  const Lines notes = fNotes.Explained();
+  text += notes.empty() ? "" : "\n";
+  for (const std::string& note : notes) {
+    AddWrapped(text, note);
+  }
+  return text;
+}
+
+void Layout::AddWrapped(std::string& text, const std::string& line) const {
+  for (const std::string& part : WrapText(line, fWidth)) {
+    text += WithoutTrailingBlanks(part) + '\n';
+  }
+}
+
+/// The rows are set apart by an empty line when one of them takes more than one line.
+void Layout::AddRows(std::string& text) const {
+  if (fRows.empty()) {
+    text += "(none)\n";
+  }
+  Lines blocks;
+  bool isTall = false;
+  for (const std::vector<Lines>& row : fRows) {
+    blocks.push_back(Joined(Wrapped(row)));
+    isTall = isTall || blocks.back().find('\n') + 1 < blocks.back().size();
+  }
+  text += fmt::format("{}", fmt::join(blocks, isTall ? "\n" : ""));
+}
+
+std::vector<Lines> Layout::Wrapped(const std::vector<Lines>& row) const {
+  std::vector<Lines> wrapped(row.size());
+  for (std::size_t column = 0; column < row.size(); ++column) {
+    for (const std::string& line : row[column]) {
+      for (std::string& part : WrapText(line, fWidths[column])) {
+        wrapped[column].push_back(std::move(part));
+      }
+    }
+  }
+  return wrapped;
+}
+
+/// The text of a row of cells that have been wrapped.
+std::string Layout::Joined(const std::vector<Lines>& wrapped) const {
+  std::size_t height = 1;
+  for (const Lines& lines : wrapped) {
+    height = std::max(height, lines.size());
+  }
+  std::string text;
+  for (std::size_t i = 0; i < height; ++i) {
+    Lines parts;
+    for (std::size_t column = 0; column < wrapped.size(); ++column) {
+      parts.push_back(Padded(i < wrapped[column].size() ? wrapped[column][i] : "", fWidths[column]));
+    }
+    text += WithoutTrailingBlanks(fmt::format("{}", fmt::join(parts, kGap))) + '\n';
+  }
+  return text;
+}
+
+std::string Layout::Rule() const {
+  Lines rules;
+  for (const std::size_t width : fWidths) {
+    rules.emplace_back(width, '-');
+  }
+  return fmt::format("{}\n", fmt::join(rules, kGap));
+}
+
+}  // namespace
+
+std::string TextTable(const Table& table, std::size_t width) {
+  return Layout(table, width).Text();
+}
+
+}  // namespace standalone

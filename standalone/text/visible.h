@@ -1,0 +1,20 @@
+#ifndef STANDALONE_TEXT_VISIBLE_H
+#define STANDALONE_TEXT_VISIBLE_H
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace standalone {
+
+/// The text with every character that would act on a terminal in a harmless form: control characters as "\n", "\r",
+/// "\t" or "\x1b", line separators and characters that turn the direction of writing as "\u202e", and U+FFFD in place
+/// of a byte that belongs to no valid character. Never holds a line break; always valid UTF-8.
+std::string Visible(std::string_view text);
+
+/// The lines of the text, each in its visible form; at least one. A line ends with "\n", "\r\n" or "\r".
+std::vector<std::string> VisibleLines(std::string_view text);
+
+}  // namespace standalone
+
+#endif  // STANDALONE_TEXT_VISIBLE_H

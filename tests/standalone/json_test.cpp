@@ -1,0 +1,180 @@
+#include "standalone/output/json.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace standalone {
+namespace {
+
+Table LikesTable() {
+  Table table;
+  table.title = "Multiple Response Sets";
+  table.rowDimension = "Name";
+  table.columnDimension = "Attributes";
+  table.columns = {"Label", "Coded As", "Counted Value", "Data Type", "Elementary Variables"};
+  TableRow row;
+  row.name = "$likes";
+  row.cells = {{"Likes", {}},
+               {"Dichotomies", {}},
+               {"1", "Using variable value labels"},
+               {"Numeric", {}},
+               {std::vector<std::string>{"Tea", "Coffee"}, {}}};
+  table.rows.push_back(row);
+  return table;
+}
+
+const std::string kLikesTable =
+    R"({"kind":"table","title":"Multiple Response Sets","rowDimension":"Name","columnDimension":"Attributes",)"
+    R"("columns":["Label","Coded As","Counted Value","Data Type","Elementary Variables"],)"
+    R"("rows":[{"name":"$likes","cells":["Likes","Dichotomies","1","Numeric",["Tea","Coffee"]],)"
+    R"("notes":[null,null,"Using variable value labels",null,null]}]})";
+
+/// A table with every kind of cell.
+Table SmallTable() {
+  Table table;
+  table.columns = {"A", "B", "C"};
+  table.rows.push_back({"r", {{std::monostate{}, {}}, {"", ""}, {std::vector<std::string>{}, {}}}});
+  return table;
+}
+
+struct Row {
+  Item item;
+  std::string line;
+};
+
+std::vector<Row> Items() {
+  return {
+      {Message{Level::kError, "No."}, R"({"kind":"message","level":"error","text":"No."})"},
+      {Message{Level::kWarning, ""}, R"({"kind":"message","level":"warning","text":""})"},
+      {Message{Level::kFatal, "a \"b\"\n"}, R"({"kind":"message","level":"fatal","text":"a \"b\"\n"})"},
+      {LikesTable(), kLikesTable},
+      {SmallTable(), R"({"kind":"table","title":"","rowDimension":"","columnDimension":"","columns":["A","B","C"],)"
+                     R"("rows":[{"name":"r","cells":[null,"",[]],"notes":[null,"",null]}]})"},
+      {Table{}, R"({"kind":"table","title":"","rowDimension":"","columnDimension":"","columns":[],"rows":[]})"},
+  };
+}
+
+TEST(JsonForm, ItemsHaveTheDocumentedForm) {
+  for (const Row& row : Items()) {
+    EXPECT_EQ(OneLine(ToJson(row.item)), row.line);
+  }
+}
+
+TEST(JsonForm, ItemsComeBackFromTheirForm) {
+  for (const Row& row : Items()) {
+    EXPECT_EQ(OneLine(ToJson(ItemFromJson(Json::parse(row.line)))), row.line);
+  }
+}
+
+TEST(JsonForm, AMessageComesBackWithItsLevelAndText) {
+  const Item item = ItemFromJson(Json::parse(R"({"kind":"message","level":"warning","text":"No."})"));
+  const auto& message = std::get<Message>(item);
+  EXPECT_EQ(message.level, Level::kWarning);
+  EXPECT_EQ(message.text, "No.");
+}
+
+TEST(JsonForm, ATableComesBackWithAllItsParts) {
+  const Item item = ItemFromJson(Json::parse(kLikesTable));
+  const auto& table = std::get<Table>(item);
+  EXPECT_EQ(table.title, "Multiple Response Sets");
+  EXPECT_EQ(table.rowDimension, "Name");
+  EXPECT_EQ(table.columnDimension, "Attributes");
+  EXPECT_EQ(table.columns, LikesTable().columns);
+  ASSERT_EQ(table.rows.size(), 1U);
+  EXPECT_EQ(table.rows[0].name, "$likes");
+  ASSERT_EQ(table.rows[0].cells.size(), 5U);
+  for (std::size_t i = 0; i < 5; ++i) {
+    EXPECT_EQ(table.rows[0].cells[i].value, LikesTable().rows[0].cells[i].value) << i;
+    EXPECT_EQ(table.rows[0].cells[i].note, LikesTable().rows[0].cells[i].note) << i;
+  }
+}
+
+TEST(JsonForm, MembersThatWereAddedLaterAreAccepted) {
+  const Item item = ItemFromJson(Json::parse(R"({"new":1,"kind":"message","level":"error","text":"No."})"));
+  EXPECT_EQ(std::get<Message>(item).text, "No.");
+}
+
+TEST(JsonForm, AnythingElseIsRefused) {
+  const std::string table = R"({"kind":"table","title":"t","rowDimension":"r","columnDimension":"c",)";
+  const std::vector<std::string> rows = {
+      "null",
+      "[]",
+      "\"message\"",
+      "{}",
+      R"({"kind":1})",
+      R"({"kind":"picture"})",
+      R"({"kind":"message","text":"x"})",
+      R"({"kind":"message","level":"error"})",
+      R"({"kind":"message","level":"Error","text":"x"})",
+      R"({"kind":"message","level":null,"text":"x"})",
+      R"({"kind":"message","level":"error","text":1})",
+      R"({"kind":"table"})",
+      table + R"("columns":["A"]})",
+      table + R"("columns":"A","rows":[]})",
+      table + R"("columns":[1],"rows":[]})",
+      table + R"("columns":["A"],"rows":{}})",
+      table + R"("columns":["A"],"rows":null})",
+      table + R"("columns":["A"],"rows":[1]})",
+      table + R"("columns":["A"],"rows":[{"cells":["x"],"notes":[null]}]})",
+      table + R"("columns":["A"],"rows":[{"name":"r","cells":["x"]}]})",
+      table + R"("columns":["A"],"rows":[{"name":"r","cells":["x"],"notes":[]}]})",
+      table + R"("columns":["A"],"rows":[{"name":"r","cells":[],"notes":[]}]})",
+      table + R"("columns":["A"],"rows":[{"name":"r","cells":["x","y"],"notes":[null,null]}]})",
+      table + R"("columns":["A"],"rows":[{"name":"r","cells":[1],"notes":[null]}]})",
+      table + R"("columns":["A"],"rows":[{"name":"r","cells":[[1]],"notes":[null]}]})",
+      table + R"("columns":["A"],"rows":[{"name":"r","cells":["x"],"notes":[1]}]})",
+  };
+  for (const std::string& row : rows) {
+    EXPECT_THROW(ItemFromJson(Json::parse(row)), nlohmann::json::exception) << row;
+  }
+}
+
+TEST(JsonForm, TheCompleteTableRowIsAccepted) {
+  EXPECT_NO_THROW(ItemFromJson(Json::parse(R"({"kind":"table","title":"t","rowDimension":"r","columnDimension":"c",)"
+                                           R"("columns":["A"],"rows":[{"name":"r","cells":["x"],"notes":[null]}]})")));
+}
+
+TEST(JsonForm, ACommandsResultHasTheDocumentedForm) {
+  CommandResult result;
+  result.number = 1;
+  result.line = 1;
+  result.text = "MRSET /DISPLAY NAME=ALL";
+  result.procedure = "Multiple Response Set";
+  result.items = {Message{Level::kWarning, "w"}, LikesTable()};
+  EXPECT_EQ(OneLine(ToJson(result)),
+            R"({"command":1,"line":1,"text":"MRSET /DISPLAY NAME=ALL","procedure":"Multiple Response Set",)"
+            R"("status":"ok","items":[{"kind":"message","level":"warning","text":"w"},)" +
+                kLikesTable + "]}");
+}
+
+TEST(JsonForm, ProcedureIsNullWhereNoneWasOpened) {
+  struct StatusRow {
+    Status status;
+    std::string name;
+  };
+  const std::vector<StatusRow> rows = {{Status::kOk, "ok"}, {Status::kError, "error"}, {Status::kAborted, "aborted"}};
+  for (const StatusRow& row : rows) {
+    CommandResult result;
+    result.number = 12;
+    result.line = 34;
+    result.text = "FROB";
+    result.status = row.status;
+    EXPECT_EQ(OneLine(ToJson(result)),
+              R"({"command":12,"line":34,"text":"FROB","procedure":null,"status":")" + row.name + R"(","items":[]})");
+  }
+}
+
+TEST(JsonForm, TextsThatAreNoUtf8AreShownWithTheReplacement) {
+  EXPECT_EQ(OneLine(ToJson(Message{Level::kError, "a\xFFz \u00E9"})),
+            "{\"kind\":\"message\",\"level\":\"error\",\"text\":\"a\uFFFDz \u00E9\"}");
+}
+
+TEST(JsonForm, LineEndsAndControlCharactersAreEscaped) {
+  EXPECT_EQ(OneLine(ToJson(Message{Level::kError, std::string("\n\x1b\0", 3)})),
+            R"({"kind":"message","level":"error","text":"\n\u001b\u0000"})");
+}
+
+}  // namespace
+}  // namespace standalone

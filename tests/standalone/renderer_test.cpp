@@ -1,0 +1,137 @@
+#include "standalone/output/renderer.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace standalone {
+namespace {
+
+CommandResult Result(const std::string& text, const std::vector<Item>& items, Status status = Status::kOk) {
+  CommandResult result;
+  result.number = 1;
+  result.line = 1;
+  result.text = text;
+  result.status = status;
+  result.items = items;
+  return result;
+}
+
+Table OneSet() {
+  Table table;
+  table.title = "Multiple Response Sets";
+  table.rowDimension = "Name";
+  table.columns = {"Label"};
+  table.rows = {{"$likes", {{"Likes", {}}}}};
+  return table;
+}
+
+const std::string kOneSet =
+    "Multiple Response Sets\n"
+    "\n"
+    "Name    Label\n"
+    "------  -----\n"
+    "$likes  Likes\n";
+
+std::string Text(const std::vector<CommandResult>& results) {
+  std::ostringstream stream;
+  const std::unique_ptr<Renderer> renderer = MakeTextRenderer(stream, 80);
+  std::size_t number = 0;
+  for (CommandResult result : results) {
+    result.number = ++number;
+    renderer->Write(result);
+  }
+  return stream.str();
+}
+
+TEST(TextRenderer, ShowsOnlyTheCommandWhenThereIsNothingToSay) {
+  EXPECT_EQ(Text({Result("MRSET /DELETE NAME=ALL", {})}), "1> MRSET /DELETE NAME=ALL\n");
+}
+
+TEST(TextRenderer, ShowsTheLinesOfACommandWithoutTheBlanksAroundThem) {
+  struct Row {
+    std::string text;
+    std::string shown;
+  };
+  const std::vector<Row> rows = {
+      {"MRSET\n  /DELETE \r\n\t/DISPLAY NAME=ALL", "1> MRSET\n   /DELETE\n   /DISPLAY NAME=ALL\n"},
+      {"MRSET\t/DISPLAY", "1> MRSET /DISPLAY\n"},
+      {"MRSET \x1b[31m\u202E\a", "1> MRSET \\x1b[31m\\u202e\\x07\n"},
+      {"MRSET \xFF", "1> MRSET \uFFFD\n"},
+      {"", ""},
+  };
+  for (const Row& row : rows) {
+    EXPECT_EQ(Text({Result(row.text, {})}), row.shown) << row.text;
+  }
+}
+
+TEST(TextRenderer, ShowsMessagesWithTheirLevelOnOneLine) {
+  const std::string longText(200, 'x');
+  EXPECT_EQ(Text({Result("A",
+                         {Message{Level::kWarning, "w"}, Message{Level::kError, longText},
+                          Message{Level::kError, "\x1b[0m\u2067\nsecond"}, Message{Level::kFatal, "report\n"}},
+                         Status::kError)}),
+            "1> A\n"
+            "Warning: w\n"
+            "Error: " +
+                longText +
+                "\n"
+                "Error: \\x1b[0m\\u2067\\nsecond\n"
+                "Fatal: report\n");
+}
+
+TEST(TextRenderer, SetsTablesApart) {
+  EXPECT_EQ(Text({Result("A", {Message{Level::kWarning, "w"}, OneSet(), OneSet(), Message{Level::kWarning, "v"},
+                               Message{Level::kWarning, "u"}})}),
+            "1> A\nWarning: w\n\n" + kOneSet + "\n" + kOneSet + "\nWarning: v\nWarning: u\n");
+}
+
+TEST(TextRenderer, SaysThatAnAbortedCommandChangedNothing) {
+  const std::string aborted = "The command was aborted; the dataset is as it was before it.\n";
+  EXPECT_EQ(Text({Result("A", {Message{Level::kFatal, "report"}}, Status::kAborted)}),
+            "1> A\nFatal: report\n" + aborted);
+  EXPECT_EQ(Text({Result("A", {OneSet()}, Status::kAborted)}), "1> A\n\n" + kOneSet + "\n" + aborted);
+}
+
+TEST(TextRenderer, SetsCommandsApart) {
+  EXPECT_EQ(
+      Text({Result("A", {}), Result("B", {OneSet()}), Result("C", {Message{Level::kError, "e"}}), Result("D", {})}),
+      "1> A\n\n2> B\n\n" + kOneSet + "\n3> C\nError: e\n\n4> D\n");
+}
+
+TEST(TextRenderer, KeepsTablesWithinTheWidth) {
+  std::ostringstream stream;
+  Table table = OneSet();
+  table.rows[0].cells[0].value = "What you like";
+  MakeTextRenderer(stream, 16)->Write(Result("A", {table}));
+  EXPECT_EQ(stream.str(),
+            "1> A\n"
+            "\n"
+            "Multiple\n"
+            "Response Sets\n"
+            "\n"
+            "Name    Label\n"
+            "------  --------\n"
+            "$likes  What you\n"
+            "        like\n");
+}
+
+TEST(JsonRenderer, WritesOneObjectALine) {
+  std::ostringstream stream;
+  const std::unique_ptr<Renderer> renderer = MakeJsonRenderer(stream);
+  CommandResult second = Result("B\nC", {Message{Level::kError, "\xFF"}}, Status::kError);
+  second.number = 2;
+  second.line = 7;
+  second.procedure = "Multiple Response Set";
+  renderer->Write(Result("A", {}));
+  renderer->Write(second);
+  EXPECT_EQ(stream.str(),
+            "{\"command\":1,\"line\":1,\"text\":\"A\",\"procedure\":null,\"status\":\"ok\",\"items\":[]}\n"
+            "{\"command\":2,\"line\":7,\"text\":\"B\\nC\",\"procedure\":\"Multiple Response Set\",\"status\":\"error\","
+            "\"items\":[{\"kind\":\"message\",\"level\":\"error\",\"text\":\"\uFFFD\"}]}\n");
+}
+
+}  // namespace
+}  // namespace standalone

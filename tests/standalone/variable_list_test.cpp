@@ -1,0 +1,165 @@
+#include "standalone/language/variable_list.h"
+
+#include <gtest/gtest.h>
+
+#include <numeric>
+#include <string>
+#include <vector>
+
+#include "standalone/text/unicode.h"
+
+namespace standalone {
+namespace {
+
+/// A dictionary of the variables q1 to q5 and total, in this order.
+VariableLookup Dictionary() {
+  static const std::vector<std::string> kNames = {"q1", "q2", "q3", "q4", "q5", "Total"};
+  VariableLookup lookup;
+  lookup.find = [](const std::string& name) {
+    for (std::size_t i = 0; i < kNames.size(); ++i) {
+      if (CompareNoCase(kNames[i], name) == 0) {
+        return static_cast<int>(i);
+      }
+    }
+    return -1;
+  };
+  lookup.name = [](int position) { return kNames.at(static_cast<std::size_t>(position)); };
+  return lookup;
+}
+
+struct Row {
+  std::string list;
+  std::string sentence;  ///< empty on success
+  std::vector<int> positions;
+};
+
+void ExpectLists(const std::vector<Row>& rows) {
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.list);
+    const std::vector<Token> tokens = Tokenize(row.list);
+    std::vector<int> positions;
+    const std::optional<std::string> sentence = ReadVariableList(tokens, 0, tokens.size() - 1, Dictionary(), positions);
+    EXPECT_EQ(sentence.value_or(""), row.sentence);
+    EXPECT_EQ(sentence.has_value(), !row.sentence.empty());
+    EXPECT_EQ(positions, row.positions);
+  }
+}
+
+TEST(VariableList, HoldsNamesAndRanges) {
+  ExpectLists({
+      {"q1", "", {0}},
+      {"q3 q1 q2", "", {2, 0, 1}},
+      {"Q1 tOTAL", "", {0, 5}},
+      {"q1 TO q3", "", {0, 1, 2}},
+      {"q2 to q4", "", {1, 2, 3}},
+      {"q1 To total", "", {0, 1, 2, 3, 4, 5}},
+      {"q2 TO q2", "", {1}},
+      {"total q1 TO q2 q5 q3 TO q4", "", {5, 0, 1, 4, 2, 3}},
+      {"q1 TO q2 q3 TO q4", "", {0, 1, 2, 3}},
+  });
+}
+
+TEST(VariableList, WithoutWordsIsAcceptedAndEmpty) {
+  ExpectLists({{"", "", {}}});
+}
+
+TEST(VariableList, IsEmptyWhenItsEndIsNotBehindItsBeginning) {
+  const std::vector<Token> tokens = Tokenize("nosuch nosuch");
+  for (const std::size_t end : {0U, 1U}) {
+    std::vector<int> positions;
+    EXPECT_EQ(ReadVariableList(tokens, 1, end, Dictionary(), positions), std::nullopt);
+    EXPECT_EQ(positions, std::vector<int>{});
+  }
+}
+
+TEST(VariableList, ReadsOnlyItsOwnTokensAndAppends) {
+  const std::vector<Token> tokens = Tokenize("nosuch q1 q2 TO q3");
+  std::vector<int> positions = {1};
+  EXPECT_EQ(ReadVariableList(tokens, 1, 3, Dictionary(), positions), std::nullopt);
+  EXPECT_EQ(positions, (std::vector<int>{1, 0, 1}));
+}
+
+TEST(VariableList, ARangeEndsWithTheList) {
+  const std::vector<Token> tokens = Tokenize("q1 TO q3");
+  std::vector<int> positions;
+  EXPECT_EQ(ReadVariableList(tokens, 0, 2, Dictionary(), positions), "The range q1 TO has no end.");
+}
+
+TEST(VariableList, AnUnknownNameIsAnErrorThatNamesIt) {
+  ExpectLists({
+      {"nosuch", "The variable nosuch is not in the dataset.", {}},
+      {"q2 NoSuch q1", "The variable NoSuch is not in the dataset.", {1}},
+      {"q1 TO nosuch", "The variable nosuch is not in the dataset.", {}},
+      {"nosuch TO q1", "The variable nosuch is not in the dataset.", {}},
+      {"q1 $likes", "The variable $likes is not in the dataset.", {0}},
+      {"q1.", "The variable q1. is not in the dataset.", {}},
+  });
+}
+
+TEST(VariableList, AVariableListedTwiceIsAnErrorThatNamesIt) {
+  ExpectLists({
+      {"q1 q1", "The variable q1 is listed twice.", {0}},
+      {"q1 TOTAL total", "The variable Total is listed twice.", {0, 5}},
+      {"q2 q1 TO q3", "The variable q2 is listed twice.", {1, 0}},
+      {"q1 TO q3 q3 TO q5", "The variable q3 is listed twice.", {0, 1, 2}},
+      {"q1 TO q5 q2 TO q3", "The variable q2 is listed twice.", {0, 1, 2, 3, 4}},
+  });
+}
+
+TEST(VariableList, AReversedRangeIsAnErrorThatNamesIt) {
+  ExpectLists({
+      {"q3 TO q1", "The range q3 TO q1 is reversed: q3 stands behind q1 in the dataset.", {}},
+      {"q4 TOTAL to Q5", "The range TOTAL TO Q5 is reversed: TOTAL stands behind Q5 in the dataset.", {3}},
+  });
+}
+
+TEST(VariableList, AnOpenRangeIsAnErrorThatNamesIt) {
+  ExpectLists({
+      {"q1 TO", "The range q1 TO has no end.", {}},
+      {"q2 q1 to", "The range q1 TO has no end.", {1}},
+      {"q1 TO TO q2", "The range q1 TO has no end.", {}},
+      {"TO q1", "The range TO q1 has no beginning.", {}},
+      {"q1 TO q2 TO q3", "The range TO q3 has no beginning.", {0, 1}},
+      {"TO", "The range TO has neither a beginning nor an end.", {}},
+      {"TO TO", "The range TO has neither a beginning nor an end.", {}},
+  });
+}
+
+TEST(VariableList, OtherTokensAreReportedAndDoNoHarm) {
+  ExpectLists({
+      {"q1 = q2", "= cannot stand in a list of variables.", {0}},
+      {"ALL", "ALL cannot stand in a list of variables.", {}},
+      {"q1 5", "5 cannot stand in a list of variables.", {0}},
+      {"q1 TO 5", "The range q1 TO has no end.", {}},
+      {"'TO'", "TO cannot stand in a list of variables.", {}},
+  });
+}
+
+TEST(VariableList, AnEndBehindTheTokensDoesNoHarm) {
+  const std::vector<Token> tokens = Tokenize("q1");
+  std::vector<int> positions;
+  EXPECT_EQ(ReadVariableList(tokens, 0, 99, Dictionary(), positions),
+            "end of command cannot stand in a list of variables.");
+  EXPECT_EQ(positions, std::vector<int>{0});
+}
+
+// Ends in time only when the work grows with the list and not with its square.
+TEST(VariableList, LongListsTakeTimeInProportion) {
+  constexpr int kVariables = 100'000;
+  VariableLookup lookup;
+  lookup.find = [](const std::string& name) { return std::stoi(name.substr(1)); };
+  lookup.name = [](int position) { return "v" + std::to_string(position); };
+  std::string list = "v0 TO v" + std::to_string(kVariables - 1);
+  for (int i = kVariables; i < 2 * kVariables; ++i) {
+    list += " v" + std::to_string(i);
+  }
+  const std::vector<Token> tokens = Tokenize(list);
+  std::vector<int> positions;
+  EXPECT_EQ(ReadVariableList(tokens, 0, tokens.size() - 1, lookup, positions), std::nullopt);
+  std::vector<int> expected(2 * kVariables);
+  std::iota(expected.begin(), expected.end(), 0);
+  EXPECT_EQ(positions, expected);
+}
+
+}  // namespace
+}  // namespace standalone

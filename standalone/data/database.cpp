@@ -1,0 +1,210 @@
+#include "standalone/data/database.h"
+
+#include <sqlite3.h>
+
+#include <cerrno>
+#include <cstring>
+#include <unordered_map>
+#include <utility>
+
+#include "standalone/text/unicode.h"
+
+namespace standalone {
+
+namespace {
+
+// A plain name such as ":memory:" or "file:x?mode=memory" means something else to SQLite than a file of that name.
+std::string AsFilePath(const std::string& path) {
+  return path.empty() || path[0] == '/' ? path : "./" + path;
+}
+
+void RefuseFileLogic(sqlite3* connection) {
+  sqlite3_db_config(connection, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+  sqlite3_db_config(connection, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+  sqlite3_db_config(connection, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
+  sqlite3_db_config(connection, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
+}
+
+std::string SystemReason(sqlite3* connection) {
+  const int number = sqlite3_system_errno(connection);
+  return number == 0 ? "input or output failed" : std::strerror(number);
+}
+
+}  // namespace
+
+class Database::Implementation {
+ public:
+  explicit Implementation(std::string name) : fName(std::move(name)) {}
+  Implementation(const Implementation&) = delete;
+  Implementation& operator=(const Implementation&) = delete;
+  ~Implementation() {
+    for (const auto& entry : fStatements) {
+      sqlite3_finalize(entry.second);
+    }
+    sqlite3_close(fConnection);
+  }
+
+  void Check(int result) const {
+    if (result != SQLITE_OK && result != SQLITE_ROW && result != SQLITE_DONE) {
+      Fail(result);
+    }
+  }
+
+  sqlite3_stmt* Kept(std::string_view sql) {
+    sqlite3_stmt*& statement = fStatements[sql];
+    if (statement == nullptr) {
+      Check(sqlite3_prepare_v3(fConnection, sql.data(), static_cast<int>(sql.size()), SQLITE_PREPARE_PERSISTENT,
+                               &statement, nullptr));
+    }
+    return statement;
+  }
+
+  sqlite3* fConnection = nullptr;
+  std::string fName;
+
+ private:
+  [[noreturn]] void Fail(int result) const;
+
+  std::unordered_map<std::string_view, sqlite3_stmt*> fStatements;
+};
+
+void Database::Implementation::Fail(int result) const {
+  const int extended = fConnection == nullptr ? result : sqlite3_extended_errcode(fConnection);
+  if (extended == SQLITE_READONLY_DBMOVED) {
+    throw DatasetError(fName + " was moved or deleted by another program.");
+  }
+  if (extended == SQLITE_READONLY_ROLLBACK || extended == SQLITE_READONLY_RECOVERY) {
+    throw DatasetError(fName + " was left in the middle of a write; it must be opened once with permission to write.");
+  }
+  switch (result & 0xff) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+      throw DatasetError(fName + " is in use by another process.");
+    case SQLITE_NOTADB:
+      throw DatasetError(fName + " is not a dataset.");
+    case SQLITE_PERM:
+    case SQLITE_READONLY:
+      throw ReadOnlyError(fName + " cannot be written: there is no permission to write it or its folder.");
+    case SQLITE_FULL:
+      throw DatasetError(fName + " cannot be written: the disk is full.");
+    case SQLITE_IOERR:
+    case SQLITE_CANTOPEN:
+      throw DatasetError(fName + " cannot be read or written: " + SystemReason(fConnection) + ".");
+    case SQLITE_NOMEM:
+      throw DatasetError(fName + " cannot be used: the memory does not suffice.");
+    case SQLITE_TOOBIG:
+      throw DatasetError(fName + " cannot be written: a case or text is longer than 1,000,000,000 bytes.");
+    default:  // what is left comes of a schema or a value that this program does not write
+      throw DatasetError(fName + " is damaged.");
+  }
+}
+
+Database::Database(const std::string& path, std::string name)
+    : fImplementation(std::make_unique<Implementation>(std::move(name))) {
+  // Without SQLITE_OPEN_CREATE; SQLite itself falls back to reading where writing is not permitted.
+  const int result =
+      sqlite3_open_v2(AsFilePath(path).c_str(), &fImplementation->fConnection, SQLITE_OPEN_READWRITE, nullptr);
+  fImplementation->Check(result);
+  RefuseFileLogic(fImplementation->fConnection);
+  SetLockTimeout(std::chrono::seconds(30));
+  Execute("PRAGMA cell_size_check = ON");
+}
+
+Database::~Database() = default;
+
+void Database::SetLockTimeout(std::chrono::milliseconds timeout) {
+  sqlite3_busy_timeout(fImplementation->fConnection, static_cast<int>(timeout.count()));
+}
+
+void Database::Execute(const char* sql) {
+  fImplementation->Check(sqlite3_exec(fImplementation->fConnection, sql, nullptr, nullptr, nullptr));
+}
+
+void Database::Attach(const std::string& path, const char* schema) {
+  Query(*this, "ATTACH ? AS ?").Bind(AsFilePath(path)).Bind(schema).Run();
+}
+
+bool Database::IsReadOnly() const {
+  return sqlite3_db_readonly(fImplementation->fConnection, "main") == 1;
+}
+
+bool Database::InTransaction() const {
+  return sqlite3_get_autocommit(fImplementation->fConnection) == 0;
+}
+
+void Database::Rollback() noexcept {
+  if (InTransaction()) {
+    sqlite3_exec(fImplementation->fConnection, "ROLLBACK", nullptr, nullptr, nullptr);
+  }
+}
+
+void Database::FailAsDamaged() const {
+  throw DatasetError(fImplementation->fName + " is damaged.");
+}
+
+Query::Query(Database& database, std::string_view sql)
+    : fDatabase(database), fStatement(database.fImplementation->Kept(sql)) {}
+
+Query::~Query() {
+  sqlite3_reset(fStatement);
+  sqlite3_clear_bindings(fStatement);
+}
+
+Query& Query::Bind(std::int64_t value) {
+  fDatabase.fImplementation->Check(sqlite3_bind_int64(fStatement, ++fBound, value));
+  return *this;
+}
+
+Query& Query::Bind(std::string_view value) {
+  const char* data = value.data() == nullptr ? "" : value.data();  // a null pointer would bind NULL
+  fDatabase.fImplementation->Check(
+      sqlite3_bind_text64(fStatement, ++fBound, data, value.size(), SQLITE_STATIC, SQLITE_UTF8));
+  return *this;
+}
+
+Query& Query::BindNull() {
+  fDatabase.fImplementation->Check(sqlite3_bind_null(fStatement, ++fBound));
+  return *this;
+}
+
+bool Query::Step() {
+  const int result = sqlite3_step(fStatement);
+  fDatabase.fImplementation->Check(result);
+  return result == SQLITE_ROW;
+}
+
+void Query::Run() {
+  while (Step()) {
+  }
+  sqlite3_reset(fStatement);
+  fBound = 0;
+}
+
+std::int64_t Query::Integer(int column) {
+  if (sqlite3_column_type(fStatement, column) != SQLITE_INTEGER) {
+    fDatabase.FailAsDamaged();
+  }
+  return sqlite3_column_int64(fStatement, column);
+}
+
+std::string Query::Text(int column) {
+  if (sqlite3_column_type(fStatement, column) != SQLITE_TEXT) {
+    fDatabase.FailAsDamaged();
+  }
+  const void* text = sqlite3_column_text(fStatement, column);
+  const auto size = static_cast<std::size_t>(sqlite3_column_bytes(fStatement, column));
+  if (text == nullptr) {
+    fDatabase.fImplementation->Check(SQLITE_NOMEM);
+  }
+  std::string value(static_cast<const char*>(text), size);
+  if (value.find('\0') != std::string::npos || !IsValidUtf8(value)) {
+    fDatabase.FailAsDamaged();
+  }
+  return value;
+}
+
+bool Query::IsNull(int column) {
+  return sqlite3_column_type(fStatement, column) == SQLITE_NULL;
+}
+
+}  // namespace standalone

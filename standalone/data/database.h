@@ -1,0 +1,90 @@
+#ifndef STANDALONE_DATA_DATABASE_H
+#define STANDALONE_DATA_DATABASE_H
+
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "standalone/data/dataset.h"
+
+struct sqlite3_stmt;
+
+namespace standalone {
+
+/// The dataset, or the folder it lies in, gives no permission to write.
+class ReadOnlyError : public DatasetError {
+ public:
+  using DatasetError::DatasetError;
+};
+
+/// One open SQLite file. Every failure is a DatasetError whose sentence names the file as `name`. No schema of the file
+/// is trusted: its triggers and views are never run.
+class Database {
+ public:
+  /// Opens a file that exists, to write where that is permitted. `name` stands for the file in sentences.
+  Database(const std::string& path, std::string name);
+  Database(const Database&) = delete;
+  Database& operator=(const Database&) = delete;
+  ~Database();
+
+  /// How long a lock that another process holds is waited for; 30 seconds unless set.
+  void SetLockTimeout(std::chrono::milliseconds timeout);
+
+  /// Runs fixed SQL, which may be several statements without parameters.
+  void Execute(const char* sql);
+
+  /// Adds another file under a schema's name.
+  void Attach(const std::string& path, const char* schema);
+
+  bool IsReadOnly() const;
+  bool InTransaction() const;
+
+  /// Ends the transaction, if there is one, without its changes. Never fails.
+  void Rollback() noexcept;
+
+  /// Throws the sentence of a file whose contents cannot be.
+  [[noreturn]] void FailAsDamaged() const;
+
+ private:
+  friend class Query;
+  class Implementation;
+  std::unique_ptr<Implementation> fImplementation;
+};
+
+/// One run of a statement with parameters. The statement stays prepared in the database, so `sql` must live as long as
+/// that, and two runs of the same text may not overlap.
+class Query {
+ public:
+  Query(Database& database, std::string_view sql);
+  Query(const Query&) = delete;
+  Query& operator=(const Query&) = delete;
+  ~Query();
+
+  /// Gives the next parameter its value, from the first on. A text must live until the run ends.
+  Query& Bind(std::int64_t value);
+  Query& Bind(std::string_view value);
+  Query& BindNull();
+
+  /// Whether there is a next row.
+  bool Step();
+
+  /// Runs a statement that gives no rows; it can be bound and run again.
+  void Run();
+
+  // Values of the current row by column, from 0. A value of another type than asked for, a text that is not UTF-8 or
+  // one with a NUL is the mark of a damaged file.
+  std::int64_t Integer(int column);
+  std::string Text(int column);
+  bool IsNull(int column);
+
+ private:
+  Database& fDatabase;
+  sqlite3_stmt* fStatement;  // owned by the database
+  int fBound = 0;
+};
+
+}  // namespace standalone
+
+#endif  // STANDALONE_DATA_DATABASE_H

@@ -1,0 +1,175 @@
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "standalone/data/case_text.h"
+#include "standalone/data/database.h"
+#include "standalone/data/dataset.h"
+#include "standalone/data/schema.h"
+#include "standalone/data/temporary_file.h"
+#include "standalone/text/unicode.h"
+
+namespace standalone {
+
+namespace {
+
+bool Exists(const std::string& path) {
+  struct stat status = {};
+  return lstat(path.c_str(), &status) == 0;
+}
+
+void CheckDestination(const std::string& path, bool replace) {
+  if (!Exists(path)) {
+    return;
+  }
+  if (!replace) {
+    throw DatasetError(path + " exists already; --replace replaces its variables and cases and keeps its sets.");
+  }
+  if (OpenDataset(path)->IsReadOnly()) {
+    throw DatasetError(path + " cannot be written: there is no permission to write it or its folder.");
+  }
+}
+
+void WriteVariable(Database& database, std::int64_t position, const Variable& variable) {
+  const std::string key = ToUpper(variable.name);
+  Query row(database, "INSERT INTO variable VALUES (?, ?, ?, ?, ?)");
+  row.Bind(position).Bind(variable.name).Bind(key).Bind(variable.width);
+  (variable.label ? row.Bind(*variable.label) : row.BindNull()).Run();
+  Query label(database, "INSERT INTO value_label VALUES (?, ?, ?, ?)");
+  std::int64_t ordinal = 0;
+  for (const ValueLabel& valueLabel : variable.valueLabels) {
+    label.Bind(position).Bind(ordinal++).Bind(valueLabel.value).Bind(valueLabel.label).Run();
+  }
+}
+
+// In one transaction of the dataset itself: a command that runs meanwhile sees the old or the new and loses no set.
+void ReplaceContents(const std::string& path, const std::string& newContents) {
+  const std::unique_ptr<Database> database = OpenDataset(path);
+  database->Attach(newContents, "new");
+  database->Execute(
+      "BEGIN IMMEDIATE;"
+      "DELETE FROM main.value_label;"
+      "DELETE FROM main.variable;"
+      "DELETE FROM main.cases;"
+      "INSERT INTO main.variable SELECT * FROM new.variable;"
+      "INSERT INTO main.value_label SELECT * FROM new.value_label;"
+      "INSERT INTO main.cases SELECT * FROM new.cases;"
+      "UPDATE main.meta SET generation = generation + 1, (variable_count, case_count) ="
+      " (SELECT variable_count, case_count FROM new.meta);"
+      "COMMIT;");
+}
+
+}  // namespace
+
+// Everything is written into a temporary file beside the destination first, so that reading the input, however long it
+// takes, holds no lock.
+class DatasetWriter::Implementation {
+ public:
+  Implementation(const std::string& path, bool replace);
+
+  void SetVariables(const std::vector<Variable>& variables);
+  void AddCase(const std::vector<std::string_view>& cells);
+  void Commit();
+
+ private:
+  struct Column {
+    bool isNumeric;
+    std::size_t declaredWidth;
+    std::size_t longest;
+  };
+
+  void WidenVariables();
+  void FinishFile();
+
+  std::string fPath;
+  bool fReplace;
+  TemporaryFile fFile;
+  std::unique_ptr<Database> fDatabase;
+  std::vector<Column> fColumns;
+  std::int64_t fCaseCount = 0;
+  std::string fCells;
+};
+
+DatasetWriter::Implementation::Implementation(const std::string& path, bool replace)
+    : fPath(path), fReplace(replace), fFile(path), fDatabase(std::make_unique<Database>(fFile.Path(), path)) {
+  // Nobody else knows the file, and one that was not finished is thrown away: it needs neither journal nor syncs until
+  // it is put in place.
+  fDatabase->Execute(
+      "PRAGMA journal_mode = MEMORY; PRAGMA synchronous = OFF; PRAGMA locking_mode = EXCLUSIVE;"
+      "PRAGMA cache_size = -16000");
+  CreateSchema(*fDatabase);
+  fDatabase->Execute("BEGIN");
+}
+
+void DatasetWriter::Implementation::SetVariables(const std::vector<Variable>& variables) {
+  fColumns.reserve(variables.size());
+  for (const Variable& variable : variables) {
+    WriteVariable(*fDatabase, static_cast<std::int64_t>(fColumns.size()), variable);
+    fColumns.push_back({variable.width == 0, static_cast<std::size_t>(variable.width), 1});
+  }
+}
+
+void DatasetWriter::Implementation::AddCase(const std::vector<std::string_view>& cells) {
+  fCells.assign("[");
+  for (std::size_t index = 0; index < fColumns.size(); ++index) {
+    Column& column = fColumns[index];
+    if (index != 0) {
+      fCells.push_back(',');
+    }
+    column.longest = std::max(column.longest, cells[index].size());
+    AppendCell(cells[index], column.isNumeric, fCells);
+  }
+  fCells.push_back(']');
+  Query(*fDatabase, "INSERT INTO cases VALUES (?, ?)").Bind(fCaseCount++).Bind(fCells).Run();
+}
+
+void DatasetWriter::Implementation::WidenVariables() {
+  Query update(*fDatabase, "UPDATE variable SET width = ? WHERE position = ?");
+  for (std::size_t index = 0; index < fColumns.size(); ++index) {
+    const Column& column = fColumns[index];
+    if (!column.isNumeric && column.declaredWidth < column.longest) {
+      update.Bind(static_cast<std::int64_t>(column.longest)).Bind(static_cast<std::int64_t>(index)).Run();
+    }
+  }
+}
+
+void DatasetWriter::Implementation::FinishFile() {
+  WidenVariables();
+  Query(*fDatabase, "UPDATE meta SET variable_count = ?, case_count = ?")
+      .Bind(static_cast<std::int64_t>(fColumns.size()))
+      .Bind(fCaseCount)
+      .Run();
+  fDatabase->Execute("COMMIT");
+  fDatabase.reset();
+}
+
+void DatasetWriter::Implementation::Commit() {
+  FinishFile();
+  if (fReplace && Exists(fPath)) {
+    ReplaceContents(fPath, fFile.Path());
+  } else {
+    fFile.PutInPlace();
+  }
+}
+
+DatasetWriter::DatasetWriter(const std::string& path, bool replace) {
+  CheckDestination(path, replace);
+  fImplementation = std::make_unique<Implementation>(path, replace);
+}
+
+DatasetWriter::~DatasetWriter() = default;
+
+void DatasetWriter::SetVariables(const std::vector<Variable>& variables) {
+  fImplementation->SetVariables(variables);
+}
+
+void DatasetWriter::AddCase(const std::vector<std::string_view>& cells) {
+  fImplementation->AddCase(cells);
+}
+
+void DatasetWriter::Commit() {
+  fImplementation->Commit();
+}
+
+}  // namespace standalone

@@ -1,0 +1,272 @@
+#include "standalone/import/codebook.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+#include <nlohmann/json.hpp>
+#include <unordered_set>
+#include <utility>
+
+#include "standalone/data/number_text.h"
+#include "standalone/import/importer.h"
+#include "standalone/import/input_file.h"
+#include "standalone/text/unicode.h"
+
+namespace standalone {
+
+namespace {
+
+using Json = nlohmann::json;
+
+constexpr std::array<std::pair<std::string_view, FieldType>, 6> kTypes = {{{"any", FieldType::kFromData},
+                                                                           {"string", FieldType::kString},
+                                                                           {"integer", FieldType::kInteger},
+                                                                           {"number", FieldType::kNumber},
+                                                                           {"boolean", FieldType::kBoolean},
+                                                                           {"year", FieldType::kYear}}};
+
+std::string ReadAll(const std::string& path) {
+  InputFile file(path);
+  std::string text;
+  std::string buffer(std::size_t{64} * 1024, '\0');
+  while (const std::size_t count = file.Read(buffer.data(), buffer.size())) {
+    text.append(buffer, 0, count);
+  }
+  return text;
+}
+
+std::size_t LineOfByte(const std::string& text, std::size_t byte) {
+  const auto end = text.begin() + static_cast<std::ptrdiff_t>(std::min(byte, text.size()));
+  return 1 + static_cast<std::size_t>(std::count(text.begin(), end, '\n'));
+}
+
+Json ParseJson(const std::string& path) {
+  const std::string text = ReadAll(path);
+  try {
+    return Json::parse(text);
+  } catch (const Json::parse_error& error) {
+    const std::size_t before = error.byte == 0 ? 0 : error.byte - 1;
+    throw ImportError(
+        fmt::format("{}, line {}: this is not JSON (byte {}).", path, LineOfByte(text, before), error.byte));
+  } catch (const Json::out_of_range&) {
+    throw ImportError(fmt::format("{}: a number is out of range.", path));
+  }
+}
+
+/// Reads one field's object; failures name the field.
+class FieldReader {
+ public:
+  FieldReader(const std::string& path, const Json& json, std::size_t number)
+      : fPath(path), fJson(json), fPlace(fmt::format("field {}", number)) {}
+
+  CodebookField Read();
+
+ private:
+  [[noreturn]] void Fail(const std::string& what) const {
+    throw ImportError(fmt::format("{}, {}: {}.", fPath, fPlace, what));
+  }
+
+  const Json* Member(const Json& object, const char* key) const;
+  std::string TextOf(const Json& value, const std::string& what) const;
+  void ReadName();
+  void ReadType();
+  void ReadTitle();
+  void ReadMaxLength();
+  void ReadCategories();
+  void SettleType(const Json& categories);
+  ValueLabel ReadCategory(const Json& category) const;
+  std::string CategoryValue(const Json& value) const;
+  std::optional<double> NumberOf(const Json& value) const;
+  [[noreturn]] void FailToFit(const Json& value) const;
+
+  const std::string& fPath;
+  const Json& fJson;
+  std::string fPlace;
+  std::string fTypeName = "string";
+  CodebookField fField;
+};
+
+CodebookField FieldReader::Read() {
+  if (!fJson.is_object()) {
+    Fail("it is not a JSON object");
+  }
+  ReadName();
+  ReadType();
+  ReadTitle();
+  ReadMaxLength();
+  ReadCategories();
+  return std::move(fField);
+}
+
+// Null where the member is absent or null.
+const Json* FieldReader::Member(const Json& object, const char* key) const {
+  const auto found = object.find(key);
+  return found == object.end() || found->is_null() ? nullptr : &*found;
+}
+
+std::string FieldReader::TextOf(const Json& value, const std::string& what) const {
+  if (!value.is_string()) {
+    Fail(what + " is not a string");
+  }
+  std::string text = value.get<std::string>();
+  if (text.find('\0') != std::string::npos) {
+    Fail(what + " contains a NUL character");
+  }
+  return text;
+}
+
+void FieldReader::ReadName() {
+  const Json* name = Member(fJson, "name");
+  if (name == nullptr) {
+    Fail("it has no name");
+  }
+  fField.name = TextOf(*name, "its name");
+  fPlace = fmt::format("field \"{}\"", fField.name);
+}
+
+void FieldReader::ReadType() {
+  const Json* type = Member(fJson, "type");
+  if (type == nullptr) {
+    return;
+  }
+  fTypeName = TextOf(*type, "its type");
+  const auto* known =
+      std::find_if(kTypes.begin(), kTypes.end(), [this](const auto& entry) { return entry.first == fTypeName; });
+  if (known == kTypes.end()) {
+    Fail(fmt::format("the type \"{}\" is none of string, integer, number, boolean and year", fTypeName));
+  }
+  fField.type = known->second;
+}
+
+void FieldReader::ReadTitle() {
+  const Json* title = Member(fJson, "title");
+  if (title == nullptr) {
+    return;
+  }
+  std::string text = TextOf(*title, "its title");
+  if (!text.empty()) {
+    fField.title = std::move(text);
+  }
+}
+
+void FieldReader::ReadMaxLength() {
+  const Json* constraints = Member(fJson, "constraints");
+  if (constraints == nullptr) {
+    return;
+  }
+  if (!constraints->is_object()) {
+    Fail("its constraints are not a JSON object");
+  }
+  const Json* length = Member(*constraints, "maxLength");
+  if (length == nullptr) {
+    return;
+  }
+  constexpr auto kGreatest = static_cast<std::uint64_t>(std::numeric_limits<int>::max());
+  if (!length->is_number_unsigned() || length->get<std::uint64_t>() == 0 || length->get<std::uint64_t>() > kGreatest) {
+    Fail(fmt::format("its maxLength is not a whole number from 1 to {}", kGreatest));
+  }
+  fField.maxLength = length->get<std::size_t>();
+}
+
+const Json& ValueOf(const Json& category) {
+  return category.is_object() && category.contains("value") ? category["value"] : category;
+}
+
+void FieldReader::SettleType(const Json& categories) {
+  if (fField.type != FieldType::kFromData) {
+    return;
+  }
+  const bool hasString = std::any_of(categories.begin(), categories.end(),
+                                     [](const Json& category) { return ValueOf(category).is_string(); });
+  if (fField.maxLength || hasString) {
+    fField.type = FieldType::kString;
+  } else if (!categories.empty()) {
+    fField.type = FieldType::kNumber;
+    fTypeName = "number";
+  }
+}
+
+void FieldReader::ReadCategories() {
+  const Json* member = Member(fJson, "categories");
+  const Json none = Json::array();
+  const Json& categories = member == nullptr ? none : *member;
+  if (!categories.is_array()) {
+    Fail("its categories are not a JSON array");
+  }
+  SettleType(categories);
+  std::unordered_set<std::string> values;
+  for (const Json& category : categories) {
+    ValueLabel valueLabel = ReadCategory(category);
+    if (!values.insert(valueLabel.value).second) {
+      Fail(fmt::format("the value \"{}\" is labelled twice", valueLabel.value));
+    }
+    fField.categories.push_back(std::move(valueLabel));
+  }
+}
+
+ValueLabel FieldReader::ReadCategory(const Json& category) const {
+  if (category.is_object() && !category.contains("value")) {
+    Fail("one of its categories has no value");
+  }
+  const std::string value = CategoryValue(ValueOf(category));
+  const Json* label = category.is_object() ? Member(category, "label") : nullptr;
+  return {value, label == nullptr ? value : TextOf(*label, "the label of a category")};
+}
+
+std::string FieldReader::CategoryValue(const Json& value) const {
+  if (fField.type == FieldType::kString) {
+    if (!value.is_string()) {
+      FailToFit(value);
+    }
+    return TextOf(value, "the value of a category");
+  }
+  const std::optional<double> number = NumberOf(value);
+  const bool mustBeWhole = fField.type == FieldType::kInteger || fField.type == FieldType::kYear;
+  if (!number || (mustBeWhole && *number != std::floor(*number))) {
+    FailToFit(value);
+  }
+  return ShortestNumber(*number);
+}
+
+std::optional<double> FieldReader::NumberOf(const Json& value) const {
+  if (value.is_number()) {
+    return value.get<double>();
+  }
+  if (fField.type == FieldType::kBoolean && value.is_boolean()) {
+    return value.get<bool>() ? 1 : 0;
+  }
+  return value.is_string() ? NumberValue(value.get_ref<const std::string&>()) : std::nullopt;
+}
+
+void FieldReader::FailToFit(const Json& value) const {
+  const std::string text = value.is_string() ? value.get<std::string>() : value.dump();
+  Fail(fmt::format("the category \"{}\" does not fit the type {}", PrefixOfWholeCharacters(text, 60), fTypeName));
+}
+
+const Json& FieldsOf(const Json& codebook, const std::string& path) {
+  if (!codebook.is_object() || !codebook.contains("fields") || !codebook["fields"].is_array()) {
+    throw ImportError(path + " is not a Table Schema: it has no array \"fields\".");
+  }
+  return codebook["fields"];
+}
+
+}  // namespace
+
+std::vector<CodebookField> ReadCodebook(const std::string& path) {
+  const Json codebook = ParseJson(path);
+  std::vector<CodebookField> fields;
+  std::unordered_set<std::string> names;
+  for (const Json& json : FieldsOf(codebook, path)) {
+    fields.push_back(FieldReader(path, json, fields.size() + 1).Read());
+    const std::string& name = fields.back().name;
+    if (!names.insert(ToUpper(name)).second) {
+      throw ImportError(fmt::format("{}, field \"{}\": the name occurs twice.", path, name));
+    }
+  }
+  return fields;
+}
+
+}  // namespace standalone

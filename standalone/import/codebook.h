@@ -1,0 +1,32 @@
+#ifndef STANDALONE_IMPORT_CODEBOOK_H
+#define STANDALONE_IMPORT_CODEBOOK_H
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "standalone/data/dataset.h"
+
+namespace standalone {
+
+enum class FieldType { kFromData, kString, kInteger, kNumber, kBoolean, kYear };
+
+/// What a codebook says of one column.
+struct CodebookField {
+  std::string name;
+  FieldType type = FieldType::kFromData;
+  std::optional<std::string> title;
+  std::vector<ValueLabel> categories;    ///< of a numeric field, the values as in ValueLabel
+  std::optional<std::size_t> maxLength;  ///< in characters
+};
+
+/// Reads the fields of a Table Schema (JSON). A field without a type, or of the type "any", is a string when it has a
+/// maxLength or a category that is a string, a number when all its categories are numbers, and else as the data are. A
+/// category without a label is labelled by its value. Names differ without regard to case. Failures are ImportErrors
+/// that name the file and the field.
+std::vector<CodebookField> ReadCodebook(const std::string& path);
+
+}  // namespace standalone
+
+#endif  // STANDALONE_IMPORT_CODEBOOK_H

@@ -1,0 +1,97 @@
+#include "standalone/import/importer.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <memory>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "standalone/data/dataset.h"
+#include "standalone/import/codebook.h"
+#include "standalone/import/columns.h"
+#include "standalone/import/csv.h"
+#include "standalone/import/input_file.h"
+
+namespace standalone {
+
+namespace {
+
+bool AreSettled(const std::vector<Column>& columns) {
+  return std::all_of(columns.begin(), columns.end(), [](const Column& column) { return column.IsSettled(); });
+}
+
+void SettleTypes(CsvReader& reader, std::vector<Column>& columns) {
+  while (!AreSettled(columns) && reader.NextRow()) {
+    for (std::size_t index = 0; index < columns.size(); ++index) {
+      columns[index].Learn(reader.Cells()[index]);
+    }
+  }
+  for (Column& column : columns) {
+    column.Settle();
+  }
+}
+
+void WriteVariables(const std::vector<Column>& columns, DatasetWriter& writer) {
+  std::vector<Variable> variables;
+  variables.reserve(columns.size());
+  for (const Column& column : columns) {
+    variables.push_back(column.ToVariable());
+  }
+  writer.SetVariables(variables);
+}
+
+std::size_t WriteCases(CsvReader& reader, std::vector<Column>& columns, const std::string& path,
+                       DatasetWriter& writer) {
+  std::size_t count = 0;
+  std::vector<std::string_view> cells;
+  while (reader.NextRow()) {
+    cells = reader.Cells();
+    for (std::size_t index = 0; index < cells.size(); ++index) {
+      if (const auto wrong = columns[index].Convert(cells[index])) {
+        throw ImportError(
+            fmt::format("{}, line {}, column {}: {}.", path, reader.Line(), reader.Header()[index], *wrong));
+      }
+    }
+    writer.AddCase(cells);
+    ++count;
+  }
+  return count;
+}
+
+std::unique_ptr<CsvReader> ReadAgain(InputFile& file, const std::vector<std::string>& header) {
+  file.Rewind();
+  auto reader = std::make_unique<CsvReader>(file);
+  if (reader->Header() != header) {
+    throw ImportError(file.Path() + " changed while it was read.");
+  }
+  return reader;
+}
+
+}  // namespace
+
+// The data are read a second time only where a type comes from them.
+ImportSummary ImportSurvey(const ImportRequest& request) {
+  InputFile file(request.dataPath);
+  const std::string codebookPath = request.codebookPath.value_or("");
+  std::vector<CodebookField> fields;
+  if (request.codebookPath) {
+    fields = ReadCodebook(codebookPath);
+  }
+  DatasetWriter writer(request.datasetPath, request.replace);
+  file.AllowRewind(request.datasetPath);
+  auto reader = std::make_unique<CsvReader>(file);
+  std::vector<Column> columns = MakeColumns(reader->Header(), request.dataPath, std::move(fields), codebookPath);
+  if (!AreSettled(columns)) {
+    SettleTypes(*reader, columns);
+    reader = ReadAgain(file, reader->Header());
+  }
+  file.ForbidRewind();
+  WriteVariables(columns, writer);
+  const std::size_t cases = WriteCases(*reader, columns, request.dataPath, writer);
+  writer.Commit();
+  return {columns.size(), cases};
+}
+
+}  // namespace standalone

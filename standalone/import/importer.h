@@ -1,0 +1,34 @@
+#ifndef STANDALONE_IMPORT_IMPORTER_H
+#define STANDALONE_IMPORT_IMPORTER_H
+
+#include <cstddef>
+#include <optional>
+#include <stdexcept>
+#include <string>
+
+namespace standalone {
+
+/// What is wrong with the input, as one plain sentence that names the file and the line, column or field.
+class ImportError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+struct ImportRequest {
+  std::string dataPath;                     ///< CSV, UTF-8, with a header row
+  std::optional<std::string> codebookPath;  ///< Table Schema JSON
+  std::string datasetPath;
+  bool replace = false;  ///< replace variables and cases of a dataset that exists, keep its sets
+};
+
+struct ImportSummary {
+  std::size_t variables = 0;
+  std::size_t cases = 0;
+};
+
+/// Reads a survey into a dataset file. Throws ImportError or DatasetError; then every file is as it was.
+ImportSummary ImportSurvey(const ImportRequest& request);
+
+}  // namespace standalone
+
+#endif  // STANDALONE_IMPORT_IMPORTER_H

@@ -1,0 +1,103 @@
+#include "standalone/import/input_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+
+#include "standalone/data/temporary_file.h"
+#include "standalone/import/importer.h"
+
+namespace standalone {
+
+namespace {
+
+bool IsSeekable(int descriptor) {
+  return lseek(descriptor, 0, SEEK_CUR) >= 0;
+}
+
+}  // namespace
+
+InputFile::InputFile(const std::string& path) : fPath(path) {
+  fDescriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (fDescriptor < 0) {
+    Fail(errno == ENOENT ? "does not exist" : std::string("cannot be read: ") + std::strerror(errno));
+  }
+  struct stat status = {};
+  if (fstat(fDescriptor, &status) == 0 && S_ISDIR(status.st_mode)) {
+    close(fDescriptor);
+    Fail("is a directory");
+  }
+}
+
+InputFile::~InputFile() {
+  close(fDescriptor);
+  if (fCopy >= 0) {
+    close(fCopy);
+  }
+}
+
+std::size_t InputFile::Read(char* buffer, std::size_t size) {
+  if (fFromCopy) {
+    const std::size_t count = ReadFrom(fCopy, buffer, size);
+    if (count != 0) {
+      return count;
+    }
+    fFromCopy = false;
+  }
+  const std::size_t count = ReadFrom(fDescriptor, buffer, size);
+  if (fCopying) {
+    CopyAside(buffer, count);
+  }
+  return count;
+}
+
+void InputFile::AllowRewind(const std::string& neighbour) {
+  if (IsSeekable(fDescriptor)) {
+    return;
+  }
+  const TemporaryFile file(neighbour);  // its name goes at once, the open file stays
+  fCopy = open(file.Path().c_str(), O_RDWR | O_CLOEXEC);
+  if (fCopy < 0) {
+    Fail(std::string("cannot be copied aside: ") + std::strerror(errno));
+  }
+  fCopying = true;
+}
+
+void InputFile::Rewind() {
+  fFromCopy = fCopy >= 0;
+  if (lseek(fFromCopy ? fCopy : fDescriptor, 0, SEEK_SET) < 0) {
+    Fail(std::string("cannot be read twice: ") + std::strerror(errno));
+  }
+}
+
+std::size_t InputFile::ReadFrom(int descriptor, char* buffer, std::size_t size) {
+  ssize_t count = 0;
+  do {
+    count = read(descriptor, buffer, size);
+  } while (count < 0 && errno == EINTR);
+  if (count < 0) {
+    Fail(std::string("cannot be read: ") + std::strerror(errno));
+  }
+  return static_cast<std::size_t>(count);
+}
+
+void InputFile::CopyAside(const char* data, std::size_t size) {
+  while (size > 0) {
+    const ssize_t count = write(fCopy, data, size);
+    if (count < 0 && errno != EINTR) {
+      Fail(std::string("cannot be copied aside: ") + std::strerror(errno));
+    }
+    const std::size_t written = count < 0 ? 0 : static_cast<std::size_t>(count);
+    data += written;
+    size -= written;
+  }
+}
+
+void InputFile::Fail(const std::string& what) const {
+  throw ImportError(fPath + " " + what + ".");
+}
+
+}  // namespace standalone

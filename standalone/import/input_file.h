@@ -1,0 +1,46 @@
+#ifndef STANDALONE_IMPORT_INPUT_FILE_H
+#define STANDALONE_IMPORT_INPUT_FILE_H
+
+#include <cstddef>
+#include <string>
+
+namespace standalone {
+
+/// A file that is read from its beginning, a pipe too. Failures are ImportErrors that name it.
+class InputFile {
+ public:
+  explicit InputFile(const std::string& path);
+  InputFile(const InputFile&) = delete;
+  InputFile& operator=(const InputFile&) = delete;
+  ~InputFile();
+
+  const std::string& Path() const { return fPath; }
+
+  /// Reads up to `size` bytes, one at least; 0 at the end of the file.
+  std::size_t Read(char* buffer, std::size_t size);
+
+  /// Makes Rewind() possible; before the first Read(). What a pipe gives is then copied to a nameless file in the
+  /// folder of `neighbour`.
+  void AllowRewind(const std::string& neighbour);
+
+  /// What is read from now on need not be read again: it is not copied any more.
+  void ForbidRewind() { fCopying = false; }
+
+  /// Goes back to the beginning.
+  void Rewind();
+
+ private:
+  std::size_t ReadFrom(int descriptor, char* buffer, std::size_t size);
+  void CopyAside(const char* data, std::size_t size);
+  [[noreturn]] void Fail(const std::string& what) const;
+
+  std::string fPath;
+  int fDescriptor = -1;
+  int fCopy = -1;          // of what a pipe gave
+  bool fCopying = false;   // a pipe is read and may be rewound
+  bool fFromCopy = false;  // the copy is read before the rest of the pipe
+};
+
+}  // namespace standalone
+
+#endif  // STANDALONE_IMPORT_INPUT_FILE_H

@@ -1,0 +1,140 @@
+#include "standalone/import/codebook.h"
+
+#include <gmock/gmock.h>
+
+#include "standalone/import/importer.h"
+#include "tests/standalone/temporary_folder.h"
+
+namespace standalone {
+namespace {
+
+constexpr const char* kFile = "codebook.json";
+
+class CodebookTest : public TemporaryFolderTest {
+ protected:
+  static CodebookField FieldOf(const std::string& field) {
+    Write(kFile, "{\"fields\": [" + field + "]}");
+    return ReadCodebook(kFile).at(0);
+  }
+
+  static std::string LabelsOf(const std::string& field) {
+    std::string text;
+    for (const ValueLabel& label : FieldOf(field).categories) {
+      text += label.value + "=" + label.label + ";";
+    }
+    return text;
+  }
+
+  static std::string SentenceOfText(std::string_view text) {
+    Write(kFile, text);
+    return SentenceOf([] { ReadCodebook(kFile); });
+  }
+
+  static std::string SentenceOfField(const std::string& field) {
+    return SentenceOfText("{\"fields\": [" + field + "]}");
+  }
+};
+
+TEST_F(CodebookTest, AFieldIsReadWithAllThatItSays) {
+  const CodebookField field = FieldOf(
+      R"({"name": "q1", "type": "string", "title": "T\u00f6", "constraints": {"maxLength": 7, "required": true},
+          "description": "", "categories": ["a", {"value": "b", "label": "B"}, {"value": "c"}]})");
+  EXPECT_EQ(field.name, "q1");
+  EXPECT_EQ(field.type, FieldType::kString);
+  EXPECT_EQ(field.title, "T\xC3\xB6");
+  EXPECT_EQ(field.maxLength, 7U);
+  EXPECT_EQ(LabelsOf(R"({"name": "q1", "type": "string", "categories": ["a", {"value": "b", "label": "B"}]})"),
+            "a=a;b=B;");
+}
+
+TEST_F(CodebookTest, EveryTypeIsKnown) {
+  const std::pair<const char*, FieldType> types[] = {{"string", FieldType::kString}, {"integer", FieldType::kInteger},
+                                                     {"number", FieldType::kNumber}, {"boolean", FieldType::kBoolean},
+                                                     {"year", FieldType::kYear},     {"any", FieldType::kFromData}};
+  for (const auto& [name, type] : types) {
+    EXPECT_EQ(FieldOf(std::string(R"({"name": "q", "type": ")") + name + "\"}").type, type) << name;
+  }
+  EXPECT_EQ(FieldOf(R"({"name": "q"})").type, FieldType::kFromData);
+}
+
+TEST_F(CodebookTest, WithoutATypeTheRestOfTheFieldTellsIt) {
+  EXPECT_EQ(FieldOf(R"({"name": "q", "constraints": {"maxLength": 2}})").type, FieldType::kString);
+  EXPECT_EQ(FieldOf(R"({"name": "q", "categories": ["1"]})").type, FieldType::kString);
+  EXPECT_EQ(FieldOf(R"({"name": "q", "categories": [1, {"value": 2}]})").type, FieldType::kNumber);
+}
+
+TEST_F(CodebookTest, ValuesOfNumericFieldsAreTheShortestText) {
+  EXPECT_EQ(LabelsOf(R"({"name": "q", "type": "number", "categories": [{"value": 1.50, "label": "x"}, 2.0, "03"]})"),
+            "1.5=x;2=2;3=3;");
+  EXPECT_EQ(LabelsOf(R"({"name": "q", "type": "boolean", "categories": [{"value": true, "label": "yes"},
+                        {"value": false, "label": "no"}]})"),
+            "1=yes;0=no;");
+}
+
+TEST_F(CodebookTest, ATitleThatIsEmptyOrNullIsNone) {
+  EXPECT_EQ(FieldOf(R"({"name": "q", "title": ""})").title, std::nullopt);
+  EXPECT_EQ(FieldOf(R"({"name": "q", "title": null})").title, std::nullopt);
+}
+
+TEST_F(CodebookTest, WhatIsNoTableSchemaIsOneSentence) {
+  EXPECT_EQ(SentenceOf([] { ReadCodebook(kFile); }), "codebook.json does not exist.");
+  EXPECT_EQ(SentenceOf([] { ReadCodebook("."); }), ". is a directory.");
+  EXPECT_EQ(SentenceOfText(""), "codebook.json, line 1: this is not JSON (byte 1).");
+  EXPECT_EQ(SentenceOfText("{\n\"fields\": [,]}"), "codebook.json, line 2: this is not JSON (byte 14).");
+  EXPECT_EQ(SentenceOfText("{\"fields\": [\"\xFF\"]}"), "codebook.json, line 1: this is not JSON (byte 14).");
+  EXPECT_EQ(SentenceOfText("{\"fields\": [1e999]}"), "codebook.json: a number is out of range.");
+  EXPECT_EQ(SentenceOfText("[]"), "codebook.json is not a Table Schema: it has no array \"fields\".");
+  EXPECT_EQ(SentenceOfText("{}"), "codebook.json is not a Table Schema: it has no array \"fields\".");
+  EXPECT_EQ(SentenceOfText("{\"fields\": {}}"), "codebook.json is not a Table Schema: it has no array \"fields\".");
+  EXPECT_EQ(SentenceOfText(std::string(1000000, '[')), "codebook.json, line 1: this is not JSON (byte 1000001).");
+}
+
+TEST_F(CodebookTest, ABadFieldIsOneSentenceThatNamesIt) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"1", "codebook.json, field 1: it is not a JSON object."},
+      {R"({"name": "a"}, {"type": "string"})", "codebook.json, field 2: it has no name."},
+      {R"({"name": 5})", "codebook.json, field 1: its name is not a string."},
+      {R"({"name": "a\u0000"})", "codebook.json, field 1: its name contains a NUL character."},
+      {R"({"name": "q", "type": "date"})",
+       "codebook.json, field \"q\": the type \"date\" is none of string, integer, number, boolean and year."},
+      {R"({"name": "q", "type": 1})", "codebook.json, field \"q\": its type is not a string."},
+      {R"({"name": "q", "title": ["x"]})", "codebook.json, field \"q\": its title is not a string."},
+      {R"({"name": "q", "title": "\u0000"})", "codebook.json, field \"q\": its title contains a NUL character."},
+      {R"({"name": "q", "constraints": 1})", "codebook.json, field \"q\": its constraints are not a JSON object."},
+      {R"({"name": "q", "constraints": {"maxLength": 0}})",
+       "codebook.json, field \"q\": its maxLength is not a whole number from 1 to 2147483647."},
+      {R"({"name": "q", "constraints": {"maxLength": -1}})",
+       "codebook.json, field \"q\": its maxLength is not a whole number from 1 to 2147483647."},
+      {R"({"name": "q", "constraints": {"maxLength": 1.5}})",
+       "codebook.json, field \"q\": its maxLength is not a whole number from 1 to 2147483647."},
+      {R"({"name": "q", "constraints": {"maxLength": "5"}})",
+       "codebook.json, field \"q\": its maxLength is not a whole number from 1 to 2147483647."},
+      {R"({"name": "q", "constraints": {"maxLength": 2147483648}})",
+       "codebook.json, field \"q\": its maxLength is not a whole number from 1 to 2147483647."},
+      {R"({"name": "q", "categories": 5})", "codebook.json, field \"q\": its categories are not a JSON array."},
+      {R"({"name": "q", "type": "string", "categories": [{"label": "x"}]})",
+       "codebook.json, field \"q\": one of its categories has no value."},
+      {R"({"name": "q", "type": "string", "categories": [{"value": "x", "label": 1}]})",
+       "codebook.json, field \"q\": the label of a category is not a string."},
+      {R"({"name": "q", "type": "integer", "categories": [{"value": 1, "label": "x"}, {"value": 1.0, "label": "y"}]})",
+       "codebook.json, field \"q\": the value \"1\" is labelled twice."},
+      {R"({"name": "q", "type": "string", "categories": ["x", "x"]})",
+       "codebook.json, field \"q\": the value \"x\" is labelled twice."},
+      {R"({"name": "q", "type": "integer", "categories": ["x"]})",
+       "codebook.json, field \"q\": the category \"x\" does not fit the type integer."},
+      {R"({"name": "q", "type": "integer", "categories": [1.5]})",
+       "codebook.json, field \"q\": the category \"1.5\" does not fit the type integer."},
+      {R"({"name": "q", "type": "number", "categories": [true]})",
+       "codebook.json, field \"q\": the category \"true\" does not fit the type number."},
+      {R"({"name": "q", "type": "string", "categories": [1]})",
+       "codebook.json, field \"q\": the category \"1\" does not fit the type string."},
+      {R"({"name": "q", "categories": ["a", 1]})",
+       "codebook.json, field \"q\": the category \"1\" does not fit the type string."},
+      {R"({"name": "q"}, {"name": "Q"})", "codebook.json, field \"Q\": the name occurs twice."}};
+  for (const auto& [field, sentence] : rows) {
+    EXPECT_EQ(SentenceOfField(field), sentence) << field;
+  }
+}
+
+}  // namespace
+}  // namespace standalone

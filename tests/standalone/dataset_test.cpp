@@ -1,0 +1,548 @@
+#include "standalone/data/dataset.h"
+
+#include <gmock/gmock.h>
+
+#include <chrono>
+#include <future>
+#include <random>
+#include <thread>
+
+#include "standalone/data/database.h"
+#include "standalone/data/schema.h"
+#include "tests/standalone/temporary_folder.h"
+
+namespace standalone {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::UnorderedElementsAre;
+
+constexpr const char* kFile = "survey.mrs";
+
+std::vector<Variable> ThreeVariables() {
+  return {{"q1", 0, "Tea", {{"0", "No"}, {"1", "Yes"}}},
+          {"Q2", 0, std::nullopt, {}},
+          {"\xC3\xB6l_art", 5, "\xC3\x96l \"und\" Essig", {{"roh", "raw"}}}};
+}
+
+void MakeDataset(const std::string& path, bool replace = false,
+                 const std::vector<Variable>& variables = ThreeVariables()) {
+  DatasetWriter writer(path, replace);
+  writer.SetVariables(variables);
+  std::vector<std::string_view> cells(variables.size(), "1");
+  writer.AddCase(cells);
+  writer.Commit();
+}
+
+StoredSet SetOf(const std::string& name, const std::vector<std::string>& variables = {"q1", "Q2"}) {
+  StoredSet set;
+  set.name = name;
+  set.label = "Label of " + name;
+  set.countedValue = "1";
+  set.categoryLabelsFromCountedValue = true;
+  set.variables = variables;
+  return set;
+}
+
+std::vector<std::string> NamesOf(const std::vector<StoredSet>& sets) {
+  std::vector<std::string> names;
+  for (const StoredSet& set : sets) {
+    names.push_back(set.name);
+  }
+  return names;
+}
+
+/// Changes a file behind the back of the program, checks of the schema apart.
+void Tamper(const std::string& sql) {
+  Database database(kFile, kFile);
+  database.Execute(("PRAGMA ignore_check_constraints = ON;" + sql).c_str());
+}
+
+std::int64_t NumberOf(std::string_view sql) {
+  Database database(kFile, kFile);
+  Query query(database, sql);
+  query.Step();
+  return query.Integer(0);
+}
+
+void ReadEverything(const std::string& path) {
+  Dataset dataset(path);
+  dataset.BeginCommand(false);
+  for (int position = 0; position < dataset.VariableCount(); ++position) {
+    dataset.FindVariable(dataset.VariableAt(position).name);
+  }
+  dataset.Sets();
+  dataset.EndCommand();
+}
+
+class DatasetTest : public TemporaryFolderTest {
+ protected:
+  static std::string SentenceOfReading() {
+    return SentenceOf([] { ReadEverything(kFile); });
+  }
+
+  static void SaveSets(const std::vector<StoredSet>& sets) {
+    Dataset dataset(kFile);
+    dataset.BeginCommand(false);
+    ASSERT_EQ(dataset.SaveSets(sets), Dataset::Saved::kDone);
+  }
+};
+
+TEST_F(DatasetTest, VariablesAreReadAsWritten) {
+  MakeDataset(kFile);
+  Dataset dataset(kFile);
+  dataset.BeginCommand(false);
+  ASSERT_EQ(dataset.VariableCount(), 3);
+  EXPECT_EQ(dataset.VariableAt(0).name, "q1");
+  EXPECT_EQ(dataset.VariableAt(0).width, 0);
+  EXPECT_EQ(dataset.VariableAt(0).label, "Tea");
+  ASSERT_EQ(dataset.VariableAt(0).valueLabels.size(), 2U);
+  EXPECT_EQ(dataset.VariableAt(0).valueLabels[1].value, "1");
+  EXPECT_EQ(dataset.VariableAt(0).valueLabels[1].label, "Yes");
+  EXPECT_EQ(dataset.VariableAt(1).label, std::nullopt);
+  EXPECT_EQ(dataset.VariableAt(2).width, 5);
+  EXPECT_EQ(dataset.VariableAt(2).label, "\xC3\x96l \"und\" Essig");
+}
+
+TEST_F(DatasetTest, VariablesAreFoundWithoutRegardToCase) {
+  MakeDataset(kFile);
+  Dataset dataset(kFile);
+  dataset.BeginCommand(false);
+  EXPECT_EQ(dataset.FindVariable("Q1"), 0);
+  EXPECT_EQ(dataset.FindVariable("q2"), 1);
+  EXPECT_EQ(dataset.FindVariable("\xC3\x96L_ART"), 2);
+  EXPECT_EQ(dataset.FindVariable("q3"), -1);
+  EXPECT_EQ(dataset.FindVariable("'; DROP TABLE variable; --"), -1);
+  EXPECT_EQ(dataset.FindVariable(""), -1);
+}
+
+TEST_F(DatasetTest, AStringVariableIsWidenedToItsLongestValue) {
+  DatasetWriter writer(kFile, false);
+  writer.SetVariables({{"narrow", 1, std::nullopt, {}}, {"wide", 9, std::nullopt, {}}, {"n", 0, std::nullopt, {}}});
+  writer.AddCase({"abc", "abc", "123456"});
+  writer.AddCase({"", "", ""});
+  writer.Commit();
+  Dataset dataset(kFile);
+  EXPECT_EQ(dataset.VariableAt(0).width, 3);
+  EXPECT_EQ(dataset.VariableAt(1).width, 9);
+  EXPECT_EQ(dataset.VariableAt(2).width, 0);
+}
+
+TEST_F(DatasetTest, CasesAreJsonArrays) {
+  DatasetWriter writer(kFile, false);
+  writer.SetVariables({{"n", 0, std::nullopt, {}}, {"s", 1, std::nullopt, {}}});
+  writer.AddCase({"-1.50", "a \"quoted\" \\ text\n\x01\xC3\xB6"});
+  writer.AddCase({"", ""});
+  writer.Commit();
+  Database database(kFile, kFile);
+  Query rows(database, "SELECT cells FROM cases ORDER BY position");
+  ASSERT_TRUE(rows.Step());
+  EXPECT_EQ(rows.Text(0), "[-1.50,\"a \\\"quoted\\\" \\\\ text\\u000a\\u0001\xC3\xB6\"]");
+  ASSERT_TRUE(rows.Step());
+  EXPECT_EQ(rows.Text(0), "[null,\"\"]");
+  EXPECT_FALSE(rows.Step());
+}
+
+TEST_F(DatasetTest, SetsAreReadAsSavedAndInTheirOrder) {
+  MakeDataset(kFile);
+  StoredSet category = SetOf("$Zoo", {"gone"});
+  category.type = SetType::kCategory;
+  category.countedValue = "";
+  category.labelFromVariable = true;
+  const std::vector<StoredSet> sets = {category, SetOf("$a"), SetOf("$none", {})};
+  SaveSets(sets);
+  Dataset dataset(kFile);
+  EXPECT_EQ(dataset.Sets(), sets);
+}
+
+TEST_F(DatasetTest, EditsOfSetsAreKept) {
+  MakeDataset(kFile);
+  const std::vector<std::vector<StoredSet>> lists = {
+      {SetOf("$a"), SetOf("$b"), SetOf("$c")},
+      {SetOf("$a"), SetOf("$c")},
+      {SetOf("$c"), SetOf("$a")},
+      {SetOf("$new"), SetOf("$c", {"Q2"}), SetOf("$A", {"q1"})},
+      {SetOf("$a", {"q1"}), SetOf("$b"), SetOf("$c", {"Q2"}), SetOf("$d"), SetOf("$new")},
+      {},
+      {SetOf("$b")}};
+  Dataset dataset(kFile);
+  for (const auto& sets : lists) {
+    dataset.BeginCommand(false);
+    ASSERT_EQ(dataset.SaveSets(sets), Dataset::Saved::kDone);
+    EXPECT_EQ(dataset.Sets(), sets);
+    dataset.EndCommand();
+    EXPECT_EQ(Dataset(kFile).Sets(), sets);
+  }
+}
+
+TEST_F(DatasetTest, UnchangedSetsAreNotWritten) {
+  MakeDataset(kFile);
+  SaveSets({SetOf("$a"), SetOf("$b")});
+  const std::string before = Read(kFile);
+  SaveSets({SetOf("$a"), SetOf("$b")});
+  EXPECT_EQ(Read(kFile), before);
+}
+
+TEST_F(DatasetTest, RemovingASetLeavesTheOthersWhereTheyAre) {
+  MakeDataset(kFile);
+  SaveSets({SetOf("$a"), SetOf("$b"), SetOf("$c")});
+  const std::int64_t position = NumberOf("SELECT position FROM mr_set WHERE name = '$c'");
+  SaveSets({SetOf("$b"), SetOf("$c")});
+  EXPECT_EQ(NumberOf("SELECT position FROM mr_set WHERE name = '$c'"), position);
+  EXPECT_EQ(NumberOf("SELECT count(*) FROM mr_set_variable"), 4);
+}
+
+TEST_F(DatasetTest, EveryWriteRaisesTheGeneration) {
+  MakeDataset(kFile);
+  EXPECT_EQ(NumberOf("SELECT generation FROM meta"), 1);
+  SaveSets({SetOf("$a")});
+  EXPECT_EQ(NumberOf("SELECT generation FROM meta"), 2);
+  MakeDataset(kFile, true);
+  EXPECT_EQ(NumberOf("SELECT generation FROM meta"), 3);
+}
+
+TEST_F(DatasetTest, AnEndedCommandChangesNothing) {
+  MakeDataset(kFile);
+  const std::string before = Read(kFile);
+  Dataset dataset(kFile);
+  dataset.EndCommand();
+  dataset.BeginCommand(true);
+  dataset.EndCommand();
+  dataset.EndCommand();
+  EXPECT_EQ(Read(kFile), before);
+}
+
+TEST_F(DatasetTest, OfTwoCommandsOnOneStateTheSecondToSaveConflicts) {
+  MakeDataset(kFile);
+  Dataset first(kFile);
+  Dataset second(kFile);
+  first.BeginCommand(false);
+  second.BeginCommand(false);
+  auto firstSaved = std::async(std::launch::async, [&first] { return first.SaveSets({SetOf("$first")}); });
+  const Dataset::Saved secondSaved = second.SaveSets({SetOf("$second")});
+  const bool firstWon = firstSaved.get() == Dataset::Saved::kDone;
+  EXPECT_EQ(secondSaved, firstWon ? Dataset::Saved::kConflict : Dataset::Saved::kDone);
+  EXPECT_THAT(NamesOf(Dataset(kFile).Sets()), ElementsAre(firstWon ? "$first" : "$second"));
+}
+
+TEST_F(DatasetTest, AfterAConflictTheCommandSeesWhatTheOtherWrote) {
+  MakeDataset(kFile);
+  Dataset loser(kFile);
+  loser.BeginCommand(false);
+  EXPECT_TRUE(loser.Sets().empty());
+  auto saved = std::async(std::launch::async, [] { SaveSets({SetOf("$other")}); });
+  while (!std::filesystem::exists("survey.mrs-journal")) {
+    std::this_thread::yield();
+  }  // until the other one holds the right to write and waits for this one to end reading
+  EXPECT_EQ(loser.SaveSets({SetOf("$mine")}), Dataset::Saved::kConflict);
+  saved.get();
+  loser.BeginCommand(false);
+  std::vector<StoredSet> sets = loser.Sets();
+  EXPECT_THAT(NamesOf(sets), ElementsAre("$other"));
+  sets.push_back(SetOf("$mine"));
+  EXPECT_EQ(loser.SaveSets(sets), Dataset::Saved::kDone);
+  EXPECT_THAT(NamesOf(Dataset(kFile).Sets()), ElementsAre("$other", "$mine"));
+}
+
+TEST_F(DatasetTest, ACommandSeesOneStateThoughNothingWasRead) {
+  MakeDataset(kFile);
+  Dataset reader(kFile);
+  reader.BeginCommand(false);
+  auto saved = std::async(std::launch::async, [] { SaveSets({SetOf("$later")}); });
+  EXPECT_EQ(saved.wait_for(std::chrono::milliseconds(200)), std::future_status::timeout);
+  EXPECT_TRUE(reader.Sets().empty());
+  reader.EndCommand();
+  saved.get();
+  reader.BeginCommand(false);
+  EXPECT_THAT(NamesOf(reader.Sets()), ElementsAre("$later"));
+}
+
+TEST_F(DatasetTest, AnExclusiveCommandKeepsOthersFromWritingUntilItSaved) {
+  MakeDataset(kFile);
+  Dataset holder(kFile);
+  holder.BeginCommand(true);
+  auto waiter = std::async(std::launch::async, [] {
+    Dataset dataset(kFile);
+    dataset.BeginCommand(true);
+    std::vector<StoredSet> sets = dataset.Sets();
+    sets.push_back(SetOf("$second"));
+    return dataset.SaveSets(sets);
+  });
+  EXPECT_EQ(waiter.wait_for(std::chrono::milliseconds(200)), std::future_status::timeout);
+  EXPECT_TRUE(Dataset(kFile).Sets().empty());  // reading does not wait
+  EXPECT_EQ(holder.SaveSets({SetOf("$first")}), Dataset::Saved::kDone);
+  EXPECT_EQ(waiter.get(), Dataset::Saved::kDone);
+  EXPECT_THAT(NamesOf(Dataset(kFile).Sets()), ElementsAre("$first", "$second"));
+}
+
+TEST_F(DatasetTest, AReplacingImportConflictsWithACommandAndLosesNoSet) {
+  MakeDataset(kFile);
+  SaveSets({SetOf("$kept")});
+  Dataset dataset(kFile);
+  EXPECT_EQ(dataset.VariableCount(), 3);
+  dataset.EndCommand();
+  MakeDataset(kFile, true, {{"other", 0, std::nullopt, {}}});
+  dataset.BeginCommand(false);
+  EXPECT_EQ(dataset.VariableCount(), 1);
+  EXPECT_EQ(dataset.FindVariable("q1"), -1);
+  EXPECT_EQ(dataset.FindVariable("OTHER"), 0);
+  EXPECT_EQ(dataset.VariableAt(0).name, "other");
+  EXPECT_THAT(NamesOf(dataset.Sets()), ElementsAre("$kept"));
+}
+
+TEST_F(DatasetTest, AnEditDuringAReplacingImportIsKept) {
+  MakeDataset(kFile);
+  DatasetWriter writer(kFile, true);
+  writer.SetVariables({{"other", 0, std::nullopt, {}}});
+  SaveSets({SetOf("$meanwhile")});
+  writer.Commit();
+  Dataset dataset(kFile);
+  EXPECT_EQ(dataset.VariableCount(), 1);
+  EXPECT_THAT(NamesOf(dataset.Sets()), ElementsAre("$meanwhile"));
+  EXPECT_EQ(NumberOf("SELECT case_count FROM meta"), 0);
+  EXPECT_EQ(NumberOf("SELECT count(*) FROM cases"), 0);
+}
+
+TEST_F(DatasetTest, ALockThatIsNotReleasedIsOneSentence) {
+  MakeDataset(kFile);
+  Database holder(kFile, kFile);
+  holder.Execute("BEGIN EXCLUSIVE");
+  Database waiter(kFile, kFile);
+  waiter.SetLockTimeout(std::chrono::milliseconds(20));
+  EXPECT_EQ(SentenceOf([&] { waiter.Execute("BEGIN IMMEDIATE"); }), "survey.mrs is in use by another process.");
+}
+
+TEST_F(DatasetTest, WhatIsNoDatasetIsRefusedInOneSentence) {
+  EXPECT_EQ(SentenceOfReading(), "survey.mrs does not exist.");
+  EXPECT_TRUE(Files().empty());
+  std::filesystem::create_directory(kFile);
+  EXPECT_EQ(SentenceOfReading(), "survey.mrs is a directory.");
+  std::filesystem::remove(kFile);
+  Write(kFile, "");
+  EXPECT_EQ(SentenceOfReading(), "survey.mrs is not a dataset.");
+  Write(kFile, "q1,q2\n1,2\n");
+  EXPECT_EQ(SentenceOfReading(), "survey.mrs is not a dataset.");
+  EXPECT_EQ(Read(kFile), "q1,q2\n1,2\n");
+  EXPECT_EQ(SentenceOf([] { Dataset("survey.mrs/x"); }), "survey.mrs/x cannot be read: Not a directory.");
+  EXPECT_EQ(SentenceOf([] { Dataset("/dev/null"); }), "/dev/null is not a dataset.");
+  EXPECT_EQ(SentenceOf([] { Dataset(":memory:"); }), ":memory: does not exist.");
+}
+
+TEST_F(DatasetTest, AnotherKindOfDatabaseIsRefused) {
+  Write(kFile, "");
+  Tamper("CREATE TABLE meta(generation)");
+  EXPECT_EQ(SentenceOfReading(), "survey.mrs is not a dataset.");
+}
+
+TEST_F(DatasetTest, ANewerVersionIsRefused) {
+  MakeDataset(kFile);
+  Tamper("PRAGMA user_version = 2");
+  EXPECT_EQ(SentenceOfReading(), "survey.mrs was made by a newer version of the program.");
+}
+
+TEST_F(DatasetTest, AFileThatLooksLikeAUriIsAFile) {
+  MakeDataset("file:x?mode=memory");
+  EXPECT_THAT(Files(), ElementsAre("file:x?mode=memory"));
+  EXPECT_EQ(Dataset("file:x?mode=memory").VariableCount(), 3);
+}
+
+TEST_F(DatasetTest, HostileContentsAreOneSentence) {
+  const std::vector<std::string> attacks = {
+      "DROP TABLE meta",
+      "DELETE FROM meta",
+      "DROP TABLE mr_set",
+      "DROP TABLE meta; CREATE VIEW meta AS SELECT 1 AS generation, 3 AS variable_count",
+      "PRAGMA user_version = 0",
+      "PRAGMA user_version = -5",
+      "UPDATE meta SET variable_count = -1",
+      "UPDATE meta SET variable_count = 4",
+      "UPDATE meta SET variable_count = 1 << 40",
+      "UPDATE variable SET position = 9 WHERE position = 1",
+      "UPDATE variable SET width = -3",
+      "UPDATE variable SET width = 1 << 33",
+      "UPDATE variable SET name = 'a' || char(0)",
+      "UPDATE variable SET label = CAST(X'C3' AS TEXT)",
+      "DROP TABLE variable; CREATE TABLE variable(position, name, name_key, width, label)",
+      "DROP TABLE value_label; CREATE TABLE value_label(variable, ordinal, value, label);"
+      "INSERT INTO value_label VALUES (0, 0, 1.5, X'00')",
+      "UPDATE mr_set SET type = 0",
+      "UPDATE mr_set SET id = -1",
+      "UPDATE mr_set SET position = 9223372036854775807",
+      "UPDATE mr_set SET name = CAST(X'24FF' AS TEXT)",
+      "UPDATE mr_set_variable SET set_id = 77",
+      "UPDATE mr_set_variable SET name = char(0)"};
+  for (const std::string& attack : attacks) {
+    std::filesystem::remove(kFile);
+    MakeDataset(kFile);
+    SaveSets({SetOf("$a")});
+    Tamper(attack);
+    EXPECT_EQ(SentenceOfReading(), "survey.mrs is damaged.") << attack;
+  }
+}
+
+TEST_F(DatasetTest, TriggersOfTheFileAreNotRun) {
+  MakeDataset(kFile);
+  Tamper("CREATE TRIGGER t AFTER INSERT ON mr_set BEGIN UPDATE mr_set SET name = '$hijacked'; END");
+  SaveSets({SetOf("$a")});
+  EXPECT_THAT(NamesOf(Dataset(kFile).Sets()), ElementsAre("$a"));
+}
+
+TEST_F(DatasetTest, ATruncatedOrGarbledFileIsReadOrRefused) {
+  MakeDataset(kFile);
+  SaveSets({SetOf("$a"), SetOf("$b")});
+  const std::string whole = Read(kFile);
+  std::mt19937 random(20);
+  int refused = 0;
+  for (int round = 0; round < 400; ++round) {
+    std::string bytes = whole;
+    if (round % 4 == 0) {
+      bytes.resize(random() % bytes.size());
+    }
+    for (int change = 0; change < 8 && !bytes.empty(); ++change) {
+      bytes[random() % bytes.size()] = static_cast<char>(random());
+    }
+    Write(kFile, bytes);
+    const std::string sentence = SentenceOfReading();
+    refused += sentence.empty() ? 0 : 1;
+    EXPECT_THAT(sentence, ::testing::AnyOf("", "survey.mrs is damaged.", "survey.mrs is not a dataset.",
+                                           "survey.mrs was made by a newer version of the program."))
+        << "round " << round;
+  }
+  EXPECT_GT(refused, 100);
+}
+
+TEST_F(DatasetTest, AFileWithoutPermissionToReadIsOneSentence) {
+  MakeDataset(kFile);
+  chmod(kFile, 0);
+  EXPECT_EQ(WithoutPrivileges(SentenceOfReading), "survey.mrs cannot be read: Permission denied.");
+}
+
+class ReadOnlyDatasetTest : public DatasetTest {
+ protected:
+  ReadOnlyDatasetTest() {
+    MakeDataset(kFile);
+    SaveSets({SetOf("$b"), SetOf("$a")});
+    chmod(kFile, 0444);
+    chmod(".", 0555);
+  }
+
+  static std::string SentenceOfSaving(const std::vector<StoredSet>& sets, bool exclusive) {
+    return SentenceOf([&] {
+      Dataset dataset(kFile);
+      dataset.BeginCommand(exclusive);
+      if (NamesOf(dataset.Sets()) != std::vector<std::string>{"$b", "$a"}) {
+        throw std::runtime_error("other sets");
+      }
+      if (dataset.SaveSets(sets) != Dataset::Saved::kDone) {
+        throw std::runtime_error("conflict");
+      }
+    });
+  }
+};
+
+TEST_F(ReadOnlyDatasetTest, OnlyAnotherOrderIsSilentlyNotWritten) {
+  for (const bool exclusive : {false, true}) {
+    EXPECT_EQ(WithoutPrivileges([=] { return SentenceOfSaving({SetOf("$a"), SetOf("$b")}, exclusive); }), "");
+  }
+  EXPECT_THAT(NamesOf(Dataset(kFile).Sets()), ElementsAre("$b", "$a"));
+}
+
+TEST_F(ReadOnlyDatasetTest, AChangeIsOneSentence) {
+  const std::vector<std::vector<StoredSet>> changes = {
+      {SetOf("$a")}, {SetOf("$a"), SetOf("$b", {"q1"})}, {SetOf("$b"), SetOf("$a"), SetOf("$c")}};
+  for (const auto& sets : changes) {
+    for (const bool exclusive : {false, true}) {
+      EXPECT_EQ(WithoutPrivileges([&] { return SentenceOfSaving(sets, exclusive); }),
+                "survey.mrs cannot be written: there is no permission to write it or its folder.");
+    }
+  }
+}
+
+TEST_F(ReadOnlyDatasetTest, AFolderThatCannotBeWrittenCountsAsReadOnly) {
+  chmod(kFile, 0666);
+  EXPECT_EQ(WithoutPrivileges([] { return SentenceOfSaving({SetOf("$a"), SetOf("$b")}, false); }), "");
+  EXPECT_EQ(WithoutPrivileges([] { return SentenceOfSaving({SetOf("$a")}, false); }),
+            "survey.mrs cannot be written: there is no permission to write it or its folder.");
+  EXPECT_THAT(NamesOf(Dataset(kFile).Sets()), ElementsAre("$b", "$a"));
+}
+
+TEST_F(ReadOnlyDatasetTest, ReplacingIsRefusedAtOnce) {
+  EXPECT_EQ(WithoutPrivileges([] { return SentenceOf([] { DatasetWriter writer(kFile, true); }); }),
+            "survey.mrs cannot be written: there is no permission to write it or its folder.");
+}
+
+class DatasetWriterTest : public DatasetTest {};
+
+TEST_F(DatasetWriterTest, ADatasetThatExistsIsKept) {
+  MakeDataset(kFile);
+  const std::string before = Read(kFile);
+  EXPECT_EQ(SentenceOf([] { MakeDataset(kFile); }),
+            "survey.mrs exists already; --replace replaces its variables and cases and keeps its sets.");
+  EXPECT_EQ(Read(kFile), before);
+}
+
+TEST_F(DatasetWriterTest, WhatIsNotCommittedLeavesNothing) {
+  {
+    DatasetWriter writer(kFile, false);
+    writer.SetVariables(ThreeVariables());
+    writer.AddCase({"1", "2", "x"});
+    EXPECT_FALSE(std::filesystem::exists(kFile));
+  }
+  EXPECT_TRUE(Files().empty());
+}
+
+TEST_F(DatasetWriterTest, AReplacementThatIsNotCommittedChangesNothing) {
+  MakeDataset(kFile);
+  const std::string before = Read(kFile);
+  {
+    DatasetWriter writer(kFile, true);
+    writer.SetVariables({{"other", 0, std::nullopt, {}}});
+    writer.AddCase({"1"});
+  }
+  EXPECT_EQ(Read(kFile), before);
+  EXPECT_THAT(Files(), ElementsAre(kFile));
+}
+
+TEST_F(DatasetWriterTest, AFileThatAppearedMeanwhileIsKept) {
+  DatasetWriter writer(kFile, false);
+  writer.SetVariables(ThreeVariables());
+  Write(kFile, "mine");
+  EXPECT_EQ(SentenceOf([&] { writer.Commit(); }), "survey.mrs exists already.");
+  EXPECT_EQ(Read(kFile), "mine");
+}
+
+TEST_F(DatasetWriterTest, ReplacingWhatIsNoDatasetIsRefused) {
+  Write(kFile, "something else");
+  EXPECT_EQ(SentenceOf([] { MakeDataset(kFile, true); }), "survey.mrs is not a dataset.");
+  EXPECT_EQ(Read(kFile), "something else");
+  EXPECT_THAT(Files(), ElementsAre(kFile));
+}
+
+TEST_F(DatasetWriterTest, ReplacingWhereThereIsNothingMakesADataset) {
+  MakeDataset(kFile, true);
+  EXPECT_EQ(Dataset(kFile).VariableCount(), 3);
+  EXPECT_THAT(Files(), ElementsAre(kFile));
+}
+
+TEST_F(DatasetWriterTest, AFolderThatDoesNotExistIsOneSentence) {
+  EXPECT_EQ(SentenceOf([] { MakeDataset("no/survey.mrs"); }),
+            "no/survey.mrs cannot be written: No such file or directory.");
+}
+
+TEST_F(DatasetWriterTest, AFolderThatCannotBeWrittenIsOneSentence) {
+  chmod(".", 0555);
+  EXPECT_EQ(WithoutPrivileges([] { return SentenceOf([] { MakeDataset(kFile); }); }),
+            "survey.mrs cannot be written: Permission denied.");
+}
+
+TEST_F(DatasetWriterTest, ANewDatasetHasThePermissionsOfAnyNewFile) {
+  const mode_t before = umask(027);
+  MakeDataset(kFile);
+  umask(before);
+  struct stat status = {};
+  ASSERT_EQ(stat(kFile, &status), 0);
+  EXPECT_EQ(status.st_mode & 0777U, 0640U);
+}
+
+}  // namespace
+}  // namespace standalone

@@ -1,0 +1,240 @@
+#include "standalone/import/importer.h"
+
+#include <gmock/gmock.h>
+
+#include <thread>
+
+#include "standalone/data/database.h"
+#include "standalone/data/dataset.h"
+#include "tests/standalone/temporary_folder.h"
+
+namespace standalone {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::UnorderedElementsAre;
+
+constexpr const char* kData = "survey.csv";
+constexpr const char* kCodebook = "codebook.json";
+constexpr const char* kDataset = "survey.mrs";
+
+class ImporterTest : public TemporaryFolderTest {
+ protected:
+  static ImportSummary Import(std::optional<std::string> codebook = std::nullopt, bool replace = false) {
+    return ImportSurvey({kData, std::move(codebook), kDataset, replace});
+  }
+
+  static void WriteCodebook(const std::string& fields) { Write(kCodebook, "{\"fields\": [" + fields + "]}"); }
+
+  // Each variable as "name:width".
+  static std::vector<std::string> Variables() {
+    Dataset dataset(kDataset);
+    std::vector<std::string> variables;
+    for (int position = 0; position < dataset.VariableCount(); ++position) {
+      const Variable& variable = dataset.VariableAt(position);
+      variables.push_back(variable.name + ":" + std::to_string(variable.width));
+    }
+    return variables;
+  }
+
+  static std::vector<std::string> Cases() {
+    Database database(kDataset, kDataset);
+    Query rows(database, "SELECT cells FROM cases ORDER BY position");
+    std::vector<std::string> cases;
+    while (rows.Step()) {
+      cases.push_back(rows.Text(0));
+    }
+    return cases;
+  }
+
+  static std::string SentenceOfImport(std::string_view csv, const std::string& fields = "") {
+    Write(kData, csv);
+    WriteCodebook(fields);
+    const auto codebook = fields.empty() ? std::nullopt : std::optional<std::string>(kCodebook);
+    return SentenceOf([&] { Import(codebook); });
+  }
+};
+
+TEST_F(ImporterTest, WithoutACodebookTypesAndWidthsComeFromTheData) {
+  Write(kData,
+        "num,text,mixed,none,code,plus,dec,yes\n1,Tea,1,,007,+1,1.5,true\n,\xC3\xB6l,x,,010,2,-2e3,false\n 3 "
+        ",,,,1,3,0,\n");
+  const ImportSummary summary = Import();
+  EXPECT_EQ(summary.variables, 8U);
+  EXPECT_EQ(summary.cases, 3U);
+  EXPECT_THAT(Variables(), ElementsAre("num:0", "text:3", "mixed:1", "none:1", "code:3", "plus:2", "dec:0", "yes:5"));
+  EXPECT_THAT(Cases(), ElementsAre(R"([1,"Tea","1","","007","+1",1.5,"true"])",
+                                   "[null,\"\xC3\xB6l\",\"x\",\"\",\"010\",\"2\",-2e3,\"false\"]",
+                                   R"([3,"","","","1","3",0,""])"));
+}
+
+TEST_F(ImporterTest, TheCodebookGivesTypesWidthsAndLabels) {
+  Write(kData, "A,b,c,d,e,f\n1,007,true,1999,abc,\n,.5,0,,,\n2.0,+3,FALSE,2001,\xC3\xB6\xC3\xB6\xC3\xB6,x\n");
+  WriteCodebook(
+      R"({"name": "f", "type": "string"}, {"name": "a", "type": "integer", "title": "An A",
+          "categories": [{"value": 1, "label": "One"}, 2]}, {"name": "b", "type": "number"},
+         {"name": "c", "type": "boolean"}, {"name": "d", "type": "year"},
+         {"name": "e", "type": "string", "constraints": {"maxLength": 3}})");
+  Import(kCodebook);
+  EXPECT_THAT(Variables(), ElementsAre("A:0", "b:0", "c:0", "d:0", "e:6", "f:1"));
+  EXPECT_THAT(Cases(), ElementsAre(R"([1,7,1,1999,"abc",""])", R"([null,0.5,0,null,"",""])",
+                                   "[2.0,3,0,2001,\"\xC3\xB6\xC3\xB6\xC3\xB6\",\"x\"]"));
+  Dataset dataset(kDataset);
+  EXPECT_EQ(dataset.VariableAt(0).label, "An A");
+  ASSERT_EQ(dataset.VariableAt(0).valueLabels.size(), 2U);
+  EXPECT_EQ(dataset.VariableAt(0).valueLabels[0].label, "One");
+  EXPECT_EQ(dataset.VariableAt(0).valueLabels[1].value, "2");
+}
+
+TEST_F(ImporterTest, AWidthIsTheMaximalLengthAlsoWhereValuesAreShorter) {
+  Write(kData, "a\nx\n");
+  WriteCodebook(R"({"name": "a", "type": "string", "constraints": {"maxLength": 8}})");
+  Import(kCodebook);
+  EXPECT_THAT(Variables(), ElementsAre("a:8"));
+}
+
+TEST_F(ImporterTest, AColumnThatTheCodebookLeavesOutIsAsTheDataAre) {
+  Write(kData, "a,b,c\n1,2,x\n");
+  WriteCodebook(R"({"name": "a", "type": "string"})");
+  Import(kCodebook);
+  EXPECT_THAT(Variables(), ElementsAre("a:1", "b:0", "c:1"));
+}
+
+TEST_F(ImporterTest, AHeaderWithoutRowsIsADatasetWithoutCases) {
+  Write(kData, "a,b\n");
+  EXPECT_EQ(Import().cases, 0U);
+  EXPECT_THAT(Variables(), ElementsAre("a:1", "b:1"));
+}
+
+TEST_F(ImporterTest, APipeIsReadWithAndWithoutACodebook) {
+  std::string csv = "a,b\n";
+  for (int row = 0; row < 50000; ++row) {
+    csv += std::to_string(row) + ",1\n";
+  }
+  csv += "1,last\n";
+  for (const bool withCodebook : {false, true}) {
+    ASSERT_EQ(mkfifo(kData, 0600), 0);
+    std::thread writer([&csv] { Write(kData, csv); });
+    WriteCodebook(R"({"name": "a", "type": "integer"}, {"name": "b", "type": "string"})");
+    EXPECT_EQ(Import(withCodebook ? std::optional<std::string>(kCodebook) : std::nullopt).cases, 50001U);
+    writer.join();
+    EXPECT_THAT(Variables(), ElementsAre("a:0", "b:4"));
+    EXPECT_EQ(Cases().at(49999), "[49999,\"1\"]");
+    EXPECT_THAT(Files(), UnorderedElementsAre(kData, kCodebook, kDataset));
+    std::filesystem::remove(kData);
+    std::filesystem::remove(kDataset);
+  }
+}
+
+TEST_F(ImporterTest, BadInputIsOneSentenceAndLeavesNothing) {
+  struct Row {
+    std::string_view csv;
+    const char* fields;
+    const char* sentence;
+  };
+  const Row rows[] = {
+      {"", "", "survey.csv is empty: there is no header row."},
+      {"a,b\n1,2\n3\n", "", "survey.csv, line 3: 1 cell where the header has 2."},
+      {"a\n\xFF\n", "", "survey.csv, line 2: the text is not valid UTF-8."},
+      {"a\n\"1\n", "", "survey.csv, line 2: the quote that opens here is not closed before the end of the file."},
+      {"a,b c\n1,2\n", "", "survey.csv, column 2: \"b c\" is not a valid variable name."},
+      {"a,\n1,2\n", "", "survey.csv, column 2: \"\" is not a valid variable name."},
+      {"$a\n1\n", "", "survey.csv, column 1: \"$a\" is not a valid variable name."},
+      {"a,b,A\n1,2,3\n", "", "survey.csv, column 3: the name \"A\" is that of column 1 already."},
+      {"a\n1\n", R"({"name": "b", "type": "string"})", "codebook.json, field \"b\": survey.csv has no such column."},
+      {"a\n1\nx\n", R"({"name": "a", "type": "number"})", "survey.csv, line 3, column a: \"x\" is not a number."},
+      {"a,b\n1,\"x\n\"\n,nan\n", R"({"name": "b", "type": "number"})",
+       "survey.csv, line 2, column b: \"x\n\" is not a number."},
+      {"a\n1.5\n", R"({"name": "a", "type": "integer"})",
+       "survey.csv, line 2, column a: \"1.5\" is not a whole number."},
+      {"a\nyes\n", R"({"name": "a", "type": "boolean"})",
+       "survey.csv, line 2, column a: \"yes\" is neither true nor false."},
+      {"a\nx\nabcd\n", R"({"name": "a", "type": "string", "constraints": {"maxLength": 3}})",
+       "survey.csv, line 3, column a: the value has 4 characters where the codebook allows 3."},
+      {"a\n1\n", "{", "codebook.json, line 1: this is not JSON (byte 14)."}};
+  for (const Row& row : rows) {
+    EXPECT_EQ(SentenceOfImport(row.csv, row.fields), row.sentence) << ::testing::PrintToString(row.csv);
+    EXPECT_THAT(Files(), UnorderedElementsAre(kData, kCodebook));
+  }
+}
+
+TEST_F(ImporterTest, ALongCellIsShownByItsBeginning) {
+  EXPECT_EQ(SentenceOfImport("a\n" + std::string(500, 'x') + "\n", R"({"name": "a", "type": "number"})"),
+            "survey.csv, line 2, column a: \"" + std::string(60, 'x') + "...\" is not a number.");
+}
+
+TEST_F(ImporterTest, FilesThatCannotBeReadAreOneSentence) {
+  EXPECT_EQ(SentenceOf([] { Import(); }), "survey.csv does not exist.");
+  Write(kData, "a\n1\n");
+  EXPECT_EQ(SentenceOf([] { Import(kCodebook); }), "codebook.json does not exist.");
+  EXPECT_EQ(SentenceOf([] { ImportSurvey({".", std::nullopt, kDataset, false}); }), ". is a directory.");
+  EXPECT_THAT(Files(), ElementsAre(kData));
+}
+
+TEST_F(ImporterTest, ADatasetThatExistsIsReplacedOnlyWhenAsked) {
+  Write(kData, "a,b\n1,2\n");
+  Import();
+  const std::string before = Read(kDataset);
+  Write(kData, "b,c\n3,x\n4,y\n");
+  EXPECT_EQ(SentenceOf([] { Import(); }),
+            "survey.mrs exists already; --replace replaces its variables and cases and keeps its sets.");
+  EXPECT_EQ(Read(kDataset), before);
+  Import(std::nullopt, true);
+  EXPECT_THAT(Variables(), ElementsAre("b:0", "c:1"));
+  EXPECT_THAT(Cases(), ElementsAre("[3,\"x\"]", "[4,\"y\"]"));
+}
+
+TEST_F(ImporterTest, AReplacementThatFailsLeavesTheDatasetAsItWas) {
+  Write(kData, "a,b\n1,2\n");
+  Import();
+  const std::string before = Read(kDataset);
+  Write(kData, "a,b\n1,2\n3\n");
+  EXPECT_EQ(SentenceOf([] { Import(std::nullopt, true); }), "survey.csv, line 3: 1 cell where the header has 2.");
+  EXPECT_EQ(Read(kDataset), before);
+  EXPECT_THAT(Files(), UnorderedElementsAre(kData, kDataset));
+}
+
+/// The two public surveys, in the survey folder that the environment or the build names.
+class SurveyTest : public ImporterTest {
+ protected:
+  void SetUp() override {
+    const char* folder = std::getenv("MRSET_SURVEYS");
+    fFolder = folder == nullptr ? std::string(MRSET_SURVEYS_DEFAULT) : std::string(folder);
+    if (!std::filesystem::exists(fFolder + "/thanksgiving.csv")) {
+      GTEST_SKIP() << "the survey folder is not here; set MRSET_SURVEYS to it";
+    }
+  }
+
+  ImportSummary ImportFrom(const std::string& survey, bool withCodebook) {
+    const auto codebook =
+        withCodebook ? std::optional<std::string>(fFolder + "/" + survey + ".schema.json") : std::nullopt;
+    return ImportSurvey({fFolder + "/" + survey + ".csv", codebook, survey, false});
+  }
+
+  std::string fFolder;
+};
+
+TEST_F(SurveyTest, AreImportedWithTheirCodebooks) {
+  const ImportSummary thanksgiving = ImportFrom("thanksgiving", true);
+  EXPECT_EQ(thanksgiving.variables, 102U);
+  EXPECT_EQ(thanksgiving.cases, 1058U);
+  Dataset dataset("thanksgiving");
+  const int side = dataset.FindVariable("SIDE1");
+  ASSERT_GE(side, 0);
+  EXPECT_EQ(dataset.VariableAt(side).width, 0);
+  EXPECT_EQ(dataset.VariableAt(side).valueLabels.at(0).label, "Not selected");
+  EXPECT_GT(dataset.VariableAt(dataset.FindVariable("pie_t1")).width, 0);
+  const ImportSummary starWars = ImportFrom("star_wars", true);
+  EXPECT_EQ(starWars.variables, 44U);
+  EXPECT_EQ(starWars.cases, 1186U);
+}
+
+TEST_F(SurveyTest, AreImportedWithoutTheirCodebooks) {
+  EXPECT_EQ(ImportFrom("thanksgiving", false).cases, 1058U);
+  Dataset dataset("thanksgiving");
+  EXPECT_EQ(dataset.VariableAt(dataset.FindVariable("side1")).width, 0);
+  EXPECT_EQ(ImportFrom("star_wars", false).cases, 1186U);
+}
+
+}  // namespace
+}  // namespace standalone

@@ -1,0 +1,46 @@
+#include "standalone/data/number_text.h"
+
+#include <gtest/gtest.h>
+
+namespace standalone {
+namespace {
+
+struct Row {
+  const char* text;
+  const char* json;  // "" where the text is no number
+};
+
+TEST(NumberText, IsGivenAsJsonWritesIt) {
+  const Row rows[] = {
+      {"0", "0"},      {"7", "7"},         {"-1", "-1"},    {"10.50", "10.50"},
+      {"1e5", "1e5"},  {"1E+05", "1E+05"}, {"+1", "1"},     {"007", "7"},
+      {"-00", "-0"},   {".5", "0.5"},      {"-.5", "-0.5"}, {"5.", "5"},
+      {"5.e2", "5e2"}, {"00.1", "0.1"},    {"", ""},        {"-", ""},
+      {".", ""},       {"e5", ""},         {"1e", ""},      {"1e+", ""},
+      {"1 ", ""},      {" 1", ""},         {"1,5", ""},     {"0x10", ""},
+      {"nan", ""},     {"inf", ""},        {"1e999", ""},   {"1.2.3", ""},
+      {"--1", ""},     {"1a", ""},         {"a", ""},       {"12345678901234567890", "12345678901234567890"}};
+  for (const Row& row : rows) {
+    std::string scratch;
+    EXPECT_EQ(JsonNumber(row.text, scratch).value_or(""), row.json) << row.text;
+    EXPECT_EQ(IsJsonNumber(row.text), *row.json != '\0' && std::string(row.text) == row.json) << row.text;
+    EXPECT_EQ(NumberValue(row.text).has_value(), *row.json != '\0') << row.text;
+  }
+}
+
+TEST(NumberText, OfManyDigitsIsANumberUpToTheRangeOfADouble) {
+  EXPECT_TRUE(NumberValue(std::string(308, '9')).has_value());
+  EXPECT_FALSE(NumberValue(std::string(400, '9')).has_value());
+}
+
+TEST(NumberText, IsTheShortestThatGivesTheNumberAgain) {
+  EXPECT_EQ(ShortestNumber(1), "1");
+  EXPECT_EQ(ShortestNumber(-0.0), "0");
+  EXPECT_EQ(ShortestNumber(0.1), "0.1");
+  EXPECT_EQ(ShortestNumber(-2.5), "-2.5");
+  EXPECT_EQ(ShortestNumber(100000), "100000");
+  EXPECT_EQ(NumberValue(ShortestNumber(1e300)), 1e300);
+}
+
+}  // namespace
+}  // namespace standalone

@@ -1,0 +1,90 @@
+#include "host/dictionary.h"
+
+#include <cstdlib>
+
+#include "standalone/host/records.h"
+#include "standalone/host/session.h"
+
+using standalone::Session;
+using standalone::ValueLabel;
+using standalone::Variable;
+using standalone::VariableRecord;
+
+namespace {
+
+const VariableRecord& RecordOf(const void* record) {
+  return *static_cast<const VariableRecord*>(record);
+}
+
+Session& SessionOf(void* record) {
+  return *static_cast<Session*>(record);
+}
+
+template <typename IsValue>
+const char* FindLabel(const void* record, IsValue isValue) {
+  for (const ValueLabel& entry : static_cast<const Variable*>(record)->valueLabels) {
+    if (isValue(entry.value)) {
+      return entry.label.c_str();
+    }
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+ZEVA_Variable::ZEVA_Variable(void* record) : fRecord(record) {}
+
+const char* ZEVA_Variable::GetName() const {
+  return RecordOf(fRecord).variable.name.c_str();
+}
+
+int ZEVA_Variable::GetType() const {
+  return RecordOf(fRecord).variable.width;
+}
+
+const char* ZEVA_Variable::GetLabel() const {
+  const std::optional<std::string>& label = RecordOf(fRecord).variable.label;
+  return label ? label->c_str() : nullptr;
+}
+
+const ZEVA_VLImplPointer& ZEVA_Variable::GetValueLabels() const {
+  return RecordOf(fRecord).valueLabels;
+}
+
+// The variable is only read through the map; the handle's type has no constant pointer.
+ZEVA_ValueLabelMap::ZEVA_ValueLabelMap(const ZEVA_VLImplPointer& valueLabels)
+    : fRecord(const_cast<Variable*>(&valueLabels.Variable())) {}
+
+ZEVA_ValueLabelMap::~ZEVA_ValueLabelMap() = default;
+
+void ZEVA_ValueLabelMap::Reset() {}
+
+const char* ZEVA_ValueLabelMap::GetLabel(const double& value) const {
+  return FindLabel(fRecord, [&](const std::string& text) { return std::strtod(text.c_str(), nullptr) == value; });
+}
+
+const char* ZEVA_ValueLabelMap::GetLabel(const std::string& value) const {
+  return FindLabel(fRecord, [&](const std::string& text) { return text == value; });
+}
+
+ZEVA_DataSource::ZEVA_DataSource(void* record) : fRecord(record) {}
+
+ZEVA_DataSource* ZEVA_DataSource::GetParentSource() const {
+  return &SessionOf(fRecord).ParentSource();
+}
+
+int ZEVA_DataSource::ColumnCount() const {
+  return SessionOf(fRecord).Data().VariableCount();
+}
+
+const ZEVA_Variable* ZEVA_DataSource::GetVariable(int index) const {
+  return &SessionOf(fRecord).VariableAt(index).handle;
+}
+
+int ZEVA_DataSource::FindVarIndex(const char* name, int /*flags*/) const {
+  return SessionOf(fRecord).Data().FindVariable(name);
+}
+
+ProcedureDataSource::ProcedureDataSource() : ZEVA_DataSource(&Session::Current()) {}
+
+ProcedureDataSource::~ProcedureDataSource() = default;

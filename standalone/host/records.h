@@ -1,0 +1,65 @@
+#ifndef STANDALONE_HOST_RECORDS_H
+#define STANDALONE_HOST_RECORDS_H
+
+#include <cstdint>
+
+#include "host/dictionary.h"
+#include "host/output.h"
+#include "host/tokens.h"
+#include "standalone/data/dataset.h"
+
+/// The value labels of one variable, as host/ hands them out.
+class ZEVA_VLImplPointer {
+ public:
+  explicit ZEVA_VLImplPointer(const standalone::Variable& variable) : fVariable(variable) {}
+  const standalone::Variable& Variable() const { return fVariable; }
+
+ private:
+  const standalone::Variable& fVariable;
+};
+
+namespace standalone {
+
+class Session;
+
+/// One variable, with what host/ hands out of it.
+struct VariableRecord {
+  explicit VariableRecord(const Variable& source) : variable(source), valueLabels(source), handle(this) {}
+
+  const Variable& variable;
+  ZEVA_VLImplPointer valueLabels;
+  ZEVA_Variable handle;
+};
+
+/// The source with which a session's sets are kept. Like the procedure's own it stands for the session's dataset.
+class StoredDataSource final : public ZEVA_DataSource {
+ public:
+  explicit StoredDataSource(Session& session) : ZEVA_DataSource(&session) {}
+};
+
+/// The cursor of a token stream on the session's tokens.
+struct TokenCursor {
+  int position = -1;  ///< -1 before the first token
+};
+
+}  // namespace standalone
+
+/// The way from the objects of host/ to this host's records.
+class HostAccess {
+ public:
+  static standalone::TokenCursor& Cursor(const TokenSequenceBase& tokens) {
+    return *static_cast<standalone::TokenCursor*>(static_cast<const ZEVA_TokenSequence&>(tokens).fRecord);
+  }
+
+  template <typename Record>
+  static Record& RecordOf(const BpHandle& handle) {
+    return *reinterpret_cast<Record*>(handle.fHandle);
+  }
+
+  template <typename Handle, typename Record>
+  static Handle Make(Record* record) {
+    return Handle(reinterpret_cast<std::intptr_t>(record));
+  }
+};
+
+#endif  // STANDALONE_HOST_RECORDS_H

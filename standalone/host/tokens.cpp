@@ -1,0 +1,89 @@
+#include "host/tokens.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "standalone/host/records.h"
+#include "standalone/host/session.h"
+#include "standalone/language/keywords.h"
+#include "standalone/language/variable_list.h"
+#include "standalone/text/unicode.h"
+
+using standalone::Session;
+using standalone::Token;
+
+namespace {
+
+const Token& CurrentToken(const TokenSequenceBase& tokens) {
+  const std::vector<Token>& all = Session::Current().Tokens();
+  const int position = HostAccess::Cursor(tokens).position;
+  return position < 0 ? all.back() : all[static_cast<std::size_t>(position)];
+}
+
+int EndPosition() {
+  return static_cast<int>(Session::Current().Tokens().size()) - 1;
+}
+
+standalone::VariableLookup LookupIn(standalone::Dataset& dataset) {
+  return {[&dataset](const std::string& name) { return dataset.FindVariable(name); },
+          [&dataset](int position) { return dataset.VariableAt(position).name; }};
+}
+
+}  // namespace
+
+ZEVA_TokenSequence::ZEVA_TokenSequence(bool /*openCommand*/) : fRecord(new standalone::TokenCursor) {}
+
+ZEVA_TokenSequence::~ZEVA_TokenSequence() {
+  delete static_cast<standalone::TokenCursor*>(fRecord);
+}
+
+bool ZEVA_TokenSequence::Next() {
+  int& position = HostAccess::Cursor(*this).position;
+  position = std::min(position + 1, EndPosition());
+  return position < EndPosition();
+}
+
+int ZEVA_TokenSequence::Position() const {
+  return HostAccess::Cursor(*this).position;
+}
+
+void ZEVA_TokenSequence::SetPosition(int position) {
+  HostAccess::Cursor(*this).position = std::clamp(position, 0, EndPosition()) - 1;
+}
+
+TokenSequenceBase::TokenType ZEVA_TokenSequence::Type() const {
+  return CurrentToken(*this).type;
+}
+
+int ZEVA_TokenSequence::Symbol() const {
+  return CurrentToken(*this).symbol;
+}
+
+double ZEVA_TokenSequence::NumberValue() const {
+  return CurrentToken(*this).number;
+}
+
+std::string TokenString(const TokenSequenceBase& tokens) {
+  return CurrentToken(tokens).text;
+}
+
+std::string TokenStringCaps(const TokenSequenceBase& tokens) {
+  return standalone::ToUpper(CurrentToken(tokens).text);
+}
+
+int KeywordMatch(const char* token, const char* keyword) {
+  return standalone::NamesKeyword(token, keyword) ? 1 : 0;
+}
+
+bool ExistingVarList(const ZEVA_DataSource& /*dataSource*/, TokenSequenceBase& tokens, std::vector<int>& indices,
+                     int end) {
+  Session& session = Session::Current();
+  const auto begin = static_cast<std::size_t>(std::max(tokens.Position(), 0));
+  const auto last = static_cast<std::size_t>(std::clamp(end, 0, EndPosition()));
+  const std::optional<std::string> error =
+      ReadVariableList(session.Tokens(), begin, last, LookupIn(session.Data()), indices);
+  if (error) {
+    session.Issue(standalone::Message{standalone::Level::kError, *error});
+  }
+  return !error;
+}

@@ -1,0 +1,37 @@
+#include <fmt/format.h>
+
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+#include <iostream>
+#include <memory>
+
+#include "standalone/import/importer.h"
+#include "standalone/program/counted.h"
+#include "standalone/program/subcommands.h"
+
+namespace standalone {
+namespace {
+
+ExitStatus Import(const ImportRequest& request) {
+  const ImportSummary summary = ImportSurvey(request);
+  std::cerr << fmt::format("{}: {}, {}\n", request.datasetPath, Counted(summary.variables, "variable"),
+                           Counted(summary.cases, "case"));
+  return kSuccess;
+}
+
+}  // namespace
+
+Action DeclareImport(CLI::App& options) {
+  const auto request = std::make_shared<ImportRequest>();
+  options.add_option("--schema", request->codebookPath, "Codebook of the survey: Table Schema, JSON")
+      ->type_name("CODEBOOK");
+  options.add_flag("--replace", request->replace,
+                   "Replace the variables and cases of a dataset that exists; its sets are kept");
+  options.add_option("DATA", request->dataPath, "Survey: CSV, UTF-8, with a header row")->required()->type_name("");
+  options.add_option("DATASET", request->datasetPath, "Dataset file to make")->required()->type_name("");
+  options.footer("Example:\n  mrset import --schema survey.schema.json survey.csv survey.mrset\n");
+  return [request] { return Import(*request); };
+}
+
+}  // namespace standalone

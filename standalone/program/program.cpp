@@ -1,0 +1,98 @@
+#include "standalone/program/program.h"
+
+#include <fmt/format.h>
+
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+#include <array>
+#include <exception>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "standalone/program/exit_status.h"
+#include "standalone/program/subcommands.h"
+#include "standalone/text/visible.h"
+
+namespace standalone {
+namespace {
+
+constexpr std::array<Subcommand, 4> kSubcommands = {{
+    {"import", "Read a survey from CSV into a dataset", DeclareImport},
+    {"run", "Run commands on a dataset", DeclareRun},
+    {"sets", "List a dataset's multiple response sets", DeclareSets},
+    {"variables", "List a dataset's variables", DeclareVariables},
+}};
+
+constexpr const char* kExample =
+    "Example:\n"
+    "  mrset import --schema survey.schema.json survey.csv survey.mrset\n"
+    "  mrset run survey.mrset -c 'MRSET /MCGROUP NAME=$pets VARIABLES=pet1 TO pet3 /DISPLAY NAME=ALL'\n";
+
+void PrintError(const std::string& sentence) {
+  std::cerr << "mrset: " << Visible(sentence) << '\n';
+}
+
+/// The sentence for what CLI11 found wrong with the arguments.
+std::string UsageSentence(const CLI::App& app, const CLI::ParseError& error) {
+  if (const std::vector<std::string> unknown = app.remaining(); !unknown.empty()) {
+    return fmt::format("{} is neither a subcommand nor an option.", unknown.front());
+  }
+  const std::vector<CLI::App*> chosen = app.get_subcommands();
+  if (chosen.empty()) {
+    return "A subcommand is missing.";
+  }
+  if (const std::vector<std::string> extras = chosen.front()->remaining(); !extras.empty()) {
+    return fmt::format("{} is not expected by mrset {}.", extras.front(), chosen.front()->get_name());
+  }
+  return std::string(error.what()) + ".";
+}
+
+/// What CLI11 throws for --help and --version is no error; all else is wrong usage.
+int EndOfParse(const CLI::App& app, const CLI::ParseError& error) {
+  if (error.get_exit_code() == 0) {
+    return app.exit(error, std::cout, std::cerr);
+  }
+  PrintError(UsageSentence(app, error));
+  std::cerr << "Run \"mrset --help\" for the subcommands, \"mrset SUBCOMMAND --help\" for the options.\n";
+  return kUnusable;
+}
+
+int Perform(const Action& action) {
+  try {
+    const int status = action();
+    std::cout.flush();
+    if (!std::cout) {
+      PrintError("Standard output cannot be written.");
+      return kUnusable;
+    }
+    return status;
+  } catch (const std::exception& error) {
+    PrintError(error.what());
+    return kUnusable;
+  }
+}
+
+}  // namespace
+
+int RunProgram(int argc, const char* const* argv) {
+  CLI::App app("mrset defines, displays and deletes the multiple response sets of a survey.", "mrset");
+  app.set_version_flag("--version", "mrset " MRSET_VERSION);
+  app.set_help_flag("-h,--help", "Show this help");
+  app.require_subcommand(1);
+  app.footer(kExample);
+  Action chosen;
+  for (const Subcommand& subcommand : kSubcommands) {
+    CLI::App& options = *app.add_subcommand(subcommand.name, subcommand.description);
+    options.callback([action = subcommand.declare(options), &chosen] { chosen = action; });
+  }
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return EndOfParse(app, error);
+  }
+  return Perform(chosen);
+}
+
+}  // namespace standalone

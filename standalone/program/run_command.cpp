@@ -1,0 +1,106 @@
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+#include <algorithm>
+#include <iostream>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "standalone/output/renderer.h"
+#include "standalone/program/format_option.h"
+#include "standalone/program/subcommands.h"
+#include "standalone/program/terminal.h"
+#include "standalone/run/output_file.h"
+#include "standalone/run/script_source.h"
+#include "standalone/run/supervisor.h"
+
+namespace standalone {
+namespace {
+
+struct RunOptions {
+  std::string datasetPath;
+  std::string scriptPath;
+  std::vector<std::string> commands;
+  std::string format;
+  std::string outputPath;
+  bool dryRun = false;
+  bool stopOnError = false;
+};
+
+/// The commands of the script, then those of each -c.
+std::vector<ScriptCommand> ReadCommands(const RunOptions& options) {
+  std::vector<ScriptCommand> commands;
+  if (!options.scriptPath.empty()) {
+    commands = SplitScript(ReadScript(options.scriptPath));
+  }
+  for (const std::string& text : options.commands) {
+    const std::vector<ScriptCommand> more = SplitScript(text);
+    commands.insert(commands.end(), more.begin(), more.end());
+  }
+  return commands;
+}
+
+ExitStatus StatusOf(const CommandResult& result) {
+  switch (result.status) {
+    case Status::kOk:
+      return kSuccess;
+    case Status::kError:
+      return kErrors;
+    case Status::kAborted:
+      break;
+  }
+  return kAborted;
+}
+
+ExitStatus RunAndRender(const RunRequest& request, Renderer& renderer) {
+  ExitStatus status = kSuccess;
+  RunCommands(request, [&](const CommandResult& result) {
+    renderer.Write(result);
+    status = std::max(status, StatusOf(result));
+  });
+  return status;
+}
+
+std::unique_ptr<Renderer> MakeRenderer(const RunOptions& options, std::ostream& stream, std::size_t width) {
+  return options.format == kJsonFormat ? MakeJsonRenderer(stream) : MakeTextRenderer(stream, width);
+}
+
+ExitStatus Run(const RunOptions& options) {
+  if (options.scriptPath.empty() && options.commands.empty()) {
+    throw ScriptError(
+        "There is nothing to run: give a SCRIPT, - for commands on standard input, or -c with a command.");
+  }
+  const RunRequest request{options.datasetPath, ReadCommands(options), options.dryRun, options.stopOnError};
+  if (options.outputPath.empty()) {
+    return RunAndRender(request, *MakeRenderer(options, std::cout, OutputWidth()));
+  }
+  OutputFile file(options.outputPath);
+  const ExitStatus status = RunAndRender(request, *MakeRenderer(options, file.Stream(), kDefaultWidth));
+  file.Commit();
+  return status;
+}
+
+}  // namespace
+
+Action DeclareRun(CLI::App& app) {
+  const auto options = std::make_shared<RunOptions>();
+  app.add_option("DATASET", options->datasetPath, "Dataset file")->required()->type_name("");
+  app.add_option("SCRIPT", options->scriptPath, "File of commands; - for standard input")->type_name("");
+  app.add_option("-c,--command", options->commands,
+                 "A command to run, after those of SCRIPT; its final period may be left out")
+      ->type_name("COMMAND")
+      ->allow_extra_args(false);
+  AddFormatOption(app, options->format);
+  app.add_option("--output", options->outputPath, "Write the results to this file")->type_name("FILE");
+  app.add_flag("--dry-run", options->dryRun, "Show what the commands would do and leave the dataset as it is");
+  app.add_flag("--stop-on-error", options->stopOnError, "Run no command after one that fails");
+  app.footer(
+      "Exit status: 0 no error, 1 an error message, 2 wrong usage or an unusable file, 3 an aborted command.\n"
+      "Example:\n"
+      "  mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'\n");
+  return [options] { return Run(*options); };
+}
+
+}  // namespace standalone

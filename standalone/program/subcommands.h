@@ -1,0 +1,29 @@
+#ifndef STANDALONE_PROGRAM_SUBCOMMANDS_H
+#define STANDALONE_PROGRAM_SUBCOMMANDS_H
+
+#include <CLI/App.hpp>
+#include <functional>
+
+#include "standalone/program/exit_status.h"
+
+namespace standalone {
+
+/// What a subcommand does once its options are read. What it throws, derived from std::exception, is a sentence for the
+/// user.
+using Action = std::function<ExitStatus()>;
+
+/// One subcommand of the program.
+struct Subcommand {
+  const char* name;
+  const char* description;
+  Action (*declare)(CLI::App& options);  ///< declares the options; the action owns what they are read into
+};
+
+Action DeclareImport(CLI::App& options);
+Action DeclareRun(CLI::App& options);
+Action DeclareSets(CLI::App& options);
+Action DeclareVariables(CLI::App& options);
+
+}  // namespace standalone
+
+#endif  // STANDALONE_PROGRAM_SUBCOMMANDS_H

@@ -1,0 +1,16 @@
+#ifndef STANDALONE_PROGRAM_TERMINAL_H
+#define STANDALONE_PROGRAM_TERMINAL_H
+
+#include <cstddef>
+
+namespace standalone {
+
+/// Columns of a line where there is no terminal.
+inline constexpr std::size_t kDefaultWidth = 80;
+
+/// Columns of the terminal that standard output is, or kDefaultWidth where it is none.
+std::size_t OutputWidth();
+
+}  // namespace standalone
+
+#endif  // STANDALONE_PROGRAM_TERMINAL_H

@@ -1,0 +1,48 @@
+#ifndef STANDALONE_RUN_COMMAND_RUNNER_H
+#define STANDALONE_RUN_COMMAND_RUNNER_H
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "standalone/data/dataset.h"
+#include "standalone/host/session.h"
+#include "standalone/language/script.h"
+#include "standalone/run/events.h"
+#include "standalone/run/module.h"
+
+namespace standalone {
+
+/// Runs commands on a dataset in this process, one transaction each. A failed assertion of the module ends the process.
+class CommandRunner {
+ public:
+  using Tell = std::function<void(const Event&)>;
+
+  /// Opens the dataset. In a dry run nothing is written: commands find `dryRunSets`, or the stored sets where there are
+  /// none yet, and then what the command before them left. Throws DatasetError.
+  CommandRunner(const std::string& datasetPath, bool dryRun, std::optional<std::vector<StoredSet>> dryRunSets,
+                Tell tell);
+
+  /// Runs one command, telling all that it puts out and at last CommandDone. False when it put out an error. Throws
+  /// DatasetError and ModuleError.
+  bool Run(const ScriptCommand& command);
+
+ private:
+  void RunTokens(const std::vector<Token>& tokens);
+  bool TryRun(const std::vector<Token>& tokens, bool exclusive);
+  void TellItem(const Item& item);
+  void TellError(const std::string& sentence) { TellItem(Message{Level::kError, sentence}); }
+
+  Dataset fDataset;
+  bool fDryRun;
+  std::optional<std::vector<StoredSet>> fDryRunSets;
+  Tell fTell;
+  OutputSink fSink;
+  bool fHasError = false;         // of the command that runs
+  CommandEntry fMrset = nullptr;  // loaded by the first command that needs it
+};
+
+}  // namespace standalone
+
+#endif  // STANDALONE_RUN_COMMAND_RUNNER_H

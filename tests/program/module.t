@@ -1,0 +1,41 @@
+The module is found from the program's place, and MRSET_MODULE overrides that.
+
+  $ . "$TESTDIR/setup.sh"
+  $ small s.mrset
+  $ MRSET_MODULE=/no/such/module.so mrset run s.mrset -c 'MRSET /DISPLAY NAME=ALL'
+  mrset: The module /no/such/module.so cannot be loaded: /no/such/module.so: cannot open shared object file: No such file or directory.
+  [2]
+  $ echo nonsense > nonsense.so
+  $ MRSET_MODULE=nonsense.so mrset run s.mrset -c 'MRSET /DISPLAY NAME=ALL' 2>&1 | sed "s#$PWD#HERE#g"
+  mrset: The module nonsense.so cannot be loaded: HERE/nonsense.so: file too short.
+  [2]
+  $ MRSET_MODULE=$(ls -d /lib/*/libm.so.6) mrset run s.mrset -c 'MRSET /DISPLAY NAME=ALL' 2>&1 | sed -E "s#/lib/[^/]*/#LIB/#"
+  mrset: The file LIB/libm.so.6 is not an MRSET module: it has no entry point mrset_.
+  [2]
+
+It is loaded by the first command that needs it.
+
+  $ MRSET_MODULE=/no/such/module.so mrset run s.mrset -c 'OTHER'
+  1> OTHER
+  Error: Line 1: OTHER is not a command. The command here is MRSET.
+  [1]
+  $ MRSET_MODULE=/no/such/module.so mrset sets s.mrset
+  The dataset has no multiple response sets.
+
+The program copied elsewhere with its libraries.
+
+  $ build=$(dirname "$(dirname "$MRSET_PROGRAM")")
+  $ mkdir -p elsewhere/bin elsewhere/lib
+  $ cp "$build/bin/mrset" elsewhere/bin
+  $ cp -P "$build"/lib/*.so* elsewhere/lib
+  $ elsewhere/bin/mrset run s.mrset -c 'MRSET /DISPLAY NAME=ALL'
+  1> MRSET /DISPLAY NAME=ALL
+  Warning: No MRSET to display
+  $ mv elsewhere/lib/mrset.so elsewhere/bin
+  $ elsewhere/bin/mrset run s.mrset -c 'MRSET /DISPLAY NAME=ALL'
+  1> MRSET /DISPLAY NAME=ALL
+  Warning: No MRSET to display
+  $ rm elsewhere/bin/mrset.so
+  $ elsewhere/bin/mrset run s.mrset -c 'MRSET /DISPLAY NAME=ALL' 2>&1 | sed "s#$PWD#HERE#g"
+  mrset: The module mrset.so is neither beside the program in HERE/elsewhere/bin nor in its library folder; set MRSET_MODULE to its path.
+  [2]

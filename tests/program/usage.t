@@ -1,0 +1,122 @@
+Wrong use is told in one sentence, with exit status 2.
+
+  $ . "$TESTDIR/setup.sh"
+  $ mrset
+  mrset: A subcommand is missing.
+  Run "mrset --help" for the subcommands, "mrset SUBCOMMAND --help" for the options.
+  [2]
+  $ mrset frobnicate
+  mrset: frobnicate is neither a subcommand nor an option.
+  Run "mrset --help" for the subcommands, "mrset SUBCOMMAND --help" for the options.
+  [2]
+  $ mrset run
+  mrset: DATASET is required.
+  Run "mrset --help" for the subcommands, "mrset SUBCOMMAND --help" for the options.
+  [2]
+  $ mrset run x.mrset --formt json -c MRSET
+  mrset: --formt is not expected by mrset run.
+  Run "mrset --help" for the subcommands, "mrset SUBCOMMAND --help" for the options.
+  [2]
+  $ mrset run x.mrset --format xml -c MRSET
+  mrset: --format: xml is neither text nor json.
+  Run "mrset --help" for the subcommands, "mrset SUBCOMMAND --help" for the options.
+  [2]
+  $ mrset run x.mrset y.script z.script
+  mrset: z.script is not expected by mrset run.
+  Run "mrset --help" for the subcommands, "mrset SUBCOMMAND --help" for the options.
+  [2]
+  $ mrset import only.csv
+  mrset: DATASET is required.
+  Run "mrset --help" for the subcommands, "mrset SUBCOMMAND --help" for the options.
+  [2]
+  $ mrset sets
+  mrset: DATASET is required.
+  Run "mrset --help" for the subcommands, "mrset SUBCOMMAND --help" for the options.
+  [2]
+
+Help and version are results.
+
+  $ mrset --version
+  mrset 0.1.0
+  $ mrset --help
+  mrset defines, displays and deletes the multiple response sets of a survey.
+  Usage: mrset [OPTIONS] SUBCOMMAND
+  
+  Options:
+    --version                   Display program version information and exit
+    -h,--help                   Show this help
+  
+  Subcommands:
+    import                      Read a survey from CSV into a dataset
+    run                         Run commands on a dataset
+    sets                        List a dataset's multiple response sets
+    variables                   List a dataset's variables
+  
+  Example:
+    mrset import --schema survey.schema.json survey.csv survey.mrset
+    mrset run survey.mrset -c 'MRSET /MCGROUP NAME=$pets VARIABLES=pet1 TO pet3 /DISPLAY NAME=ALL'
+  
+  $ mrset import --help
+  Read a survey from CSV into a dataset
+  Usage: mrset import [OPTIONS] DATA DATASET
+  
+  Positionals:
+    DATA REQUIRED               Survey: CSV, UTF-8, with a header row
+    DATASET REQUIRED            Dataset file to make
+  
+  Options:
+    -h,--help                   Show this help
+    --schema CODEBOOK           Codebook of the survey: Table Schema, JSON
+    --replace                   Replace the variables and cases of a dataset that exists; its sets are kept
+  
+  Example:
+    mrset import --schema survey.schema.json survey.csv survey.mrset
+  
+  $ mrset run --help
+  Run commands on a dataset
+  Usage: mrset run [OPTIONS] DATASET [SCRIPT]
+  
+  Positionals:
+    DATASET REQUIRED            Dataset file
+    SCRIPT                      File of commands; - for standard input
+  
+  Options:
+    -h,--help                   Show this help
+    -c,--command COMMAND ...    A command to run, after those of SCRIPT; its final period may be left out
+    --format text|json          Form of the output: text for people, json for programs
+    --output FILE               Write the results to this file
+    --dry-run                   Show what the commands would do and leave the dataset as it is
+    --stop-on-error             Run no command after one that fails
+  
+  Exit status: 0 no error, 1 an error message, 2 wrong usage or an unusable file, 3 an aborted command.
+  Example:
+    mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
+  
+  $ mrset sets --help
+  List a dataset's multiple response sets
+  Usage: mrset sets [OPTIONS] DATASET
+  
+  Positionals:
+    DATASET REQUIRED            Dataset file
+  
+  Options:
+    -h,--help                   Show this help
+    --format text|json          Form of the output: text for people, json for programs
+  
+  Example:
+    mrset sets survey.mrset --format json
+  
+  $ mrset variables --help
+  List a dataset's variables
+  Usage: mrset variables [OPTIONS] DATASET
+  
+  Positionals:
+    DATASET REQUIRED            Dataset file
+  
+  Options:
+    -h,--help                   Show this help
+    --format text|json          Form of the output: text for people, json for programs
+  
+  Example:
+    mrset variables survey.mrset
+  

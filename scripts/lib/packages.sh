@@ -1,0 +1,31 @@
+# Debian packages that the project needs, and their installation. To be sourced.
+
+build_packages=(
+  g++ cmake ninja-build
+  libicu-dev libsqlite3-dev libcli11-dev nlohmann-json3-dev libfmt-dev libcsv-dev
+)
+
+test_packages=(
+  libgtest-dev libgmock-dev librapidcheck-dev
+  clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14
+  python3-cram sqlite3 binutils git
+)
+
+# Installs those of the named packages that are missing, as root or through sudo.
+install_packages() {
+  local package missing=() as_root=()
+  for package in "$@"; do
+    if ! dpkg-query --show --showformat='${db:Status-Status}' "$package" 2>/dev/null | grep -q '^installed$'; then
+      missing+=("$package")
+    fi
+  done
+  if [ ${#missing[@]} -eq 0 ]; then
+    return 0
+  fi
+  if [ "$(id -u)" -ne 0 ]; then
+    as_root=(sudo)
+  fi
+  echo "Installing: ${missing[*]}"
+  "${as_root[@]}" apt-get update -q
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -q --no-install-recommends "${missing[@]}"
+}

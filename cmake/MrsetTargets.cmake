@@ -25,6 +25,9 @@ option(MRSET_COVERAGE "Build for the measurement of coverage" OFF)
 if(MRSET_COVERAGE)
   target_compile_options(mrset_common INTERFACE --coverage -fprofile-abs-path -fprofile-update=atomic)
   target_link_options(mrset_common INTERFACE --coverage)
+  # Processes that do not end through exit() count too.
+  target_sources(mrset_common INTERFACE
+    "$<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>:${PROJECT_SOURCE_DIR}/tests/coverage/flush_counters.cpp>")
 endif()
 
 set(CMAKE_CXX_EXTENSIONS OFF)

@@ -1,11 +1,15 @@
+#include <fmt/format.h>
+
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 #include <algorithm>
+#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <optional>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include "standalone/output/renderer.h"
@@ -42,6 +46,20 @@ std::vector<ScriptCommand> ReadCommands(const RunOptions& options) {
   return commands;
 }
 
+bool IsSameFile(const std::string& first, const std::string& second) {
+  std::error_code notThere;
+  return std::filesystem::equivalent(first, second, notThere);
+}
+
+/// Results never take the place of what they come from.
+void CheckOutputPath(const RunOptions& options) {
+  for (const std::string& input : {options.datasetPath, options.scriptPath}) {
+    if (IsSameFile(options.outputPath, input)) {
+      throw OutputError(fmt::format("The output file {} is what the run reads; give another one.", options.outputPath));
+    }
+  }
+}
+
 ExitStatus StatusOf(const CommandResult& result) {
   switch (result.status) {
     case Status::kOk:
@@ -76,6 +94,7 @@ ExitStatus Run(const RunOptions& options) {
   if (options.outputPath.empty()) {
     return RunAndRender(request, *MakeRenderer(options, std::cout, OutputWidth()));
   }
+  CheckOutputPath(options);
   OutputFile file(options.outputPath);
   const ExitStatus status = RunAndRender(request, *MakeRenderer(options, file.Stream(), kDefaultWidth));
   file.Commit();

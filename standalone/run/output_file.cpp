@@ -9,10 +9,12 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
-#include <utility>
+#include <system_error>
 
 namespace standalone {
 namespace {
+
+namespace fs = std::filesystem;
 
 [[noreturn]] void ThrowCannotWrite(const std::string& path, const char* reason) {
   throw OutputError(fmt::format("The output file {} cannot be written: {}.", path, reason));
@@ -36,11 +38,30 @@ std::string MakeTemporaryFile(const std::string& path) {
   return name;
 }
 
+/// The path behind symbolic links, which stay: else the file would take the place of the link.
+std::string WhereLinksLead(const std::string& path) {
+  std::error_code leadsNowhere;
+  if (!fs::is_symlink(path)) {
+    return path;
+  }
+  const fs::path target = fs::canonical(path, leadsNowhere);
+  return leadsNowhere ? path : target.string();
+}
+
 }  // namespace
 
-OutputFile::OutputFile(std::string path) : fPath(std::move(path)) {
-  if (std::filesystem::is_directory(fPath)) {
+OutputFile::OutputFile(const std::string& path) : fPath(WhereLinksLead(path)) {
+  const fs::file_status status = fs::status(fPath);
+  if (fs::is_directory(status)) {
     ThrowCannotWrite(fPath, "it is a directory");
+  }
+  if (fs::exists(status) && !fs::is_regular_file(status)) {
+    errno = 0;
+    fStream.open(fPath, std::ios::binary);
+    if (!fStream) {
+      ThrowCannotWrite(fPath, std::strerror(errno));
+    }
+    return;
   }
   fTemporaryPath = MakeTemporaryFile(fPath);
   fStream.open(fTemporaryPath, std::ios::binary);
@@ -55,7 +76,8 @@ OutputFile::~OutputFile() {
 void OutputFile::Commit() {
   errno = 0;
   fStream.close();
-  if (!fStream || std::rename(fTemporaryPath.c_str(), fPath.c_str()) != 0) {
+  const bool inPlace = fStream && (fTemporaryPath.empty() || std::rename(fTemporaryPath.c_str(), fPath.c_str()) == 0);
+  if (!inPlace) {
     ThrowCannotWrite(fPath, errno == 0 ? "writing failed" : std::strerror(errno));
   }
   fTemporaryPath.clear();

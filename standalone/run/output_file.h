@@ -13,11 +13,12 @@ class OutputError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// A file that is complete or absent: what is written goes to a file beside it, which takes its place at the end.
+/// A file that is complete or absent: what is written goes to a file beside it, which takes its place at the end. What
+/// is no regular file, such as a pipe, is written as it is.
 class OutputFile {
  public:
   /// Begins to write; throws OutputError.
-  explicit OutputFile(std::string path);
+  explicit OutputFile(const std::string& path);
   OutputFile(const OutputFile&) = delete;
   OutputFile& operator=(const OutputFile&) = delete;
 
@@ -31,7 +32,7 @@ class OutputFile {
 
  private:
   std::string fPath;
-  std::string fTemporaryPath;
+  std::string fTemporaryPath;  // empty where there is none
   std::ofstream fStream;
 };
 

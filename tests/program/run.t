@@ -172,6 +172,25 @@ A dry run shows all of it, the later commands upon the earlier ones, and leaves 
   $half  dichotomy         0.5            q1
                                           q2
 
+What the run reads is never overwritten; a link leads on, and what is no plain file is written as it is.
+
+  $ mrset run s.mrset define.script --output s.mrset
+  mrset: The output file s.mrset is what the run reads; give another one.
+  [2]
+  $ mrset run s.mrset define.script --output ./define.script
+  mrset: The output file ./define.script is what the run reads; give another one.
+  [2]
+  $ ln -s linked.txt link && touch linked.txt
+  $ mrset run s.mrset --output link -c 'MRSET /DISPLAY NAME=[$none]' && head -1 linked.txt && test -L link
+  1> MRSET /DISPLAY NAME=[$none]
+  $ mrset run s.mrset --output /dev/stdout -c 'MRSET' | cat
+  1> MRSET
+  Error: No subcommand in MRSET command.
+  [1]
+  $ mrset run s.mrset --output /dev/full -c 'MRSET /DISPLAY NAME=[$none]'
+  mrset: The output file /dev/full cannot be written: No space left on device.
+  [2]
+
 A script without commands.
 
   $ printf '\n* nothing.\n' > empty.script

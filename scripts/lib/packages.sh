@@ -11,6 +11,9 @@ test_packages=(
   python3-cram sqlite3 binutils git
 )
 
+coverage_packages=(gcovr)
+valgrind_packages=(valgrind)
+
 # Installs those of the named packages that are missing, as root or through sudo.
 install_packages() {
   local package missing=() as_root=()

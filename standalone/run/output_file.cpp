@@ -40,18 +40,19 @@ std::string MakeTemporaryFile(const std::string& path) {
 
 /// The path behind symbolic links, which stay: else the file would take the place of the link.
 std::string WhereLinksLead(const std::string& path) {
-  std::error_code leadsNowhere;
-  if (!fs::is_symlink(path)) {
+  std::error_code error;
+  if (!fs::is_symlink(path, error)) {
     return path;
   }
-  const fs::path target = fs::canonical(path, leadsNowhere);
-  return leadsNowhere ? path : target.string();
+  const fs::path target = fs::canonical(path, error);
+  return error ? path : target.string();
 }
 
 }  // namespace
 
 OutputFile::OutputFile(const std::string& path) : fPath(WhereLinksLead(path)) {
-  const fs::file_status status = fs::status(fPath);
+  std::error_code error;
+  const fs::file_status status = fs::status(fPath, error);
   if (fs::is_directory(status)) {
     ThrowCannotWrite(fPath, "it is a directory");
   }

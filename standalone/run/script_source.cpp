@@ -8,6 +8,7 @@
 #include <fstream>
 #include <iostream>
 #include <iterator>
+#include <system_error>
 
 namespace standalone {
 namespace {
@@ -26,7 +27,8 @@ std::string ReadScript(const std::string& path) {
   if (path == "-") {
     return ReadAll(std::cin, "on standard input");
   }
-  if (std::filesystem::is_directory(path)) {
+  std::error_code error;
+  if (std::filesystem::is_directory(path, error)) {
     throw ScriptError(fmt::format("The script {} cannot be read: it is a directory.", path));
   }
   errno = 0;

@@ -167,6 +167,15 @@ TEST(MRSetParse, TakesNoOtherTokenWithTheCodeOfASlashForASlash) {
             (DriverOutcome{false, {}, {"error: Invalid MRSET subcommand. Found slash .."}}));
 }
 
+TEST(MRSetParse, NeverAsksTheHostWhetherATokenNamesAnEqualsSignOrASlash) {
+  Parsing parsing(
+      "MRSET /MDGROUP NAME=$a LABEL='A' LABELSOURCE=VARLABEL CATEGORYLABELS=COUNTEDVALUES VARIABLES=q1 q2 VALUE=1"
+      " /MCGROUP NAME=$b VARIABLES=q1 q2 LABEL='B' /DISPLAY NAME=[$a] /DELETE NAME=ALL");
+  EXPECT_TRUE(ParseAll(parsing).result);
+  EXPECT_EQ(parsing.Calls(R"(, "=") -> )"), Lines{});
+  EXPECT_EQ(parsing.Calls(R"(, "/") -> )"), Lines{});
+}
+
 TEST(MRSetParse, RefusesASecondSlash) {
   ExpectDriver({{"MRSET //DISPLAY NAME=ALL", {false, {}, {"error: Invalid MRSET subcommand. Found / .."}}},
                 {"MRSET /DELETE NAME=ALL //DISPLAY NAME=ALL",

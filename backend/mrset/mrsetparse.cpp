@@ -198,9 +198,9 @@ bool MRSetParseLessNoCase::operator()(const std::string& first, const std::strin
   return ZEVAMBstricmp_A(first.c_str(), second.c_str()) > 0;
 }
 
-// The blank in "std:: string" belongs to the expressions that are reported.
-// clang-format off
+// Where clang-format is off, the blank in "std:: string" belongs to the expressions that are reported.
 
+// clang-format off
 bool MRSetParse(ZEVA_TokenSequence& command, const ZEVA_DataSource& dataSource, MRSETSUBCOMMANDS& subcommands) {
   command.Next();
   assert(command.Type() == TokenSequenceBase::kString);
@@ -226,6 +226,7 @@ bool MRSetParse(ZEVA_TokenSequence& command, const ZEVA_DataSource& dataSource, 
   }
   return true;
 }
+// clang-format on
 
 bool ParseSubcommand(ZEVA_TokenSequence& command, const ZEVA_DataSource& dataSource, MRSetSubcommand& subcmd) {
   command.Next();
@@ -296,6 +297,7 @@ bool CheckNextToken(ZEVA_TokenSequence& command) {
   return ReportToken(command, "Unexpected token ^1 in this context");
 }
 
+// clang-format off
 bool ParseMRName(ZEVA_TokenSequence& command, std::string& name) {
   assert(IsTokenEqualWith(command, std:: string("NAME")));
   if (!ReadEquals(command, "NAME", kNoEqualsInAttribute)) {
@@ -472,7 +474,6 @@ bool ParseDelete(ZEVA_TokenSequence& command, MRSetSubcommand& subcmd) {
     return ParseNameKeyword(command, subcmd, "Unexpected ^1 keyword in DELETE subcommand.");
   });
 }
-
 // clang-format on
 
 bool ValidateMDGroup(MRSetSubcommand& subcmd, const ZEVA_DataSource& dataSource) {

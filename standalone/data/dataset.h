@@ -30,6 +30,9 @@ struct Variable {
   std::vector<ValueLabel> valueLabels;  ///< in the order of the codebook
 };
 
+/// Given to DatasetWriter in place of a width: that of the longest value in bytes, at least 1.
+inline constexpr int kWidthOfLongestValue = -1;
+
 enum class SetType { kCategory = 1, kDichotomy = 2 };
 
 /// One multiple response set as it is stored. Texts are UTF-8 without NUL.
@@ -101,7 +104,7 @@ class DatasetWriter {
   ~DatasetWriter();
 
   /// The dictionary; once, before the first case. Names are valid and differ without regard to case. A string variable
-  /// becomes as wide as its longest value where `width` is less.
+  /// of width kWidthOfLongestValue becomes as wide as its longest value.
   void SetVariables(const std::vector<Variable>& variables);
 
   /// One case: a cell for each variable. A cell of a numeric variable is a number as JSON writes it, or empty for

@@ -34,7 +34,7 @@ void CheckDestination(const std::string& path, bool replace) {
 void WriteVariable(Database& database, std::int64_t position, const Variable& variable) {
   const std::string key = ToUpper(variable.name);
   Query row(database, "INSERT INTO variable VALUES (?, ?, ?, ?, ?)");
-  row.Bind(position).Bind(variable.name).Bind(key).Bind(variable.width);
+  row.Bind(position).Bind(variable.name).Bind(key).Bind(std::max(variable.width, 0));
   (variable.label ? row.Bind(*variable.label) : row.BindNull()).Run();
   Query label(database, "INSERT INTO value_label VALUES (?, ?, ?, ?)");
   std::int64_t ordinal = 0;
@@ -75,11 +75,11 @@ class DatasetWriter::Implementation {
  private:
   struct Column {
     bool isNumeric;
-    std::size_t declaredWidth;
+    bool hasWidthOfLongest;
     std::size_t longest;
   };
 
-  void WidenVariables();
+  void WriteWidths();
   void FinishFile();
 
   std::string fPath;
@@ -106,7 +106,7 @@ void DatasetWriter::Implementation::SetVariables(const std::vector<Variable>& va
   fColumns.reserve(variables.size());
   for (const Variable& variable : variables) {
     WriteVariable(*fDatabase, static_cast<std::int64_t>(fColumns.size()), variable);
-    fColumns.push_back({variable.width == 0, static_cast<std::size_t>(variable.width), 1});
+    fColumns.push_back({variable.width == 0, variable.width == kWidthOfLongestValue, 1});
   }
 }
 
@@ -124,18 +124,18 @@ void DatasetWriter::Implementation::AddCase(const std::vector<std::string_view>&
   Query(*fDatabase, "INSERT INTO cases VALUES (?, ?)").Bind(fCaseCount++).Bind(fCells).Run();
 }
 
-void DatasetWriter::Implementation::WidenVariables() {
+void DatasetWriter::Implementation::WriteWidths() {
   Query update(*fDatabase, "UPDATE variable SET width = ? WHERE position = ?");
   for (std::size_t index = 0; index < fColumns.size(); ++index) {
     const Column& column = fColumns[index];
-    if (!column.isNumeric && column.declaredWidth < column.longest) {
+    if (column.hasWidthOfLongest) {
       update.Bind(static_cast<std::int64_t>(column.longest)).Bind(static_cast<std::int64_t>(index)).Run();
     }
   }
 }
 
 void DatasetWriter::Implementation::FinishFile() {
-  WidenVariables();
+  WriteWidths();
   Query(*fDatabase, "UPDATE meta SET variable_count = ?, case_count = ?")
       .Bind(static_cast<std::int64_t>(fColumns.size()))
       .Bind(fCaseCount)

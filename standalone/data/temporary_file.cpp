@@ -87,6 +87,23 @@ void TemporaryFile::PutInPlace() {
     FailToWrite(fDestination, errno);
   }
   fPath.clear();
+  SyncFolder();
+}
+
+void TemporaryFile::Replace() {
+  struct stat replaced = {};
+  if (stat(fDestination.c_str(), &replaced) == 0) {
+    chmod(fPath.c_str(), replaced.st_mode & 07777);
+  }
+  Sync(fPath, O_RDWR, fDestination);
+  if (rename(fPath.c_str(), fDestination.c_str()) != 0) {
+    FailToWrite(fDestination, errno);
+  }
+  fPath.clear();
+  SyncFolder();
+}
+
+void TemporaryFile::SyncFolder() const {
   Sync(FolderOf(fDestination), O_RDONLY | O_DIRECTORY, fDestination);
 }
 

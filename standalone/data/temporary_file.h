@@ -20,7 +20,12 @@ class TemporaryFile {
   /// an error says that it exists already. No descriptor of the file may be open that holds a lock.
   void PutInPlace();
 
+  /// The same, but takes the place of a file that has that name, and its permissions.
+  void Replace();
+
  private:
+  void SyncFolder() const;
+
   std::string fDestination;
   std::string fPath;  // empty once in place
 };

@@ -43,10 +43,19 @@ std::size_t LineOfByte(const std::string& text, std::size_t byte) {
   return 1 + static_cast<std::size_t>(std::count(text.begin(), end, '\n'));
 }
 
+/// A codebook nests a handful of levels; what nests without end must not exhaust the stack of whoever walks through it.
+constexpr int kDeepestLevel = 64;
+
 Json ParseJson(const std::string& path) {
   const std::string text = ReadAll(path);
+  const auto checkDepth = [&path](int depth, Json::parse_event_t, Json&) {
+    if (depth > kDeepestLevel) {
+      throw ImportError(fmt::format("{} is nested deeper than {} levels.", path, kDeepestLevel));
+    }
+    return true;
+  };
   try {
-    return Json::parse(text);
+    return Json::parse(text, checkDepth);
   } catch (const Json::parse_error& error) {
     const std::size_t before = error.byte == 0 ? 0 : error.byte - 1;
     throw ImportError(

@@ -85,7 +85,9 @@ void Column::Settle() {
 Variable Column::ToVariable() const {
   Variable variable;
   variable.name = fField.name;
-  variable.width = fField.type == FieldType::kString ? static_cast<int>(fField.maxLength.value_or(1)) : 0;
+  if (fField.type == FieldType::kString) {
+    variable.width = fField.maxLength ? static_cast<int>(*fField.maxLength) : kWidthOfLongestValue;
+  }
   variable.label = fField.title;
   variable.valueLabels = fField.categories;
   return variable;

@@ -25,7 +25,7 @@ class Column {
   /// without loss, so without leading zeros or a plus sign; string otherwise, and where all are blank.
   void Settle();
 
-  /// The variable; of a string without maxLength, with a width that the writer is to widen.
+  /// The variable; of a string without maxLength, with the width of its longest value.
   Variable ToVariable() const;
 
   /// Turns a cell into what DatasetWriter::AddCase() takes, valid until the next call. Otherwise says what is wrong

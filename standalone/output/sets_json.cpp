@@ -16,18 +16,6 @@ Json ToJson(const StoredSet& set) {
           {"variables", set.variables}};
 }
 
-StoredSet SetFromJson(const Json& json) {
-  StoredSet set;
-  set.name = json.at("name");
-  set.type = json.at("type") == kDichotomy ? SetType::kDichotomy : SetType::kCategory;
-  set.label = json.at("label");
-  set.countedValue = json.at("countedValue");
-  set.labelFromVariable = json.at("labelFromVariable");
-  set.categoryLabelsFromCountedValue = json.at("categoryLabelsFromCountedValue");
-  set.variables = json.at("variables").get<std::vector<std::string>>();
-  return set;
-}
-
 }  // namespace
 
 Json ToJson(const std::vector<StoredSet>& sets) {
@@ -36,14 +24,6 @@ Json ToJson(const std::vector<StoredSet>& sets) {
     array.push_back(ToJson(set));
   }
   return array;
-}
-
-std::vector<StoredSet> SetsFromJson(const Json& json) {
-  std::vector<StoredSet> sets;
-  for (const Json& set : json) {
-    sets.push_back(SetFromJson(set));
-  }
-  return sets;
 }
 
 Json ToJson(const Variable& variable) {

@@ -8,9 +8,8 @@
 
 namespace standalone {
 
-/// Sets in the documented form, an array, and back. SetsFromJson throws nlohmann::json::exception for anything else.
+/// Sets in the documented form, an array.
 Json ToJson(const std::vector<StoredSet>& sets);
-std::vector<StoredSet> SetsFromJson(const Json& json);
 
 /// A variable in the documented form.
 Json ToJson(const Variable& variable);

@@ -9,13 +9,14 @@
 #include "standalone/import/importer.h"
 #include "standalone/program/counted.h"
 #include "standalone/program/subcommands.h"
+#include "standalone/text/visible.h"
 
 namespace standalone {
 namespace {
 
 ExitStatus Import(const ImportRequest& request) {
   const ImportSummary summary = ImportSurvey(request);
-  std::cerr << fmt::format("{}: {}, {}\n", request.datasetPath, Counted(summary.variables, "variable"),
+  std::cerr << fmt::format("{}: {}, {}\n", Visible(request.datasetPath), Counted(summary.variables, "variable"),
                            Counted(summary.cases, "case"));
   return kSuccess;
 }

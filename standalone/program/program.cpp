@@ -1,6 +1,8 @@
 #include "standalone/program/program.h"
 
+#include <fcntl.h>
 #include <fmt/format.h>
+#include <unistd.h>
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
@@ -61,22 +63,24 @@ int EndOfParse(const CLI::App& app, const CLI::ParseError& error) {
 
 int Perform(const Action& action) {
   try {
-    const int status = action();
-    std::cout.flush();
-    if (!std::cout) {
-      PrintError("Standard output cannot be written.");
-      return kUnusable;
-    }
-    return status;
+    return action();
   } catch (const std::exception& error) {
     PrintError(error.what());
     return kUnusable;
   }
 }
 
-}  // namespace
+/// A descriptor that is closed would be given to the next file that is opened, which then took in the results or
+/// errors.
+void OccupyStandardDescriptors() {
+  for (int descriptor = STDIN_FILENO; descriptor <= STDERR_FILENO; ++descriptor) {
+    if (fcntl(descriptor, F_GETFD) == -1) {
+      open("/dev/null", O_RDONLY);  // gets the lowest number that is free; cannot be written, as one that is closed
+    }
+  }
+}
 
-int RunProgram(int argc, const char* const* argv) {
+int ParseAndPerform(int argc, const char* const* argv) {
   CLI::App app("mrset defines, displays and deletes the multiple response sets of a survey.", "mrset");
   app.set_version_flag("--version", "mrset " MRSET_VERSION);
   app.set_help_flag("-h,--help", "Show this help");
@@ -93,6 +97,19 @@ int RunProgram(int argc, const char* const* argv) {
     return EndOfParse(app, error);
   }
   return Perform(chosen);
+}
+
+}  // namespace
+
+int RunProgram(int argc, const char* const* argv) {
+  OccupyStandardDescriptors();
+  const int status = ParseAndPerform(argc, argv);
+  std::cout.flush();
+  if (!std::cout) {
+    PrintError("Standard output cannot be written.");
+    return kUnusable;
+  }
+  return status;
 }
 
 }  // namespace standalone

@@ -25,10 +25,10 @@ namespace {
 
 struct RunOptions {
   std::string datasetPath;
-  std::string scriptPath;
+  std::optional<std::string> scriptPath;
   std::vector<std::string> commands;
   std::string format;
-  std::string outputPath;
+  std::optional<std::string> outputPath;
   bool dryRun = false;
   bool stopOnError = false;
 };
@@ -36,8 +36,8 @@ struct RunOptions {
 /// The commands of the script, then those of each -c.
 std::vector<ScriptCommand> ReadCommands(const RunOptions& options) {
   std::vector<ScriptCommand> commands;
-  if (!options.scriptPath.empty()) {
-    commands = SplitScript(ReadScript(options.scriptPath));
+  if (options.scriptPath) {
+    commands = SplitScript(ReadScript(*options.scriptPath));
   }
   for (const std::string& text : options.commands) {
     const std::vector<ScriptCommand> more = SplitScript(text);
@@ -52,11 +52,9 @@ bool IsSameFile(const std::string& first, const std::string& second) {
 }
 
 /// Results never take the place of what they come from.
-void CheckOutputPath(const RunOptions& options) {
-  for (const std::string& input : {options.datasetPath, options.scriptPath}) {
-    if (IsSameFile(options.outputPath, input)) {
-      throw OutputError(fmt::format("The output file {} is what the run reads; give another one.", options.outputPath));
-    }
+void CheckOutputPath(const RunOptions& options, const std::string& outputPath) {
+  if (IsSameFile(outputPath, options.datasetPath) || IsSameFile(outputPath, options.scriptPath.value_or(""))) {
+    throw OutputError(fmt::format("The output file {} is what the run reads; give another one.", outputPath));
   }
 }
 
@@ -86,16 +84,16 @@ std::unique_ptr<Renderer> MakeRenderer(const RunOptions& options, std::ostream& 
 }
 
 ExitStatus Run(const RunOptions& options) {
-  if (options.scriptPath.empty() && options.commands.empty()) {
+  if (!options.scriptPath && options.commands.empty()) {
     throw ScriptError(
         "There is nothing to run: give a SCRIPT, - for commands on standard input, or -c with a command.");
   }
   const RunRequest request{options.datasetPath, ReadCommands(options), options.dryRun, options.stopOnError};
-  if (options.outputPath.empty()) {
+  if (!options.outputPath) {
     return RunAndRender(request, *MakeRenderer(options, std::cout, OutputWidth()));
   }
-  CheckOutputPath(options);
-  OutputFile file(options.outputPath);
+  CheckOutputPath(options, *options.outputPath);
+  OutputFile file(*options.outputPath);
   const ExitStatus status = RunAndRender(request, *MakeRenderer(options, file.Stream(), kDefaultWidth));
   file.Commit();
   return status;

@@ -21,6 +21,13 @@ bool NamesMrset(const Token& token) {
   return token.type == TokenSequenceBase::kString && NamesKeyword(ToUpper(token.text), kMrset);
 }
 
+/// A text short enough to be quoted in a sentence.
+std::string Shortened(const std::string& text) {
+  constexpr std::size_t kQuotedBytes = 60;
+  const std::string_view beginning = PrefixOfWholeCharacters(text, kQuotedBytes);
+  return fmt::format("{}{}", beginning, beginning.size() < text.size() ? "..." : "");
+}
+
 int LineAt(const ScriptCommand& command, std::size_t offset) {
   const auto begin = command.text.begin();
   const auto end = begin + static_cast<std::ptrdiff_t>(std::min(offset, command.text.size()));
@@ -29,27 +36,26 @@ int LineAt(const ScriptCommand& command, std::size_t offset) {
 
 }  // namespace
 
-CommandRunner::CommandRunner(const std::string& datasetPath, bool dryRun,
-                             std::optional<std::vector<StoredSet>> dryRunSets, Tell tell)
-    : fDataset(datasetPath), fDryRun(dryRun), fDryRunSets(std::move(dryRunSets)), fTell(std::move(tell)) {
+CommandRunner::CommandRunner(const std::string& datasetPath, bool dryRun, Tell tell)
+    : fDataset(datasetPath), fDryRun(dryRun), fTell(std::move(tell)) {
   fSink.procedure = [this](const std::string& title) { fTell(ProcedureOpened{title}); };
   fSink.item = [this](const Item& item) { TellItem(item); };
 }
 
-bool CommandRunner::Run(const ScriptCommand& command) {
+bool CommandRunner::Run(const ScriptCommand& command, std::size_t index) {
   fHasError = false;
   try {
     const std::vector<Token> tokens = Tokenize(command.text);
     if (NamesMrset(tokens.front())) {
       RunTokens(tokens);
     } else {
-      TellError(fmt::format("Line {}: {} is not a command. The command here is {}.", command.line, tokens.front().text,
-                            kMrset));
+      TellError(fmt::format("Line {}: {} is not a command. The command here is {}.", command.line,
+                            Shortened(tokens.front().text), kMrset));
     }
   } catch (const TokenizerError& error) {
     TellError(fmt::format("Line {}: {}", LineAt(command, error.Offset()), error.what()));
   }
-  fTell(CommandDone{fDryRunSets});
+  fTell(CommandDone{index});
   return !fHasError;
 }
 

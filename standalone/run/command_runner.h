@@ -19,14 +19,13 @@ class CommandRunner {
  public:
   using Tell = std::function<void(const Event&)>;
 
-  /// Opens the dataset. In a dry run nothing is written: commands find `dryRunSets`, or the stored sets where there are
-  /// none yet, and then what the command before them left. Throws DatasetError.
-  CommandRunner(const std::string& datasetPath, bool dryRun, std::optional<std::vector<StoredSet>> dryRunSets,
-                Tell tell);
+  /// Opens the dataset. In a dry run nothing is written, and each command finds the sets that the one before it left.
+  /// Throws DatasetError.
+  CommandRunner(const std::string& datasetPath, bool dryRun, Tell tell);
 
-  /// Runs one command, telling all that it puts out and at last CommandDone. False when it put out an error. Throws
-  /// DatasetError and ModuleError.
-  bool Run(const ScriptCommand& command);
+  /// Runs one command, telling all that it puts out and at last CommandDone with its index. False when it put out an
+  /// error. Throws DatasetError and ModuleError.
+  bool Run(const ScriptCommand& command, std::size_t index);
 
  private:
   void RunTokens(const std::vector<Token>& tokens);
@@ -36,7 +35,7 @@ class CommandRunner {
 
   Dataset fDataset;
   bool fDryRun;
-  std::optional<std::vector<StoredSet>> fDryRunSets;
+  std::optional<std::vector<StoredSet>> fDryRunSets;  // none before a command saved
   Tell fTell;
   OutputSink fSink;
   bool fHasError = false;         // of the command that runs

@@ -1,7 +1,6 @@
 #include "standalone/run/events.h"
 
 #include "standalone/output/json.h"
-#include "standalone/output/sets_json.h"
 
 namespace standalone {
 namespace {
@@ -12,17 +11,9 @@ struct ToEventJson {
   Json operator()(const ProcedureOpened& event) const { return {{"procedure", event.title}}; }
   Json operator()(const ItemIssued& event) const { return {{"item", ToJson(event.item)}}; }
   Json operator()(const CommandRestarted&) const { return {{"restarted", true}}; }
-  Json operator()(const CommandDone& event) const { return {{"done", event.sets ? ToJson(*event.sets) : Json()}}; }
+  Json operator()(const CommandDone& event) const { return {{"done", event.command}}; }
   Json operator()(const RunFailed& event) const { return {{"failed", event.sentence}}; }
 };
-
-CommandDone DoneFromJson(const Json& sets) {
-  CommandDone done;
-  if (!sets.is_null()) {
-    done.sets = SetsFromJson(sets);
-  }
-  return done;
-}
 
 }  // namespace
 
@@ -45,7 +36,7 @@ Event EventFromLine(const std::string& line) {
     return CommandRestarted{};
   }
   if (kind == "done") {
-    return DoneFromJson(value);
+    return CommandDone{value};
   }
   return RunFailed{value};
 }

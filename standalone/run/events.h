@@ -1,12 +1,10 @@
 #ifndef STANDALONE_RUN_EVENTS_H
 #define STANDALONE_RUN_EVENTS_H
 
-#include <optional>
+#include <cstddef>
 #include <string>
 #include <variant>
-#include <vector>
 
-#include "standalone/data/dataset.h"
 #include "standalone/output/items.h"
 
 namespace standalone {
@@ -24,9 +22,9 @@ struct ItemIssued {
 /// The command begins anew: what it has told so far does not count.
 struct CommandRestarted {};
 
-/// The command came to its end. `sets` are those that a dry run leaves to the commands after it.
+/// The command with this index came to its end, and what it saved is on the disk.
 struct CommandDone {
-  std::optional<std::vector<StoredSet>> sets;
+  std::size_t command = 0;
 };
 
 /// No command can be run any more; a sentence.

@@ -5,37 +5,32 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <iostream>
 #include <system_error>
+
+#include "standalone/data/dataset.h"
 
 namespace standalone {
 namespace {
 
 namespace fs = std::filesystem;
 
-[[noreturn]] void ThrowCannotWrite(const std::string& path, const char* reason) {
+[[noreturn]] void ThrowCannotWrite(const std::string& path, const std::string& reason) {
   throw OutputError(fmt::format("The output file {} cannot be written: {}.", path, reason));
 }
 
-mode_t CurrentUmask() {
-  const mode_t mask = umask(0);
-  umask(mask);
-  return mask;
+bool IsOpenAs(int descriptor, const std::string& path) {
+  struct stat named = {};
+  struct stat opened = {};
+  return stat(path.c_str(), &named) == 0 && fstat(descriptor, &opened) == 0 && named.st_dev == opened.st_dev &&
+         named.st_ino == opened.st_ino;
 }
 
-/// Makes an empty file beside `path`, with the rights that a new file has, and returns its path.
-std::string MakeTemporaryFile(const std::string& path) {
-  std::string name = path + ".XXXXXX";
-  const int descriptor = mkstemp(name.data());
-  if (descriptor < 0) {
-    ThrowCannotWrite(path, std::strerror(errno));
-  }
-  fchmod(descriptor, static_cast<mode_t>(0666) & ~CurrentUmask());
-  close(descriptor);
-  return name;
+/// The stream of this program that the path names, as /dev/stdout does; null when it names none.
+std::ostream* OwnStreamAt(const std::string& path) {
+  return IsOpenAs(STDOUT_FILENO, path) ? &std::cout : IsOpenAs(STDERR_FILENO, path) ? &std::cerr : nullptr;
 }
 
 /// The path behind symbolic links, which stay: else the file would take the place of the link.
@@ -45,43 +40,58 @@ std::string WhereLinksLead(const std::string& path) {
     return path;
   }
   const fs::path target = fs::canonical(path, error);
-  return error ? path : target.string();
+  if (error) {
+    ThrowCannotWrite(path, "it is a link that leads nowhere");
+  }
+  return target.string();
 }
 
 }  // namespace
 
-OutputFile::OutputFile(const std::string& path) : fPath(WhereLinksLead(path)) {
-  std::error_code error;
-  const fs::file_status status = fs::status(fPath, error);
-  if (fs::is_directory(status)) {
-    ThrowCannotWrite(fPath, "it is a directory");
-  }
-  if (fs::exists(status) && !fs::is_regular_file(status)) {
-    errno = 0;
-    fStream.open(fPath, std::ios::binary);
-    if (!fStream) {
-      ThrowCannotWrite(fPath, std::strerror(errno));
-    }
+OutputFile::OutputFile(const std::string& path) : fPath(path) {
+  if (std::ostream* own = OwnStreamAt(path)) {
+    fStream = own;
     return;
   }
-  fTemporaryPath = MakeTemporaryFile(fPath);
-  fStream.open(fTemporaryPath, std::ios::binary);
+  const std::string target = WhereLinksLead(path);
+  std::error_code error;
+  const fs::file_status status = fs::status(target, error);
+  if (fs::is_directory(status)) {
+    ThrowCannotWrite(path, "it is a directory");
+  }
+  if (fs::exists(status) && !fs::is_regular_file(status)) {
+    OpenAsItIs();
+  } else {
+    OpenBesideIt(target);
+  }
 }
 
-OutputFile::~OutputFile() {
-  if (!fTemporaryPath.empty()) {
-    std::remove(fTemporaryPath.c_str());
+void OutputFile::OpenBesideIt(const std::string& target) {
+  try {
+    fTemporary = std::make_unique<TemporaryFile>(target);
+  } catch (const DatasetError&) {
+    ThrowCannotWrite(fPath, std::strerror(errno));
+  }
+  fFile.open(fTemporary->Path(), std::ios::binary);
+}
+
+void OutputFile::OpenAsItIs() {
+  fFile.open(fPath, std::ios::binary);
+  if (!fFile) {
+    ThrowCannotWrite(fPath, std::strerror(errno));
   }
 }
 
 void OutputFile::Commit() {
   errno = 0;
-  fStream.close();
-  const bool inPlace = fStream && (fTemporaryPath.empty() || std::rename(fTemporaryPath.c_str(), fPath.c_str()) == 0);
-  if (!inPlace) {
+  fStream->flush();
+  if (!*fStream) {
     ThrowCannotWrite(fPath, errno == 0 ? "writing failed" : std::strerror(errno));
   }
-  fTemporaryPath.clear();
+  if (fTemporary) {
+    fFile.close();
+    fTemporary->Replace();
+  }
 }
 
 }  // namespace standalone

@@ -2,8 +2,12 @@
 #define STANDALONE_RUN_OUTPUT_FILE_H
 
 #include <fstream>
+#include <memory>
+#include <ostream>
 #include <stdexcept>
 #include <string>
+
+#include "standalone/data/temporary_file.h"
 
 namespace standalone {
 
@@ -14,7 +18,7 @@ class OutputError : public std::runtime_error {
 };
 
 /// A file that is complete or absent: what is written goes to a file beside it, which takes its place at the end. What
-/// is no regular file, such as a pipe, is written as it is.
+/// is no regular file, such as a pipe, is written as it is; so is the program's own standard output or error.
 class OutputFile {
  public:
   /// Begins to write; throws OutputError.
@@ -22,18 +26,19 @@ class OutputFile {
   OutputFile(const OutputFile&) = delete;
   OutputFile& operator=(const OutputFile&) = delete;
 
-  /// Without Commit(), what stood at the path stays.
-  ~OutputFile();
+  std::ostream& Stream() { return *fStream; }
 
-  std::ostream& Stream() { return fStream; }
-
-  /// Puts the file in place; throws OutputError.
+  /// Puts the file in place; without it what stood at the path stays. Throws OutputError.
   void Commit();
 
  private:
-  std::string fPath;
-  std::string fTemporaryPath;  // empty where there is none
-  std::ofstream fStream;
+  void OpenBesideIt(const std::string& target);
+  void OpenAsItIs();
+
+  std::string fPath;  // as the user gave it
+  std::unique_ptr<TemporaryFile> fTemporary;
+  std::ofstream fFile;
+  std::ostream* fStream = &fFile;
 };
 
 }  // namespace standalone

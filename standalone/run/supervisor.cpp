@@ -4,32 +4,57 @@
 #include <iostream>
 #include <memory>
 #include <optional>
+#include <set>
 #include <utility>
 
 #include "standalone/data/dataset.h"
 #include "standalone/run/command_runner.h"
 #include "standalone/run/worker.h"
+#include "standalone/text/visible.h"
 
 namespace standalone {
 namespace {
 
-using Tell = std::function<void(const Event&)>;
+/// Runs the commands from `first` on, in the worker's process. The sets that a dry run has come to are lost with the
+/// process that ended, so its commands run again, unheard and without those that were aborted.
+class Work {
+ public:
+  Work(const RunRequest& request, std::size_t first, const std::set<std::size_t>& aborted, const Worker::Tell& tell)
+      : fRequest(request), fFirst(first), fAborted(aborted), fTell(tell) {}
 
-/// Runs the commands from `first` on, in the worker's process.
-void Work(const RunRequest& request, std::size_t first, const std::optional<std::vector<StoredSet>>& dryRunSets,
-          const Tell& tell) {
-  try {
-    CommandRunner runner(request.datasetPath, request.dryRun, dryRunSets, tell);
-    for (std::size_t index = first; index < request.commands.size(); ++index) {
-      const bool succeeded = runner.Run(request.commands[index]);
-      if (request.stopOnError && !succeeded) {
+  void operator()() const {
+    try {
+      RunAll();
+    } catch (const std::exception& error) {
+      fTell(RunFailed{error.what()});
+    }
+  }
+
+ private:
+  void RunAll() const {
+    bool isHeard = false;
+    CommandRunner runner(fRequest.datasetPath, fRequest.dryRun, [&](const Event& event) {
+      if (isHeard) {
+        fTell(event);
+      }
+    });
+    for (std::size_t index = fRequest.dryRun ? 0 : fFirst; index < fRequest.commands.size(); ++index) {
+      isHeard = index >= fFirst;
+      if (fAborted.count(index) != 0) {
+        continue;
+      }
+      const bool succeeded = runner.Run(fRequest.commands[index], index);
+      if (fRequest.stopOnError && !succeeded) {
         return;  // here, since this process does not wait for the other one
       }
     }
-  } catch (const std::exception& error) {
-    tell(RunFailed{error.what()});
   }
-}
+
+  const RunRequest& fRequest;
+  std::size_t fFirst;
+  const std::set<std::size_t>& fAborted;
+  const Worker::Tell& fTell;
+};
 
 class Supervisor {
  public:
@@ -38,21 +63,16 @@ class Supervisor {
   /// The result of the command at `index`; commands are asked for in their order.
   CommandResult Result(std::size_t index) {
     if (!fWorker) {
-      fWorker = std::make_unique<Worker>([&](const Tell& tell) { Work(fRequest, index, fDryRunSets, tell); });
+      fWorker = std::make_unique<Worker>([&](const Worker::Tell& tell) { Work(fRequest, index, fAborted, tell)(); });
     }
-    CommandResult result;
-    result.number = index + 1;
-    result.line = fRequest.commands[index].line;
-    result.text = fRequest.commands[index].text;
+    CommandResult result = Begin(index);
     while (const std::optional<Event> event = fWorker->Receive()) {
-      if (const auto* done = std::get_if<CommandDone>(&*event)) {
-        fDryRunSets = done->sets;
+      if (std::holds_alternative<CommandDone>(*event)) {
         return result;
       }
-      std::visit([&](const auto& told) { Take(told, result); }, *event);
+      Take(*event, result);
     }
-    Abort(result);
-    return result;
+    return ResultOfEndedWorker(index);
   }
 
   /// Lets the worker end, and passes on what it wrote to standard error.
@@ -63,39 +83,54 @@ class Supervisor {
     while (fWorker->Receive()) {
     }
     if (const std::string words = fWorker->LastWords(); !words.empty()) {
-      std::cerr << words << '\n';
+      std::cerr << Visible(words) << '\n';
     }
   }
 
  private:
-  void Take(const ProcedureOpened& event, CommandResult& result) { result.procedure = event.title; }
+  CommandResult Begin(std::size_t index) const {
+    CommandResult result;
+    result.number = index + 1;
+    result.line = fRequest.commands[index].line;
+    result.text = fRequest.commands[index].text;
+    return result;
+  }
 
-  void Take(const ItemIssued& event, CommandResult& result) {
-    if (IsErrorMessage(event.item)) {
-      result.status = Status::kError;
+  static void Take(const Event& event, CommandResult& result) {
+    if (const auto* procedure = std::get_if<ProcedureOpened>(&event)) {
+      result.procedure = procedure->title;
+    } else if (const auto* issued = std::get_if<ItemIssued>(&event)) {
+      result.status = IsErrorMessage(issued->item) ? Status::kError : result.status;
+      result.items.push_back(issued->item);
+    } else if (const auto* failed = std::get_if<RunFailed>(&event)) {
+      throw RunError(failed->sentence);
     }
-    result.items.push_back(event.item);
   }
 
-  void Take(const CommandRestarted&, CommandResult& result) {
-    result.procedure.reset();
-    result.items.clear();
-    result.status = Status::kOk;
-  }
-
-  void Take(const CommandDone&, CommandResult&) {}
-
-  [[noreturn]] void Take(const RunFailed& event, CommandResult&) { throw RunError(event.sentence); }
-
-  void Abort(CommandResult& result) {
+  /// A command whose process ended is aborted, unless it had come to its end already.
+  CommandResult ResultOfEndedWorker(std::size_t index) {
+    const std::unique_ptr<Worker> ended = std::move(fWorker);
+    CommandResult result = Begin(index);
+    for (const Event& event : ended->EventsOfLastCommand()) {
+      const auto* done = std::get_if<CommandDone>(&event);
+      if (done != nullptr && done->command == index) {
+        return result;
+      }
+      if (done != nullptr) {
+        result = Begin(index);  // that was the command before
+        continue;
+      }
+      Take(event, result);
+    }
+    fAborted.insert(index);
     result.status = Status::kAborted;
-    result.items.push_back(Message{Level::kFatal, fWorker->LastWords()});
-    fWorker.reset();
+    result.items.push_back(Message{Level::kFatal, ended->LastWords()});
+    return result;
   }
 
   const RunRequest& fRequest;
   std::unique_ptr<Worker> fWorker;
-  std::optional<std::vector<StoredSet>> fDryRunSets;
+  std::set<std::size_t> fAborted;
 };
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <fmt/format.h>
 #include <signal.h>
 #include <sys/mman.h>
+#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -12,6 +13,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <sstream>
 #include <system_error>
 
 namespace standalone {
@@ -21,7 +23,15 @@ namespace {
   throw std::system_error(errno, std::generic_category(), what);
 }
 
-/// A short write cannot happen: the channel blocks, and without a reader the process ends.
+int MakeFileInMemory(const char* name) {
+  const int descriptor = memfd_create(name, MFD_CLOEXEC);
+  if (descriptor < 0) {
+    ThrowSystemError("memfd_create");
+  }
+  return descriptor;
+}
+
+/// In the child, which cannot do without its channel.
 void WriteAll(int descriptor, const std::string& text) {
   std::size_t written = 0;
   while (written < text.size()) {
@@ -33,10 +43,50 @@ void WriteAll(int descriptor, const std::string& text) {
   }
 }
 
+/// The child's end of the channel.
+class Sender {
+ public:
+  Sender(int channel, int currentCommand) : fChannel(channel), fCurrentCommand(currentCommand) {}
+
+  void operator()(const Event& event) {
+    if (std::holds_alternative<CommandRestarted>(event)) {
+      Forget();
+      return;
+    }
+    const std::string line = ToLine(event) + "\n";
+    fUnsent += line;
+    WriteAll(fCurrentCommand, line);
+    if (std::holds_alternative<CommandDone>(event) || std::holds_alternative<RunFailed>(event)) {
+      WriteAll(fChannel, fUnsent);
+      Forget();
+    }
+  }
+
+ private:
+  void Forget() {
+    fUnsent.clear();
+    if (ftruncate(fCurrentCommand, 0) != 0 || lseek(fCurrentCommand, 0, SEEK_SET) != 0) {
+      _exit(EXIT_FAILURE);
+    }
+  }
+
+  int fChannel;
+  int fCurrentCommand;
+  std::string fUnsent;
+};
+
 /// An aborted command is an expected end: it leaves no memory dump on the user's disk.
 void SuppressCoreDump() {
   const rlimit none{0, 0};
   setrlimit(RLIMIT_CORE, &none);
+}
+
+/// A child that nobody listens to any more must neither go on nor keep the dataset locked.
+void EndWithParent(pid_t parent) {
+  prctl(PR_SET_PDEATHSIG, SIGKILL);
+  if (getppid() != parent) {
+    _exit(EXIT_FAILURE);
+  }
 }
 
 std::string ReadFromStart(int descriptor) {
@@ -51,21 +101,24 @@ std::string ReadFromStart(int descriptor) {
 
 }  // namespace
 
-Worker::Worker(const std::function<void(const std::function<void(const Event&)>& tell)>& work) {
+Worker::Worker(const std::function<void(const Tell& tell)>& work)
+    : fCurrentCommand(MakeFileInMemory("events")), fStandardError(MakeFileInMemory("standard error")) {
   std::array<int, 2> channel{};
   if (pipe2(channel.data(), O_CLOEXEC) != 0) {
-    ThrowSystemError("pipe");
+    ThrowSystemError("pipe2");
   }
-  fStandardError = memfd_create("standard error", MFD_CLOEXEC);
   std::fflush(nullptr);  // else the child would write it once more
-  fChild = fStandardError < 0 ? -1 : fork();
+  const pid_t parent = getpid();
+  fChild = fork();
   if (fChild < 0) {
     ThrowSystemError("fork");
   }
   if (fChild == 0) {
+    EndWithParent(parent);
+    close(channel[0]);
     dup2(fStandardError, STDERR_FILENO);
     SuppressCoreDump();
-    work([&](const Event& event) { WriteAll(channel[1], ToLine(event) + "\n"); });
+    work(Sender(channel[1], fCurrentCommand));
     std::fflush(nullptr);
     _exit(EXIT_SUCCESS);
   }
@@ -76,9 +129,10 @@ Worker::Worker(const std::function<void(const std::function<void(const Event&)>&
 Worker::~Worker() {
   if (!fStatus) {
     kill(fChild, SIGKILL);
-    waitpid(fChild, nullptr, 0);
+    WaitForEnd();
   }
   std::fclose(fEvents);
+  close(fCurrentCommand);
   close(fStandardError);
 }
 
@@ -92,14 +146,21 @@ std::optional<Event> Worker::Receive() {
   if (!text.empty() && text.back() == '\n') {
     return EventFromLine(text);
   }
-  int status = 0;
-  while (waitpid(fChild, &status, 0) < 0 && errno == EINTR) {
-  }
-  fStatus = status;
+  WaitForEnd();
   return std::nullopt;
 }
 
-std::string Worker::LastWords() {
+std::vector<Event> Worker::EventsOfLastCommand() const {
+  std::vector<Event> events;
+  std::istringstream lines(ReadFromStart(fCurrentCommand));
+  std::string line;
+  while (std::getline(lines, line) && !lines.eof()) {  // one without its end was not completed
+    events.push_back(EventFromLine(line));
+  }
+  return events;
+}
+
+std::string Worker::LastWords() const {
   std::string words = ReadFromStart(fStandardError);
   words.erase(words.find_last_not_of('\n') + 1);
   if (words.empty() && fStatus && WIFSIGNALED(*fStatus)) {
@@ -107,6 +168,13 @@ std::string Worker::LastWords() {
     return fmt::format("The command's process was ended by signal {} ({}).", number, strsignal(number));
   }
   return words;
+}
+
+void Worker::WaitForEnd() {
+  int status = 0;
+  while (waitpid(fChild, &status, 0) < 0 && errno == EINTR) {
+  }
+  fStatus = status;
 }
 
 }  // namespace standalone

@@ -1,10 +1,12 @@
 #!/usr/bin/env bash
 # The module exports the symbols of one committed list and imports those of another: the host's operations, the C++
 # runtime and the C library.
-#   symbols.sh MODULE LISTS-FOLDER
+# Its objects hold no data that can change, so that nothing survives a call.
+#   symbols.sh MODULE LISTS-FOLDER OBJECT...
 set -euo pipefail
 module=$1
 lists=$2
+shift 2
 
 exported() { nm -D --defined-only "$module" | awk '{ print $3 }' | LC_ALL=C sort; }
 
@@ -29,4 +31,8 @@ for library in $(libraries); do
     failed=1
   fi
 done
+if nm -C "$@" | grep -E ' [bBdDgGsS] '; then
+  printf 'The objects of the module hold data that can change.\n'
+  failed=1
+fi
 exit "$failed"

@@ -320,6 +320,13 @@ TEST(AreValidVariables, NamesTheVariableWhoseKindDiffersFromTheFirst) {
   EXPECT_EQ(check({"wide", "str", "other", "num"}), (Check{false, 4, {"error: Other variable has a different type."}}));
 }
 
+TEST(AreValidVariables, TellsAStringOfOneByteFromANumber) {
+  EXPECT_EQ(CheckAll({Numeric("a"), String("b", 1)}), (Check{false, 0, {"error: b variable has a different type."}}));
+  EXPECT_EQ(CheckAll({String("a", 1), Numeric("b")}), (Check{false, 1, {"error: b variable has a different type."}}));
+  EXPECT_EQ(CheckAll({String("a", 1), String("b", 1)}, "ab"),
+            (Check{false, 1, {"error: CountVal ab is wider than the narrowest variable."}}));
+}
+
 TEST(AreValidVariables, TakesAVariableOfTypeMinusOneForNone) {
   const Variable odd = {"odd", -1, std::nullopt, {}};
   EXPECT_EQ(CheckAll({odd, odd}), (Check{true, -1}));

@@ -58,8 +58,10 @@ An aborted command weighs more than an error message.
   $ mrset run s.mrset -c 'MRSET /DELETE NAME=[]' -c 'MRSET' > /dev/null
   [3]
 
-No memory dump is left.
+No memory dump is left, not even where dumps are wanted.
 
+  $ (ulimit -c unlimited && mrset run s.mrset -c 'MRSET /DELETE NAME=[]' > /dev/null)
+  [3]
   $ ls
   aborting.script
   before.mrset

@@ -48,10 +48,13 @@ What is no usable dataset is told in one sentence, with exit status 2, and left 
   sets: exit 2
   mrset: newer.mrset was made by a newer version of the program.
   variables: exit 2
-  $ small cut.mrset; truncate -s 9000 cut.mrset; try cut.mrset > /dev/null
+  $ small cut.mrset; truncate -s 9000 cut.mrset; try cut.mrset | grep exit
   mrset: cut.mrset is damaged.
   mrset: cut.mrset is damaged.
   mrset: cut.mrset is damaged.
+  run: exit 2
+  sets: exit 2
+  variables: exit 2
   $ ls
   cut.mrset
   empty.mrset

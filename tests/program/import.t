@@ -183,6 +183,9 @@ Codebooks that cannot be used.
   $ codebook '[]'
   mrset: c.json is not a Table Schema: it has no array "fields".
   exit 2
+  $ codebook "{\"fields\": $(printf '[%.0s' {1..50000})$(printf ']%.0s' {1..50000})}"
+  mrset: c.json is nested deeper than 64 levels.
+  exit 2
   $ codebook '{"fields": [{"type": "integer"}]}'
   mrset: c.json, field 1: it has no name.
   exit 2

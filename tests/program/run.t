@@ -187,6 +187,14 @@ What the run reads is never overwritten; a link leads on, and what is no plain f
   1> MRSET
   Error: No subcommand in MRSET command.
   [1]
+  $ (echo before; mrset run s.mrset --output /dev/stdout -c 'MRSET /DISPLAY NAME=[$none]'; echo after) > shared.txt; sed -n '1,2p;$p' shared.txt
+  before
+  1> MRSET /DISPLAY NAME=[$none]
+  after
+  $ ln -s nowhere dangling; mrset run s.mrset --output dangling -c 'MRSET'; rm dangling
+  mrset: The output file dangling cannot be written: it is a link that leads nowhere.
+  $ touch private.txt && chmod 600 private.txt && mrset run s.mrset --output private.txt -c 'MRSET /DELETE NAME=[$none]'; stat -c %a private.txt
+  600
   $ mrset run s.mrset --output /dev/full -c 'MRSET /DISPLAY NAME=[$none]'
   mrset: The output file /dev/full cannot be written: No space left on device.
   [2]
@@ -205,7 +213,11 @@ A script that cannot be read.
   mrset: The script missing.script cannot be read: No such file or directory.
   [2]
   $ mrset run s.mrset .
-  mrset: The script . cannot be read: it is a directory.
+  mrset: The script . cannot be read: Is a directory.
+  [2]
+  $ mrset run s.mrset - <&-
+  $ mrset run s.mrset ''
+  mrset: The script of no name cannot be read: No such file or directory.
   [2]
   $ mrset run s.mrset
   mrset: There is nothing to run: give a SCRIPT, - for commands on standard input, or -c with a command.

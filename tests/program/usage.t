@@ -56,6 +56,9 @@ Help and version are results.
     mrset import --schema survey.schema.json survey.csv survey.mrset
     mrset run survey.mrset -c 'MRSET /MCGROUP NAME=$pets VARIABLES=pet1 TO pet3 /DISPLAY NAME=ALL'
   
+  $ mrset --help > /dev/full
+  mrset: Standard output cannot be written.
+  [2]
   $ mrset import --help
   Read a survey from CSV into a dataset
   Usage: mrset import [OPTIONS] DATA DATASET

@@ -116,16 +116,22 @@ TEST_F(DatasetTest, VariablesAreFoundWithoutRegardToCase) {
   EXPECT_EQ(dataset.FindVariable(""), -1);
 }
 
-TEST_F(DatasetTest, AStringVariableIsWidenedToItsLongestValue) {
+TEST_F(DatasetTest, AStringVariableHasItsWidthOrThatOfItsLongestValue) {
   DatasetWriter writer(kFile, false);
-  writer.SetVariables({{"narrow", 1, std::nullopt, {}}, {"wide", 9, std::nullopt, {}}, {"n", 0, std::nullopt, {}}});
-  writer.AddCase({"abc", "abc", "123456"});
-  writer.AddCase({"", "", ""});
+  writer.SetVariables({{"open", kWidthOfLongestValue, std::nullopt, {}},
+                       {"blank", kWidthOfLongestValue, std::nullopt, {}},
+                       {"wide", 9, std::nullopt, {}},
+                       {"narrow", 1, std::nullopt, {}},
+                       {"n", 0, std::nullopt, {}}});
+  writer.AddCase({"abc", "", "abc", "\xC3\x96", "123456"});
+  writer.AddCase({"", "", "", "", ""});
   writer.Commit();
   Dataset dataset(kFile);
   EXPECT_EQ(dataset.VariableAt(0).width, 3);
-  EXPECT_EQ(dataset.VariableAt(1).width, 9);
-  EXPECT_EQ(dataset.VariableAt(2).width, 0);
+  EXPECT_EQ(dataset.VariableAt(1).width, 1);
+  EXPECT_EQ(dataset.VariableAt(2).width, 9);
+  EXPECT_EQ(dataset.VariableAt(3).width, 1);
+  EXPECT_EQ(dataset.VariableAt(4).width, 0);
 }
 
 TEST_F(DatasetTest, CasesAreJsonArrays) {

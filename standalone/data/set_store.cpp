@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 #include "standalone/text/unicode.h"
@@ -38,6 +39,16 @@ KeptSet SetOfRow(Database& database, Query& row) {
   kept.set.labelFromVariable = row.Integer(6) != 0;
   kept.set.categoryLabelsFromCountedValue = row.Integer(7) != 0;
   return kept;
+}
+
+// In a damaged file the names need not be those of the keys that the file holds apart.
+void CheckNamesDiffer(Database& database, const std::vector<KeptSet>& sets) {
+  std::unordered_set<std::string> keys;
+  for (const KeptSet& kept : sets) {
+    if (!keys.insert(ToUpper(kept.set.name)).second) {
+      database.FailAsDamaged();
+    }
+  }
 }
 
 void LoadVariables(Database& database, std::vector<KeptSet>& sets) {
@@ -170,6 +181,7 @@ std::vector<KeptSet> LoadSets(Database& database) {
       sets.push_back(SetOfRow(database, rows));
     }
   }
+  CheckNamesDiffer(database, sets);
   LoadVariables(database, sets);
   return sets;
 }

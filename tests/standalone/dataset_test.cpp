@@ -375,6 +375,7 @@ TEST_F(DatasetTest, HostileContentsAreOneSentence) {
       "UPDATE mr_set SET id = -1",
       "UPDATE mr_set SET position = 9223372036854775807",
       "UPDATE mr_set SET name = CAST(X'24FF' AS TEXT)",
+      "INSERT INTO mr_set SELECT 2, 2, '$A', '$B', type, label, counted_value, 0, 0 FROM mr_set",
       "UPDATE mr_set_variable SET set_id = 77",
       "UPDATE mr_set_variable SET name = char(0)"};
   for (const std::string& attack : attacks) {

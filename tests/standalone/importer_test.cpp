@@ -76,7 +76,7 @@ TEST_F(ImporterTest, TheCodebookGivesTypesWidthsAndLabels) {
          {"name": "c", "type": "boolean"}, {"name": "d", "type": "year"},
          {"name": "e", "type": "string", "constraints": {"maxLength": 3}})");
   Import(kCodebook);
-  EXPECT_THAT(Variables(), ElementsAre("A:0", "b:0", "c:0", "d:0", "e:6", "f:1"));
+  EXPECT_THAT(Variables(), ElementsAre("A:0", "b:0", "c:0", "d:0", "e:3", "f:1"));
   EXPECT_THAT(Cases(), ElementsAre(R"([1,7,1,1999,"abc",""])", R"([null,0.5,0,null,"",""])",
                                    "[2.0,3,0,2001,\"\xC3\xB6\xC3\xB6\xC3\xB6\",\"x\"]"));
   Dataset dataset(kDataset);

@@ -91,11 +91,11 @@ class ProcedureDataSource final : public ZEVA_DataSource {
 
 /// The head of the host's common dictionary record, as far as the module looks at it.
 struct CommonDictionary {
-  void* fHostOwn[11];
+  void* fHostOwn[11];    // NOLINT(*-avoid-c-arrays): a given layout
   void* fActiveDataset;  ///< null when no dataset is open
 };
 
 /// The host's common dictionary; never null while a command runs.
-extern CommonDictionary* CmnDic;
+extern CommonDictionary* CmnDic;  // NOLINT(*-avoid-non-const-global-variables): the host's
 
 #endif  // HOST_DICTIONARY_H

@@ -184,6 +184,7 @@ void MRSetApply(const MRSETSUBCOMMANDS& subcommands, const ZEVA_DataSource& data
     ApplySubcommand(subcmd, dataSource, sets, procedure);
   }
   // The parent source comes as a constant one and yet is where the sets are kept.
+  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast)
   SaveVariableSets(sets, const_cast<ZEVA_DataSource&>(dataSource), kMRSets);
 }
 
@@ -247,6 +248,7 @@ void DeleteMRSets(const MRSetSubcommand& subcmd, VARIABLESETS& sets) {
     return;
   }
   assert(!subcmd.fNames.empty());
+  // NOLINTNEXTLINE(modernize-loop-convert): the asserted expression names the iterator
   for (auto namesIter = subcmd.fNames.begin(); namesIter != subcmd.fNames.end(); ++namesIter) {
     assert((*namesIter)[0] == '$');
     RemoveVarSet(*namesIter, sets);

@@ -547,6 +547,7 @@ bool FindMRSetName(const std::string& mrSetName, const ZEVA_DataSource& dataSour
 }
 
 bool AreValidVariables(std::vector<std::string>& variableNames, const ZEVA_DataSource& dataSource,
+                       // NOLINTNEXTLINE(performance-unnecessary-value-param): the signature is given
                        std::string countedValue, bool countedValueLabels, int& narrowestWidth) {
   narrowestWidth = -1;
   if (variableNames.size() == 1) {

@@ -23,11 +23,13 @@ endif()
 
 option(MRSET_COVERAGE "Build for the measurement of coverage" OFF)
 if(MRSET_COVERAGE)
-  target_compile_options(mrset_common INTERFACE --coverage -fprofile-abs-path -fprofile-update=atomic)
-  target_link_options(mrset_common INTERFACE --coverage)
-  # Processes that do not end through exit() count too.
-  target_sources(mrset_common INTERFACE
-    "$<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>:${PROJECT_SOURCE_DIR}/tests/coverage/flush_counters.cpp>")
+  if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    message(FATAL_ERROR "Coverage is measured with clang: configure the preset coverage.")
+  endif()
+  # Counters in files that are mapped into memory: those of a process that ends through abort() or _exit() count too.
+  target_compile_options(mrset_common INTERFACE "-fprofile-instr-generate=${PROJECT_BINARY_DIR}/profile/%c%m.profraw"
+    -fcoverage-mapping "SHELL:-mllvm -runtime-counter-relocation")
+  target_link_options(mrset_common INTERFACE -fprofile-instr-generate)
 endif()
 
 set(CMAKE_CXX_EXTENSIONS OFF)

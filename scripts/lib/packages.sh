@@ -11,7 +11,7 @@ test_packages=(
   python3-cram sqlite3 binutils git
 )
 
-coverage_packages=(gcovr)
+coverage_packages=(llvm-14)
 valgrind_packages=(valgrind)
 
 # Installs those of the named packages that are missing, as root or through sudo.

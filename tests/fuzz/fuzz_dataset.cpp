@@ -1,0 +1,134 @@
+// A damaged dataset into everything that opens one: reading it, saving sets, commands of the module on it and the
+// replacement of its contents. Each does its work or fails with a DatasetError; no other file is left behind.
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "backend/mrset/mrset.h"
+#include "standalone/data/dataset.h"
+#include "standalone/host/session.h"
+#include "standalone/language/tokenizer.h"
+#include "standalone/output/json.h"
+#include "standalone/output/sets_json.h"
+#include "tests/fuzz/check.h"
+#include "tests/fuzz/dataset_image.h"
+#include "tests/fuzz/target.h"
+
+namespace fuzz {
+namespace {
+
+using standalone::Dataset;
+
+constexpr const char* kDataset = "damaged.mrset";
+
+const ScratchFolder& Folder() {
+  static const ScratchFolder folder;
+  return folder;
+}
+
+const DatasetImage& Image(bool large) {
+  static const DatasetImage small(Folder(), 2, 10);
+  static const DatasetImage big(Folder(), 100, 9000);
+  return large ? big : small;
+}
+
+/// Every sentence names the file.
+template <typename Action>
+void AllowDatasetError(Action action) {
+  try {
+    action();
+  } catch (const standalone::DatasetError& error) {
+    const std::string sentence = error.what();
+    Check(sentence.find(kDataset) != std::string::npos && sentence.back() == '.',
+          "a failure is a sentence on the file");
+  }
+}
+
+void ReadAll(const std::string& path) {
+  Dataset dataset(path);
+  for (int position = 0; position < dataset.VariableCount(); ++position) {
+    const standalone::Variable& variable = dataset.VariableAt(position);
+    Check(!standalone::OneLine(standalone::ToJson(variable)).empty(), "a variable can be shown");
+    Check(dataset.FindVariable(variable.name) < dataset.VariableCount(), "a position lies in the dictionary");
+  }
+  Check(!standalone::OneLine(standalone::ToJson(dataset.Sets())).empty(), "the sets can be shown");
+}
+
+void SaveChangedSets(const std::string& path) {
+  Dataset dataset(path);
+  std::vector<standalone::StoredSet> sets = dataset.Sets();
+  std::vector<standalone::StoredSet> changed(sets.rbegin(), sets.rend());
+  changed.push_back({"$fuzz", standalone::SetType::kCategory, "New", "", false, false, {"q1"}});
+  Check(dataset.SaveSets(changed) == Dataset::Saved::kDone, "nobody else writes");
+  Check(dataset.Sets() == changed, "what was saved is read again");
+}
+
+void RunCommand(const std::string& path, std::string_view command) {
+  Dataset dataset(path);
+  const standalone::OutputSink sink{
+      [](const std::string&) {},
+      [](const standalone::Item& item) { Check(!standalone::OneLine(standalone::ToJson(item)).empty(), "an item"); }};
+  const std::vector<standalone::Token> tokens = standalone::Tokenize(command);
+  dataset.BeginCommand(false);
+  standalone::Session session(dataset, tokens, dataset.Sets(), sink);
+  mrset_();
+  if (session.SavedSets()) {
+    Check(dataset.SaveSets(*session.SavedSets()) == Dataset::Saved::kDone, "nobody else writes");
+  }
+}
+
+void ReplaceContents(const std::string& path) {
+  standalone::DatasetWriter writer(path, true);
+  writer.SetVariables({{"q1", 0, std::nullopt, {}}, {"q9", 1, "Nine", {{"x", "X"}}}});
+  writer.AddCase({"1", "x"});
+  writer.Commit();
+}
+
+void Act(unsigned choice, const std::string& path) {
+  constexpr std::array<std::string_view, 6> kCommands = {
+      "MRSET /DISPLAY NAME=ALL",
+      "MRSET /DISPLAY NAME=[$a $labels]",
+      "MRSET /DELETE NAME=[$b $a]",
+      "MRSET /MDGROUP NAME=$A VARIABLES=q1 TO q3 VALUE=1 LABELSOURCE=VARLABEL CATEGORYLABELS=COUNTEDVALUES",
+      "MRSET /MDGROUP NAME=$s VARIABLES=s1 TO s2 VALUE='abc' /MCGROUP NAME=$c VARIABLES=q1 q3 /DISPLAY NAME=ALL",
+      "MRSET /MCGROUP NAME=$n VARIABLES=ALL"};
+  if (choice == 0) {
+    SaveChangedSets(path);
+  } else if (choice == 1) {
+    ReplaceContents(path);
+  } else {
+    RunCommand(path, kCommands[choice % kCommands.size()]);
+  }
+}
+
+void CheckFolder() {
+  for (const std::string& name : Folder().Names()) {
+    Check(name.substr(0, std::string_view(kDataset).size()) == kDataset, "no other file is left behind");
+  }
+}
+
+/// The first byte chooses the dataset and what is done with it after reading it; the edits follow.
+void Try(std::string_view input) {
+  if (input.empty()) {
+    return;
+  }
+  const auto choice = static_cast<unsigned char>(input[0]);
+  const std::string bytes = Image((choice & 1U) != 0).Edited(input.substr(1));
+  const std::string path = Folder().Path(kDataset);
+  Folder().Clear();
+  Folder().Write(kDataset, bytes);
+  AllowDatasetError([&path] { ReadAll(path); });
+  AllowDatasetError([&] { Act(choice / 2U % 8U, path); });
+  AllowDatasetError([&path] { ReadAll(path); });
+  CheckFolder();
+}
+
+}  // namespace
+}  // namespace fuzz
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  fuzz::Try({reinterpret_cast<const char*>(data), size});
+  return 0;
+}

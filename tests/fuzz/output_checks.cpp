@@ -1,0 +1,140 @@
+#include "tests/fuzz/output_checks.h"
+
+#include <algorithm>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "standalone/output/composite.h"
+#include "standalone/output/json.h"
+#include "standalone/output/renderer.h"
+#include "standalone/output/text_table.h"
+#include "standalone/text/unicode.h"
+#include "tests/fuzz/check.h"
+#include "tests/fuzz/script_oracle.h"
+
+namespace fuzz {
+namespace {
+
+using standalone::Json;
+using Texts = std::vector<std::string>;
+
+Texts LinesOf(std::string_view text) {
+  Texts lines;
+  std::istringstream stream{std::string(text)};
+  for (std::string line; std::getline(stream, line);) {
+    lines.push_back(line);
+  }
+  return lines;
+}
+
+std::string WithCarets(std::string text, char from, char to) {
+  std::replace(text.begin(), text.end(), from, to);
+  return text;
+}
+
+/// An argument's own placeholders are never filled: with another character in place of their "^" the result is the
+/// same.
+void CheckTemplate(const Texts& lines) {
+  if (lines.size() < 3 || lines[0].find('\x01') != std::string::npos) {
+    return;
+  }
+  Texts list;
+  Texts hiddenList;
+  for (std::size_t index = 2; index < lines.size(); ++index) {
+    list.push_back(WithCarets(lines[index], '\x01', '?'));
+    hiddenList.push_back(WithCarets(list.back(), '^', '\x01'));
+  }
+  const std::string text = WithCarets(lines[1], '\x01', '?');
+  const std::string plain = standalone::ExpandTemplate(lines[0], {text, list});
+  const std::string hidden = standalone::ExpandTemplate(lines[0], {WithCarets(text, '^', '\x01'), hiddenList});
+  CheckSame(WithCarets(hidden, '\x01', '^'), plain, "an expansion in one pass");
+  if (lines[0].find('^') == std::string::npos && !standalone::IsListPattern(lines[0])) {
+    CheckSame(standalone::ExpandTemplate(lines[0], {text}), lines[0], "a pattern without placeholders");
+  }
+}
+
+/// Rows of as many cells as the table has columns, made of the lines: no text, a text or a list, and some notes.
+standalone::Table TableOf(const Texts& lines, std::size_t columns) {
+  standalone::Table table;
+  const auto line = [&lines](std::size_t index) { return lines.empty() ? "" : lines[index % lines.size()]; };
+  table.title = line(0);
+  table.rowDimension = line(1);
+  table.columnDimension = line(2);
+  for (std::size_t column = 0; column < columns; ++column) {
+    table.columns.push_back(line(column + 1));
+  }
+  for (std::size_t next = 0; next < lines.size() && table.rows.size() < 8;) {
+    standalone::TableRow row{line(next++), {}};
+    for (std::size_t column = 0; column < columns; ++column, ++next) {
+      standalone::Cell cell;
+      if (next % 3 == 1) {
+        cell.value = line(next);
+      } else if (next % 3 == 2) {
+        cell.value = Texts{line(next), line(next + 1)};
+      }
+      if (next % 5 == 4) {
+        cell.note = line(next + 2);
+      }
+      row.cells.push_back(cell);
+    }
+    table.rows.push_back(row);
+  }
+  return table;
+}
+
+std::size_t WidestLine(const std::string& text) {
+  std::size_t widest = 0;
+  for (const std::string& line : LinesOf(text)) {
+    widest = std::max(widest, standalone::DisplayWidth(line));
+  }
+  return widest;
+}
+
+void CheckTable(const standalone::Table& table, std::size_t width) {
+  const std::string text = standalone::TextTable(table, width);
+  Check(!ActsOnTerminal(text), "a table does not act on a terminal");
+  Check(text.empty() || text.back() == '\n', "a table's lines end");
+  const std::size_t narrowest = WidestLine(standalone::TextTable(table, 1));
+  Check(WidestLine(text) <= std::max(width, narrowest), "a table is as narrow as asked or as can be");
+}
+
+void CheckJson(const standalone::Item& item) {
+  const Json json = standalone::ToJson(item);
+  Check(standalone::ToJson(standalone::ItemFromJson(json)) == json, "an item from JSON");
+  const std::string line = standalone::OneLine(json);
+  Check(line.find('\n') == std::string::npos && CodePoints(line).has_value(), "JSON is one line of UTF-8");
+  const std::string again = standalone::OneLine(standalone::ToJson(standalone::ItemFromJson(Json::parse(line))));
+  CheckSame(again, line, "an item from a line");
+}
+
+void CheckRenderers(const standalone::CommandResult& result, std::size_t width) {
+  std::ostringstream text;
+  standalone::MakeTextRenderer(text, width)->Write(result);
+  Check(!ActsOnTerminal(text.str()), "what is shown does not act on a terminal");
+  std::ostringstream json;
+  standalone::MakeJsonRenderer(json)->Write(result);
+  Check(Json::parse(json.str()).is_object(), "a result is an object");
+}
+
+}  // namespace
+
+void CheckOutput(std::string_view text, std::size_t width) {
+  const Texts lines = LinesOf(text);
+  const standalone::Table table = TableOf(lines, 1 + width % 4);
+  const standalone::Message message{standalone::Level::kWarning, std::string(text)};
+  CheckTemplate(lines);
+  CheckTable(table, width);
+  CheckJson(table);
+  CheckJson(message);
+  CheckRenderers({1, 1, std::string(text), std::nullopt, standalone::Status::kOk, {message, table}}, width);
+}
+
+void CheckForeignJson(std::string_view text) {
+  try {
+    CheckJson(standalone::ItemFromJson(Json::parse(text)));
+  } catch (const Json::exception&) {
+  }
+}
+
+}  // namespace fuzz

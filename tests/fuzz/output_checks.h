@@ -1,0 +1,18 @@
+#ifndef TESTS_FUZZ_OUTPUT_CHECKS_H
+#define TESTS_FUZZ_OUTPUT_CHECKS_H
+
+#include <cstddef>
+#include <string_view>
+
+namespace fuzz {
+
+/// Fills templates, tables and messages with the lines of the text and renders them for a terminal of that width and as
+/// JSON; ends the process where that does not keep its contract.
+void CheckOutput(std::string_view text, std::size_t width);
+
+/// Any text that is JSON is an item or is refused.
+void CheckForeignJson(std::string_view text);
+
+}  // namespace fuzz
+
+#endif  // TESTS_FUZZ_OUTPUT_CHECKS_H

@@ -1,0 +1,279 @@
+#!/usr/bin/env python3
+"""Changes the module, one small change at a time, and sees whether the tests notice.
+
+Each mutant is compiled into a library of its own, on which the test programs, built once, then run. A mutant is killed
+when a test fails, crashes or does not come to an end. Those that survive are to be killed by a new test, or explained
+in equivalent.txt. Exits with 1 on a survivor that is not explained and, after a whole run, on an explanation that is
+no longer needed.
+"""
+import argparse
+import collections
+import concurrent.futures
+import os
+import random
+import re
+import resource
+import shlex
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+from pathlib import Path
+
+import mutants
+
+ROOT = Path(__file__).resolve().parents[2]
+EQUIVALENT = Path(__file__).resolve().parent / "equivalent.txt"
+SOURCES = ROOT / "backend" / "mrset"
+
+MEMORY_BYTES = 2 << 30
+SHORTEST_TIMEOUT = 20.0
+TIMEOUT_FACTOR = 10.0
+
+# Quick ones first: most mutants never see a death test.
+FILTERS = ["-*DeathTest*", "*DeathTest*"]
+
+COMPILER = ["g++", "-std=c++17", "-O0", "-DNDEBUG", "-fPIC", "-w"]
+
+
+def run(command, **options):
+    return subprocess.run(command, check=True, **options)
+
+
+class TestPrograms:
+    """The test programs, linked without the module's objects: those come from a library at run time."""
+
+    def __init__(self, build, names):
+        self.build = build
+        self.names = names
+
+    def make(self, jobs):
+        run(["cmake", "-S", ROOT, "-B", self.build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug",
+             "-DCMAKE_CXX_FLAGS_DEBUG=-O1", "-DMRSET_BUILD_TESTS=ON", "-DMRSET_BUILD_STANDALONE=OFF",
+             *([] if shutil.which("ccache") is None else ["-DCMAKE_CXX_COMPILER_LAUNCHER=ccache"])],
+            stdout=subprocess.DEVNULL)
+        run(["cmake", "--build", self.build, "--parallel", str(jobs), "--target", *self.names])
+
+    def link(self, library):
+        for name in self.names:
+            run(self._link_command(name, library), cwd=self.build)
+
+    def _link_command(self, name, library):
+        commands = subprocess.run(["ninja", "-C", self.build, "-t", "commands", name], check=True, capture_output=True,
+                                  text=True).stdout
+        link = next(part for part in reversed(re.split(r" && |\n", commands)) if f" -o bin/{name} " in f"{part} ")
+        words = [word for word in shlex.split(link) if "mrset_module_objects.dir" not in word]
+        words[words.index(f"bin/{name}")] = self.program(name)
+        return words + ["-rdynamic", library]
+
+    def program(self, name):
+        return f"mutation_{name}"
+
+    def verdict(self, folder, timeout):
+        """Which test program noticed, or None."""
+        for test_filter in FILTERS:
+            for name in self.names:
+                if not self._passes(name, test_filter, folder, timeout):
+                    return name
+        return None
+
+    def _passes(self, name, test_filter, folder, timeout):
+        environment = dict(os.environ, LD_LIBRARY_PATH=str(folder), GTEST_BRIEF="1", GTEST_FAIL_FAST="1")
+        process = subprocess.Popen([self.build / self.program(name), f"--gtest_filter={test_filter}"],
+                                   env=environment, cwd=folder, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                                   stderr=subprocess.DEVNULL, start_new_session=True, preexec_fn=limit_resources)
+        try:
+            return process.wait(timeout) == 0
+        except subprocess.TimeoutExpired:
+            return False
+        finally:
+            # Death tests have children, which an endless loop would outlive.
+            try:
+                os.killpg(process.pid, signal.SIGKILL)
+            except ProcessLookupError:
+                pass
+            process.wait()
+
+
+def limit_resources():
+    resource.setrlimit(resource.RLIMIT_AS, (MEMORY_BYTES, MEMORY_BYTES))
+    resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
+
+
+class Module:
+    """The module as a library, from its sources or with one of them changed."""
+
+    LIBRARY = "libmutant.so"
+
+    def __init__(self, build):
+        self.objects = build / "mutation_objects"
+        self.sources = sorted(path.relative_to(ROOT) for path in SOURCES.glob("*.cpp"))
+
+    def make(self):
+        """The objects of all sources, the unchanged library, and the standard headers, compiled once."""
+        self.objects.mkdir(exist_ok=True)
+        headers = sorted({header for path in SOURCES.iterdir() if path.suffix in (".cpp", ".h")
+                          for header in re.findall(r"#include (<(?!cassert)[a-z]+>)", path.read_text())})
+        standard = self.objects / "standard.h"
+        standard.write_text("".join(f"#include {header}\n" for header in headers))
+        run([*COMPILER, "-x", "c++-header", standard, "-o", self.objects / "standard.h.gch"])
+        for source in self.sources:
+            if not self._compile(source, ROOT, self.objects):
+                sys.exit(f"{source} does not compile.")
+        self.link(self.objects, [])
+
+    def library(self):
+        return self.objects / self.LIBRARY
+
+    def make_mutant(self, mutant, folder):
+        """Makes the mutant's library in the folder; False when it does not compile or link."""
+        changed = folder / mutant.file
+        changed.parent.mkdir(parents=True)
+        changed.write_text(mutant.source)
+        sources = self.sources if changed.suffix == ".h" else [Path(mutant.file)]
+        where = ROOT if changed.suffix == ".h" else folder
+        if changed.suffix == ".h":
+            # Next to the sources stands the unchanged header, so these come along.
+            for source in SOURCES.iterdir():
+                if source.suffix in (".cpp", ".h") and not (folder / source.relative_to(ROOT)).exists():
+                    shutil.copy(source, folder / source.relative_to(ROOT))
+            where = folder
+        return all(self._compile(source, where, folder) for source in sources) and self.link(folder, sources)
+
+    def _compile(self, source, where, folder):
+        # Run where the source's path is relative, as assertion reports show it.
+        return subprocess.run([*COMPILER, "-include", self.objects / "standard.h", f"-I{where}", f"-I{ROOT}", "-c",
+                               source, "-o", folder / f"{source.stem}.o"],
+                              cwd=where, capture_output=True).returncode == 0
+
+    def link(self, folder, changed):
+        objects = [(folder if source in changed else self.objects) / f"{source.stem}.o" for source in self.sources]
+        # Symbolic: the tests' copies of inline functions must not take the place of the mutant's.
+        return subprocess.run(["g++", "-shared", f"-Wl,-soname,{self.LIBRARY}", "-Wl,-Bsymbolic", *objects, "-o", folder / self.LIBRARY],
+                              capture_output=True).returncode == 0
+
+
+def all_mutants():
+    found = []
+    for path in sorted(SOURCES.iterdir()):
+        if path.suffix in (".cpp", ".h"):
+            found += mutants.mutants_of(str(path.relative_to(ROOT)), path.read_text())
+    return found
+
+
+def explanations():
+    """The survivors that are explained: blocks of "key: value" lines between empty lines."""
+    known = {}
+    text = EQUIVALENT.read_text() if EQUIVALENT.exists() else ""
+    for block in re.split(r"\n\s*\n", text):
+        lines = [line for line in block.splitlines() if line.strip() and not line.startswith("#")]
+        if lines:
+            entry = dict(line.split(": ", 1) for line in lines)
+            known[(entry["file"], entry["kind"], entry["line"], entry["gives"])] = entry["why"]
+    return known
+
+
+def key_of(mutant):
+    return (mutant.file, mutant.kind, mutant.before, mutant.after)
+
+
+def arguments():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("--build", type=Path, default=ROOT / "build" / "mutation", help="the build folder")
+    parser.add_argument("--tests", nargs="+", default=["module_tests"], metavar="PROGRAM",
+                        help="the test programs, quick ones first")
+    parser.add_argument("--sample", type=int, metavar="N", help="only N mutants, chosen at random")
+    parser.add_argument("--seed", type=int, default=1, help="of that choice")
+    parser.add_argument("--jobs", type=int, default=1, help="mutants at a time")
+    parser.add_argument("--file", help="only mutants of sources whose path contains this")
+    parser.add_argument("--line", type=int, help="only mutants of this line")
+    parser.add_argument("--kind", help="only mutants of this kind")
+    parser.add_argument("--list", action="store_true", help="print the mutants and do nothing")
+    return parser.parse_args()
+
+
+def chosen_mutants(options):
+    chosen = [mutant for mutant in all_mutants()
+              if (options.file is None or options.file in mutant.file)
+              and (options.line is None or options.line == mutant.line)
+              and (options.kind is None or options.kind == mutant.kind)]
+    if options.sample is not None and options.sample < len(chosen):
+        chosen = random.Random(options.seed).sample(chosen, options.sample)
+    return chosen
+
+
+def describe(mutant):
+    return f"{mutant.file}:{mutant.line}: {mutant.kind}\n  line: {mutant.before}\n  gives: {mutant.after}"
+
+
+class Campaign:
+    def __init__(self, programs, module, timeout):
+        self.programs = programs
+        self.module = module
+        self.timeout = timeout
+
+    def outcome(self, mutant):
+        """"not compiled", "survived", or the name of the test program that noticed."""
+        with tempfile.TemporaryDirectory(prefix="mutant-") as name:
+            folder = Path(name)
+            if not self.module.make_mutant(mutant, folder):
+                return "not compiled"
+            return self.programs.verdict(folder, self.timeout) or "survived"
+
+
+def main():
+    options = arguments()
+    chosen = chosen_mutants(options)
+    if options.list:
+        for mutant in chosen:
+            print(describe(mutant))
+        return 0
+
+    options.build = options.build.resolve()
+    programs = TestPrograms(options.build, options.tests)
+    programs.make(options.jobs)
+    module = Module(options.build)
+    module.make()
+    programs.link(module.library())
+    started = time.monotonic()
+    noticed = programs.verdict(module.objects, 600.0)
+    if noticed is not None:
+        sys.exit(f"{noticed} fails on the unchanged module.")
+    unchanged = time.monotonic() - started
+    print(f"{len(chosen)} mutants; the tests take {unchanged:.1f} s on the unchanged module.", flush=True)
+
+    known = explanations()
+    campaign = Campaign(programs, module, max(SHORTEST_TIMEOUT, TIMEOUT_FACTOR * unchanged))
+    counts = collections.Counter()
+    explained, unexplained = set(), []
+    started = time.monotonic()
+    with concurrent.futures.ThreadPoolExecutor(options.jobs) as pool:
+        for done, (mutant, outcome) in enumerate(zip(chosen, pool.map(campaign.outcome, chosen)), 1):
+            if outcome == "survived" and key_of(mutant) in known:
+                outcome = "explained"
+                explained.add(key_of(mutant))
+            elif outcome == "survived":
+                unexplained.append(mutant)
+                print(f"SURVIVED {describe(mutant)}", flush=True)
+            counts[outcome] += 1
+            if done % 50 == 0:
+                print(f"{done} of {len(chosen)} after {time.monotonic() - started:.0f} s", flush=True)
+    return report(options, chosen, counts, explained, unexplained, known, time.monotonic() - started)
+
+
+def report(options, chosen, counts, explained, unexplained, known, seconds):
+    compiled = len(chosen) - counts["not compiled"]
+    print(f"{len(chosen)} mutants in {seconds:.0f} s: {counts['not compiled']} do not compile;"
+          f" of the other {compiled}, " + ", ".join(f"{counts[name]} killed by {name}" for name in options.tests)
+          + f", {counts['explained']} explained, {len(unexplained)} survived.")
+    whole = len(chosen) == len(all_mutants())
+    stale = [key for key in known if whole and key not in explained]
+    for file, kind, line, gives in stale:
+        print(f"Explained but killed or gone: {file}: {kind}\n  line: {line}\n  gives: {gives}")
+    return 1 if unexplained or stale else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

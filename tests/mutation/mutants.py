@@ -68,6 +68,9 @@ class Mutant:
     before: str
     after: str
     source: str
+    # What tells apart changes that are alike: the name of the function, as far as it begins a line, and the line before.
+    function: str
+    behind: str
 
 
 def tokens_of(source):
@@ -84,17 +87,15 @@ def tokens_of(source):
 
 
 class Structure:
-    """Which bracket closes which, the statements, and which tokens stand in functions or in assertions."""
+    """Which bracket closes which, the statements, and which tokens stand in functions."""
 
     def __init__(self, tokens):
         self.tokens = tokens
         self.partner = {}
         self.statements = []
         self.in_function = [False] * len(tokens)
-        self.in_assertion = [False] * len(tokens)
         self.ends_function = set()
         self._walk()
-        self._mark_assertions()
 
     def _walk(self):
         # A scope is [kind, index of its opening token, first token of its current statement].
@@ -129,12 +130,6 @@ class Structure:
             return "type"
         return "body" if before in (")", "]", "else", "do", "const", "{", "}", ";", ":") else "braces"
 
-    def _mark_assertions(self):
-        for index, token in enumerate(self.tokens):
-            if token.text == "assert":
-                for inner in range(index + 1, self.partner[index + 1] + 1):
-                    self.in_assertion[inner] = True
-
 
 def one_line(text):
     return " ".join(text.split())
@@ -150,7 +145,7 @@ class Maker:
 
     def make(self):
         for index, token in enumerate(self.tokens):
-            for rule in (self._operator, self._constant, self._condition, self._message, self._arguments, self._c_string,
+            for rule in (self._operator, self._operand, self._constant, self._condition, self._message, self._arguments, self._c_string,
                          self._assertion, self._directive):
                 rule(index, token)
         self._statements()
@@ -164,7 +159,9 @@ class Maker:
         mutated = self.source[:start] + text + self.source[end:]
         self.mutants.append(Mutant(
             self.file, kind, self.source.count("\n", 0, start) + 1, one_line(self.source[first:last]),
-            one_line(mutated[first:last + len(mutated) - len(self.source)]), mutated))
+            one_line(mutated[first:last + len(mutated) - len(self.source)]), mutated,
+            (re.findall(r"^\w[^\n(]*?(\w+)\(", self.source[:last], re.MULTILINE) or [""])[-1],
+            one_line(self.source[:first].rstrip().rsplit("\n", 1)[-1])))
 
     def _replace(self, kind, token, text):
         self._add(kind, token.start, token.end, text)
@@ -184,6 +181,24 @@ class Maker:
                 self._replace("operator", token, other)
         elif token.text in ("!", "-"):
             self._replace("operator", token, "")
+
+    def _operand(self, index, token):
+        """Of a condition of two parts either alone."""
+        if token.text not in CONNECTIVES or not self._stands_between_blanks(token):
+            return
+        # An operand of || may be a whole a && b.
+        ends = {",", ";", "=", "?", ":", "return", "{", "}", "||"} | ({"&&"} if token.text == "&&" else set())
+        first = index - 1
+        while self.tokens[first].text not in ends | {"("}:
+            first = self.structure.partner.get(first, first) - 1
+        first += 1
+        last = index + 1
+        while self.tokens[last].text not in ends | {")"}:
+            last = self.structure.partner.get(last, last) + 1
+        last -= 1
+        start, end = self.tokens[first].start, self.tokens[last].end
+        self._add("operand", start, end, self._text(first, index - 1))
+        self._add("operand", start, end, self._text(index + 1, last))
 
     def _constant(self, _, token):
         if token.kind == "number":

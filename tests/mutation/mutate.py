@@ -3,8 +3,7 @@
 
 Each mutant is compiled into a library of its own, on which the test programs, built once, then run. A mutant is killed
 when a test fails, crashes or does not come to an end. Those that survive are to be killed by a new test, or explained
-in equivalent.txt. Exits with 1 on a survivor that is not explained and, after a whole run, on an explanation that is
-no longer needed.
+in equivalent.txt. Exits with 1 on a survivor that is not explained, and on an explanation that is not needed.
 """
 import argparse
 import collections
@@ -32,8 +31,15 @@ MEMORY_BYTES = 2 << 30
 SHORTEST_TIMEOUT = 20.0
 TIMEOUT_FACTOR = 10.0
 
-# Quick ones first: most mutants never see a death test.
-FILTERS = ["-*DeathTest*", "*DeathTest*"]
+# What a mutant must pass, the quickest first. The other tests of trace_tests look at the sources, which do not change,
+# or sweep faults, which takes minutes.
+STAGES = [
+    ("module_tests", "-*DeathTest*"),
+    ("trace_tests", "CallsBeforeAnAssertion.*:AssertionReport.*"),
+    ("trace_tests", "Of/CallTrace.*"),
+    ("module_tests", "*DeathTest*"),
+]
+PROGRAMS = sorted({program for program, _ in STAGES})
 
 COMPILER = ["g++", "-std=c++17", "-O0", "-DNDEBUG", "-fPIC", "-w"]
 
@@ -45,19 +51,18 @@ def run(command, **options):
 class TestPrograms:
     """The test programs, linked without the module's objects: those come from a library at run time."""
 
-    def __init__(self, build, names):
+    def __init__(self, build):
         self.build = build
-        self.names = names
 
     def make(self, jobs):
         run(["cmake", "-S", ROOT, "-B", self.build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug",
              "-DCMAKE_CXX_FLAGS_DEBUG=-O1", "-DMRSET_BUILD_TESTS=ON", "-DMRSET_BUILD_STANDALONE=OFF",
              *([] if shutil.which("ccache") is None else ["-DCMAKE_CXX_COMPILER_LAUNCHER=ccache"])],
             stdout=subprocess.DEVNULL)
-        run(["cmake", "--build", self.build, "--parallel", str(jobs), "--target", *self.names])
+        run(["cmake", "--build", self.build, "--parallel", str(jobs), "--target", *PROGRAMS])
 
     def link(self, library):
-        for name in self.names:
+        for name in PROGRAMS:
             run(self._link_command(name, library), cwd=self.build)
 
     def _link_command(self, name, library):
@@ -65,19 +70,17 @@ class TestPrograms:
                                   text=True).stdout
         link = next(part for part in reversed(re.split(r" && |\n", commands)) if f" -o bin/{name} " in f"{part} ")
         words = [word for word in shlex.split(link) if "mrset_module_objects.dir" not in word]
-        words[words.index(f"bin/{name}")] = self.program(name)
-        return words + ["-rdynamic", library]
+        # The library before the host's archive, whose members it needs.
+        at = words.index(f"bin/{name}")
+        return words[:at] + [self.program(name), library] + words[at + 1:] + ["-rdynamic"]
 
     def program(self, name):
         return f"mutation_{name}"
 
     def verdict(self, folder, timeout):
         """Which test program noticed, or None."""
-        for test_filter in FILTERS:
-            for name in self.names:
-                if not self._passes(name, test_filter, folder, timeout):
-                    return name
-        return None
+        return next((name for name, test_filter in STAGES
+                     if not self._passes(name, test_filter, folder, timeout)), None)
 
     def _passes(self, name, test_filter, folder, timeout):
         environment = dict(os.environ, LD_LIBRARY_PATH=str(folder), GTEST_BRIEF="1", GTEST_FAIL_FAST="1")
@@ -112,13 +115,14 @@ class Module:
         self.sources = sorted(path.relative_to(ROOT) for path in SOURCES.glob("*.cpp"))
 
     def make(self):
-        """The objects of all sources, the unchanged library, and the standard headers, compiled once."""
+        """The objects of all sources, the unchanged library, and the headers of others, compiled once."""
         self.objects.mkdir(exist_ok=True)
         headers = sorted({header for path in SOURCES.iterdir() if path.suffix in (".cpp", ".h")
                           for header in re.findall(r"#include (<(?!cassert)[a-z]+>)", path.read_text())})
         standard = self.objects / "standard.h"
+        headers += [f'"host/{path.name}"' for path in sorted((ROOT / "host").glob("*.h"))]
         standard.write_text("".join(f"#include {header}\n" for header in headers))
-        run([*COMPILER, "-x", "c++-header", standard, "-o", self.objects / "standard.h.gch"])
+        run([*COMPILER, f"-I{ROOT}", "-x", "c++-header", standard, "-o", self.objects / "standard.h.gch"])
         for source in self.sources:
             if not self._compile(source, ROOT, self.objects):
                 sys.exit(f"{source} does not compile.")
@@ -164,26 +168,33 @@ def all_mutants():
 
 
 def explanations():
-    """The survivors that are explained: blocks of "key: value" lines between empty lines."""
-    known = {}
+    """Blocks of "key: value" lines between empty lines: the survivors that are explained."""
     text = EQUIVALENT.read_text() if EQUIVALENT.exists() else ""
-    for block in re.split(r"\n\s*\n", text):
-        lines = [line for line in block.splitlines() if line.strip() and not line.startswith("#")]
-        if lines:
-            entry = dict(line.split(": ", 1) for line in lines)
-            known[(entry["file"], entry["kind"], entry["line"], entry["gives"])] = entry["why"]
-    return known
+    blocks = [[line for line in block.splitlines() if line.strip() and not line.startswith("#")]
+              for block in re.split(r"\n\s*\n", text)]
+    return [dict(line.split(": ", 1) for line in lines) for lines in blocks if lines]
 
 
-def key_of(mutant):
-    return (mutant.file, mutant.kind, mutant.before, mutant.after)
+def fits(entry, mutant):
+    known = {"file": mutant.file, "in": mutant.function, "behind": mutant.behind, "kind": mutant.kind,
+             "line": mutant.before, "gives": mutant.after}
+    return all(known[key] == value for key, value in entry.items() if key != "why")
+
+
+def explained_mutants(mutants_of_all):
+    """The mutants that are explained; ends where an explanation is not one mutant's alone."""
+    explained = set()
+    for entry in explanations():
+        fitting = [mutant for mutant in mutants_of_all if fits(entry, mutant)]
+        if len(fitting) != 1:
+            sys.exit(f"{EQUIVALENT.name} explains {len(fitting)} mutants at once: {entry}")
+        explained.add(fitting[0])
+    return explained
 
 
 def arguments():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--build", type=Path, default=ROOT / "build" / "mutation", help="the build folder")
-    parser.add_argument("--tests", nargs="+", default=["module_tests"], metavar="PROGRAM",
-                        help="the test programs, quick ones first")
     parser.add_argument("--sample", type=int, metavar="N", help="only N mutants, chosen at random")
     parser.add_argument("--seed", type=int, default=1, help="of that choice")
     parser.add_argument("--jobs", type=int, default=1, help="mutants at a time")
@@ -194,8 +205,8 @@ def arguments():
     return parser.parse_args()
 
 
-def chosen_mutants(options):
-    chosen = [mutant for mutant in all_mutants()
+def chosen_mutants(options, everything):
+    chosen = [mutant for mutant in everything
               if (options.file is None or options.file in mutant.file)
               and (options.line is None or options.line == mutant.line)
               and (options.kind is None or options.kind == mutant.kind)]
@@ -225,14 +236,16 @@ class Campaign:
 
 def main():
     options = arguments()
-    chosen = chosen_mutants(options)
+    everything = all_mutants()
+    known = explained_mutants(everything)
+    chosen = chosen_mutants(options, everything)
     if options.list:
         for mutant in chosen:
             print(describe(mutant))
         return 0
 
     options.build = options.build.resolve()
-    programs = TestPrograms(options.build, options.tests)
+    programs = TestPrograms(options.build)
     programs.make(options.jobs)
     module = Module(options.build)
     module.make()
@@ -244,35 +257,31 @@ def main():
     unchanged = time.monotonic() - started
     print(f"{len(chosen)} mutants; the tests take {unchanged:.1f} s on the unchanged module.", flush=True)
 
-    known = explanations()
     campaign = Campaign(programs, module, max(SHORTEST_TIMEOUT, TIMEOUT_FACTOR * unchanged))
     counts = collections.Counter()
-    explained, unexplained = set(), []
+    survivors = set()
     started = time.monotonic()
     with concurrent.futures.ThreadPoolExecutor(options.jobs) as pool:
         for done, (mutant, outcome) in enumerate(zip(chosen, pool.map(campaign.outcome, chosen)), 1):
-            if outcome == "survived" and key_of(mutant) in known:
-                outcome = "explained"
-                explained.add(key_of(mutant))
-            elif outcome == "survived":
-                unexplained.append(mutant)
-                print(f"SURVIVED {describe(mutant)}", flush=True)
             counts[outcome] += 1
+            if outcome == "survived":
+                survivors.add(mutant)
+                if mutant not in known:
+                    print(f"SURVIVED {describe(mutant)}", flush=True)
             if done % 50 == 0:
                 print(f"{done} of {len(chosen)} after {time.monotonic() - started:.0f} s", flush=True)
-    return report(options, chosen, counts, explained, unexplained, known, time.monotonic() - started)
+    return report(chosen, counts, survivors, known, time.monotonic() - started)
 
 
-def report(options, chosen, counts, explained, unexplained, known, seconds):
+def report(chosen, counts, survivors, known, seconds):
     compiled = len(chosen) - counts["not compiled"]
     print(f"{len(chosen)} mutants in {seconds:.0f} s: {counts['not compiled']} do not compile;"
-          f" of the other {compiled}, " + ", ".join(f"{counts[name]} killed by {name}" for name in options.tests)
-          + f", {counts['explained']} explained, {len(unexplained)} survived.")
-    whole = len(chosen) == len(all_mutants())
-    stale = [key for key in known if whole and key not in explained]
-    for file, kind, line, gives in stale:
-        print(f"Explained but killed or gone: {file}: {kind}\n  line: {line}\n  gives: {gives}")
-    return 1 if unexplained or stale else 0
+          f" of the other {compiled}, " + ", ".join(f"{counts[name]} killed by {name}" for name in PROGRAMS)
+          + f", {len(survivors & known)} explained, {len(survivors - known)} survived.")
+    stale = [mutant for mutant in chosen if mutant in known and mutant not in survivors]
+    for mutant in stale:
+        print(f"Explained but killed: {describe(mutant)}")
+    return 1 if survivors - known or stale else 0
 
 
 if __name__ == "__main__":

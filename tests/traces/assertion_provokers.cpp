@@ -7,7 +7,8 @@
 #include <algorithm>
 #include <array>
 #include <csignal>
-#include <vector>
+#include <sstream>
+#include <string_view>
 
 #include "backend/mrset/mrsetapply.h"
 #include "backend/mrset/mrsetparse.h"
@@ -37,11 +38,15 @@ struct Stage : Command {
   VARIABLESETS sets;
 };
 
+/// The stage on which this process makes an assertion fail.
+const Stage* gStage = nullptr;
+
 /// With the command's token before the cursor.
 template <class Enter>
 std::function<void()> Before(scripted::Token token, Enter enter) {
   return [=] {
     Stage stage(token);
+    gStage = &stage;
     enter(stage);
   };
 }
@@ -197,23 +202,30 @@ std::vector<AssertionProvoker> OfTheEdits() {
   };
 }
 
-const std::vector<AssertionProvoker>& Provokers() {
-  static const std::vector<AssertionProvoker> all = [] {
-    std::vector<AssertionProvoker> provokers;
-    for (const auto of : {OfTheDriver, OfTheKeywordParsers, OfTheSubcommands, OfTheValidators, OfTheEdits}) {
-      const std::vector<AssertionProvoker> more = of();
-      provokers.insert(provokers.end(), more.begin(), more.end());
+void WriteAll(int pipeEnd, std::string_view text) {
+  while (!text.empty()) {
+    const ssize_t count = write(pipeEnd, text.data(), text.size());
+    if (count <= 0) {
+      _exit(1);
     }
-    return provokers;
-  }();
-  return all;
+    text.remove_prefix(static_cast<std::size_t>(count));
+  }
+}
+
+/// Comes between the report, a line, and the end of the process.
+void WriteCallsAndSets(int) {
+  std::string text = gStage->host.TraceText();
+  for (const scripted::SetData& set : scripted::ToData(gStage->sets)) {
+    text += "# set: " + ToText(set) + "\n";
+  }
+  WriteAll(STDERR_FILENO, text);
 }
 
 /// Runs with standard error in the pipe and leaves no core behind.
 [[noreturn]] void Die(const AssertionProvoker& provoker, int pipeEnd) {
   const rlimit none{0, 0};
   setrlimit(RLIMIT_CORE, &none);
-  std::signal(SIGABRT, SIG_DFL);
+  std::signal(SIGABRT, WriteCallsAndSets);
   dup2(pipeEnd, STDERR_FILENO);
   provoker.provoke();
   _exit(0);
@@ -229,33 +241,58 @@ std::string ReadAll(int pipeEnd) {
   return text;
 }
 
-}  // namespace
-
-const AssertionProvoker* FindProvoker(const std::string& function, const std::string& expression) {
-  const auto found = std::find_if(Provokers().begin(), Provokers().end(), [&](const AssertionProvoker& provoker) {
-    return provoker.function == function && provoker.expression == expression;
-  });
-  return found == Provokers().end() ? nullptr : &*found;
+/// The report is the first line.
+AssertionEnd Divided(const std::string& text) {
+  const std::size_t behindReport = text.find('\n') + 1;
+  AssertionEnd end{text.substr(0, behindReport), {}};
+  std::istringstream calls(text.substr(behindReport));
+  for (std::string line; std::getline(calls, line);) {
+    end.calls.push_back(line);
+  }
+  return end;
 }
 
-std::string ReportOf(const AssertionProvoker& provoker) {
+}  // namespace
+
+const std::vector<AssertionProvoker>& AssertionProvokers() {
+  static const std::vector<AssertionProvoker> all = [] {
+    std::vector<AssertionProvoker> provokers;
+    for (const auto of : {OfTheDriver, OfTheKeywordParsers, OfTheSubcommands, OfTheValidators, OfTheEdits}) {
+      const std::vector<AssertionProvoker> more = of();
+      provokers.insert(provokers.end(), more.begin(), more.end());
+    }
+    return provokers;
+  }();
+  return all;
+}
+
+const AssertionProvoker* FindProvoker(const std::string& function, const std::string& expression) {
+  const std::vector<AssertionProvoker>& all = AssertionProvokers();
+  const auto found = std::find_if(all.begin(), all.end(), [&](const AssertionProvoker& provoker) {
+    return provoker.function == function && provoker.expression == expression;
+  });
+  return found == all.end() ? nullptr : &*found;
+}
+
+AssertionEnd EndOf(const AssertionProvoker& provoker) {
   std::array<int, 2> ends{};
   if (pipe(ends.data()) != 0) {
-    return "there is no pipe";
+    return {"there is no pipe", {}};
   }
   const pid_t child = fork();
   if (child < 0) {
-    return "there is no process";
+    return {"there is no process", {}};
   }
   if (child == 0) {
     Die(provoker, ends[1]);
   }
   close(ends[1]);
-  const std::string report = ReadAll(ends[0]);
+  const std::string text = ReadAll(ends[0]);
   close(ends[0]);
   int status = 0;
   waitpid(child, &status, 0);
-  return WIFSIGNALED(status) && WTERMSIG(status) == SIGABRT ? report : "did not abort: " + report;
+  return WIFSIGNALED(status) && WTERMSIG(status) == SIGABRT ? Divided(text)
+                                                            : AssertionEnd{"did not abort: " + text, {}};
 }
 
 }  // namespace traces

@@ -3,6 +3,9 @@
 
 #include <functional>
 #include <string>
+#include <vector>
+
+#include "tests/traces/line_diff.h"
 
 namespace traces {
 
@@ -13,12 +16,19 @@ struct AssertionProvoker {
   std::function<void()> provoke;
 };
 
+/// All of them, in the order of the module's parts.
+const std::vector<AssertionProvoker>& AssertionProvokers();
+
 /// Null when there is none.
 const AssertionProvoker* FindProvoker(const std::string& function, const std::string& expression);
 
-/// What a process of its own writes to standard error while it ends by the assertion; something else, as a sentence,
-/// when it does not end so.
-std::string ReportOf(const AssertionProvoker& provoker);
+/// How a process of its own ends by the assertion.
+struct AssertionEnd {
+  std::string report;  ///< what it writes to standard error; a sentence when it does not end so
+  Lines calls;         ///< the host calls before, then the sets at hand in lines that begin with "#"
+};
+
+AssertionEnd EndOf(const AssertionProvoker& provoker);
 
 }  // namespace traces
 

@@ -12,6 +12,8 @@
 #include <tuple>
 
 #include "tests/traces/assertion_provokers.h"
+#include "tests/traces/golden.h"
+#include "tests/traces/options.h"
 #include "tests/traces/rows.h"
 #include "tests/traces/source_scan.h"
 
@@ -134,7 +136,7 @@ TEST(AssertionReport, HasTheExpressionTheRelativeFileTheLineAndTheSignature) {
       EXPECT_EQ(UnfailingAssertions().count(assertion), 1U) << ToText(assertion) << ": is not provoked";
       continue;
     }
-    const std::string report = ReportOf(*provoker);
+    const std::string report = EndOf(*provoker).report;
     const std::string begin = std::get<0>(assertion) + ":" + std::to_string(source.line) + ": ";
     const std::string end = ": Assertion `" + source.expression + "' failed.\n";
     const std::size_t at = report.find(": ") + 2;  // behind the program's name
@@ -146,6 +148,13 @@ TEST(AssertionReport, HasTheExpressionTheRelativeFileTheLineAndTheSignature) {
     failed.insert(assertion);
   }
   std::cout << failed.size() << " of " << assertions.size() << " reports compared whole\n";
+}
+
+TEST(CallsBeforeAnAssertion, AreThoseOfTheGoldenFile) {
+  const Lines actual = AssertionGoldenLines();
+  const Lines expected = ReadLines(AssertionGoldenPath());
+  EXPECT_TRUE(actual == expected) << AssertionGoldenPath() << " differs " << Difference(expected, actual)
+                                  << HowToUpdate();
 }
 
 }  // namespace

@@ -8,6 +8,8 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "tests/traces/assertion_provokers.h"
+#include "tests/traces/options.h"
 #include "tests/traces/scenario_run.h"
 
 namespace traces {
@@ -131,6 +133,25 @@ std::map<std::string, FaultCounts> ReadFaultCounts() {
   return counts;
 }
 
+std::string AssertionGoldenPath() {
+  return GoldenFolder() + "/assertions.txt";
+}
+
+Lines AssertionGoldenLines() {
+  Lines lines;
+  for (const AssertionProvoker& provoker : AssertionProvokers()) {
+    lines.push_back("[" + std::string(provoker.function) + ": " + provoker.expression + "]");
+    const Lines calls = EndOf(provoker).calls;
+    lines.insert(lines.end(), calls.begin(), calls.end());
+    lines.emplace_back();
+  }
+  return lines;
+}
+
+std::string HowToUpdate() {
+  return "if that is what it should be: " + RunOptions().program + " --update-goldens";
+}
+
 void UpdateGoldens() {
   std::filesystem::create_directories(GoldenFolder());
   RemoveAbandonedGoldens();
@@ -143,6 +164,7 @@ void UpdateGoldens() {
     rows.push_back(scenario.name + " " + std::to_string(host.CallCount()) + " " + std::to_string(run.allocations));
   }
   WriteFaultCounts(rows);
+  WriteLines(AssertionGoldenPath(), AssertionGoldenLines());
   std::cout << Scenarios().size() << " traces written to " << GoldenFolder() << '\n';
 }
 

@@ -41,6 +41,14 @@ std::string FaultCountsPath();
 /// By scenario, as the file has them. Throws std::runtime_error on a line that is not understood.
 std::map<std::string, FaultCounts> ReadFaultCounts();
 
+std::string AssertionGoldenPath();
+
+/// For each assertion that fails, what the host saw before it did, and the sets at hand.
+Lines AssertionGoldenLines();
+
+/// How the reader of a failure accepts it.
+std::string HowToUpdate();
+
 /// Writes every golden file and the counts anew, and removes the goldens of scenarios that are no more.
 void UpdateGoldens();
 

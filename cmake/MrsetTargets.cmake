@@ -24,7 +24,7 @@ endif()
 option(MRSET_COVERAGE "Build for the measurement of coverage" OFF)
 if(MRSET_COVERAGE)
   if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
-    message(FATAL_ERROR "Coverage is measured with clang: configure the preset coverage.")
+    message(FATAL_ERROR "Coverage is measured with clang: configure the preset sanitize.")
   endif()
   # Counters in files that are mapped into memory: those of a process that ends through abort() or _exit() count too.
   target_compile_options(mrset_common INTERFACE "-fprofile-instr-generate=${PROJECT_BINARY_DIR}/profile/%c%m.profraw"

@@ -7,11 +7,10 @@ build_packages=(
 
 test_packages=(
   libgtest-dev libgmock-dev librapidcheck-dev
-  clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14
+  clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14 llvm-14
   python3-cram sqlite3 binutils git
 )
 
-coverage_packages=(llvm-14)
 valgrind_packages=(valgrind)
 
 # Installs those of the named packages that are missing, as root or through sudo.

@@ -173,6 +173,7 @@ BpPivotTable BpHeading::PivotTable(const BpCellText& title, const BpCellText& /*
   return HostAccess::Make<BpPivotTable>(new Pivot(Render(title)));
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the signature is given
 BpProcedure::BpProcedure(std::string title, int /*kind*/) : BpHeading(kEmptyHandle) {
   Session::Current().OpenProcedure(title);
 }

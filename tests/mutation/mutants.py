@@ -68,9 +68,9 @@ class Mutant:
     before: str
     after: str
     source: str
-    # What tells apart changes that are alike: the name of the function, as far as it begins a line, and the line before.
+    # What tells apart changes that are alike: the name of the function, as far as it begins a line, and the next line.
     function: str
-    behind: str
+    ahead: str
 
 
 def tokens_of(source):
@@ -161,7 +161,7 @@ class Maker:
             self.file, kind, self.source.count("\n", 0, start) + 1, one_line(self.source[first:last]),
             one_line(mutated[first:last + len(mutated) - len(self.source)]), mutated,
             (re.findall(r"^\w[^\n(]*?(\w+)\(", self.source[:last], re.MULTILINE) or [""])[-1],
-            one_line(self.source[:first].rstrip().rsplit("\n", 1)[-1])))
+            one_line(self.source[last:].lstrip().split("\n", 1)[0])))
 
     def _replace(self, kind, token, text):
         self._add(kind, token.start, token.end, text)

@@ -176,7 +176,7 @@ def explanations():
 
 
 def fits(entry, mutant):
-    known = {"file": mutant.file, "in": mutant.function, "behind": mutant.behind, "kind": mutant.kind,
+    known = {"file": mutant.file, "in": mutant.function, "ahead": mutant.ahead, "kind": mutant.kind,
              "line": mutant.before, "gives": mutant.after}
     return all(known[key] == value for key, value in entry.items() if key != "why")
 

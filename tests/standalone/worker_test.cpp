@@ -4,8 +4,11 @@
 #include <signal.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <cstdlib>
+#include <future>
 #include <iostream>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -79,11 +82,28 @@ TEST(Worker, TellsTheSignalOfAChildThatSaidNothing) {
   EXPECT_EQ(worker.LastWords(), "The command's process was ended by signal 9 (Killed).");
 }
 
-TEST(Worker, EndsAChildThatStillRuns) {
-  {
-    Worker worker([](const Worker::Tell&) { pause(); });
+[[noreturn]] void TellTheProcessAndStay(const Worker::Tell& tell) {
+  tell(RunFailed{std::to_string(getpid())});  // sent at once
+  while (true) {
+    pause();
   }
-  SUCCEED() << "the destructor returned";
+}
+
+TEST(Worker, EndsAChildThatStillRuns) {
+  auto worker = std::make_unique<Worker>(TellTheProcessAndStay);
+  const std::optional<Event> event = worker->Receive();
+  ASSERT_TRUE(event && std::holds_alternative<RunFailed>(*event));
+  const pid_t child = std::stoi(std::get<RunFailed>(*event).sentence);
+
+  // Elsewhere, so that a destructor that waits for ever fails the test and does not hold it up.
+  const std::future<void> ended = std::async(std::launch::async, [&] { worker.reset(); });
+  const bool returned = ended.wait_for(std::chrono::seconds(20)) == std::future_status::ready;
+  EXPECT_TRUE(returned) << "the destructor waits for a child that it has not ended";
+  const bool runs = kill(child, 0) == 0;
+  EXPECT_FALSE(runs) << "process " << child << " was left behind";
+  if (runs) {
+    kill(child, SIGKILL);
+  }
 }
 
 }  // namespace

@@ -1,0 +1,43 @@
+# The measurement of coverage, in a build folder of the preset "sanitize". To be sourced, in the project's root.
+#
+# Thresholds: backend/mrset 100% of lines and branches; standalone/ 95% of lines and 85% of branches. No source carries
+# a mark that takes it out of the measurement.
+#
+# tests/coverage/unreachable.txt names, with the reasons, what no test can reach; what it names wrongly fails too.
+#
+# What is counted, and why by clang's source-based coverage:
+# - A branch is a condition of the source that was true, and one that was false: each part of a && b for itself, and each
+#   case of a switch. Branches that the compiler makes for exceptions, of nearly every call, are none. (gcc counts in the
+#   machine code, where these and the flags of its clean-up code cannot be told from the source's.)
+# - Assertions are no branches here. That each of them fails in some test, with its whole report, is a test of its own
+#   (the list of assertions in tests/traces).
+# - Counters are worked out from one another as though every call returned. So backend/mrset is measured in its unit
+#   tests, a process each, and those count that end well and in which no exception is thrown
+#   (tests/coverage/exceptions.cpp): its figures are exact.
+# - standalone/ throws by design, and its worker ends through _exit() or abort(). Its counters therefore live in files
+#   that are mapped into memory, where those of every process count. A condition behind a call that threw counts as
+#   false: the price is a figure a little too kind.
+# The sanitizers change neither: the counters are placed by the source before the sanitizers see it.
+
+# clear_counters FOLDER: what earlier runs counted is forgotten.
+clear_counters() {
+  rm -rf "$1/profile" "$1/exact"
+  # Makes the files of the program's counters, for those tests too that run it as another user.
+  "$1/bin/mrset" --version > /dev/null
+  chmod -R a+rwX "$1/profile"
+}
+
+# export_coverage FOLDER PROFILES EXPORT BINARY...: what llvm-cov knows of the binaries' sources, in JSON.
+export_coverage() {
+  local profiles=$1/$2 export=$1/$3
+  local binaries=("${@:4}")
+  llvm-profdata-14 merge --sparse "$profiles"/*.profraw -o "$profiles.profdata"
+  llvm-cov-14 export --instr-profile "$profiles.profdata" "${binaries[@]/#/--object=$1/}" > "$export"
+}
+
+# report_coverage FOLDER: prints each file's coverage and fails below the thresholds.
+report_coverage() {
+  export_coverage "$1" exact module.json bin/module_tests
+  export_coverage "$1" profile program.json bin/mrset lib/libmrset-host.so
+  python3 -B tests/coverage/report.py "$PWD" "$1/module.json:backend/mrset:100:100" "$1/program.json:standalone:95:85"
+}

@@ -31,15 +31,17 @@ MEMORY_BYTES = 2 << 30
 SHORTEST_TIMEOUT = 20.0
 TIMEOUT_FACTOR = 10.0
 
-# What a mutant must pass, the quickest first. The other tests of trace_tests look at the sources, which do not change,
-# or sweep faults, which takes minutes.
+# What a mutant must pass, the quickest first. The last compares the texts of its sources with those that the tests know,
+# and so sees a message that the module never issues. The other tests of trace_tests sweep faults, which takes minutes,
+# or are not about the module.
 STAGES = [
-    ("module_tests", "-*DeathTest*"),
-    ("trace_tests", "CallsBeforeAnAssertion.*:AssertionReport.*"),
-    ("trace_tests", "Of/CallTrace.*"),
-    ("module_tests", "*DeathTest*"),
+    ("unit tests", "module_tests", "-*DeathTest*"),
+    ("assertion reports", "trace_tests", "CallsBeforeAnAssertion.*:AssertionReport.*"),
+    ("traces", "trace_tests", "Of/CallTrace.*"),
+    ("death tests", "module_tests", "*DeathTest*"),
+    ("list of messages", "trace_tests", "Messages.*"),
 ]
-PROGRAMS = sorted({program for program, _ in STAGES})
+PROGRAMS = sorted({program for _, program, _ in STAGES})
 
 COMPILER = ["g++", "-std=c++17", "-O0", "-DNDEBUG", "-fPIC", "-w"]
 
@@ -77,13 +79,14 @@ class TestPrograms:
     def program(self, name):
         return f"mutation_{name}"
 
-    def verdict(self, folder, timeout):
-        """Which test program noticed, or None."""
-        return next((name for name, test_filter in STAGES
-                     if not self._passes(name, test_filter, folder, timeout)), None)
+    def verdict(self, folder, sources, timeout):
+        """Which tests noticed, or None, with the library of the folder and the sources of which it was made."""
+        return next((tests for tests, program, test_filter in STAGES
+                     if not self._passes(program, test_filter, folder, sources, timeout)), None)
 
-    def _passes(self, name, test_filter, folder, timeout):
-        environment = dict(os.environ, LD_LIBRARY_PATH=str(folder), GTEST_BRIEF="1", GTEST_FAIL_FAST="1")
+    def _passes(self, name, test_filter, folder, sources, timeout):
+        environment = dict(os.environ, LD_LIBRARY_PATH=str(folder), MRSET_SOURCES=str(sources), GTEST_BRIEF="1",
+                           GTEST_FAIL_FAST="1")
         process = subprocess.Popen([self.build / self.program(name), f"--gtest_filter={test_filter}"],
                                    env=environment, cwd=folder, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
                                    stderr=subprocess.DEVNULL, start_new_session=True, preexec_fn=limit_resources)
@@ -136,15 +139,13 @@ class Module:
         changed = folder / mutant.file
         changed.parent.mkdir(parents=True)
         changed.write_text(mutant.source)
+        # Beside it stand the others, and the tests that look for texts in them.
+        for source in SOURCES.iterdir():
+            if source.name != changed.name:
+                (changed.parent / source.name).symlink_to(source)
+        (folder / "tests").symlink_to(ROOT / "tests")
         sources = self.sources if changed.suffix == ".h" else [Path(mutant.file)]
-        where = ROOT if changed.suffix == ".h" else folder
-        if changed.suffix == ".h":
-            # Next to the sources stands the unchanged header, so these come along.
-            for source in SOURCES.iterdir():
-                if source.suffix in (".cpp", ".h") and not (folder / source.relative_to(ROOT)).exists():
-                    shutil.copy(source, folder / source.relative_to(ROOT))
-            where = folder
-        return all(self._compile(source, where, folder) for source in sources) and self.link(folder, sources)
+        return all(self._compile(source, folder, folder) for source in sources) and self.link(folder, sources)
 
     def _compile(self, source, where, folder):
         # Run where the source's path is relative, as assertion reports show it.
@@ -226,12 +227,12 @@ class Campaign:
         self.timeout = timeout
 
     def outcome(self, mutant):
-        """"not compiled", "survived", or the name of the test program that noticed."""
+        """"not compiled", "survived", or which tests noticed."""
         with tempfile.TemporaryDirectory(prefix="mutant-") as name:
             folder = Path(name)
             if not self.module.make_mutant(mutant, folder):
                 return "not compiled"
-            return self.programs.verdict(folder, self.timeout) or "survived"
+            return self.programs.verdict(folder, folder, self.timeout) or "survived"
 
 
 def main():
@@ -251,9 +252,9 @@ def main():
     module.make()
     programs.link(module.library())
     started = time.monotonic()
-    noticed = programs.verdict(module.objects, 600.0)
+    noticed = programs.verdict(module.objects, ROOT, 600.0)
     if noticed is not None:
-        sys.exit(f"{noticed} fails on the unchanged module.")
+        sys.exit(f"The {noticed} fail on the unchanged module.")
     unchanged = time.monotonic() - started
     print(f"{len(chosen)} mutants; the tests take {unchanged:.1f} s on the unchanged module.", flush=True)
 
@@ -276,7 +277,7 @@ def main():
 def report(chosen, counts, survivors, known, seconds):
     compiled = len(chosen) - counts["not compiled"]
     print(f"{len(chosen)} mutants in {seconds:.0f} s: {counts['not compiled']} do not compile;"
-          f" of the other {compiled}, " + ", ".join(f"{counts[name]} killed by {name}" for name in PROGRAMS)
+          f" of the other {compiled}, " + ", ".join(f"{counts[tests]} killed by the {tests}" for tests, _, _ in STAGES)
           + f", {len(survivors & known)} explained, {len(survivors - known)} survived.")
     stale = [mutant for mutant in chosen if mutant in known and mutant not in survivors]
     for mutant in stale:

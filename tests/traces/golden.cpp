@@ -1,6 +1,7 @@
 #include "tests/traces/golden.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -77,7 +78,8 @@ void WriteLines(const std::string& path, const Lines& lines) {
 }
 
 std::string ProjectPath(const std::string& relative) {
-  return MRSET_SOURCE_FOLDER "/" + relative;
+  const char* folder = std::getenv("MRSET_SOURCES");
+  return std::string(folder == nullptr ? MRSET_SOURCE_FOLDER : folder) + "/" + relative;
 }
 
 std::string GoldenFolder() {

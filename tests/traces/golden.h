@@ -17,7 +17,7 @@ namespace traces {
 Lines ReadLines(const std::string& path);
 void WriteLines(const std::string& path, const Lines& lines);
 
-/// The path of a file of the project, given relative to its root.
+/// The path of a file of the project, given relative to its root. The environment's MRSET_SOURCES names another root.
 std::string ProjectPath(const std::string& relative);
 
 std::string GoldenFolder();

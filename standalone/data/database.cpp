@@ -1,9 +1,12 @@
 #include "standalone/data/database.h"
 
+#include <fmt/format.h>
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <thread>
 #include <unordered_map>
 #include <utility>
 
@@ -30,11 +33,25 @@ std::string SystemReason(sqlite3* connection) {
   return number == 0 ? "input or output failed" : std::strerror(number);
 }
 
+using Clock = std::chrono::steady_clock;
+
+constexpr std::chrono::seconds kSilentWait{1};
+
+// Short at first, since most locks are held for milliseconds.
+std::chrono::milliseconds PauseBeforeTry(int count) {
+  return std::chrono::milliseconds(std::min(1 + 2 * count, 50));
+}
+
+std::string InSeconds(std::chrono::milliseconds time) {
+  const double seconds = std::chrono::duration<double>(time).count();
+  return fmt::format("{} second{}", seconds, seconds == 1 ? "" : "s");
+}
+
 }  // namespace
 
 class Database::Implementation {
  public:
-  explicit Implementation(std::string name) : fName(std::move(name)) {}
+  Implementation(std::string path, std::string name) : fPath(std::move(path)), fName(std::move(name)) {}
   Implementation(const Implementation&) = delete;
   Implementation& operator=(const Implementation&) = delete;
   ~Implementation() {
@@ -59,14 +76,48 @@ class Database::Implementation {
     return statement;
   }
 
+  /// SQLite calls it where a lock is held: whether to try again.
+  static int WaitForLock(void* self, int count) { return static_cast<Implementation*>(self)->Wait(count) ? 1 : 0; }
+
   sqlite3* fConnection = nullptr;
+  std::string fPath;
   std::string fName;
+  std::chrono::milliseconds fLockTimeout{0};
+  std::function<void(const std::string&)> fNotify;
 
  private:
   [[noreturn]] void Fail(int result) const;
+  std::string LockedSentence() const;
+  bool Wait(int count);
 
+  Clock::time_point fWaitBegan;
+  bool fWaitIsTold = false;
   std::unordered_map<std::string_view, sqlite3_stmt*> fStatements;
 };
+
+bool Database::Implementation::Wait(int count) {
+  if (count == 0) {
+    fWaitBegan = Clock::now();
+    fWaitIsTold = false;
+  }
+  const auto waited = Clock::now() - fWaitBegan;
+  if (waited >= fLockTimeout) {
+    return false;
+  }
+  if (waited >= kSilentWait && !fWaitIsTold && fNotify) {
+    fWaitIsTold = true;
+    fNotify("waiting for " + fName + ", which another process has locked.");
+  }
+  std::this_thread::sleep_for(std::min<Clock::duration>(PauseBeforeTry(count), fLockTimeout - waited));
+  return true;
+}
+
+std::string Database::Implementation::LockedSentence() const {
+  return fLockTimeout.count() == 0
+             ? fName + " is locked by another process."
+             : fmt::format("{} is locked by another process and did not become free within {} (--lock-timeout).", fName,
+                           InSeconds(fLockTimeout));
+}
 
 void Database::Implementation::Fail(int result) const {
   const int extended = fConnection == nullptr ? result : sqlite3_extended_errcode(fConnection);
@@ -79,7 +130,7 @@ void Database::Implementation::Fail(int result) const {
   switch (result & 0xff) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
-      throw DatasetError(fName + " is in use by another process.");
+      throw DatasetError(LockedSentence());
     case SQLITE_NOTADB:
       throw DatasetError(fName + " is not a dataset.");
     case SQLITE_PERM:
@@ -95,16 +146,17 @@ void Database::Implementation::Fail(int result) const {
     case SQLITE_TOOBIG:
       throw DatasetError(fName + " cannot be written: a case or text is longer than 1,000,000,000 bytes.");
     default:  // what is left comes of a schema or a value that this program does not write
-      throw DatasetError(fName + " is damaged.");
+      throw DamagedError(fName + " is damaged.");
   }
 }
 
 Database::Database(const std::string& path, std::string name)
-    : fImplementation(std::make_unique<Implementation>(std::move(name))) {
+    : fImplementation(std::make_unique<Implementation>(AsFilePath(path), std::move(name))) {
   // Without SQLITE_OPEN_CREATE; SQLite itself falls back to reading where writing is not permitted.
   const int result =
-      sqlite3_open_v2(AsFilePath(path).c_str(), &fImplementation->fConnection, SQLITE_OPEN_READWRITE, nullptr);
+      sqlite3_open_v2(fImplementation->fPath.c_str(), &fImplementation->fConnection, SQLITE_OPEN_READWRITE, nullptr);
   fImplementation->Check(result);
+  sqlite3_busy_handler(fImplementation->fConnection, Implementation::WaitForLock, fImplementation.get());
   RefuseFileLogic(fImplementation->fConnection);
   SetLockTimeout(std::chrono::seconds(30));
   Execute("PRAGMA cell_size_check = ON");
@@ -112,8 +164,9 @@ Database::Database(const std::string& path, std::string name)
 
 Database::~Database() = default;
 
-void Database::SetLockTimeout(std::chrono::milliseconds timeout) {
-  sqlite3_busy_timeout(fImplementation->fConnection, static_cast<int>(timeout.count()));
+void Database::SetLockTimeout(std::chrono::milliseconds timeout, std::function<void(const std::string&)> notify) {
+  fImplementation->fLockTimeout = timeout;
+  fImplementation->fNotify = std::move(notify);
 }
 
 void Database::Execute(const char* sql) {
@@ -122,6 +175,21 @@ void Database::Execute(const char* sql) {
 
 void Database::Attach(const std::string& path, const char* schema) {
   Query(*this, "ATTACH ? AS ?").Bind(AsFilePath(path)).Bind(schema).Run();
+}
+
+// From a second connection: one that holds the right to write cannot be copied from. The file is not read past SQLite,
+// since closing a descriptor of it would release this process's locks.
+void Database::CopyInto(const std::string& path) const {
+  const Database source(fImplementation->fPath, fImplementation->fName);
+  const Database copy(path, path);
+  const Implementation& target = *copy.fImplementation;
+  sqlite3_exec(target.fConnection, "PRAGMA synchronous = OFF", nullptr, nullptr, nullptr);
+  sqlite3_backup* backup = sqlite3_backup_init(target.fConnection, "main", source.fImplementation->fConnection, "main");
+  if (backup == nullptr) {
+    target.Check(sqlite3_errcode(target.fConnection));
+  }
+  sqlite3_backup_step(backup, -1);
+  target.Check(sqlite3_backup_finish(backup));
 }
 
 bool Database::IsReadOnly() const {
@@ -139,7 +207,7 @@ void Database::Rollback() noexcept {
 }
 
 void Database::FailAsDamaged() const {
-  throw DatasetError(fImplementation->fName + " is damaged.");
+  throw DamagedError(fImplementation->fName + " is damaged.");
 }
 
 Query::Query(Database& database, std::string_view sql)

@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -19,6 +20,12 @@ class ReadOnlyError : public DatasetError {
   using DatasetError::DatasetError;
 };
 
+/// The contents of the file are not those of a dataset that this program wrote.
+class DamagedError : public DatasetError {
+ public:
+  using DatasetError::DatasetError;
+};
+
 /// One open SQLite file. Every failure is a DatasetError whose sentence names the file as `name`. No schema of the file
 /// is trusted: its triggers and views are never run.
 class Database {
@@ -29,8 +36,9 @@ class Database {
   Database& operator=(const Database&) = delete;
   ~Database();
 
-  /// How long a lock that another process holds is waited for; 30 seconds unless set.
-  void SetLockTimeout(std::chrono::milliseconds timeout);
+  /// How long a lock that another process holds is waited for, 30 seconds unless set; 0 is not at all. After a second
+  /// of waiting `notify`, if it is not empty, gets a sentence that says so, once in each wait.
+  void SetLockTimeout(std::chrono::milliseconds timeout, std::function<void(const std::string&)> notify = {});
 
   /// Runs fixed SQL, which may be several statements without parameters.
   void Execute(const char* sql);
@@ -38,13 +46,17 @@ class Database {
   /// Adds another file under a schema's name.
   void Attach(const std::string& path, const char* schema);
 
+  /// Copies the file as it was last committed into the empty file at `path`, page by page. The connection may hold the
+  /// right to write, but must not have written.
+  void CopyInto(const std::string& path) const;
+
   bool IsReadOnly() const;
   bool InTransaction() const;
 
   /// Ends the transaction, if there is one, without its changes. Never fails.
   void Rollback() noexcept;
 
-  /// Throws the sentence of a file whose contents cannot be.
+  /// Throws a DamagedError, the sentence of a file whose contents cannot be.
   [[noreturn]] void FailAsDamaged() const;
 
  private:

@@ -1,5 +1,7 @@
 #include "standalone/data/dataset.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <limits>
 #include <tuple>
@@ -7,6 +9,8 @@
 #include <utility>
 
 #include "standalone/data/database.h"
+#include "standalone/data/history.h"
+#include "standalone/data/migration.h"
 #include "standalone/data/schema.h"
 #include "standalone/data/set_store.h"
 #include "standalone/text/unicode.h"
@@ -60,23 +64,32 @@ bool StoredSet::operator==(const StoredSet& other) const {
 // What has been read is kept from command to command as long as nobody has written, which the generation tells.
 class Dataset::Implementation {
  public:
-  explicit Implementation(const std::string& path) : fDatabase(OpenDataset(path)) {}
+  Implementation(const std::string& path, const DatasetOptions& options)
+      : fPath(path), fNotify(options.notify), fDatabase(OpenDataset(path, options)) {}
 
   void Begin(bool exclusive);
   void BeginIfNone();
   void End();
-  Saved Save(const std::vector<StoredSet>& sets);
+  Saved Save(const std::vector<StoredSet>& sets, const std::string& command);
 
   int VariableCount();
   const Variable& VariableAt(int position);
   int FindVariable(std::string_view name);
   const std::vector<KeptSet>& Sets();
 
+  VersionRange Versions();
+  std::vector<StoredSet> SetsOfVersion(std::int64_t version);
+  void ForEachChange(const std::function<void(const Change&)>& handOver);
+
  private:
   std::int64_t StoredGeneration();
   void ForgetWhatWasRead();
-  Saved Write(const std::vector<StoredSet>& sets);
+  bool HasHistory();
+  Saved Write(const std::vector<StoredSet>& sets, const std::string& command);
+  void WriteLocked(const std::vector<StoredSet>& sets, const std::string& command);
 
+  std::string fPath;
+  std::function<void(const std::string&)> fNotify;
   std::unique_ptr<Database> fDatabase;
   bool fExclusive = false;
   std::int64_t fGeneration = 0;
@@ -113,11 +126,12 @@ void Dataset::Implementation::End() {
   fExclusive = false;
 }
 
-Dataset::Saved Dataset::Implementation::Save(const std::vector<StoredSet>& sets) {
+Dataset::Saved Dataset::Implementation::Save(const std::vector<StoredSet>& sets, const std::string& command) {
   const std::vector<KeptSet>& stored = Sets();
   Saved saved = Saved::kDone;
   try {
-    saved = AreSame(stored, sets) ? Saved::kDone : Write(sets);
+    const bool isNothingToWrite = AreSame(stored, sets) || (!HasHistory() && SameButForOrder(stored, sets));
+    saved = isNothingToWrite ? Saved::kDone : Write(sets, command);
   } catch (const ReadOnlyError&) {
     End();
     if (!SameButForOrder(stored, sets)) {
@@ -133,7 +147,7 @@ Dataset::Saved Dataset::Implementation::Save(const std::vector<StoredSet>& sets)
 
 // A transaction that has read cannot wait for the right to write while another one waits for it to finish reading; so
 // it ends, and the next one checks that nothing was written in between.
-Dataset::Saved Dataset::Implementation::Write(const std::vector<StoredSet>& sets) {
+Dataset::Saved Dataset::Implementation::Write(const std::vector<StoredSet>& sets, const std::string& command) {
   if (!fExclusive) {
     fDatabase->Rollback();
     fDatabase->Execute("BEGIN IMMEDIATE");
@@ -141,12 +155,24 @@ Dataset::Saved Dataset::Implementation::Write(const std::vector<StoredSet>& sets
       return Saved::kConflict;
     }
   }
-  std::vector<KeptSet> written = WriteSets(*fDatabase, *fSets, sets);
+  WriteLocked(sets, command);
+  return Saved::kDone;
+}
+
+void Dataset::Implementation::WriteLocked(const std::vector<StoredSet>& sets, const std::string& command) {
+  const std::optional<std::string> migrated = Migrate(*fDatabase, fPath);
+  if (migrated) {
+    fSets = LoadSets(*fDatabase);  // they lie elsewhere now
+  }
+  std::vector<KeptSet> written;
+  AddChange(*fDatabase, command, WriteSets(*fDatabase, *fSets, sets, written));
   fDatabase->Execute("UPDATE meta SET generation = generation + 1");
   fDatabase->Execute("COMMIT");
   fSets = std::move(written);
   ++fGeneration;
-  return Saved::kDone;
+  if (migrated && fNotify) {
+    fNotify(*migrated);
+  }
 }
 
 std::int64_t Dataset::Implementation::StoredGeneration() {
@@ -162,6 +188,10 @@ void Dataset::Implementation::ForgetWhatWasRead() {
   fVariables.clear();
   fPositions.clear();
   fSets.reset();
+}
+
+bool Dataset::Implementation::HasHistory() {
+  return FormatVersion(*fDatabase) == kFormatVersion;
 }
 
 int Dataset::Implementation::VariableCount() {
@@ -190,12 +220,12 @@ int Dataset::Implementation::FindVariable(std::string_view name) {
   if (found != fPositions.end()) {
     return found->second;
   }
-  Query row(*fDatabase, "SELECT position FROM variable WHERE name_key = ?");
+  Query row(*fDatabase, "SELECT position, name FROM variable WHERE name_key = ?");
   if (!row.Bind(key).Step()) {
     return -1;
   }
   const int position = NotNegativeInt(*fDatabase, row.Integer(0));
-  if (position >= count) {
+  if (position >= count || ToUpper(row.Text(1)) != key) {  // in a damaged file the key need not be that of the name
     fDatabase->FailAsDamaged();
   }
   return fPositions.emplace(key, position).first->second;
@@ -209,7 +239,44 @@ const std::vector<KeptSet>& Dataset::Implementation::Sets() {
   return *fSets;
 }
 
-Dataset::Dataset(const std::string& path) : fImplementation(std::make_unique<Implementation>(path)) {}
+VersionRange Dataset::Implementation::Versions() {
+  BeginIfNone();
+  return HasHistory() ? KeptVersions(*fDatabase) : VersionRange{};
+}
+
+std::vector<StoredSet> Dataset::Implementation::SetsOfVersion(std::int64_t version) {
+  const VersionRange range = Versions();
+  if (version < range.first || version > range.last) {
+    throw DatasetError(
+        range.first == range.last
+            ? fmt::format("{} has no version {}: its sets were not changed yet, and are version 0.", fPath, version)
+            : fmt::format("{} has no version {}; it keeps {} to {}.", fPath, version, range.first, range.last));
+  }
+  Rewind rewind(*fDatabase, Sets());
+  if (version < range.last) {
+    rewind.Undo(version + 1, range.last);
+  }
+  if (rewind.HasDuplicates()) {
+    fDatabase->FailAsDamaged();
+  }
+  return rewind.Sets();
+}
+
+void Dataset::Implementation::ForEachChange(const std::function<void(const Change&)>& handOver) {
+  std::optional<Change> change;
+  do {
+    BeginIfNone();
+    const std::int64_t end = change ? change->number : std::numeric_limits<std::int64_t>::max();
+    change = HasHistory() ? ChangeBefore(*fDatabase, end) : std::nullopt;
+    End();
+    if (change) {
+      handOver(*change);
+    }
+  } while (change);
+}
+
+Dataset::Dataset(const std::string& path, const DatasetOptions& options)
+    : fImplementation(std::make_unique<Implementation>(path, options)) {}
 
 Dataset::~Dataset() = default;
 
@@ -221,8 +288,8 @@ void Dataset::EndCommand() {
   fImplementation->End();
 }
 
-Dataset::Saved Dataset::SaveSets(const std::vector<StoredSet>& sets) {
-  return fImplementation->Save(sets);
+Dataset::Saved Dataset::SaveSets(const std::vector<StoredSet>& sets, const std::string& command) {
+  return fImplementation->Save(sets, command);
 }
 
 int Dataset::VariableCount() {
@@ -243,6 +310,18 @@ std::vector<StoredSet> Dataset::Sets() {
     sets.push_back(kept.set);
   }
   return sets;
+}
+
+VersionRange Dataset::Versions() {
+  return fImplementation->Versions();
+}
+
+std::vector<StoredSet> Dataset::SetsOfVersion(std::int64_t version) {
+  return fImplementation->SetsOfVersion(version);
+}
+
+void Dataset::ForEachChange(const std::function<void(const Change& change)>& handOver) {
+  fImplementation->ForEachChange(handOver);
 }
 
 }  // namespace standalone

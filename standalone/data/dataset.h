@@ -1,7 +1,10 @@
 #ifndef STANDALONE_DATA_DATASET_H
 #define STANDALONE_DATA_DATASET_H
 
+#include <chrono>
 #include <cstddef>
+#include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <stdexcept>
@@ -48,13 +51,51 @@ struct StoredSet {
   bool operator==(const StoredSet& other) const;
 };
 
+/// How a dataset is used.
+struct DatasetOptions {
+  /// How long a lock that another process holds is waited for; 0 is not at all.
+  std::chrono::milliseconds lockTimeout = std::chrono::seconds(30);
+  /// Saves do not wait until they are on the disk: what ends the process costs nothing, but a power failure can cost
+  /// the dataset.
+  bool relaxed = false;
+  /// Gets a sentence, as it happens, where a user should know: a long wait for a lock, a file that is migrated. May be
+  /// empty.
+  std::function<void(const std::string& sentence)> notify;
+};
+
+enum class ChangeKind { kDefined = 1, kChanged = 2, kDeleted = 3, kMoved = 4 };
+
+/// One set that a change of the dataset's sets touched.
+struct ChangedSet {
+  std::string name;  ///< of a set that was changed, its name before
+  ChangeKind kind = ChangeKind::kDefined;
+};
+
+/// One save that changed the sets.
+struct Change {
+  std::int64_t number = 0;       ///< from 1, never used again
+  std::string time;              ///< UTC, as in 2024-05-01T12:33:01Z
+  std::string command;           ///< its whole text
+  bool reordered = false;        ///< whether sets that stayed came into another order
+  std::vector<ChangedSet> sets;  ///< without those that were only moved
+};
+
+/// The versions of the sets that can be had. Version N is what change N left, version 0 what stood before the first.
+struct VersionRange {
+  std::int64_t first = 0;
+  std::int64_t last = 0;  ///< the sets as they are
+};
+
+/// How many changes a dataset keeps.
+inline constexpr std::int64_t kKeptChanges = 1000;
+
 /// A dataset that exists: the dictionary, read as it is touched, the sets in their order, and the cases. Positions of
 /// variables count from 0. Every function throws DatasetError when the file cannot be used. What reads begins a
 /// command, not exclusive, where none has begun.
 class Dataset {
  public:
   /// Opens the file; it must exist and be a dataset. Nothing is written until SaveSets().
-  explicit Dataset(const std::string& path);
+  explicit Dataset(const std::string& path, const DatasetOptions& options = {});
   Dataset(const Dataset&) = delete;
   Dataset& operator=(const Dataset&) = delete;
   ~Dataset();
@@ -71,9 +112,11 @@ class Dataset {
     kConflict  ///< another process changed the dataset since the command began: nothing is written
   };
 
-  /// Ends a command that leaves these sets, in this order, in one transaction. Where the dataset cannot be written and
-  /// only the order differs from that stored, nothing is written and the result is kDone.
-  Saved SaveSets(const std::vector<StoredSet>& sets);
+  /// Ends a command that leaves these sets, in this order, in one transaction; where they differ from those stored,
+  /// that is a change, which is kept with the command's text. A file of an older format is migrated first, in the same
+  /// transaction, and a copy of it set aside. Where only the order differs from that stored, and the dataset cannot be
+  /// written or is of an older format, nothing is written and the result is kDone.
+  Saved SaveSets(const std::vector<StoredSet>& sets, const std::string& command);
 
   int VariableCount();
 
@@ -86,6 +129,16 @@ class Dataset {
   /// The stored sets in their order.
   std::vector<StoredSet> Sets();
 
+  VersionRange Versions();
+
+  /// The sets of a version, in their order. Throws DatasetError, one sentence with the range, when there is no such
+  /// version.
+  std::vector<StoredSet> SetsOfVersion(std::int64_t version);
+
+  /// Hands over the changes that are kept, from the newest to the oldest. Ends the command that has begun: each change
+  /// is read by itself, so that a slow `handOver` keeps nobody from writing.
+  void ForEachChange(const std::function<void(const Change& change)>& handOver);
+
  private:
   class Implementation;
   std::unique_ptr<Implementation> fImplementation;
@@ -96,7 +149,7 @@ class DatasetWriter {
  public:
   /// Begins to write `path`. A file that exists is refused unless `replace`; then it must be a dataset. Whoever reads
   /// the path meanwhile finds what was there before.
-  DatasetWriter(const std::string& path, bool replace);
+  DatasetWriter(const std::string& path, bool replace, const DatasetOptions& options = {});
   DatasetWriter(const DatasetWriter&) = delete;
   DatasetWriter& operator=(const DatasetWriter&) = delete;
 

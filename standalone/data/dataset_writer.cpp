@@ -6,6 +6,7 @@
 #include "standalone/data/case_text.h"
 #include "standalone/data/database.h"
 #include "standalone/data/dataset.h"
+#include "standalone/data/migration.h"
 #include "standalone/data/schema.h"
 #include "standalone/data/temporary_file.h"
 #include "standalone/text/unicode.h"
@@ -19,14 +20,14 @@ bool Exists(const std::string& path) {
   return lstat(path.c_str(), &status) == 0;
 }
 
-void CheckDestination(const std::string& path, bool replace) {
+void CheckDestination(const std::string& path, bool replace, const DatasetOptions& options) {
   if (!Exists(path)) {
     return;
   }
   if (!replace) {
     throw DatasetError(path + " exists already; --replace replaces its variables and cases and keeps its sets.");
   }
-  if (OpenDataset(path)->IsReadOnly()) {
+  if (OpenDataset(path, options)->IsReadOnly()) {
     throw DatasetError(path + " cannot be written: there is no permission to write it or its folder.");
   }
 }
@@ -44,11 +45,12 @@ void WriteVariable(Database& database, std::int64_t position, const Variable& va
 }
 
 // In one transaction of the dataset itself: a command that runs meanwhile sees the old or the new and loses no set.
-void ReplaceContents(const std::string& path, const std::string& newContents) {
-  const std::unique_ptr<Database> database = OpenDataset(path);
+void ReplaceContents(const std::string& path, const std::string& newContents, const DatasetOptions& options) {
+  const std::unique_ptr<Database> database = OpenDataset(path, options);
   database->Attach(newContents, "new");
+  database->Execute("BEGIN IMMEDIATE");
+  const std::optional<std::string> migrated = Migrate(*database, path);
   database->Execute(
-      "BEGIN IMMEDIATE;"
       "DELETE FROM main.value_label;"
       "DELETE FROM main.variable;"
       "DELETE FROM main.cases;"
@@ -58,6 +60,9 @@ void ReplaceContents(const std::string& path, const std::string& newContents) {
       "UPDATE main.meta SET generation = generation + 1, (variable_count, case_count) ="
       " (SELECT variable_count, case_count FROM new.meta);"
       "COMMIT;");
+  if (migrated && options.notify) {
+    options.notify(*migrated);
+  }
 }
 
 }  // namespace
@@ -66,7 +71,7 @@ void ReplaceContents(const std::string& path, const std::string& newContents) {
 // takes, holds no lock.
 class DatasetWriter::Implementation {
  public:
-  Implementation(const std::string& path, bool replace);
+  Implementation(const std::string& path, bool replace, const DatasetOptions& options);
 
   void SetVariables(const std::vector<Variable>& variables);
   void AddCase(const std::vector<std::string_view>& cells);
@@ -84,6 +89,7 @@ class DatasetWriter::Implementation {
 
   std::string fPath;
   bool fReplace;
+  DatasetOptions fOptions;
   TemporaryFile fFile;
   std::unique_ptr<Database> fDatabase;
   std::vector<Column> fColumns;
@@ -91,8 +97,12 @@ class DatasetWriter::Implementation {
   std::string fCells;
 };
 
-DatasetWriter::Implementation::Implementation(const std::string& path, bool replace)
-    : fPath(path), fReplace(replace), fFile(path), fDatabase(std::make_unique<Database>(fFile.Path(), path)) {
+DatasetWriter::Implementation::Implementation(const std::string& path, bool replace, const DatasetOptions& options)
+    : fPath(path),
+      fReplace(replace),
+      fOptions(options),
+      fFile(path),
+      fDatabase(std::make_unique<Database>(fFile.Path(), path)) {
   // Nobody else knows the file, and one that was not finished is thrown away: it needs neither journal nor syncs until
   // it is put in place.
   fDatabase->Execute(
@@ -147,15 +157,15 @@ void DatasetWriter::Implementation::FinishFile() {
 void DatasetWriter::Implementation::Commit() {
   FinishFile();
   if (fReplace && Exists(fPath)) {
-    ReplaceContents(fPath, fFile.Path());
+    ReplaceContents(fPath, fFile.Path(), fOptions);
   } else {
     fFile.PutInPlace();
   }
 }
 
-DatasetWriter::DatasetWriter(const std::string& path, bool replace) {
-  CheckDestination(path, replace);
-  fImplementation = std::make_unique<Implementation>(path, replace);
+DatasetWriter::DatasetWriter(const std::string& path, bool replace, const DatasetOptions& options) {
+  CheckDestination(path, replace, options);
+  fImplementation = std::make_unique<Implementation>(path, replace, options);
 }
 
 DatasetWriter::~DatasetWriter() = default;

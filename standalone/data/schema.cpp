@@ -11,36 +11,39 @@ namespace standalone {
 namespace {
 
 constexpr std::int64_t kApplicationId = 0x6d727374;  // "mrst"
-constexpr std::int64_t kFormatVersion = 1;
 
 // The cells of a case are one JSON array in dictionary order: a number or null (missing) of a numeric variable, a
 // string of a string variable. `generation` counts the transactions that wrote. The positions of sets give their order
 // and may leave gaps. The keys are the upper-case forms of the names.
-constexpr const char* kTables = R"(
-PRAGMA application_id = 1836217204;
-PRAGMA user_version = 1;
-CREATE TABLE meta(
+//
+// A row of `history` is a change of the sets. Its rows of `history_set` tell how each set that it touched was before:
+// of one that was defined nothing but its name, of one that was only moved its position. `kind` is a ChangeKind;
+// `variables` is a JSON array.
+
+constexpr const char* kMeta = R"(CREATE TABLE meta(
   id INTEGER PRIMARY KEY CHECK (id = 1),
   variable_count INTEGER NOT NULL CHECK (variable_count >= 0),
   case_count INTEGER NOT NULL CHECK (case_count >= 0),
   generation INTEGER NOT NULL
-) STRICT;
-INSERT INTO meta VALUES (1, 0, 0, 1);
-CREATE TABLE variable(
+) STRICT)";
+
+constexpr const char* kVariable = R"(CREATE TABLE variable(
   position INTEGER PRIMARY KEY CHECK (position >= 0),
   name TEXT NOT NULL,
   name_key TEXT NOT NULL UNIQUE,
   width INTEGER NOT NULL CHECK (width >= 0),
   label TEXT
-) STRICT;
-CREATE TABLE value_label(
+) STRICT)";
+
+constexpr const char* kValueLabel = R"(CREATE TABLE value_label(
   variable INTEGER NOT NULL,
   ordinal INTEGER NOT NULL,
   value TEXT NOT NULL,
   label TEXT NOT NULL,
   PRIMARY KEY (variable, ordinal)
-) STRICT, WITHOUT ROWID;
-CREATE TABLE mr_set(
+) STRICT, WITHOUT ROWID)";
+
+constexpr const char* kSet = R"(CREATE TABLE mr_set(
   id INTEGER PRIMARY KEY,
   position INTEGER NOT NULL,
   name TEXT NOT NULL,
@@ -50,20 +53,41 @@ CREATE TABLE mr_set(
   counted_value TEXT NOT NULL,
   label_from_variable INTEGER NOT NULL CHECK (label_from_variable IN (0, 1)),
   category_labels_from_counted_value INTEGER NOT NULL CHECK (category_labels_from_counted_value IN (0, 1))
-) STRICT;
-CREATE TABLE mr_set_variable(
+) STRICT)";
+
+constexpr const char* kSetVariable = R"(CREATE TABLE mr_set_variable(
   set_id INTEGER NOT NULL,
   ordinal INTEGER NOT NULL,
   name TEXT NOT NULL,
   PRIMARY KEY (set_id, ordinal)
-) STRICT, WITHOUT ROWID;
-CREATE TABLE cases(
+) STRICT, WITHOUT ROWID)";
+
+constexpr const char* kCases = R"(CREATE TABLE cases(
   position INTEGER PRIMARY KEY,
   cells TEXT NOT NULL
-) STRICT;
-)";
+) STRICT)";
 
-static_assert(kApplicationId == 1836217204 && kFormatVersion == 1, "the pragmas of the tables are written out");
+constexpr const char* kHistory = R"(CREATE TABLE history(
+  number INTEGER PRIMARY KEY CHECK (number >= 1),
+  time TEXT NOT NULL,
+  command TEXT NOT NULL,
+  reordered INTEGER NOT NULL CHECK (reordered IN (0, 1))
+) STRICT)";
+
+constexpr const char* kHistorySet = R"(CREATE TABLE history_set(
+  history INTEGER NOT NULL,
+  set_id INTEGER NOT NULL,
+  kind INTEGER NOT NULL CHECK (kind IN (1, 2, 3, 4)),
+  name TEXT,
+  position INTEGER,
+  type INTEGER,
+  label TEXT,
+  counted_value TEXT,
+  label_from_variable INTEGER,
+  category_labels_from_counted_value INTEGER,
+  variables TEXT,
+  PRIMARY KEY (history, set_id)
+) STRICT, WITHOUT ROWID)";
 
 // SQLite's own words for what cannot be opened do not tell these cases apart.
 void CheckReadableFile(const std::string& path) {
@@ -93,28 +117,47 @@ void CheckFormat(Database& database, const std::string& path) {
   if (IntegerOf(database, "PRAGMA application_id") != kApplicationId) {
     throw DatasetError(path + " is not a dataset.");
   }
-  const std::int64_t version = IntegerOf(database, "PRAGMA user_version");
-  if (version > kFormatVersion) {
+  if (IntegerOf(database, "PRAGMA user_version") > kFormatVersion) {
     throw DatasetError(path + " was made by a newer version of the program.");
   }
-  if (version < kFormatVersion) {
-    database.FailAsDamaged();
-  }
+  FormatVersion(database);
 }
 
 }  // namespace
 
-void CreateSchema(Database& database) {
-  database.Execute(kTables);
+const std::vector<TableDefinition>& Tables() {
+  static const std::vector<TableDefinition> tables = {
+      {"meta", 1, kMeta},       {"variable", 1, kVariable},           {"value_label", 1, kValueLabel},
+      {"mr_set", 1, kSet},      {"mr_set_variable", 1, kSetVariable}, {"cases", 1, kCases},
+      {"history", 2, kHistory}, {"history_set", 2, kHistorySet}};
+  return tables;
 }
 
-std::unique_ptr<Database> OpenDataset(const std::string& path) {
+void CreateSchema(Database& database) {
+  static_assert(kApplicationId == 1836217204 && kFormatVersion == 2, "the pragmas are written out");
+  database.Execute("PRAGMA application_id = 1836217204; PRAGMA user_version = 2");
+  for (const TableDefinition& table : Tables()) {
+    database.Execute(table.sql);
+  }
+  database.Execute("INSERT INTO meta VALUES (1, 0, 0, 1)");
+}
+
+std::int64_t FormatVersion(Database& database) {
+  const std::int64_t version = IntegerOf(database, "PRAGMA user_version");
+  if (version < 1 || version > kFormatVersion) {
+    database.FailAsDamaged();
+  }
+  return version;
+}
+
+std::unique_ptr<Database> OpenDataset(const std::string& path, const DatasetOptions& options) {
   CheckReadableFile(path);
   auto database = std::make_unique<Database>(path, path);
+  database->SetLockTimeout(options.lockTimeout, options.notify);
   CheckFormat(*database, path);
   // Beyond FULL, EXTRA syncs the folder once the journal is deleted: without that a power loss just after a commit can
   // bring the journal back, which undoes the commit.
-  database->Execute("PRAGMA synchronous = EXTRA");
+  database->Execute(options.relaxed ? "PRAGMA synchronous = OFF" : "PRAGMA synchronous = EXTRA");
   return database;
 }
 

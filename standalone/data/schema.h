@@ -1,18 +1,36 @@
 #ifndef STANDALONE_DATA_SCHEMA_H
 #define STANDALONE_DATA_SCHEMA_H
 
+#include <cstdint>
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "standalone/data/database.h"
 
 namespace standalone {
 
+/// The format that this program writes. Version 1 had no history.
+inline constexpr std::int64_t kFormatVersion = 2;
+
+struct TableDefinition {
+  const char* name;
+  std::int64_t since;  ///< the first format version that has it
+  const char* sql;     ///< word for word what the file's schema holds
+};
+
+/// Every table of a dataset.
+const std::vector<TableDefinition>& Tables();
+
 /// Makes the tables of a dataset without variables, cases and sets in an empty file.
 void CreateSchema(Database& database);
 
-/// Opens a dataset that exists for commands: what they commit is on the disk. Throws one sentence where the path is not
-/// a file that can be read, is not a dataset, is damaged, or was made by a newer version.
-std::unique_ptr<Database> OpenDataset(const std::string& path);
+/// The format version of an open dataset, 1 to kFormatVersion.
+std::int64_t FormatVersion(Database& database);
+
+/// Opens a dataset that exists: what is committed is on the disk, unless the options are relaxed. Throws one sentence
+/// where the path is not a file that can be read, is not a dataset, is damaged, or was made by a newer version.
+std::unique_ptr<Database> OpenDataset(const std::string& path, const DatasetOptions& options = {});
 
 }  // namespace standalone
 

@@ -1,39 +1,25 @@
 #include "standalone/data/set_store.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
 
+#include "standalone/data/positions.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {
 
 namespace {
 
-SetType TypeOf(Database& database, std::int64_t number) {
-  if (number != static_cast<int>(SetType::kCategory) && number != static_cast<int>(SetType::kDichotomy)) {
-    database.FailAsDamaged();
-  }
-  return static_cast<SetType>(number);
-}
-
-// Numbers up to which the program never counts; a file that holds a greater one was not made by it.
-std::int64_t Ordinary(Database& database, std::int64_t number) {
-  constexpr std::int64_t kGreatest = std::int64_t{1} << 53;
-  if (number < 0 || number > kGreatest) {
-    database.FailAsDamaged();
-  }
-  return number;
-}
-
 KeptSet SetOfRow(Database& database, Query& row) {
   KeptSet kept;
-  kept.id = Ordinary(database, row.Integer(0));
-  kept.position = Ordinary(database, row.Integer(1));
+  kept.id = OrdinaryNumber(database, row.Integer(0));
+  kept.position = OrdinaryNumber(database, row.Integer(1));
   kept.set.name = row.Text(2);
-  kept.set.type = TypeOf(database, row.Integer(3));
+  kept.set.type = SetTypeOf(database, row.Integer(3));
   kept.set.label = row.Text(4);
   kept.set.countedValue = row.Text(5);
   kept.set.labelFromVariable = row.Integer(6) != 0;
@@ -132,44 +118,92 @@ class SetsByKey {
 };
 
 /// One set of the list to be, with the set that is stored in its name, if any.
-struct SetChange {
+struct PlannedSet {
   const KeptSet* before;
   KeptSet after;
   std::string key;
 };
 
-// A set keeps its position where that still follows the position before it: a removed set then moves no other.
-std::vector<SetChange> PlanChanges(SetsByKey& stored, const std::vector<StoredSet>& after) {
-  std::vector<SetChange> changes;
-  changes.reserve(after.size());
-  std::int64_t next = 0;
+std::vector<PlannedSet> Plan(SetsByKey& stored, const std::vector<StoredSet>& after) {
+  std::vector<PlannedSet> plan;
+  plan.reserve(after.size());
+  std::vector<std::optional<std::int64_t>> positions;
+  positions.reserve(after.size());
   for (const StoredSet& set : after) {
     std::string key = ToUpper(set.name);
     const KeptSet* before = stored.Take(key);
-    const std::int64_t position = before == nullptr ? next : std::max(next, before->position);
-    const std::int64_t id = before == nullptr ? stored.NewId() : before->id;
-    changes.push_back({before, {id, position, set}, std::move(key)});
-    next = position + 1;
+    positions.push_back(before == nullptr ? std::nullopt : std::make_optional(before->position));
+    plan.push_back({before, {before == nullptr ? stored.NewId() : before->id, 0, set}, std::move(key)});
   }
-  return changes;
+  const std::vector<std::int64_t> planned = PlanPositions(positions);
+  for (std::size_t row = 0; row < plan.size(); ++row) {
+    plan[row].after.position = planned[row];
+  }
+  return plan;
 }
 
-void WriteChange(Database& database, const SetChange& change) {
-  const KeptSet* before = change.before;
-  const KeptSet& after = change.after;
-  if (before != nullptr && before->set == after.set) {
-    if (before->position != after.position) {
-      MoveSet(database, after.id, after.position);
+bool ChangesOrder(const std::vector<PlannedSet>& plan) {
+  const KeptSet* last = nullptr;
+  for (const PlannedSet& planned : plan) {
+    if (planned.before != nullptr) {
+      if (last != nullptr && last->position > planned.before->position) {
+        return true;
+      }
+      last = planned.before;
     }
+  }
+  return false;
+}
+
+std::optional<ChangeKind> KindOf(const PlannedSet& planned) {
+  if (planned.before == nullptr) {
+    return ChangeKind::kDefined;
+  }
+  if (!(planned.before->set == planned.after.set)) {
+    return ChangeKind::kChanged;
+  }
+  return planned.before->position == planned.after.position ? std::nullopt : std::make_optional(ChangeKind::kMoved);
+}
+
+void WriteEdit(Database& database, ChangeKind kind, const PlannedSet& planned) {
+  const KeptSet& after = planned.after;
+  if (kind == ChangeKind::kMoved) {
+    MoveSet(database, after.id, after.position);
     return;
   }
-  WriteSet(database, after, change.key);
-  if (before == nullptr || before->set.variables != after.set.variables) {
+  WriteSet(database, after, planned.key);
+  if (kind == ChangeKind::kDefined || planned.before->set.variables != after.set.variables) {
     WriteVariables(database, after.id, after.set.variables);
   }
 }
 
+void WritePlan(Database& database, const std::vector<PlannedSet>& plan, std::vector<SetEdit>& edits) {
+  for (const PlannedSet& planned : plan) {
+    if (const std::optional<ChangeKind> kind = KindOf(planned)) {
+      WriteEdit(database, *kind, planned);
+      const KeptSet& named = planned.before == nullptr ? planned.after : *planned.before;
+      edits.push_back({*kind, planned.after.id, planned.before, named.set.name});
+    }
+  }
+}
+
 }  // namespace
+
+// A file that holds a greater one was not made by this program.
+std::int64_t OrdinaryNumber(Database& database, std::int64_t number) {
+  constexpr std::int64_t kGreatest = std::int64_t{1} << 53;
+  if (number < 0 || number > kGreatest) {
+    database.FailAsDamaged();
+  }
+  return number;
+}
+
+SetType SetTypeOf(Database& database, std::int64_t number) {
+  if (number != static_cast<int>(SetType::kCategory) && number != static_cast<int>(SetType::kDichotomy)) {
+    database.FailAsDamaged();
+  }
+  return static_cast<SetType>(number);
+}
 
 std::vector<KeptSet> LoadSets(Database& database) {
   std::vector<KeptSet> sets;
@@ -186,20 +220,23 @@ std::vector<KeptSet> LoadSets(Database& database) {
   return sets;
 }
 
-std::vector<KeptSet> WriteSets(Database& database, const std::vector<KeptSet>& before,
-                               const std::vector<StoredSet>& after) {
+SetEdits WriteSets(Database& database, const std::vector<KeptSet>& before, const std::vector<StoredSet>& after,
+                   std::vector<KeptSet>& written) {
   SetsByKey stored(before);
-  std::vector<SetChange> changes = PlanChanges(stored, after);
+  std::vector<PlannedSet> plan = Plan(stored, after);
+  SetEdits result;
   for (const auto& entry : stored.Left()) {
-    DeleteSet(database, entry.second->id);
+    const KeptSet& left = *entry.second;
+    DeleteSet(database, left.id);
+    result.edits.push_back({ChangeKind::kDeleted, left.id, &left, left.set.name});
   }
-  std::vector<KeptSet> written;
-  written.reserve(changes.size());
-  for (SetChange& change : changes) {
-    WriteChange(database, change);
-    written.push_back(std::move(change.after));
+  WritePlan(database, plan, result.edits);
+  result.reordered = ChangesOrder(plan);
+  written.reserve(plan.size());
+  for (PlannedSet& planned : plan) {
+    written.push_back(std::move(planned.after));
   }
-  return written;
+  return result;
 }
 
 bool SameButForOrder(const std::vector<KeptSet>& before, const std::vector<StoredSet>& after) {

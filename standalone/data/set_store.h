@@ -1,6 +1,8 @@
 #ifndef STANDALONE_DATA_SET_STORE_H
 #define STANDALONE_DATA_SET_STORE_H
 
+#include <cstdint>
+#include <string>
 #include <vector>
 
 #include "standalone/data/database.h"
@@ -15,13 +17,31 @@ struct KeptSet {
   StoredSet set;
 };
 
+/// Numbers up to which the program never counts, and types that it does not know, are the mark of a damaged file.
+std::int64_t OrdinaryNumber(Database& database, std::int64_t number);
+SetType SetTypeOf(Database& database, std::int64_t number);
+
 /// The sets of a dataset in their order.
 std::vector<KeptSet> LoadSets(Database& database);
 
-/// Writes what differs between the sets that are stored and those that are to be, within the transaction of the caller;
-/// returns them as they are then stored. The names of `after` differ without regard to case.
-std::vector<KeptSet> WriteSets(Database& database, const std::vector<KeptSet>& before,
-                               const std::vector<StoredSet>& after);
+/// What became of one set.
+struct SetEdit {
+  ChangeKind kind = ChangeKind::kDefined;
+  std::int64_t id = 0;
+  const KeptSet* before = nullptr;  ///< null for a set that was defined
+  std::string name;                 ///< as it was before, or of a set that was defined, as it is
+};
+
+struct SetEdits {
+  std::vector<SetEdit> edits;
+  bool reordered = false;  ///< whether sets that stayed came into another order
+};
+
+/// Writes what differs between the sets that are stored and those that are to be, within the transaction of the caller.
+/// Leaves in `written` the sets as they are then stored, and returns what became of which; that refers to `before`. The
+/// names of `after` differ without regard to case.
+SetEdits WriteSets(Database& database, const std::vector<KeptSet>& before, const std::vector<StoredSet>& after,
+                   std::vector<KeptSet>& written);
 
 /// Whether the two lists hold the same sets in whatever order.
 bool SameButForOrder(const std::vector<KeptSet>& before, const std::vector<StoredSet>& after);

@@ -6,7 +6,9 @@
 namespace standalone {
 
 /// A new empty file in the folder of the path that it is meant for, with the permissions of a file made there; removed
-/// again unless it is put in place. Failures are DatasetErrors that name that path.
+/// again unless it is put in place. Files that programs which were killed left in that folder are removed as well: a
+/// lock tells those that are in use. Failures are DatasetErrors that name the path it is meant for, ReadOnlyErrors
+/// where there is no permission.
 class TemporaryFile {
  public:
   explicit TemporaryFile(const std::string& destination);
@@ -18,16 +20,24 @@ class TemporaryFile {
 
   /// Syncs the file and gives it the destination's name, on the disk as well. A file that has that name is kept: then
   /// an error says that it exists already. No descriptor of the file may be open that holds a lock.
-  void PutInPlace();
+  void PutInPlace() { PutInPlaceAs(fDestination); }
+
+  /// The same with another name in the same folder.
+  void PutInPlaceAs(const std::string& place);
 
   /// The same, but takes the place of a file that has that name, and its permissions.
   void Replace();
 
+  /// Removes every temporary file of this process, for a handler of a signal that ends it.
+  static void RemoveAllOnSignal() noexcept;
+
  private:
+  void Release();
   void SyncFolder() const;
 
   std::string fDestination;
   std::string fPath;  // empty once in place
+  int fLock = -1;     // keeps other programs from taking the file for one that was left behind
 };
 
 }  // namespace standalone

@@ -8,7 +8,6 @@
 #include <utility>
 #include <vector>
 
-#include "standalone/data/dataset.h"
 #include "standalone/import/codebook.h"
 #include "standalone/import/columns.h"
 #include "standalone/import/csv.h"
@@ -79,7 +78,7 @@ ImportSummary ImportSurvey(const ImportRequest& request) {
   if (request.codebookPath) {
     fields = ReadCodebook(codebookPath);
   }
-  DatasetWriter writer(request.datasetPath, request.replace);
+  DatasetWriter writer(request.datasetPath, request.replace, request.datasetOptions);
   file.AllowRewind(request.datasetPath);
   auto reader = std::make_unique<CsvReader>(file);
   std::vector<Column> columns = MakeColumns(reader->Header(), request.dataPath, std::move(fields), codebookPath);

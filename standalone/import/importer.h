@@ -6,6 +6,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "standalone/data/dataset.h"
+
 namespace standalone {
 
 /// What is wrong with the input, as one plain sentence that names the file and the line, column or field.
@@ -19,6 +21,7 @@ struct ImportRequest {
   std::optional<std::string> codebookPath;  ///< Table Schema JSON
   std::string datasetPath;
   bool replace = false;  ///< replace variables and cases of a dataset that exists, keep its sets
+  DatasetOptions datasetOptions = {};
 };
 
 struct ImportSummary {

@@ -8,6 +8,7 @@
 
 #include "standalone/import/importer.h"
 #include "standalone/program/counted.h"
+#include "standalone/program/dataset_options.h"
 #include "standalone/program/subcommands.h"
 #include "standalone/text/visible.h"
 
@@ -29,6 +30,7 @@ Action DeclareImport(CLI::App& options) {
       ->type_name("CODEBOOK");
   options.add_flag("--replace", request->replace,
                    "Replace the variables and cases of a dataset that exists; its sets are kept");
+  AddLockTimeoutOption(options, request->datasetOptions);
   options.add_option("DATA", request->dataPath, "Survey: CSV, UTF-8, with a header row")->required()->type_name("");
   options.add_option("DATASET", request->datasetPath, "Dataset file to make")->required()->type_name("");
   options.footer("Example:\n  mrset import --schema survey.schema.json survey.csv survey.mrset\n");

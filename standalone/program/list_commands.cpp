@@ -11,6 +11,7 @@
 #include "standalone/output/sets_json.h"
 #include "standalone/output/text_table.h"
 #include "standalone/program/counted.h"
+#include "standalone/program/dataset_options.h"
 #include "standalone/program/format_option.h"
 #include "standalone/program/subcommands.h"
 #include "standalone/program/terminal.h"
@@ -21,6 +22,7 @@ namespace {
 struct ListRequest {
   std::string datasetPath;
   std::string format;
+  DatasetOptions datasetOptions;
 };
 
 Cell TextCell(const std::string& text) {
@@ -67,7 +69,7 @@ Table VariablesTable(Dataset& dataset) {
 }
 
 ExitStatus ListSets(const ListRequest& request) {
-  Dataset dataset(request.datasetPath);
+  Dataset dataset(request.datasetPath, request.datasetOptions);
   const std::vector<StoredSet> sets = dataset.Sets();
   if (request.format == kJsonFormat) {
     std::cout << OneLine({{"sets", ToJson(sets)}}) << '\n';
@@ -89,7 +91,7 @@ void WriteVariablesJson(Dataset& dataset) {
 }
 
 ExitStatus ListVariables(const ListRequest& request) {
-  Dataset dataset(request.datasetPath);
+  Dataset dataset(request.datasetPath, request.datasetOptions);
   dataset.BeginCommand(false);
   if (request.format == kJsonFormat) {
     WriteVariablesJson(dataset);
@@ -103,6 +105,7 @@ Action DeclareList(CLI::App& options, const char* example, ExitStatus (*list)(co
   const auto request = std::make_shared<ListRequest>();
   options.add_option("DATASET", request->datasetPath, "Dataset file")->required()->type_name("");
   AddFormatOption(options, request->format);
+  AddLockTimeoutOption(options, request->datasetOptions);
   options.footer(fmt::format("Example:\n  {}\n", example));
   return [request, list] { return list(*request); };
 }

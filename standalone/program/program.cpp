@@ -14,17 +14,21 @@
 #include <vector>
 
 #include "standalone/program/exit_status.h"
+#include "standalone/program/signals.h"
 #include "standalone/program/subcommands.h"
-#include "standalone/text/visible.h"
+#include "standalone/text/notice.h"
 
 namespace standalone {
 namespace {
 
-constexpr std::array<Subcommand, 4> kSubcommands = {{
+constexpr std::array<Subcommand, 7> kSubcommands = {{
     {"import", "Read a survey from CSV into a dataset", DeclareImport},
     {"run", "Run commands on a dataset", DeclareRun},
     {"sets", "List a dataset's multiple response sets", DeclareSets},
     {"variables", "List a dataset's variables", DeclareVariables},
+    {"log", "List the changes of a dataset's sets", DeclareLog},
+    {"undo", "Go back to the sets as they were", DeclareUndo},
+    {"check", "Verify that a dataset is sound", DeclareCheck},
 }};
 
 constexpr const char* kExample =
@@ -33,7 +37,7 @@ constexpr const char* kExample =
     "  mrset run survey.mrset -c 'MRSET /MCGROUP NAME=$pets VARIABLES=pet1 TO pet3 /DISPLAY NAME=ALL'\n";
 
 void PrintError(const std::string& sentence) {
-  std::cerr << "mrset: " << Visible(sentence) << '\n';
+  std::cerr << NoticeLine(sentence);
 }
 
 /// The sentence for what CLI11 found wrong with the arguments.
@@ -103,6 +107,7 @@ int ParseAndPerform(int argc, const char* const* argv) {
 
 int RunProgram(int argc, const char* const* argv) {
   OccupyStandardDescriptors();
+  PrepareForSignals();
   const int status = ParseAndPerform(argc, argv);
   std::cout.flush();
   if (!std::cout) {

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "standalone/output/renderer.h"
+#include "standalone/program/dataset_options.h"
 #include "standalone/program/format_option.h"
 #include "standalone/program/subcommands.h"
 #include "standalone/program/terminal.h"
@@ -31,6 +32,7 @@ struct RunOptions {
   std::optional<std::string> outputPath;
   bool dryRun = false;
   bool stopOnError = false;
+  DatasetOptions datasetOptions;
 };
 
 /// The commands of the script, then those of each -c.
@@ -88,7 +90,8 @@ ExitStatus Run(const RunOptions& options) {
     throw ScriptError(
         "There is nothing to run: give a SCRIPT, - for commands on standard input, or -c with a command.");
   }
-  const RunRequest request{options.datasetPath, ReadCommands(options), options.dryRun, options.stopOnError};
+  const RunRequest request{options.datasetPath, ReadCommands(options), options.dryRun, options.stopOnError,
+                           options.datasetOptions};
   if (!options.outputPath) {
     return RunAndRender(request, *MakeRenderer(options, std::cout, OutputWidth()));
   }
@@ -113,6 +116,10 @@ Action DeclareRun(CLI::App& app) {
   app.add_option("--output", options->outputPath, "Write the results to this file")->type_name("FILE");
   app.add_flag("--dry-run", options->dryRun, "Show what the commands would do and leave the dataset as it is");
   app.add_flag("--stop-on-error", options->stopOnError, "Run no command after one that fails");
+  app.add_flag("--relaxed", options->datasetOptions.relaxed,
+               "Do not wait until what a command saved is on the disk: faster. A program that is killed still loses "
+               "nothing, but a power failure or a crash of the system can damage the dataset beyond repair");
+  AddLockTimeoutOption(app, options->datasetOptions);
   app.footer(
       "Exit status: 0 no error, 1 an error message, 2 wrong usage or an unusable file, 3 an aborted command.\n"
       "Example:\n"

@@ -23,6 +23,9 @@ Action DeclareImport(CLI::App& options);
 Action DeclareRun(CLI::App& options);
 Action DeclareSets(CLI::App& options);
 Action DeclareVariables(CLI::App& options);
+Action DeclareLog(CLI::App& options);
+Action DeclareUndo(CLI::App& options);
+Action DeclareCheck(CLI::App& options);
 
 }  // namespace standalone
 

@@ -36,8 +36,8 @@ int LineAt(const ScriptCommand& command, std::size_t offset) {
 
 }  // namespace
 
-CommandRunner::CommandRunner(const std::string& datasetPath, bool dryRun, Tell tell)
-    : fDataset(datasetPath), fDryRun(dryRun), fTell(std::move(tell)) {
+CommandRunner::CommandRunner(const std::string& datasetPath, bool dryRun, Tell tell, const DatasetOptions& options)
+    : fDataset(datasetPath, options), fDryRun(dryRun), fTell(std::move(tell)) {
   fSink.procedure = [this](const std::string& title) { fTell(ProcedureOpened{title}); };
   fSink.item = [this](const Item& item) { TellItem(item); };
 }
@@ -47,7 +47,7 @@ bool CommandRunner::Run(const ScriptCommand& command, std::size_t index) {
   try {
     const std::vector<Token> tokens = Tokenize(command.text);
     if (NamesMrset(tokens.front())) {
-      RunTokens(tokens);
+      RunTokens(tokens, command.text);
     } else {
       TellError(fmt::format("Line {}: {} is not a command. The command here is {}.", command.line,
                             Shortened(tokens.front().text), kMrset));
@@ -59,18 +59,18 @@ bool CommandRunner::Run(const ScriptCommand& command, std::size_t index) {
   return !fHasError;
 }
 
-void CommandRunner::RunTokens(const std::vector<Token>& tokens) {
+void CommandRunner::RunTokens(const std::vector<Token>& tokens, const std::string& text) {
   if (fMrset == nullptr) {
     fMrset = LoadMrsetModule();
   }
-  for (int tries = 1; !TryRun(tokens, tries > kOptimisticTries); ++tries) {
+  for (int tries = 1; !TryRun(tokens, text, tries > kOptimisticTries); ++tries) {
     fHasError = false;
     fTell(CommandRestarted{});
   }
 }
 
 /// False when another process changed the dataset meanwhile, so that the command must be run again.
-bool CommandRunner::TryRun(const std::vector<Token>& tokens, bool exclusive) {
+bool CommandRunner::TryRun(const std::vector<Token>& tokens, const std::string& text, bool exclusive) {
   fDataset.BeginCommand(exclusive);
   Session session(fDataset, tokens, fDryRunSets ? *fDryRunSets : fDataset.Sets(), fSink);
   fMrset();
@@ -83,7 +83,8 @@ bool CommandRunner::TryRun(const std::vector<Token>& tokens, bool exclusive) {
     fDryRunSets = session.SavedSets();
     return true;
   }
-  return fDataset.SaveSets(*session.SavedSets()) == Dataset::Saved::kDone;
+  fTell(CommandSaves{});
+  return fDataset.SaveSets(*session.SavedSets(), text) == Dataset::Saved::kDone;
 }
 
 void CommandRunner::TellItem(const Item& item) {

@@ -21,15 +21,15 @@ class CommandRunner {
 
   /// Opens the dataset. In a dry run nothing is written, and each command finds the sets that the one before it left.
   /// Throws DatasetError.
-  CommandRunner(const std::string& datasetPath, bool dryRun, Tell tell);
+  CommandRunner(const std::string& datasetPath, bool dryRun, Tell tell, const DatasetOptions& options = {});
 
   /// Runs one command, telling all that it puts out and at last CommandDone with its index. False when it put out an
   /// error. Throws DatasetError and ModuleError.
   bool Run(const ScriptCommand& command, std::size_t index);
 
  private:
-  void RunTokens(const std::vector<Token>& tokens);
-  bool TryRun(const std::vector<Token>& tokens, bool exclusive);
+  void RunTokens(const std::vector<Token>& tokens, const std::string& text);
+  bool TryRun(const std::vector<Token>& tokens, const std::string& text, bool exclusive);
   void TellItem(const Item& item);
   void TellError(const std::string& sentence) { TellItem(Message{Level::kError, sentence}); }
 

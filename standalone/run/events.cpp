@@ -11,8 +11,10 @@ struct ToEventJson {
   Json operator()(const ProcedureOpened& event) const { return {{"procedure", event.title}}; }
   Json operator()(const ItemIssued& event) const { return {{"item", ToJson(event.item)}}; }
   Json operator()(const CommandRestarted&) const { return {{"restarted", true}}; }
+  Json operator()(const CommandSaves&) const { return {{"saves", true}}; }
   Json operator()(const CommandDone& event) const { return {{"done", event.command}}; }
   Json operator()(const RunFailed& event) const { return {{"failed", event.sentence}}; }
+  Json operator()(const Noticed& event) const { return {{"noticed", event.sentence}}; }
 };
 
 }  // namespace
@@ -34,6 +36,12 @@ Event EventFromLine(const std::string& line) {
   }
   if (kind == "restarted") {
     return CommandRestarted{};
+  }
+  if (kind == "saves") {
+    return CommandSaves{};
+  }
+  if (kind == "noticed") {
+    return Noticed{value};
   }
   if (kind == "done") {
     return CommandDone{value};

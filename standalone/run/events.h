@@ -22,6 +22,9 @@ struct ItemIssued {
 /// The command begins anew: what it has told so far does not count.
 struct CommandRestarted {};
 
+/// The command did its work and begins to save it. Until CommandDone it is open whether it was saved.
+struct CommandSaves {};
+
 /// The command with this index came to its end, and what it saved is on the disk.
 struct CommandDone {
   std::size_t command = 0;
@@ -32,7 +35,13 @@ struct RunFailed {
   std::string sentence;
 };
 
-using Event = std::variant<ProcedureOpened, ItemIssued, CommandRestarted, CommandDone, RunFailed>;
+/// A sentence that a user should see at once, while a command waits or after it; not part of its output.
+struct Noticed {
+  std::string sentence;
+};
+
+using Event =
+    std::variant<ProcedureOpened, ItemIssued, CommandRestarted, CommandSaves, CommandDone, RunFailed, Noticed>;
 
 /// An event as one line, without its line end, and back.
 std::string ToLine(const Event& event);

@@ -7,13 +7,15 @@
 #include <set>
 #include <utility>
 
-#include "standalone/data/dataset.h"
 #include "standalone/run/command_runner.h"
 #include "standalone/run/worker.h"
 #include "standalone/text/visible.h"
 
 namespace standalone {
 namespace {
+
+constexpr const char* kOpenWhetherSaved =
+    " The command was just being saved: \"mrset log\" shows whether it changed the dataset.";
 
 /// Runs the commands from `first` on, in the worker's process. The sets that a dry run has come to are lost with the
 /// process that ended, so its commands run again, unheard and without those that were aborted.
@@ -33,11 +35,14 @@ class Work {
  private:
   void RunAll() const {
     bool isHeard = false;
-    CommandRunner runner(fRequest.datasetPath, fRequest.dryRun, [&](const Event& event) {
+    const auto tellWhatIsHeard = [&](const Event& event) {
       if (isHeard) {
         fTell(event);
       }
-    });
+    };
+    DatasetOptions options = fRequest.datasetOptions;
+    options.notify = [this](const std::string& sentence) { fTell(Noticed{sentence}); };
+    CommandRunner runner(fRequest.datasetPath, fRequest.dryRun, tellWhatIsHeard, options);
     for (std::size_t index = fRequest.dryRun ? 0 : fFirst; index < fRequest.commands.size(); ++index) {
       isHeard = index >= fFirst;
       if (fAborted.count(index) != 0) {
@@ -107,11 +112,14 @@ class Supervisor {
     }
   }
 
-  /// A command whose process ended is aborted, unless it had come to its end already.
+  /// A command whose process ended is aborted, unless it had come to its end already. One that was being saved, which
+  /// only a signal from outside can end, may be saved or not.
   CommandResult ResultOfEndedWorker(std::size_t index) {
     const std::unique_ptr<Worker> ended = std::move(fWorker);
     CommandResult result = Begin(index);
+    bool isSaving = false;
     for (const Event& event : ended->EventsOfLastCommand()) {
+      isSaving = std::holds_alternative<CommandSaves>(event);
       const auto* done = std::get_if<CommandDone>(&event);
       if (done != nullptr && done->command == index) {
         return result;
@@ -124,7 +132,7 @@ class Supervisor {
     }
     fAborted.insert(index);
     result.status = Status::kAborted;
-    result.items.push_back(Message{Level::kFatal, ended->LastWords()});
+    result.items.push_back(Message{Level::kFatal, ended->LastWords() + (isSaving ? kOpenWhetherSaved : "")});
     return result;
   }
 

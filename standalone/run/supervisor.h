@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "standalone/data/dataset.h"
 #include "standalone/language/script.h"
 #include "standalone/output/items.h"
 
@@ -22,6 +23,7 @@ struct RunRequest {
   std::vector<ScriptCommand> commands;
   bool dryRun = false;
   bool stopOnError = false;
+  DatasetOptions datasetOptions = {};  ///< what is to be told of goes to standard error
 };
 
 /// Runs the commands in their order and hands over the result of each when it is complete. The commands run in a

@@ -16,6 +16,8 @@
 #include <sstream>
 #include <system_error>
 
+#include "standalone/text/notice.h"
+
 namespace standalone {
 namespace {
 
@@ -46,9 +48,14 @@ void WriteAll(int descriptor, const std::string& text) {
 /// The child's end of the channel.
 class Sender {
  public:
-  Sender(int channel, int currentCommand) : fChannel(channel), fCurrentCommand(currentCommand) {}
+  Sender(int channel, int currentCommand, int console)
+      : fChannel(channel), fCurrentCommand(currentCommand), fConsole(console) {}
 
   void operator()(const Event& event) {
+    if (const auto* noticed = std::get_if<Noticed>(&event)) {
+      ShowAtOnce(NoticeLine(noticed->sentence));
+      return;
+    }
     if (std::holds_alternative<CommandRestarted>(event)) {
       Forget();
       return;
@@ -63,6 +70,13 @@ class Sender {
   }
 
  private:
+  /// Where nobody can take it in, nobody misses it.
+  void ShowAtOnce(const std::string& line) const {
+    if (write(fConsole, line.data(), line.size()) < 0) {
+      return;
+    }
+  }
+
   void Forget() {
     fUnsent.clear();
     if (ftruncate(fCurrentCommand, 0) != 0 || lseek(fCurrentCommand, 0, SEEK_SET) != 0) {
@@ -72,6 +86,7 @@ class Sender {
 
   int fChannel;
   int fCurrentCommand;
+  int fConsole;  // the standard error of the process that made this one
   std::string fUnsent;
 };
 
@@ -79,6 +94,17 @@ class Sender {
 void SuppressCoreDump() {
   const rlimit none{0, 0};
   setrlimit(RLIMIT_CORE, &none);
+}
+
+/// Signals end the child as they come: what the handlers of its parent do is the parent's to do.
+void LeaveHandlersToParent() {
+  for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
+    struct sigaction action = {};
+    sigaction(number, nullptr, &action);
+    if (action.sa_handler != SIG_IGN) {
+      signal(number, SIG_DFL);
+    }
+  }
 }
 
 /// A child that nobody listens to any more must neither go on nor keep the dataset locked.
@@ -114,11 +140,13 @@ Worker::Worker(const std::function<void(const Tell& tell)>& work)
     ThrowSystemError("fork");
   }
   if (fChild == 0) {
+    LeaveHandlersToParent();
     EndWithParent(parent);
     close(channel[0]);
+    const int console = fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
     dup2(fStandardError, STDERR_FILENO);
     SuppressCoreDump();
-    work(Sender(channel[1], fCurrentCommand));
+    work(Sender(channel[1], fCurrentCommand, console));
     std::fflush(nullptr);
     _exit(EXIT_SUCCESS);
   }

@@ -16,7 +16,8 @@ namespace standalone {
 /// A child process that runs commands and tells about them in events. It ends with the process that made it.
 ///
 /// The events of a command are sent when the command is over, so that nobody waits for a reader while a transaction is
-/// open. Until then they stand where this process finds them if the child is ended by a failed assertion.
+/// open. Until then they stand where this process finds them if the child is ended by a failed assertion. What is
+/// Noticed goes to standard error at once, and nowhere else.
 class Worker {
  public:
   using Tell = std::function<void(const Event&)>;

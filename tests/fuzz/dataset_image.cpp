@@ -46,7 +46,7 @@ DatasetImage::DatasetImage(const ScratchFolder& folder, int variables, std::size
   writer.SetVariables(dictionary);
   WriteCases(writer, dictionary.size());
   writer.Commit();
-  standalone::Dataset(path).SaveSets(Sets(longText));
+  standalone::Dataset(path).SaveSets(Sets(longText), "MRSET");
   fBytes = folder.Read(kName);
   folder.Clear();
   for (std::size_t offset = 0; offset < fBytes.size(); ++offset) {

@@ -61,7 +61,7 @@ void SaveChangedSets(const std::string& path) {
   std::vector<standalone::StoredSet> sets = dataset.Sets();
   std::vector<standalone::StoredSet> changed(sets.rbegin(), sets.rend());
   changed.push_back({"$fuzz", standalone::SetType::kCategory, "New", "", false, false, {"q1"}});
-  Check(dataset.SaveSets(changed) == Dataset::Saved::kDone, "nobody else writes");
+  Check(dataset.SaveSets(changed, "MRSET") == Dataset::Saved::kDone, "nobody else writes");
   Check(dataset.Sets() == changed, "what was saved is read again");
 }
 
@@ -75,7 +75,7 @@ void RunCommand(const std::string& path, std::string_view command) {
   standalone::Session session(dataset, tokens, dataset.Sets(), sink);
   mrset_();
   if (session.SavedSets()) {
-    Check(dataset.SaveSets(*session.SavedSets()) == Dataset::Saved::kDone, "nobody else writes");
+    Check(dataset.SaveSets(*session.SavedSets(), std::string(command)) == Dataset::Saved::kDone, "nobody else writes");
   }
 }
 

@@ -69,7 +69,7 @@ const std::string& OldDataset() {
     writer.SetVariables({{"q1", 0, "One", {{"1", "Yes"}}}, {"q2", 0, std::nullopt, {}}});
     writer.AddCase({"1", ""});
     writer.Commit();
-    standalone::Dataset(path).SaveSets(SetsOfOldDataset());
+    standalone::Dataset(path).SaveSets(SetsOfOldDataset(), "MRSET");
     return Folder().Read(kDataset);
   }();
   return bytes;

@@ -42,7 +42,7 @@ class CommandRunnerTest : public TemporaryFolderTest {
       Dataset other(kFile);
       std::vector<StoredSet> sets = other.Sets();
       sets.push_back({name, SetType::kCategory, "", "", false, false, {"q1", "q2"}});
-      EXPECT_EQ(other.SaveSets(sets), Dataset::Saved::kDone);
+      EXPECT_EQ(other.SaveSets(sets, "elsewhere"), Dataset::Saved::kDone);
     }));
     while (!IsBeingWritten()) {
       std::this_thread::yield();
@@ -66,7 +66,7 @@ class CommandRunnerTest : public TemporaryFolderTest {
 };
 
 std::string KindOf(const Event& event) {
-  constexpr const char* kKinds[] = {"procedure", "item", "restarted", "done", "failed"};
+  constexpr const char* kKinds[] = {"procedure", "item", "restarted", "saves", "done", "failed", "noticed"};
   return kKinds[event.index()];
 }
 
@@ -84,9 +84,9 @@ TEST_F(CommandRunnerTest, ACommandRunsAgainWhereAnotherProcessCameFirst) {
     });
     Kinds expected;
     for (int run = 0; run < interferences; ++run) {
-      expected.insert(expected.end(), {"procedure", "restarted"});
+      expected.insert(expected.end(), {"procedure", "saves", "restarted"});
     }
-    expected.insert(expected.end(), {"procedure", "done"});
+    expected.insert(expected.end(), {"procedure", "saves", "done"});
     const std::string name = "$own" + std::to_string(interferences);
     EXPECT_TRUE(runner.Run({"MRSET /MCGROUP NAME=" + name + " VARIABLES=q1 q2", 1}, 0));
     EXPECT_EQ(told, expected);

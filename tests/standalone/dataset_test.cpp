@@ -18,6 +18,7 @@ using ::testing::ElementsAre;
 using ::testing::UnorderedElementsAre;
 
 constexpr const char* kFile = "survey.mrs";
+constexpr const char* kCommand = "MRSET /TEST";
 
 std::vector<Variable> ThreeVariables() {
   return {{"q1", 0, "Tea", {{"0", "No"}, {"1", "Yes"}}},
@@ -84,7 +85,7 @@ class DatasetTest : public TemporaryFolderTest {
   static void SaveSets(const std::vector<StoredSet>& sets) {
     Dataset dataset(kFile);
     dataset.BeginCommand(false);
-    ASSERT_EQ(dataset.SaveSets(sets), Dataset::Saved::kDone);
+    ASSERT_EQ(dataset.SaveSets(sets, kCommand), Dataset::Saved::kDone);
   }
 };
 
@@ -174,7 +175,7 @@ TEST_F(DatasetTest, EditsOfSetsAreKept) {
   Dataset dataset(kFile);
   for (const auto& sets : lists) {
     dataset.BeginCommand(false);
-    ASSERT_EQ(dataset.SaveSets(sets), Dataset::Saved::kDone);
+    ASSERT_EQ(dataset.SaveSets(sets, kCommand), Dataset::Saved::kDone);
     EXPECT_EQ(dataset.Sets(), sets);
     dataset.EndCommand();
     EXPECT_EQ(Dataset(kFile).Sets(), sets);
@@ -224,8 +225,8 @@ TEST_F(DatasetTest, OfTwoCommandsOnOneStateTheSecondToSaveConflicts) {
   Dataset second(kFile);
   first.BeginCommand(false);
   second.BeginCommand(false);
-  auto firstSaved = std::async(std::launch::async, [&first] { return first.SaveSets({SetOf("$first")}); });
-  const Dataset::Saved secondSaved = second.SaveSets({SetOf("$second")});
+  auto firstSaved = std::async(std::launch::async, [&first] { return first.SaveSets({SetOf("$first")}, kCommand); });
+  const Dataset::Saved secondSaved = second.SaveSets({SetOf("$second")}, kCommand);
   const bool firstWon = firstSaved.get() == Dataset::Saved::kDone;
   EXPECT_EQ(secondSaved, firstWon ? Dataset::Saved::kConflict : Dataset::Saved::kDone);
   EXPECT_THAT(NamesOf(Dataset(kFile).Sets()), ElementsAre(firstWon ? "$first" : "$second"));
@@ -240,13 +241,13 @@ TEST_F(DatasetTest, AfterAConflictTheCommandSeesWhatTheOtherWrote) {
   while (!std::filesystem::exists("survey.mrs-journal")) {
     std::this_thread::yield();
   }  // until the other one holds the right to write and waits for this one to end reading
-  EXPECT_EQ(loser.SaveSets({SetOf("$mine")}), Dataset::Saved::kConflict);
+  EXPECT_EQ(loser.SaveSets({SetOf("$mine")}, kCommand), Dataset::Saved::kConflict);
   saved.get();
   loser.BeginCommand(false);
   std::vector<StoredSet> sets = loser.Sets();
   EXPECT_THAT(NamesOf(sets), ElementsAre("$other"));
   sets.push_back(SetOf("$mine"));
-  EXPECT_EQ(loser.SaveSets(sets), Dataset::Saved::kDone);
+  EXPECT_EQ(loser.SaveSets(sets, kCommand), Dataset::Saved::kDone);
   EXPECT_THAT(NamesOf(Dataset(kFile).Sets()), ElementsAre("$other", "$mine"));
 }
 
@@ -272,11 +273,11 @@ TEST_F(DatasetTest, AnExclusiveCommandKeepsOthersFromWritingUntilItSaved) {
     dataset.BeginCommand(true);
     std::vector<StoredSet> sets = dataset.Sets();
     sets.push_back(SetOf("$second"));
-    return dataset.SaveSets(sets);
+    return dataset.SaveSets(sets, kCommand);
   });
   EXPECT_EQ(waiter.wait_for(std::chrono::milliseconds(200)), std::future_status::timeout);
   EXPECT_TRUE(Dataset(kFile).Sets().empty());  // reading does not wait
-  EXPECT_EQ(holder.SaveSets({SetOf("$first")}), Dataset::Saved::kDone);
+  EXPECT_EQ(holder.SaveSets({SetOf("$first")}, kCommand), Dataset::Saved::kDone);
   EXPECT_EQ(waiter.get(), Dataset::Saved::kDone);
   EXPECT_THAT(NamesOf(Dataset(kFile).Sets()), ElementsAre("$first", "$second"));
 }
@@ -315,7 +316,8 @@ TEST_F(DatasetTest, ALockThatIsNotReleasedIsOneSentence) {
   holder.Execute("BEGIN EXCLUSIVE");
   Database waiter(kFile, kFile);
   waiter.SetLockTimeout(std::chrono::milliseconds(20));
-  EXPECT_EQ(SentenceOf([&] { waiter.Execute("BEGIN IMMEDIATE"); }), "survey.mrs is in use by another process.");
+  EXPECT_EQ(SentenceOf([&] { waiter.Execute("BEGIN IMMEDIATE"); }),
+            "survey.mrs is locked by another process and did not become free within 0.02 seconds (--lock-timeout).");
 }
 
 TEST_F(DatasetTest, WhatIsNoDatasetIsRefusedInOneSentence) {
@@ -342,7 +344,7 @@ TEST_F(DatasetTest, AnotherKindOfDatabaseIsRefused) {
 
 TEST_F(DatasetTest, ANewerVersionIsRefused) {
   MakeDataset(kFile);
-  Tamper("PRAGMA user_version = 2");
+  Tamper("PRAGMA user_version = 3");
   EXPECT_EQ(SentenceOfReading(), "survey.mrs was made by a newer version of the program.");
 }
 
@@ -385,6 +387,12 @@ TEST_F(DatasetTest, HostileContentsAreOneSentence) {
     Tamper(attack);
     EXPECT_EQ(SentenceOfReading(), "survey.mrs is damaged.") << attack;
   }
+}
+
+TEST_F(DatasetTest, AKeyThatIsNotThatOfItsNameFindsNothing) {
+  MakeDataset(kFile);
+  Tamper("UPDATE variable SET name = 'other' WHERE position = 1");
+  EXPECT_EQ(SentenceOf([] { Dataset(kFile).FindVariable("q2"); }), "survey.mrs is damaged.");
 }
 
 TEST_F(DatasetTest, TriggersOfTheFileAreNotRun) {
@@ -440,7 +448,7 @@ class ReadOnlyDatasetTest : public DatasetTest {
       if (NamesOf(dataset.Sets()) != std::vector<std::string>{"$b", "$a"}) {
         throw std::runtime_error("other sets");
       }
-      if (dataset.SaveSets(sets) != Dataset::Saved::kDone) {
+      if (dataset.SaveSets(sets, kCommand) != Dataset::Saved::kDone) {
         throw std::runtime_error("conflict");
       }
     });

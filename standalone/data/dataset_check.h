@@ -1,0 +1,25 @@
+#ifndef STANDALONE_DATA_DATASET_CHECK_H
+#define STANDALONE_DATA_DATASET_CHECK_H
+
+#include <cstddef>
+#include <functional>
+#include <string>
+
+#include "standalone/data/dataset.h"
+
+namespace standalone {
+
+/// What a check of a dataset tells, each a sentence, as it goes on.
+struct CheckReport {
+  std::function<void(const std::string& sentence)> finding;  ///< something that no sound dataset has
+  std::function<void(const std::string& sentence)> remark;   ///< something that is allowed, but worth knowing
+};
+
+/// Verifies one state of a dataset: the file's integrity, its tables, the dictionary, sets and cases, what they refer
+/// to, and that every kept version of the sets can be rebuilt. Takes memory for the dictionary's types and for the
+/// sets, not for the cases. Throws DatasetError where the file is no dataset that can be read.
+void CheckDataset(const std::string& path, const DatasetOptions& options, const CheckReport& report);
+
+}  // namespace standalone
+
+#endif  // STANDALONE_DATA_DATASET_CHECK_H

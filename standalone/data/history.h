@@ -1,0 +1,65 @@
+#ifndef STANDALONE_DATA_HISTORY_H
+#define STANDALONE_DATA_HISTORY_H
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "standalone/data/database.h"
+#include "standalone/data/dataset.h"
+#include "standalone/data/set_store.h"
+
+namespace standalone {
+
+// Of each change the dataset keeps how the sets that it touched were before, so that from the sets as they are the list
+// before any change that is kept can be rebuilt. All of this needs a dataset of the present format version.
+
+/// Adds a change, within the transaction that makes it, and drops those beyond kKeptChanges.
+void AddChange(Database& database, const std::string& command, const SetEdits& edits);
+
+/// Whether the text is a time as it is kept with a change.
+bool IsTimeOfChange(const std::string& text);
+
+VersionRange KeptVersions(Database& database);
+
+/// The newest change with a number lower than that, if there is one.
+std::optional<Change> ChangeBefore(Database& database, std::int64_t number);
+
+/// The sets of a dataset as they were, further and further back.
+class Rewind {
+ public:
+  /// Begins with the sets as they are.
+  Rewind(Database& database, const std::vector<KeptSet>& now);
+
+  /// Undoes the changes with numbers from `last` down to `first`, which must follow on what was undone before. Throws
+  /// DamagedError where a change does not fit the sets that it is to have left.
+  void Undo(std::int64_t first, std::int64_t last);
+
+  /// Whether two sets have the same name, without regard to case, or the same position.
+  bool HasDuplicates() const { return fDuplicates != 0; }
+
+  /// In their order.
+  std::vector<StoredSet> Sets() const;
+
+ private:
+  struct PlacedSet {
+    std::int64_t position = 0;
+    StoredSet set;
+  };
+
+  void UndoRow(Query& row);
+  void Put(std::int64_t id, PlacedSet set);
+  PlacedSet Take(std::int64_t id);
+
+  Database& fDatabase;
+  std::unordered_map<std::int64_t, PlacedSet> fSets;  // by id
+  std::unordered_map<std::string, int> fKeys;         // how many sets have them
+  std::unordered_map<std::int64_t, int> fPositions;   // how many sets have them
+  int fDuplicates = 0;
+};
+
+}  // namespace standalone
+
+#endif  // STANDALONE_DATA_HISTORY_H

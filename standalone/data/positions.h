@@ -1,0 +1,16 @@
+#ifndef STANDALONE_DATA_POSITIONS_H
+#define STANDALONE_DATA_POSITIONS_H
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace standalone {
+
+/// Positions in ascending order for the rows of a list, of which some have a position already (not negative). As few of
+/// these as can be are given another one, but for those that must make room for a new row.
+std::vector<std::int64_t> PlanPositions(const std::vector<std::optional<std::int64_t>>& before);
+
+}  // namespace standalone
+
+#endif  // STANDALONE_DATA_POSITIONS_H

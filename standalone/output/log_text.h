@@ -1,0 +1,21 @@
+#ifndef STANDALONE_OUTPUT_LOG_TEXT_H
+#define STANDALONE_OUTPUT_LOG_TEXT_H
+
+#include <cstddef>
+#include <string>
+
+#include "standalone/data/dataset.h"
+#include "standalone/output/json.h"
+
+namespace standalone {
+
+/// A change as two lines of text, each ending in "\n": number, local time and what became of which sets; under it the
+/// command on one line, cut so that it takes no more than `width` terminal columns. Harmless to a terminal.
+std::string ChangeText(const Change& change, std::size_t width);
+
+/// A change in the documented form.
+Json ToJson(const Change& change);
+
+}  // namespace standalone
+
+#endif  // STANDALONE_OUTPUT_LOG_TEXT_H

@@ -1,0 +1,28 @@
+#include "standalone/program/dataset_options.h"
+
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+#include <chrono>
+#include <iostream>
+#include <string>
+
+#include "standalone/program/whole_number.h"
+#include "standalone/text/notice.h"
+
+namespace standalone {
+
+void AddLockTimeoutOption(CLI::App& app, DatasetOptions& options) {
+  options.notify = [](const std::string& sentence) { std::cerr << NoticeLine(sentence); };
+  const auto set = [&options](const std::string& value) {
+    options.lockTimeout = std::chrono::seconds(*WholeNumber(value));
+  };
+  app.add_option_function<std::string>("--lock-timeout", set,
+                                       "How long to wait while another process has the dataset locked; 30 seconds "
+                                       "unless given, 0 not at all")
+      ->check([](const std::string& value) {
+        return WholeNumber(value) ? std::string() : value + " is no whole number of seconds";
+      })
+      ->type_name("SECONDS");
+}
+
+}  // namespace standalone

@@ -1,0 +1,15 @@
+#ifndef STANDALONE_PROGRAM_DATASET_OPTIONS_H
+#define STANDALONE_PROGRAM_DATASET_OPTIONS_H
+
+#include <CLI/App.hpp>
+
+#include "standalone/data/dataset.h"
+
+namespace standalone {
+
+/// Adds --lock-timeout to a subcommand. What a user should know goes to standard error as it happens.
+void AddLockTimeoutOption(CLI::App& app, DatasetOptions& options);
+
+}  // namespace standalone
+
+#endif  // STANDALONE_PROGRAM_DATASET_OPTIONS_H

@@ -1,0 +1,61 @@
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+#include <iostream>
+#include <memory>
+#include <string>
+
+#include "standalone/data/dataset.h"
+#include "standalone/output/log_text.h"
+#include "standalone/program/dataset_options.h"
+#include "standalone/program/format_option.h"
+#include "standalone/program/subcommands.h"
+#include "standalone/program/terminal.h"
+
+namespace standalone {
+namespace {
+
+struct LogRequest {
+  std::string datasetPath;
+  std::string format;
+  DatasetOptions datasetOptions;
+};
+
+// Written one by one: commands may be long.
+void WriteJson(Dataset& dataset) {
+  std::cout << "{\"log\":[";
+  const char* separator = "";
+  dataset.ForEachChange([&](const Change& change) {
+    std::cout << separator << OneLine(ToJson(change));
+    separator = ",";
+  });
+  std::cout << "]}\n";
+}
+
+void WriteText(Dataset& dataset) {
+  const VersionRange versions = dataset.Versions();
+  if (versions.first == versions.last) {
+    std::cout << "The dataset keeps no change of its sets.\n";
+  }
+  const std::size_t width = OutputWidth();
+  dataset.ForEachChange([&](const Change& change) { std::cout << ChangeText(change, width); });
+}
+
+ExitStatus Log(const LogRequest& request) {
+  Dataset dataset(request.datasetPath, request.datasetOptions);
+  (request.format == kJsonFormat ? WriteJson : WriteText)(dataset);
+  return kSuccess;
+}
+
+}  // namespace
+
+Action DeclareLog(CLI::App& options) {
+  const auto request = std::make_shared<LogRequest>();
+  options.add_option("DATASET", request->datasetPath, "Dataset file")->required()->type_name("");
+  AddFormatOption(options, request->format);
+  AddLockTimeoutOption(options, request->datasetOptions);
+  options.footer("Example:\n  mrset log survey.mrset\n");
+  return [request] { return Log(*request); };
+}
+
+}  // namespace standalone

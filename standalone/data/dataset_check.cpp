@@ -329,7 +329,7 @@ void Checker::ChangeNumbers(const VersionRange& versions) {
   if (const std::int64_t lost =
           IntegerOf("SELECT count(*) FROM history_set WHERE history NOT IN (SELECT number FROM history)");
       lost != 0) {
-    Finding("There are {} entries of changes that are not kept.", lost);
+    Finding("Entries of the history that belong to no change: {}.", lost);
   }
 }
 

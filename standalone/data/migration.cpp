@@ -40,7 +40,7 @@ void CopyPermissions(const std::string& from, const std::string& to) {
 // A migration that was cut off may have left its copy, which then serves; what else has the name is kept.
 std::string SetAside(const Database& database, const std::string& path, std::int64_t version) {
   const std::string first = fmt::format("{}.v{}.bak", path, version);
-  TemporaryFile copy(first);
+  TemporaryFile copy(path);
   CopyPermissions(path, copy.Path());
   database.CopyInto(copy.Path());
   std::string place = first;

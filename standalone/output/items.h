@@ -54,6 +54,7 @@ struct CommandResult {
   std::optional<std::string> procedure;
   Status status = Status::kOk;
   std::vector<Item> items;
+  bool isSaveOpen = false;  ///< of an aborted command: it may have been saved all the same
 };
 
 }  // namespace standalone

@@ -150,12 +150,16 @@ Json ToJson(const CommandResult& result) {
   for (const Item& item : result.items) {
     items.push_back(ToJson(item));
   }
-  return {{"command", result.number},
-          {"line", result.line},
-          {"text", result.text},
-          {"procedure", OrNull(result.procedure)},
-          {"status", NameOf(kStatuses, result.status)},
-          {"items", std::move(items)}};
+  Json json = {{"command", result.number},
+               {"line", result.line},
+               {"text", result.text},
+               {"procedure", OrNull(result.procedure)},
+               {"status", NameOf(kStatuses, result.status)},
+               {"items", std::move(items)}};
+  if (result.isSaveOpen) {
+    json["saved"] = "unknown";
+  }
+  return json;
 }
 
 std::string OneLine(const Json& json) {

@@ -49,6 +49,10 @@ class TextRenderer final : public Renderer {
   bool fFollowsTable = false;
 };
 
+constexpr const char* kAborted = "The command was aborted; the dataset is as it was before it.";
+constexpr const char* kAbortedWhileSaving =
+    "The command was aborted while it was being saved; \"mrset log\" shows whether it changed the dataset.";
+
 void TextRenderer::Write(const CommandResult& result) {
   SetApart(!fIsFirst);
   fIsFirst = false;
@@ -58,7 +62,7 @@ void TextRenderer::Write(const CommandResult& result) {
   }
   if (result.status == Status::kAborted) {
     SetApart(fFollowsTable);
-    fStream << "The command was aborted; the dataset is as it was before it.\n";
+    fStream << (result.isSaveOpen ? kAbortedWhileSaving : kAborted) << '\n';
   }
 }
 

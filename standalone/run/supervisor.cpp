@@ -14,9 +14,6 @@
 namespace standalone {
 namespace {
 
-constexpr const char* kOpenWhetherSaved =
-    " The command was just being saved: \"mrset log\" shows whether it changed the dataset.";
-
 /// Runs the commands from `first` on, in the worker's process. The sets that a dry run has come to are lost with the
 /// process that ended, so its commands run again, unheard and without those that were aborted.
 class Work {
@@ -117,9 +114,8 @@ class Supervisor {
   CommandResult ResultOfEndedWorker(std::size_t index) {
     const std::unique_ptr<Worker> ended = std::move(fWorker);
     CommandResult result = Begin(index);
-    bool isSaving = false;
     for (const Event& event : ended->EventsOfLastCommand()) {
-      isSaving = std::holds_alternative<CommandSaves>(event);
+      result.isSaveOpen = std::holds_alternative<CommandSaves>(event);
       const auto* done = std::get_if<CommandDone>(&event);
       if (done != nullptr && done->command == index) {
         return result;
@@ -132,7 +128,7 @@ class Supervisor {
     }
     fAborted.insert(index);
     result.status = Status::kAborted;
-    result.items.push_back(Message{Level::kFatal, ended->LastWords() + (isSaving ? kOpenWhetherSaved : "")});
+    result.items.push_back(Message{Level::kFatal, ended->LastWords()});
     return result;
   }
 

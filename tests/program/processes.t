@@ -6,7 +6,9 @@ Several processes on one dataset, and processes that end in the middle.
 
 Four scripts at once: every set is there at the end.
 
-  $ for part in a b c d; do define "$part" 25 > "$part.script"; mrset run s.mrset "$part.script" > "$part.out" & done; wait
+  $ for part in a b c d; do define "$part" 25 > "$part.script"; mrset run s.mrset "$part.script" > "$part.out" 2> "$part.err" & done; wait
+  $ cat ?.err | grep -v '^mrset: waiting for s.mrset, which another process has locked.$'
+  [1]
   $ mrset sets s.mrset --format json | grep -o '"name":"\$' | wc -l
   100
   $ cat ?.out | grep -c '^Name'

@@ -51,6 +51,9 @@ Help and version are results.
     run                         Run commands on a dataset
     sets                        List a dataset's multiple response sets
     variables                   List a dataset's variables
+    log                         List the changes of a dataset's sets
+    undo                        Go back to the sets as they were
+    check                       Verify that a dataset is sound
   
   Example:
     mrset import --schema survey.schema.json survey.csv survey.mrset
@@ -71,6 +74,7 @@ Help and version are results.
     -h,--help                   Show this help
     --schema CODEBOOK           Codebook of the survey: Table Schema, JSON
     --replace                   Replace the variables and cases of a dataset that exists; its sets are kept
+    --lock-timeout SECONDS      How long to wait while another process has the dataset locked; 30 seconds unless given, 0 not at all
   
   Example:
     mrset import --schema survey.schema.json survey.csv survey.mrset
@@ -90,6 +94,8 @@ Help and version are results.
     --output FILE               Write the results to this file
     --dry-run                   Show what the commands would do and leave the dataset as it is
     --stop-on-error             Run no command after one that fails
+    --relaxed                   Do not wait until what a command saved is on the disk: faster. A program that is killed still loses nothing, but a power failure or a crash of the system can damage the dataset beyond repair
+    --lock-timeout SECONDS      How long to wait while another process has the dataset locked; 30 seconds unless given, 0 not at all
   
   Exit status: 0 no error, 1 an error message, 2 wrong usage or an unusable file, 3 an aborted command.
   Example:
@@ -105,6 +111,7 @@ Help and version are results.
   Options:
     -h,--help                   Show this help
     --format text|json          Form of the output: text for people, json for programs
+    --lock-timeout SECONDS      How long to wait while another process has the dataset locked; 30 seconds unless given, 0 not at all
   
   Example:
     mrset sets survey.mrset --format json
@@ -119,6 +126,7 @@ Help and version are results.
   Options:
     -h,--help                   Show this help
     --format text|json          Form of the output: text for people, json for programs
+    --lock-timeout SECONDS      How long to wait while another process has the dataset locked; 30 seconds unless given, 0 not at all
   
   Example:
     mrset variables survey.mrset

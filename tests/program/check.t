@@ -1,0 +1,211 @@
+A check tells all that is not as it should be, a line each.
+
+  $ . "$TESTDIR/setup.sh"
+  $ make() { small s.mrset && mrset run s.mrset -c 'MRSET /MCGROUP NAME=$b VARIABLES=t1 t2 /MDGROUP NAME=$a VARIABLES=q1 q2 VALUE=1' -c 'MRSET /DELETE NAME=[$b]' -c 'MRSET /MCGROUP NAME=$b VARIABLES=q1 q2 q3'; }
+  $ damaged() { rm -f s.mrset; make > /dev/null; sqlite3 s.mrset "PRAGMA ignore_check_constraints = ON; $1"; mrset check s.mrset; }
+  $ damaged ''
+  s.mrset is sound.
+
+The schema:
+
+  $ damaged 'DROP TABLE value_label'
+  The table value_label is missing.
+  The value labels cannot be read to the end.
+  s.mrset: 2 findings.
+  [1]
+  $ damaged 'ALTER TABLE variable ADD COLUMN more TEXT'
+  The table variable is not defined as it should be.
+  s.mrset: 1 finding.
+  [1]
+  $ damaged 'CREATE TABLE t(x); CREATE VIEW v AS SELECT 1; CREATE TRIGGER g AFTER INSERT ON cases BEGIN SELECT 1; END; CREATE INDEX i ON cases(cells)'
+  The table t does not belong to a dataset.
+  The view v does not belong to a dataset.
+  The trigger g does not belong to a dataset.
+  The index i does not belong to a dataset.
+  s.mrset: 4 findings.
+  [1]
+
+The header and the dictionary:
+
+  $ damaged 'UPDATE meta SET variable_count = 7, case_count = 0'
+  The header counts 7 variables; there are 6.
+  The header counts 0 cases; there are 2.
+  s.mrset: 2 findings.
+  [1]
+  $ damaged "UPDATE variable SET name = '1st' WHERE position = 0"
+  The variable at position 0 has a name that is not valid: 1st.
+  The variable 1st is kept under the key Q1.
+  s.mrset: 2 findings.
+  [1]
+  $ damaged "UPDATE variable SET name_key = 'Q9' WHERE position = 3"
+  The variable n1 is kept under the key Q9.
+  s.mrset: 1 finding.
+  [1]
+  $ damaged 'UPDATE variable SET width = -1 WHERE position = 4'
+  The file is not sound: CHECK constraint failed in variable.
+  The variable at position 4 has the width -1.
+  s.mrset: 2 findings.
+  [1]
+  $ damaged 'UPDATE variable SET position = 9 WHERE position = 3'
+  The position of a variable is 4 instead of 3.
+  The position of a variable is 5 instead of 4.
+  The position of a variable is 9 instead of 5.
+  The case at position 0 is not sound: cell 4 is a number, its variable a string.
+  The case at position 1 is not sound: cell 4 is a number, its variable a string.
+  s.mrset: 5 findings.
+  [1]
+  $ damaged "UPDATE variable SET label = CAST(X'C3' AS TEXT) WHERE position = 1"
+  The variable at position 1 has a value that cannot be.
+  s.mrset: 1 finding.
+  [1]
+  $ damaged 'UPDATE value_label SET variable = 77 WHERE variable = 2'
+  There is a value label of a variable at position 77, which does not exist.
+  s.mrset: 1 finding.
+  [1]
+  $ damaged "UPDATE value_label SET value = 'one' WHERE variable = 2"
+  The numeric variable at position 2 has a label of the value one, which is no number.
+  s.mrset: 1 finding.
+  [1]
+  $ damaged 'UPDATE value_label SET ordinal = 5 WHERE variable = 0 AND ordinal = 1'
+  The value labels of the variable at position 0 are not numbered one after another.
+  s.mrset: 1 finding.
+  [1]
+
+The sets:
+
+  $ damaged "UPDATE mr_set SET name = 'a' WHERE name = '\$a'"
+  A set has a name that is not valid: a.
+  The set a is kept under the key $A.
+  s.mrset: 2 findings.
+  [1]
+  $ damaged "UPDATE mr_set SET name_key = '\$B ' WHERE name = '\$b'"
+  The set $b is kept under the key $B .
+  s.mrset: 1 finding.
+  [1]
+  $ damaged 'UPDATE mr_set SET position = 1'
+  Two sets have the position 1.
+  s.mrset: 1 finding.
+  [1]
+  $ damaged 'UPDATE mr_set SET type = 3'
+  The file is not sound: CHECK constraint failed in mr_set.
+  The file is not sound: CHECK constraint failed in mr_set.
+  The set with the number 2 has a value that cannot be.
+  The set with the number 3 has a value that cannot be.
+  The history cannot be read to the end.
+  s.mrset: 5 findings.
+  [1]
+  $ damaged 'UPDATE mr_set SET label_from_variable = 2'
+  The file is not sound: CHECK constraint failed in mr_set.
+  The file is not sound: CHECK constraint failed in mr_set.
+  The set $a has a mark that is neither on nor off.
+  The set $b has a mark that is neither on nor off.
+  s.mrset: 4 findings.
+  [1]
+  $ damaged 'UPDATE mr_set_variable SET set_id = 77 WHERE ordinal = 2'
+  There is a variable of the set with the number 77, which does not exist.
+  The history cannot be read to the end.
+  s.mrset: 2 findings.
+  [1]
+  $ damaged 'UPDATE mr_set_variable SET ordinal = 8 WHERE ordinal = 2'
+  The variables of the set $b are not numbered one after another.
+  s.mrset: 1 finding.
+  [1]
+
+The cases:
+
+  $ damaged "UPDATE cases SET cells = '[1,2'"
+  The case at position 0 is not sound: it is no JSON array.
+  The case at position 1 is not sound: it is no JSON array.
+  s.mrset: 2 findings.
+  [1]
+  $ damaged "UPDATE cases SET cells = '{}' WHERE position = 0; UPDATE cases SET cells = '7' WHERE position = 1"
+  The case at position 0 is not sound: it is no JSON array.
+  The case at position 1 is not sound: it is no JSON array.
+  s.mrset: 2 findings.
+  [1]
+  $ damaged "UPDATE cases SET cells = '[1,0,1,7,\"red\"]' WHERE position = 1"
+  The case at position 1 is not sound: it has 5 cells and the dictionary 6 variables.
+  s.mrset: 1 finding.
+  [1]
+  $ damaged "UPDATE cases SET cells = '[1,0,1,7,\"red\",\"blue\",null]' WHERE position = 1"
+  The case at position 1 is not sound: it has more cells than the dictionary variables (6).
+  s.mrset: 1 finding.
+  [1]
+  $ damaged "UPDATE cases SET cells = '[1,0,\"1\",7,\"red\",null]' WHERE position = 0; UPDATE cases SET cells = '[1,0,1,7,\"red\",null]' WHERE position = 1"
+  The case at position 0 is not sound: cell 3 is a string, its variable a numeric one.
+  The case at position 1 is not sound: cell 6 is null, its variable a string.
+  s.mrset: 2 findings.
+  [1]
+  $ damaged "UPDATE cases SET cells = '[1,0,true,7,\"red\",\"\"]' WHERE position = 0; UPDATE cases SET cells = '[1,0,[1],7,\"red\",\"\"]' WHERE position = 1"
+  The case at position 0 is not sound: cell 3 is true or false, its variable a numeric one.
+  The case at position 1 is not sound: cell 3 is an array, its variable a numeric one.
+  s.mrset: 2 findings.
+  [1]
+  $ damaged 'UPDATE cases SET position = 5 WHERE position = 1'
+  The position of a case is 5 instead of 1.
+  s.mrset: 1 finding.
+  [1]
+
+The history:
+
+  $ damaged 'DELETE FROM history WHERE number = 2'
+  The changes are numbered 1 to 3, and there are 2.
+  The history cannot be read to the end.
+  s.mrset: 2 findings.
+  [1]
+  $ damaged 'DELETE FROM history_set WHERE history = 2'
+  The sets before change 1 cannot be rebuilt.
+  s.mrset: 1 finding.
+  [1]
+  $ damaged 'UPDATE history_set SET set_id = 50 WHERE history = 3'
+  The sets before change 3 cannot be rebuilt.
+  s.mrset: 1 finding.
+  [1]
+  $ damaged "UPDATE history_set SET name = '\$a' WHERE history = 2"
+  Before change 2 two sets have the same name or position.
+  s.mrset: 1 finding.
+  [1]
+  $ damaged "UPDATE history_set SET variables = '[1]' WHERE history = 2"
+  The sets before change 2 cannot be rebuilt.
+  s.mrset: 1 finding.
+  [1]
+  $ damaged 'INSERT INTO history_set (history, set_id, kind, name) VALUES (9, 1, 1, 1)'
+  Entries of the history that belong to no change: 1.
+  s.mrset: 1 finding.
+  [1]
+  $ damaged "UPDATE history SET time = 'noon' WHERE number = 1"
+  Change 1 has the time noon, which is none.
+  s.mrset: 1 finding.
+  [1]
+
+A set may have a variable that an import took away: that is worth a remark.
+
+  $ rm s.mrset; make > /dev/null; printf 'q1,q2\n1,2\n' > other.csv && mrset import --replace other.csv s.mrset
+  s.mrset: 2 variables, 1 case
+  $ mrset check s.mrset
+  Remark: The set $b has the variable q3, which no longer exists.
+  s.mrset is sound.
+
+The file itself:
+
+  $ rm s.mrset; make > /dev/null; page=$(sqlite3 s.mrset "SELECT rootpage FROM sqlite_schema WHERE name = 'cases'")
+  $ printf '\377\377\377\377' | dd of=s.mrset bs=1 seek=$(( (page - 1) * 4096 )) conv=notrunc status=none
+  $ mrset check s.mrset > found; echo $?; grep -c 'The file is not sound' found; tail -1 found
+  1
+  1
+  s.mrset: 4 findings.
+
+What is no dataset:
+
+  $ mrset check missing.mrset
+  mrset: missing.mrset does not exist.
+  [2]
+  $ echo text > text.mrset; mrset check text.mrset
+  mrset: text.mrset is not a dataset.
+  [2]
+  $ sqlite3 other.mrset 'CREATE TABLE t(x)'; mrset check other.mrset
+  mrset: other.mrset is not a dataset.
+  [2]
+  $ make > /dev/null 2>&1; sqlite3 s.mrset 'PRAGMA user_version = 3'; mrset check s.mrset
+  mrset: s.mrset was made by a newer version of the program.
+  [2]

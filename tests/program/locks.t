@@ -1,0 +1,127 @@
+Processes wait for each other, say so, and wait no longer than they are told.
+
+  $ . "$TESTDIR/setup.sh"
+  $ small s.mrset
+
+`hold KIND` begins a transaction of another process that `release` ends; `hold KIND SECONDS` one that ends by itself.
+
+  $ mkfifo orders
+  $ hold() { rm -f held; sqlite3 s.mrset < orders > /dev/null & exec 8> orders; printf '%s\n' "BEGIN $1; SELECT count(*) FROM meta;" '.shell touch held' "${2:+.shell sleep $2}" >&8; until [ -e held ]; do sleep 0.02; done; if [ -n "$2" ]; then exec 8>&-; fi; }
+  $ release() { exec 8>&-; wait; }
+  $ define() { mrset run s.mrset -c "MRSET /MCGROUP NAME=$1 VARIABLES=t1 t2" "${@:2}"; }
+
+A lock that is held long is told of once; one that is held for a moment is not.
+
+  $ hold IMMEDIATE 3; define '$a'; wait
+  mrset: waiting for s.mrset, which another process has locked.
+  1> MRSET /MCGROUP NAME=$a VARIABLES=t1 t2
+  $ hold IMMEDIATE 0.3; define '$b'; wait
+  1> MRSET /MCGROUP NAME=$b VARIABLES=t1 t2
+
+Where it does not become free in time, that is one sentence.
+
+  $ hold IMMEDIATE; define '$c' --lock-timeout 2; define '$c' --lock-timeout 0
+  mrset: waiting for s.mrset, which another process has locked.
+  mrset: s.mrset is locked by another process and did not become free within 2 seconds (--lock-timeout).
+  mrset: s.mrset is locked by another process.
+  [2]
+  $ mrset undo s.mrset --lock-timeout 0
+  mrset: s.mrset is locked by another process.
+  [2]
+  $ printf 'q1\n1\n' > other.csv; mrset import --replace other.csv s.mrset --lock-timeout 0
+  mrset: s.mrset is locked by another process.
+  [2]
+
+Displays do not wait for one who is about to write.
+
+  $ mrset sets s.mrset --lock-timeout 0 | grep -c '^[$]'
+  2
+  $ mrset variables s.mrset --lock-timeout 0 | grep -c '^[qnt][0-9]'
+  6
+  $ mrset log s.mrset --lock-timeout 0 | grep -c defined
+  2
+  $ mrset check s.mrset --lock-timeout 0
+  s.mrset is sound.
+  $ mrset run s.mrset -c 'MRSET /DISPLAY NAME=[$a]' --lock-timeout 0 | sed -n 5p
+  Name  Label  Coded As    Counted Value  Data Type  Elementary Variables
+  $ release
+
+Nor for another display, however slow.
+
+  $ hold DEFERRED; mrset sets s.mrset --lock-timeout 0 | grep -c '^[$]'; mrset check s.mrset --lock-timeout 0
+  2
+  s.mrset is sound.
+  $ define '$c' --lock-timeout 1
+  mrset: s.mrset is locked by another process and did not become free within 1 second (--lock-timeout).
+  [2]
+  $ release
+
+They wait while it is written.
+
+  $ hold EXCLUSIVE
+  $ mrset sets s.mrset --lock-timeout 0
+  mrset: s.mrset is locked by another process.
+  [2]
+  $ mrset variables s.mrset --lock-timeout 0
+  mrset: s.mrset is locked by another process.
+  [2]
+  $ mrset log s.mrset --lock-timeout 0
+  mrset: s.mrset is locked by another process.
+  [2]
+  $ mrset check s.mrset --lock-timeout 0
+  mrset: s.mrset is locked by another process.
+  [2]
+  $ define '$c' --lock-timeout 0
+  mrset: s.mrset is locked by another process.
+  [2]
+  $ mrset check s.mrset --lock-timeout 2
+  mrset: waiting for s.mrset, which another process has locked.
+  mrset: s.mrset is locked by another process and did not become free within 2 seconds (--lock-timeout).
+  [2]
+  $ release
+
+What is no time:
+
+  $ define '$c' --lock-timeout soon
+  mrset: --lock-timeout: soon is no whole number of seconds.
+  Run "mrset --help" for the subcommands, "mrset SUBCOMMAND --help" for the options.
+  [2]
+  $ define '$c' --lock-timeout -1
+  mrset: --lock-timeout: -1 is no whole number of seconds.
+  Run "mrset --help" for the subcommands, "mrset SUBCOMMAND --help" for the options.
+  [2]
+  $ define '$c' --lock-timeout 1.5
+  mrset: --lock-timeout: 1.5 is no whole number of seconds.
+  Run "mrset --help" for the subcommands, "mrset SUBCOMMAND --help" for the options.
+  [2]
+  $ define '$c' --lock-timeout 9999999999
+  mrset: --lock-timeout: 9999999999 is no whole number of seconds.
+  Run "mrset --help" for the subcommands, "mrset SUBCOMMAND --help" for the options.
+  [2]
+
+A relaxed run leaves the same.
+
+  $ define '$c' --relaxed; mrset log s.mrset | sed -n 2p; mrset check s.mrset
+  1> MRSET /MCGROUP NAME=$c VARIABLES=t1 t2
+         MRSET /MCGROUP NAME=$c VARIABLES=t1 t2
+  s.mrset is sound.
+
+A command whose process is killed while it is being saved may have been saved.
+
+  $ kill_while_saving() {
+  >   hold DEFERRED; : > err
+  >   mrset run s.mrset -c 'MRSET /MCGROUP NAME=$d VARIABLES=t1 t2' "$@" > out 2> err 8>&- & pid=$!
+  >   until grep -q waiting err; do sleep 0.1; done
+  >   kill -9 $(cat /proc/$pid/task/$pid/children); wait $pid; echo $?; cat out; release
+  > }
+  $ kill_while_saving
+  3
+  1> MRSET /MCGROUP NAME=$d VARIABLES=t1 t2
+  Fatal: The command's process was ended by signal 9 (Killed).
+  The command was aborted while it was being saved; "mrset log" shows whether it changed the dataset.
+  $ kill_while_saving --format json
+  3
+  {"command":1,"line":1,"text":"MRSET /MCGROUP NAME=$d VARIABLES=t1 t2","procedure":"Multiple Response Set","status":"aborted","items":[{"kind":"message","level":"fatal","text":"The command's process was ended by signal 9 (Killed)."}],"saved":"unknown"}
+  $ mrset log s.mrset | sed -n 2p; mrset check s.mrset
+         MRSET /MCGROUP NAME=$c VARIABLES=t1 t2
+  s.mrset is sound.

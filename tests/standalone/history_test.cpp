@@ -1,0 +1,309 @@
+#include <gmock/gmock.h>
+#include <rapidcheck/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <random>
+
+#include "standalone/data/database.h"
+#include "standalone/data/dataset.h"
+#include "standalone/data/dataset_check.h"
+#include "standalone/data/positions.h"
+#include "standalone/data/undo.h"
+#include "tests/standalone/temporary_folder.h"
+
+namespace standalone {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+constexpr const char* kFile = "survey.mrs";
+using Sets = std::vector<StoredSet>;
+
+DatasetOptions Relaxed() {
+  DatasetOptions options;
+  options.relaxed = true;
+  return options;
+}
+
+void MakeDataset(const std::string& path) {
+  DatasetWriter writer(path, false);
+  writer.SetVariables({{"q1", 0, std::nullopt, {}}, {"q2", 0, std::nullopt, {}}, {"q3", 0, std::nullopt, {}}});
+  writer.Commit();
+}
+
+StoredSet SetOf(const std::string& name, const std::string& label = "",
+                const std::vector<std::string>& variables = {"q1", "q2"}) {
+  return {name, SetType::kDichotomy, label, "1", false, true, variables};
+}
+
+void Save(Dataset& dataset, const Sets& sets, const std::string& command) {
+  dataset.BeginCommand(false);
+  ASSERT_EQ(dataset.SaveSets(sets, command), Dataset::Saved::kDone);
+}
+
+std::vector<std::string> FindingsOf(const std::string& path) {
+  std::vector<std::string> findings;
+  CheckReport report;
+  report.finding = [&](const std::string& sentence) { findings.push_back(sentence); };
+  report.remark = [](const std::string&) {};
+  CheckDataset(path, {}, report);
+  return findings;
+}
+
+std::vector<Change> ChangesOf(Dataset& dataset) {
+  std::vector<Change> changes;
+  dataset.ForEachChange([&](const Change& change) { changes.push_back(change); });
+  return changes;
+}
+
+std::string Described(const ChangedSet& set) {
+  return std::to_string(static_cast<int>(set.kind)) + " " + set.name;
+}
+
+std::int64_t CountOf(std::string_view sql) {
+  Database database(kFile, kFile);
+  Query query(database, sql);
+  query.Step();
+  return query.Integer(0);
+}
+
+class HistoryTest : public TemporaryFolderTest {
+ protected:
+  HistoryTest() { MakeDataset(kFile); }
+};
+
+TEST_F(HistoryTest, AChangeTellsWhatBecameOfWhichSets) {
+  Dataset dataset(kFile);
+  Save(dataset, {SetOf("$a"), SetOf("$b"), SetOf("$c")}, "first");
+  Save(dataset, {SetOf("$c"), SetOf("$A", "new"), SetOf("$d")}, "second\n  line");
+  Save(dataset, {SetOf("$c"), SetOf("$A", "new"), SetOf("$d")}, "nothing");
+  Save(dataset, {SetOf("$A", "new"), SetOf("$c"), SetOf("$d")}, "third");
+  const std::vector<Change> changes = ChangesOf(dataset);
+  ASSERT_EQ(changes.size(), 3U);
+  EXPECT_EQ(changes[0].number, 3);
+  EXPECT_EQ(changes[0].command, "third");
+  EXPECT_TRUE(changes[0].reordered);
+  EXPECT_THAT(changes[0].sets, IsEmpty());
+  EXPECT_EQ(changes[1].command, "second\n  line");
+  EXPECT_TRUE(changes[1].reordered);
+  std::vector<std::string> described;
+  for (const ChangedSet& set : changes[1].sets) {
+    described.push_back(Described(set));
+  }
+  EXPECT_THAT(described, ElementsAre("2 $a", "3 $b", "1 $d"));
+  EXPECT_FALSE(changes[2].reordered);
+  EXPECT_THAT(changes[2].time, ::testing::MatchesRegex("[0-9]{4}-[0-9]{2}-[0-9]{2}T[0-9]{2}:[0-9]{2}:[0-9]{2}Z"));
+}
+
+TEST_F(HistoryTest, WithoutAChangeThereIsVersionZeroAlone) {
+  Dataset dataset(kFile);
+  EXPECT_EQ(dataset.Versions().first, 0);
+  EXPECT_EQ(dataset.Versions().last, 0);
+  EXPECT_THAT(dataset.SetsOfVersion(0), IsEmpty());
+  EXPECT_FALSE(UndoChanges(dataset, std::nullopt).has_value());
+  for (const std::int64_t version : {std::int64_t{-1}, std::int64_t{1}}) {
+    EXPECT_EQ(
+        SentenceOf([&] { dataset.SetsOfVersion(version); }),
+        "survey.mrs has no version " + std::to_string(version) + ": its sets were not changed yet, and are version 0.");
+  }
+}
+
+TEST_F(HistoryTest, UndoingTwiceBringsTheSetsBack) {
+  Dataset dataset(kFile);
+  const Sets first = {SetOf("$a"), SetOf("$b")};
+  const Sets second = {SetOf("$b", "new"), SetOf("$c")};
+  Save(dataset, first, "one");
+  Save(dataset, second, "two");
+  ASSERT_TRUE(UndoChanges(dataset, std::nullopt)->written);
+  EXPECT_EQ(Dataset(kFile).Sets(), first);
+  ASSERT_TRUE(UndoChanges(dataset, std::nullopt)->written);
+  EXPECT_EQ(Dataset(kFile).Sets(), second);
+  const auto toNow = UndoChanges(dataset, 4);
+  EXPECT_FALSE(toNow->changed);
+  EXPECT_EQ(SentenceOf([&] { UndoChanges(dataset, 5); }), "survey.mrs has no version 5; it keeps 0 to 4.");
+  ASSERT_TRUE(UndoChanges(dataset, 0)->written);
+  EXPECT_EQ(ChangesOf(dataset)[0].command, "undo --to 0");
+  EXPECT_EQ(ChangesOf(dataset)[1].command, "undo");
+}
+
+TEST_F(HistoryTest, TheOldestChangesAreDropped) {
+  constexpr int kChanges = 1005;
+  Dataset dataset(kFile, Relaxed());
+  for (int number = 1; number <= kChanges; ++number) {
+    Save(dataset, {SetOf("$a", std::to_string(number))}, "command " + std::to_string(number));
+  }
+  EXPECT_EQ(dataset.Versions().first, 5);
+  EXPECT_EQ(dataset.Versions().last, kChanges);
+  EXPECT_EQ(ChangesOf(dataset).size(), static_cast<std::size_t>(kKeptChanges));
+  EXPECT_EQ(CountOf("SELECT count(*) FROM history_set"), kKeptChanges);
+  EXPECT_EQ(dataset.SetsOfVersion(5), Sets{SetOf("$a", "5")});
+  EXPECT_EQ(SentenceOf([&] { dataset.SetsOfVersion(4); }), "survey.mrs has no version 4; it keeps 5 to 1005.");
+  EXPECT_THAT(FindingsOf(kFile), IsEmpty());
+}
+
+TEST_F(HistoryTest, WhatIsKeptOfAChangeFollowsWhatItTouches) {
+  constexpr int kSets = 2000;
+  Dataset dataset(kFile, Relaxed());
+  Sets sets;
+  for (int number = 0; number < kSets; ++number) {
+    sets.push_back(SetOf("$set" + std::to_string(10000 + 2 * number)));
+  }
+  Save(dataset, sets, "all");
+  // Each new set comes between others, as where sets are displayed in the order of their names.
+  std::mt19937 random(4);
+  for (int number = 0; number < 200; ++number) {
+    const auto place = random() % sets.size();
+    const std::string name = sets[place].name + "_" + std::to_string(number);
+    sets.insert(sets.begin() + static_cast<std::ptrdiff_t>(place) + 1, SetOf(name));
+    Save(dataset, sets, "define " + name);
+  }
+  EXPECT_EQ(CountOf("SELECT count(*) FROM history_set"), kSets + 200);
+  // One that was appended and is then put in its place.
+  sets.push_back(SetOf("$first"));
+  Save(dataset, sets, "append");
+  std::rotate(sets.begin(), sets.end() - 1, sets.end());
+  Save(dataset, sets, "sort");
+  EXPECT_EQ(CountOf("SELECT count(*) FROM history_set"), kSets + 200 + 2);
+  EXPECT_EQ(dataset.SetsOfVersion(1).size(), static_cast<std::size_t>(kSets));
+}
+
+TEST_F(HistoryTest, AHistoryThatCannotBeIsOneSentence) {
+  Dataset dataset(kFile);
+  Save(dataset, {SetOf("$a"), SetOf("$b")}, "one");
+  Save(dataset, {SetOf("$a", "new")}, "two");
+  dataset.EndCommand();
+  const std::string sound = Read(kFile);
+  const std::vector<std::string> attacks = {"DROP TABLE history",
+                                            "DROP TABLE history_set",
+                                            "UPDATE history SET number = -number",
+                                            "UPDATE history SET number = 9223372036854775807 WHERE number = 2",
+                                            "UPDATE history_set SET kind = 9",
+                                            "UPDATE history_set SET kind = 3 WHERE kind = 2",
+                                            "UPDATE history_set SET set_id = set_id + 10",
+                                            "UPDATE history_set SET position = -1 WHERE kind > 1",
+                                            "UPDATE history_set SET position = NULL",
+                                            "UPDATE history_set SET name = NULL",
+                                            "UPDATE history_set SET name = '$same' WHERE history = 2",
+                                            "UPDATE history_set SET type = 7 WHERE history = 2",
+                                            "UPDATE history_set SET label = char(0) WHERE history = 2",
+                                            "UPDATE history_set SET variables = '[[]]' WHERE history = 2",
+                                            "UPDATE history_set SET variables = '[\"\\u0000\"]' WHERE history = 2",
+                                            "UPDATE history_set SET variables = '{' WHERE history = 2"};
+  for (const std::string& attack : attacks) {
+    Write(kFile, sound);
+    Database(kFile, kFile).Execute(("PRAGMA ignore_check_constraints = ON;" + attack).c_str());
+    const std::string sentence = SentenceOf([] {
+      Dataset damaged(kFile);
+      for (std::int64_t version = 1; version >= 0; --version) {
+        damaged.SetsOfVersion(version);
+      }
+      damaged.ForEachChange([](const Change&) {});
+    });
+    EXPECT_EQ(sentence, "survey.mrs is damaged.") << attack;
+    EXPECT_THAT(FindingsOf(kFile), Not(IsEmpty())) << attack;
+  }
+}
+
+/// Sets as random commands leave them: some replaced, removed, added or moved, all of a small range of names.
+Sets Edited(Sets sets) {
+  const int edits = *rc::gen::inRange(0, 6);
+  for (int edit = 0; edit < edits; ++edit) {
+    const std::string letter(1, static_cast<char>('a' + *rc::gen::inRange(0, 12)));
+    const std::string name = "$" + letter;
+    const auto same = std::find_if(sets.begin(), sets.end(), [&](const StoredSet& set) {
+      return set.name == name || set.name == "$" + std::string(1, static_cast<char>(letter[0] - 'a' + 'A'));
+    });
+    const int kind = *rc::gen::inRange(0, 4);
+    if (same == sets.end()) {
+      sets.insert(sets.begin() + *rc::gen::inRange(0, static_cast<int>(sets.size()) + 1), SetOf(name));
+    } else if (kind == 0) {
+      sets.erase(same);
+    } else if (kind == 1) {
+      std::rotate(sets.begin(), same, sets.end());
+    } else if (kind == 2) {
+      std::sort(sets.begin(), sets.end(), [](const auto& one, const auto& other) { return one.name < other.name; });
+    } else {
+      same->name = *rc::gen::element(same->name, "$" + std::string(1, static_cast<char>(letter[0] - 'a' + 'A')), name);
+      same->label = *rc::gen::element<std::string>("", "L\"\\\n\xC3\xB6", "other");
+      same->type = *rc::gen::element(SetType::kCategory, SetType::kDichotomy);
+      same->labelFromVariable = *rc::gen::arbitrary<bool>();
+      same->variables = *rc::gen::elementOf(std::vector<std::vector<std::string>>{{}, {"q1"}, {"q2", "q1", "q\"3\\"}});
+    }
+  }
+  return sets;
+}
+
+class VersionsTest : public TemporaryFolderTest {};
+
+TEST_F(VersionsTest, EveryVersionIsTheSetsThatWereSaved) {
+  const bool holds = rc::check("every version is the sets that were saved", [] {
+    std::filesystem::remove(kFile);
+    MakeDataset(kFile);
+    Dataset dataset(kFile, Relaxed());
+    std::vector<Sets> versions = {{}};
+    const int steps = *rc::gen::inRange(1, 25);
+    for (int step = 0; step < steps; ++step) {
+      if (*rc::gen::inRange(0, 4) == 0 && versions.size() > 1) {
+        const auto target = *rc::gen::inRange<std::int64_t>(0, static_cast<std::int64_t>(versions.size()));
+        const auto undone = UndoChanges(dataset, target);
+        RC_ASSERT(undone->written == undone->changed);
+        if (undone->changed) {
+          versions.push_back(versions[static_cast<std::size_t>(target)]);
+        }
+      } else {
+        const Sets sets = Edited(versions.back());
+        dataset.BeginCommand(*rc::gen::arbitrary<bool>());
+        RC_ASSERT(dataset.SaveSets(sets, "edit") == Dataset::Saved::kDone);
+        if (sets != versions.back()) {
+          versions.push_back(sets);
+        }
+      }
+      RC_ASSERT(dataset.Sets() == versions.back());
+    }
+    Dataset again(kFile);
+    RC_ASSERT(again.Versions().first == 0);
+    RC_ASSERT(again.Versions().last == static_cast<std::int64_t>(versions.size()) - 1);
+    for (std::size_t version = 0; version < versions.size(); ++version) {
+      RC_ASSERT(again.SetsOfVersion(static_cast<std::int64_t>(version)) == versions[version]);
+    }
+    RC_ASSERT(FindingsOf(kFile).empty());
+  });
+  EXPECT_TRUE(holds);
+}
+
+TEST(Positions, AscendAndKeepAsManyAsCanBe) {
+  using Before = std::vector<std::optional<std::int64_t>>;
+  using After = std::vector<std::int64_t>;
+  constexpr std::int64_t kStep = std::int64_t{1} << 20;
+  const auto none = std::nullopt;
+  const std::vector<std::pair<Before, After>> rows = {{{}, {}},
+                                                      {{none, none}, {kStep - 1, 2 * kStep - 1}},
+                                                      {{0, 7, 9}, {0, 7, 9}},
+                                                      {{10, none, 20}, {10, 15, 20}},
+                                                      {{10, none, none, 40}, {10, 20, 30, 40}},
+                                                      {{10, none, 11, 12, 20}, {10, 11, 12, 16, 20}},
+                                                      {{40, 10, 20, 30}, {4, 10, 20, 30}},
+                                                      {{20, 30, 40, 10}, {20, 30, 40, 40 + kStep}},
+                                                      {{5, 5}, {2, 5}},
+                                                      {{none, 0}, {0, kStep}}};
+  for (const auto& [before, after] : rows) {
+    EXPECT_EQ(PlanPositions(before), after) << ::testing::PrintToString(after);
+  }
+}
+
+// A position of 0 stands for none.
+RC_GTEST_PROP(PositionsProperty, OfAnyListAscend, (const std::vector<std::uint8_t>& list)) {
+  std::vector<std::optional<std::int64_t>> before;
+  for (const std::uint8_t position : list) {
+    before.push_back(position == 0 ? std::nullopt : std::make_optional<std::int64_t>(position));
+  }
+  const std::vector<std::int64_t> planned = PlanPositions(before);
+  RC_ASSERT(planned.size() == list.size());
+  RC_ASSERT(std::adjacent_find(planned.begin(), planned.end(), std::greater_equal<>()) == planned.end());
+  RC_ASSERT(std::all_of(planned.begin(), planned.end(), [](std::int64_t position) { return position >= 0; }));
+}
+
+}  // namespace
+}  // namespace standalone

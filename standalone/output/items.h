@@ -7,6 +7,8 @@
 #include <variant>
 #include <vector>
 
+#include "standalone/language/place.h"
+
 namespace standalone {
 
 /// What one command put out, as values that every renderer and the channel between processes share. Texts are UTF-8.
@@ -16,6 +18,8 @@ enum class Level { kWarning, kError, kFatal };
 struct Message {
   Level level = Level::kError;
   std::string text;
+  std::optional<Place> place = std::nullopt;       ///< what the message is about, where that is a part of the command
+  std::optional<std::string> hint = std::nullopt;  ///< the host's advice on this message, without a final period
 };
 
 struct Cell {
@@ -51,10 +55,14 @@ struct CommandResult {
   std::size_t number = 0;  ///< of the run, from 1
   int line = 0;            ///< of the script, from 1
   std::string text;
+  std::string source;  ///< what the script is called: its path, "standard input", "-c 1"; may be empty
+  std::string before;  ///< what stands before the text on its first line
+  std::string behind;  ///< what stands behind the text on its last line, its final period among it
   std::optional<std::string> procedure;
   Status status = Status::kOk;
   std::vector<Item> items;
   bool isSaveOpen = false;  ///< of an aborted command: it may have been saved all the same
+  std::vector<std::string> hints;  ///< the host's advice that belongs to no message
 };
 
 }  // namespace standalone

@@ -53,7 +53,16 @@ Json RowToJson(const TableRow& row) {
 }
 
 Json MessageToJson(const Message& message) {
-  return {{"kind", "message"}, {"level", NameOf(kLevels, message.level)}, {"text", message.text}};
+  Json json = {{"kind", "message"}, {"level", NameOf(kLevels, message.level)}, {"text", message.text}};
+  if (message.place) {
+    json["line"] = message.place->line;
+    json["column"] = message.place->column;
+    json["length"] = message.place->length;
+  }
+  if (message.hint) {
+    json["hint"] = *message.hint;
+  }
+  return json;
 }
 
 Json TableToJson(const Table& table) {
@@ -85,6 +94,17 @@ Level LevelIn(const Json& json) {
     }
   }
   Refuse(json, "unknown level of a message");
+}
+
+Message MessageFromJson(const Json& json) {
+  Message message{LevelIn(json), TextIn(json, "text")};
+  if (json.contains("line")) {
+    message.place = Place{json.at("line"), json.at("column"), json.at("length")};
+  }
+  if (json.contains("hint")) {
+    message.hint = TextIn(json, "hint");
+  }
+  return message;
 }
 
 Cell CellFromJson(const Json& value, const Json& note) {
@@ -137,7 +157,7 @@ Json ToJson(const Item& item) {
 Item ItemFromJson(const Json& json) {
   const std::string kind = TextIn(json, "kind");
   if (kind == "message") {
-    return Message{LevelIn(json), TextIn(json, "text")};
+    return MessageFromJson(json);
   }
   if (kind == "table") {
     return TableFromJson(json);
@@ -158,6 +178,12 @@ Json ToJson(const CommandResult& result) {
                {"items", std::move(items)}};
   if (result.isSaveOpen) {
     json["saved"] = "unknown";
+  }
+  if (!result.source.empty()) {
+    json["source"] = result.source;
+  }
+  if (!result.hints.empty()) {
+    json["hints"] = result.hints;
   }
   return json;
 }

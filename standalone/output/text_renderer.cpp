@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "standalone/output/excerpt.h"
 #include "standalone/output/renderer.h"
 #include "standalone/output/text_table.h"
 #include "standalone/text/visible.h"
@@ -39,8 +40,10 @@ class TextRenderer final : public Renderer {
  private:
   void WriteCommand(std::size_t number, std::string_view text);
   void WriteCommandLine(std::string_view mark, std::string_view line);
-  void WriteItem(const Message& message);
-  void WriteItem(const Table& table);
+  void WriteItem(const CommandResult& result, const Message& message);
+  void WriteItem(const CommandResult& result, const Table& table);
+  void WritePlace(const CommandResult& result, const Place& place);
+  void WriteHint(const std::string& hint);
   void SetApart(bool fromLineBefore);
 
   std::ostream& fStream;
@@ -58,7 +61,11 @@ void TextRenderer::Write(const CommandResult& result) {
   fIsFirst = false;
   WriteCommand(result.number, result.text);
   for (const Item& item : result.items) {
-    std::visit([this](const auto& one) { WriteItem(one); }, item);
+    std::visit([&](const auto& one) { WriteItem(result, one); }, item);
+  }
+  for (const std::string& hint : result.hints) {
+    SetApart(fFollowsTable);
+    WriteHint(hint);
   }
   if (result.status == Status::kAborted) {
     SetApart(fFollowsTable);
@@ -83,12 +90,30 @@ void TextRenderer::WriteCommandLine(std::string_view mark, std::string_view line
   fStream << mark << Visible(shown) << '\n';
 }
 
-void TextRenderer::WriteItem(const Message& message) {
+void TextRenderer::WriteItem(const CommandResult& result, const Message& message) {
   SetApart(fFollowsTable);
   fStream << Prefix(message.level) << Visible(Trimmed(message.text, kLineEnds)) << '\n';
+  if (message.place) {
+    WritePlace(result, *message.place);
+  }
+  if (message.hint) {
+    WriteHint(*message.hint);
+  }
 }
 
-void TextRenderer::WriteItem(const Table& table) {
+void TextRenderer::WritePlace(const CommandResult& result, const Place& place) {
+  constexpr std::string_view kMargin = "    ";
+  const Excerpt excerpt = ExcerptAt(result, place, fWidth - std::min(fWidth, kMargin.size()));
+  fStream << "  " << PlaceInWords(result, place) << ":\n"
+          << kMargin << excerpt.line << '\n'
+          << kMargin << std::string(excerpt.caretColumn, ' ') << std::string(excerpt.caretWidth, '^') << '\n';
+}
+
+void TextRenderer::WriteHint(const std::string& hint) {
+  fStream << "hint: " << Visible(hint) << '\n';
+}
+
+void TextRenderer::WriteItem(const CommandResult& /*result*/, const Table& table) {
   SetApart(true);
   fStream << TextTable(table, fWidth);
   fFollowsTable = true;

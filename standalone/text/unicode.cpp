@@ -202,6 +202,14 @@ bool IsLetterAt(std::string_view text, std::size_t offset) {
   return character.IsValid() && u_isalpha(character.code) != 0;
 }
 
+std::size_t CountCharacters(std::string_view text) {
+  std::size_t count = 0;
+  for (std::size_t offset = 0; offset < text.size(); ++count) {
+    offset += CharacterLength(text, offset);
+  }
+  return count;
+}
+
 std::size_t DisplayWidth(std::string_view text) {
   std::size_t width = 0;
   for (std::size_t offset = 0; offset < text.size();) {

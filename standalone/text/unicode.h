@@ -35,6 +35,9 @@ std::size_t CharacterLength(std::string_view text, std::size_t offset);
 char32_t CodePointAt(std::string_view text, std::size_t offset);
 bool IsLetterAt(std::string_view text, std::size_t offset);
 
+/// The number of characters; a byte that belongs to no valid character counts as one.
+std::size_t CountCharacters(std::string_view text);
+
 /// The number of terminal columns that the text takes: 2 for a wide character, 0 for a combining, a format or a control
 /// one, 1 for a byte that belongs to no valid character.
 std::size_t DisplayWidth(std::string_view text);

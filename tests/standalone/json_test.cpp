@@ -39,6 +39,13 @@ Table SmallTable() {
   return table;
 }
 
+Message MessageWithPlace() {
+  Message message{Level::kError, "No."};
+  message.place = Place{3, 14, 0};
+  message.hint = "did you mean \"A\"?";
+  return message;
+}
+
 struct Row {
   Item item;
   std::string line;
@@ -49,6 +56,8 @@ std::vector<Row> Items() {
       {Message{Level::kError, "No."}, R"({"kind":"message","level":"error","text":"No."})"},
       {Message{Level::kWarning, ""}, R"({"kind":"message","level":"warning","text":""})"},
       {Message{Level::kFatal, "a \"b\"\n"}, R"({"kind":"message","level":"fatal","text":"a \"b\"\n"})"},
+      {MessageWithPlace(),
+       R"({"kind":"message","level":"error","text":"No.","line":3,"column":14,"length":0,"hint":"did you mean \"A\"?"})"},
       {LikesTable(), kLikesTable},
       {SmallTable(), R"({"kind":"table","title":"","rowDimension":"","columnDimension":"","columns":["A","B","C"],)"
                      R"("rows":[{"name":"r","cells":[null,"",[]],"notes":[null,"",null]}]})"},
@@ -109,6 +118,9 @@ TEST(JsonForm, AnythingElseIsRefused) {
       R"({"kind":"message","level":"error"})",
       R"({"kind":"message","level":"Error","text":"x"})",
       R"({"kind":"message","level":null,"text":"x"})",
+      R"({"kind":"message","level":"error","text":"x","line":1,"column":1})",
+      R"({"kind":"message","level":"error","text":"x","line":"1","column":1,"length":1})",
+      R"({"kind":"message","level":"error","text":"x","hint":null})",
       R"({"kind":"message","level":"error","text":1})",
       R"({"kind":"table"})",
       table + R"("columns":["A"]})",
@@ -164,6 +176,18 @@ TEST(JsonForm, ProcedureIsNullWhereNoneWasOpened) {
     EXPECT_EQ(OneLine(ToJson(result)),
               R"({"command":12,"line":34,"text":"FROB","procedure":null,"status":")" + row.name + R"(","items":[]})");
   }
+}
+
+TEST(JsonForm, SourceAndHintsOfACommandFollowWhereThereAreSome) {
+  CommandResult result;
+  result.number = 1;
+  result.line = 2;
+  result.text = "MRSET";
+  result.source = "all.script";
+  result.hints = {"a", "b"};
+  EXPECT_EQ(OneLine(ToJson(result)),
+            R"({"command":1,"line":2,"text":"MRSET","procedure":null,"status":"ok","items":[],"source":"all.script",)"
+            R"("hints":["a","b"]})");
 }
 
 TEST(JsonForm, TextsThatAreNoUtf8AreShownWithTheReplacement) {

@@ -82,6 +82,37 @@ TEST(TextRenderer, ShowsMessagesWithTheirLevelOnOneLine) {
                 "Fatal: report\n");
 }
 
+TEST(TextRenderer, ShowsPlacesAndHintsUnderTheirMessage) {
+  CommandResult result = Result("MRSET\n  /DISPLY \n", {}, Status::kError);
+  result.source = "a.script";
+  result.before = "\t";
+  result.behind = ".";
+  Message message{Level::kError, "e"};
+  message.place = Place{2, 4, 6, 9, 6};
+  message.hint = "did you mean\n?";
+  Message warning{Level::kWarning, "w"};
+  warning.place = Place{1, 2, 5, 0, 5};
+  result.items = {message, warning, OneSet()};
+  result.hints = {"first", "second\x1b"};
+  EXPECT_EQ(Text({result}),
+            "1> MRSET\n"
+            "   /DISPLY\n"
+            "Error: e\n"
+            "  a.script, line 2, column 4:\n"
+            "      /DISPLY \n"
+            "       ^^^^^^\n"
+            "hint: did you mean\\n?\n"
+            "Warning: w\n"
+            "  a.script, line 1, column 2:\n"
+            "            MRSET\n"
+            "            ^^^^^\n"
+            "\n" +
+                kOneSet +
+                "\n"
+                "hint: first\n"
+                "hint: second\\x1b\n");
+}
+
 TEST(TextRenderer, SetsTablesApart) {
   EXPECT_EQ(Text({Result("A", {Message{Level::kWarning, "w"}, OneSet(), OneSet(), Message{Level::kWarning, "v"},
                                Message{Level::kWarning, "u"}})}),

@@ -75,6 +75,8 @@ class Dataset::Implementation {
   int VariableCount();
   const Variable& VariableAt(int position);
   int FindVariable(std::string_view name);
+  void VisitVariableNames(const std::function<void(std::string_view name)>& visit);
+  void VisitCases(const std::function<bool(std::string_view cells)>& visit);
   const std::vector<KeptSet>& Sets();
 
   VersionRange Versions();
@@ -231,6 +233,21 @@ int Dataset::Implementation::FindVariable(std::string_view name) {
   return fPositions.emplace(key, position).first->second;
 }
 
+void Dataset::Implementation::VisitVariableNames(const std::function<void(std::string_view name)>& visit) {
+  BeginIfNone();
+  Query row(*fDatabase, "SELECT name FROM variable ORDER BY position");
+  while (row.Step()) {
+    visit(row.Text(0));
+  }
+}
+
+void Dataset::Implementation::VisitCases(const std::function<bool(std::string_view cells)>& visit) {
+  BeginIfNone();
+  Query row(*fDatabase, "SELECT cells FROM cases ORDER BY position");
+  while (row.Step() && visit(row.Text(0))) {
+  }
+}
+
 const std::vector<KeptSet>& Dataset::Implementation::Sets() {
   BeginIfNone();
   if (!fSets) {
@@ -302,6 +319,14 @@ const Variable& Dataset::VariableAt(int position) {
 
 int Dataset::FindVariable(std::string_view name) {
   return fImplementation->FindVariable(name);
+}
+
+void Dataset::VisitVariableNames(const std::function<void(std::string_view name)>& visit) {
+  fImplementation->VisitVariableNames(visit);
+}
+
+void Dataset::VisitCases(const std::function<bool(std::string_view cells)>& visit) {
+  fImplementation->VisitCases(visit);
 }
 
 std::vector<StoredSet> Dataset::Sets() {

@@ -126,6 +126,13 @@ class Dataset {
   /// Position of the variable of that name without regard to case, -1 when there is none.
   int FindVariable(std::string_view name);
 
+  /// Hands over the variables' names in dictionary order, without keeping what it reads.
+  void VisitVariableNames(const std::function<void(std::string_view name)>& visit);
+
+  /// Hands over the cells of the cases in their order, each a JSON array as DatasetWriter stores it, until `visit`
+  /// returns false.
+  void VisitCases(const std::function<bool(std::string_view cells)>& visit);
+
   /// The stored sets in their order.
   std::vector<StoredSet> Sets();
 

@@ -70,7 +70,9 @@ const char* ZEVA_ValueLabelMap::GetLabel(const std::string& value) const {
 ZEVA_DataSource::ZEVA_DataSource(void* record) : fRecord(record) {}
 
 ZEVA_DataSource* ZEVA_DataSource::GetParentSource() const {
-  return &SessionOf(fRecord).ParentSource();
+  Session& session = SessionOf(fRecord);
+  session.Reading().End();  // where the sets are kept is asked for by what changes them
+  return &session.ParentSource();
 }
 
 int ZEVA_DataSource::ColumnCount() const {

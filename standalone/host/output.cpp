@@ -181,5 +181,5 @@ BpProcedure::~BpProcedure() = default;
 
 void BpError(const BpCellText& text, BpErrorShow /*show*/, BpErrorLevel level) {
   const Level shown = level == kBpErrorLevelError ? Level::kError : Level::kWarning;
-  Session::Current().Issue(standalone::Message{shown, Render(text)});
+  Session::Current().IssueMessage(shown, Render(text), TextOf(text).arguments);
 }

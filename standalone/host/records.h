@@ -7,6 +7,7 @@
 #include "host/output.h"
 #include "host/tokens.h"
 #include "standalone/data/dataset.h"
+#include "standalone/host/command_reading.h"
 
 /// The value labels of one variable, as host/ hands them out.
 class ZEVA_VLImplPointer {
@@ -35,11 +36,6 @@ struct VariableRecord {
 class StoredDataSource final : public ZEVA_DataSource {
  public:
   explicit StoredDataSource(Session& session) : ZEVA_DataSource(&session) {}
-};
-
-/// The cursor of a token stream on the session's tokens.
-struct TokenCursor {
-  int position = -1;  ///< -1 before the first token
 };
 
 }  // namespace standalone

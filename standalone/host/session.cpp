@@ -13,17 +13,33 @@ standalone::Session* currentSession = nullptr;
 
 CommonDictionary commonDictionary{};
 
+/// The arguments' texts, one after the other.
+std::vector<std::string> TextsIn(const std::vector<standalone::Argument>& arguments) {
+  std::vector<std::string> texts;
+  for (const standalone::Argument& argument : arguments) {
+    if (const auto* text = std::get_if<std::string>(&argument)) {
+      texts.push_back(*text);
+    } else {
+      const auto& list = std::get<std::vector<std::string>>(argument);
+      texts.insert(texts.end(), list.begin(), list.end());
+    }
+  }
+  return texts;
+}
+
 }  // namespace
 
 CommonDictionary* CmnDic = &commonDictionary;
 
 namespace standalone {
 
-Session::Session(Dataset& dataset, const std::vector<Token>& tokens, std::vector<StoredSet> sets,
-                 const OutputSink& sink)
+Session::Session(Dataset& dataset, const ScriptCommand& command, const std::vector<Token>& tokens,
+                 const std::vector<StoredSet>& sets, const OutputSink& sink)
     : fDataset(dataset),
-      fTokens(tokens),
+      fCommand(command),
+      fReading(tokens),
       fSets(ToVariableSets(sets)),
+      fAdviser(fReading, dataset, fSets),
       fSink(sink),
       fParentSource(std::make_unique<StoredDataSource>(*this)) {
   assert(currentSession == nullptr);
@@ -47,6 +63,31 @@ const VariableRecord& Session::VariableAt(int position) {
     record = std::make_unique<VariableRecord>(fDataset.VariableAt(position));
   }
   return *record;
+}
+
+void Session::IssueMessage(Level level, const std::string& text, const std::vector<Argument>& arguments) {
+  const std::vector<std::string> quoted = TextsIn(arguments);
+  Message message{level, text};
+  if (const std::optional<std::size_t> token = fReading.TokenOfMessage(quoted.empty() ? "" : quoted.front())) {
+    message.place = PlaceOf(*token);
+  }
+  message.hint = fAdviser.OnMessage(quoted);
+  Issue(message);
+}
+
+void Session::IssueProblem(const ListProblem& problem) {
+  Message message{Level::kError, problem.sentence, PlaceOf(problem.token)};
+  if (problem.isUnknown) {
+    message.hint = fAdviser.OnUnknownVariable(problem.token);
+  }
+  Issue(message);
+}
+
+Place Session::PlaceOf(std::size_t token) {
+  if (!fPlaces) {
+    fPlaces.emplace(fCommand.text, fCommand.line, fCommand.before);
+  }
+  return fPlaces->At(Tokens()[token].offset, Tokens()[token].length);
 }
 
 void Session::SaveSets(const VARIABLESETS& sets) {

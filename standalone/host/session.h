@@ -10,7 +10,13 @@
 
 #include "host/variable_sets.h"
 #include "standalone/data/dataset.h"
+#include "standalone/host/adviser.h"
+#include "standalone/host/command_reading.h"
+#include "standalone/language/place.h"
+#include "standalone/language/script.h"
 #include "standalone/language/tokenizer.h"
+#include "standalone/language/variable_list.h"
+#include "standalone/output/composite.h"
 #include "standalone/output/items.h"
 
 namespace standalone {
@@ -28,8 +34,9 @@ struct OutputSink {
 /// it is the current one from construction to destruction.
 class Session {
  public:
-  /// `dataset`, `tokens` and `sink` must outlive the session. `sets` are those that the command finds stored.
-  Session(Dataset& dataset, const std::vector<Token>& tokens, std::vector<StoredSet> sets, const OutputSink& sink);
+  /// All but `sets` must outlive the session. `tokens` are those of `command`; `sets` are those that it finds stored.
+  Session(Dataset& dataset, const ScriptCommand& command, const std::vector<Token>& tokens,
+          const std::vector<StoredSet>& sets, const OutputSink& sink);
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
   ~Session();
@@ -37,7 +44,8 @@ class Session {
   /// The session of the running command. There must be one.
   static Session& Current();
 
-  const std::vector<Token>& Tokens() const { return fTokens; }
+  const std::vector<Token>& Tokens() const { return fReading.Tokens(); }
+  CommandReading& Reading() { return fReading; }
   Dataset& Data() { return fDataset; }
 
   /// The variable at a position, in the form in which host/ hands it out.
@@ -55,10 +63,21 @@ class Session {
   void OpenProcedure(const std::string& title) { fSink.procedure(title); }
   void Issue(const Item& item) { fSink.item(item); }
 
+  /// Issues a message of the module, made with these arguments, with its place and the host's hint.
+  void IssueMessage(Level level, const std::string& text, const std::vector<Argument>& arguments);
+
+  /// Issues what is wrong with a variable list.
+  void IssueProblem(const ListProblem& problem);
+
  private:
+  Place PlaceOf(std::size_t token);
+
   Dataset& fDataset;
-  const std::vector<Token>& fTokens;
+  const ScriptCommand& fCommand;
+  CommandReading fReading;
+  std::optional<PlaceFinder> fPlaces;  // made for the first message
   VARIABLESETS fSets;
+  Adviser fAdviser;
   const OutputSink& fSink;
   std::unique_ptr<StoredDataSource> fParentSource;
   std::optional<std::vector<StoredSet>> fSavedSets;

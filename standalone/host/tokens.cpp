@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "standalone/host/records.h"
 #include "standalone/host/session.h"
@@ -31,16 +32,20 @@ standalone::VariableLookup LookupIn(standalone::Dataset& dataset) {
 
 }  // namespace
 
-ZEVA_TokenSequence::ZEVA_TokenSequence(bool /*openCommand*/) : fRecord(new standalone::TokenCursor) {}
+ZEVA_TokenSequence::ZEVA_TokenSequence(bool /*openCommand*/) : fRecord(new standalone::TokenCursor) {
+  Session::Current().Reading().Open(HostAccess::Cursor(*this));
+}
 
 ZEVA_TokenSequence::~ZEVA_TokenSequence() {
+  Session::Current().Reading().Close();
   delete static_cast<standalone::TokenCursor*>(fRecord);
 }
 
 bool ZEVA_TokenSequence::Next() {
-  int& position = HostAccess::Cursor(*this).position;
-  position = std::min(position + 1, EndPosition());
-  return position < EndPosition();
+  standalone::TokenCursor& cursor = HostAccess::Cursor(*this);
+  cursor.position = std::min(cursor.position + 1, EndPosition());
+  cursor.wentBack = std::exchange(cursor.isSet, false);
+  return cursor.position < EndPosition();
 }
 
 int ZEVA_TokenSequence::Position() const {
@@ -48,7 +53,9 @@ int ZEVA_TokenSequence::Position() const {
 }
 
 void ZEVA_TokenSequence::SetPosition(int position) {
-  HostAccess::Cursor(*this).position = std::clamp(position, 0, EndPosition()) - 1;
+  standalone::TokenCursor& cursor = HostAccess::Cursor(*this);
+  cursor.position = std::clamp(position, 0, EndPosition()) - 1;
+  cursor.isSet = true;
 }
 
 TokenSequenceBase::TokenType ZEVA_TokenSequence::Type() const {
@@ -72,7 +79,9 @@ std::string TokenStringCaps(const TokenSequenceBase& tokens) {
 }
 
 int KeywordMatch(const char* token, const char* keyword) {
-  return standalone::NamesKeyword(token, keyword) ? 1 : 0;
+  const bool isNamed = standalone::NamesKeyword(token, keyword);
+  Session::Current().Reading().TryKeyword(token, keyword, isNamed);
+  return isNamed ? 1 : 0;
 }
 
 bool ExistingVarList(const ZEVA_DataSource& /*dataSource*/, TokenSequenceBase& tokens, std::vector<int>& indices,
@@ -80,10 +89,10 @@ bool ExistingVarList(const ZEVA_DataSource& /*dataSource*/, TokenSequenceBase& t
   Session& session = Session::Current();
   const auto begin = static_cast<std::size_t>(std::max(tokens.Position(), 0));
   const auto last = static_cast<std::size_t>(std::clamp(end, 0, EndPosition()));
-  const std::optional<std::string> error =
+  const std::optional<standalone::ListProblem> problem =
       ReadVariableList(session.Tokens(), begin, last, LookupIn(session.Data()), indices);
-  if (error) {
-    session.Issue(standalone::Message{standalone::Level::kError, *error});
+  if (problem) {
+    session.IssueProblem(*problem);
   }
-  return !error;
+  return !problem;
 }

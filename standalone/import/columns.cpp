@@ -24,11 +24,6 @@ std::string_view WithoutBlanks(std::string_view text) {
   return text.substr(0, text.find_last_not_of(kBlanks) + 1);
 }
 
-std::size_t CountCharacters(std::string_view text) {
-  return static_cast<std::size_t>(std::count_if(
-      text.begin(), text.end(), [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; }));
-}
-
 bool IsWhole(std::string_view number) {
   if (number.find_first_of(".eE") == std::string_view::npos) {
     return true;

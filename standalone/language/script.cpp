@@ -14,7 +14,7 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 /// Reads a script line by line and collects its commands.
 class Splitter {
  public:
-  explicit Splitter(std::string_view script) : fScript(script) {}
+  Splitter(std::string_view script, const std::string& source) : fScript(script), fSource(source) {}
 
   std::vector<ScriptCommand> Split();
 
@@ -23,15 +23,19 @@ class Splitter {
   bool ReadCharacters(std::size_t begin, std::size_t end);
   void AddCharacter(std::size_t offset);
   void EndCommand(std::size_t textEnd);
+  std::string RestOfLine(std::size_t offset) const;
 
   std::string_view fScript;
+  const std::string& fSource;
   std::vector<ScriptCommand> fCommands;
   int fLine = 1;
+  std::size_t fLineBegin = 0;
 
   // The command that is being read, from its first character to behind its last one; comments and blanks are not
   // characters of it.
   bool fIsOpen = false;
   int fFirstLine = 1;
+  std::size_t fFirstLineBegin = 0;
   std::size_t fBegin = 0;
   std::size_t fEnd = 0;
   std::size_t fEndWithoutLast = 0;
@@ -60,6 +64,7 @@ void Splitter::ReadLine(std::size_t begin, std::size_t end) {
 /// Whether the line holds anything but blanks. A string that is not closed ends with its line, so that a period there
 /// still ends the command.
 bool Splitter::ReadCharacters(std::size_t begin, std::size_t end) {
+  fLineBegin = begin;
   bool holdsAnything = false;
   char quote = '\0';
   for (std::size_t offset = begin; offset < end;) {
@@ -87,6 +92,7 @@ void Splitter::AddCharacter(std::size_t offset) {
   if (!fIsOpen) {
     fIsOpen = true;
     fFirstLine = fLine;
+    fFirstLineBegin = fLineBegin;
     fBegin = fEnd = offset;
   }
   fEndWithoutLast = fEnd;
@@ -98,16 +104,26 @@ void Splitter::EndCommand(std::size_t textEnd) {
   if (!isOpen || textEnd == fBegin || fScript[fBegin] == '*') {
     return;
   }
-  fCommands.push_back({std::string(fScript.substr(fBegin, textEnd - fBegin)), fFirstLine});
+  fCommands.push_back({std::string(fScript.substr(fBegin, textEnd - fBegin)), fFirstLine,
+                       std::string(fScript.substr(fFirstLineBegin, fBegin - fFirstLineBegin)), RestOfLine(textEnd),
+                       fSource});
+}
+
+std::string Splitter::RestOfLine(std::size_t offset) const {
+  std::string_view rest = fScript.substr(offset, fScript.find('\n', offset) - offset);
+  if (!rest.empty() && rest.back() == '\r') {
+    rest.remove_suffix(1);
+  }
+  return std::string(rest);
 }
 
 }  // namespace
 
-std::vector<ScriptCommand> SplitScript(std::string_view script) {
+std::vector<ScriptCommand> SplitScript(std::string_view script, const std::string& source) {
   if (script.substr(0, kByteOrderMark.size()) == kByteOrderMark) {
     script.remove_prefix(kByteOrderMark.size());
   }
-  return Splitter(script).Split();
+  return Splitter(script, source).Split();
 }
 
 }  // namespace standalone

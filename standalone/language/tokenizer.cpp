@@ -75,6 +75,14 @@ int CodeOfSymbol(std::string_view text, std::size_t offset) {
   }
 }
 
+/// The end of a line that ends at `offset`, without the blanks before it.
+std::size_t EndOfLine(std::string_view text, std::size_t offset) {
+  while (IsBlank(text[offset - 1])) {
+    --offset;
+  }
+  return offset;
+}
+
 /// Reads the tokens of a command whose characters have been checked.
 class Tokenizer {
  public:
@@ -139,7 +147,7 @@ void Tokenizer::ReadString() {
   for (; CharAt(fText, offset) != quote || CharAt(fText, offset + 1) == quote; ++offset) {
     const char c = CharAt(fText, offset);
     if (offset >= fText.size() || c == '\n') {
-      throw TokenizerError("A string is not closed on its line.", fOffset);
+      throw TokenizerError("A string is not closed on its line.", fOffset, EndOfLine(fText, offset) - fOffset);
     }
     value += c;
     offset += c == quote ? 1 : 0;
@@ -173,11 +181,11 @@ void Tokenizer::AddWord(std::size_t end) {
 void CheckCharacters(std::string_view command) {
   const std::size_t valid = ValidUtf8Length(command);
   if (valid < command.size()) {
-    throw TokenizerError("The command is not valid UTF-8.", valid);
+    throw TokenizerError("The command is not valid UTF-8.", valid, 1);
   }
   const std::size_t nul = command.find('\0');
   if (nul != std::string_view::npos) {
-    throw TokenizerError("The command holds a NUL character.", nul);
+    throw TokenizerError("The command holds a NUL character.", nul, 1);
   }
 }
 

@@ -31,14 +31,18 @@ struct Token {
   std::size_t length = 0;  ///< how many bytes of the command it takes, quotes included
 };
 
-/// A command that cannot be read as tokens. what() is a sentence without a place; `offset` is where in the command.
+/// A command that cannot be read as tokens. what() is a sentence without a place; the bytes of the command that it is
+/// about begin at Offset().
 class TokenizerError : public std::runtime_error {
  public:
-  TokenizerError(const std::string& sentence, std::size_t offset) : std::runtime_error(sentence), fOffset(offset) {}
+  TokenizerError(const std::string& sentence, std::size_t offset, std::size_t size)
+      : std::runtime_error(sentence), fOffset(offset), fSize(size) {}
   std::size_t Offset() const { return fOffset; }
+  std::size_t Size() const { return fSize; }
 
  private:
   std::size_t fOffset;
+  std::size_t fSize;
 };
 
 /// The tokens of one command, the end of the command last. Throws TokenizerError for text that is not valid UTF-8, for

@@ -10,8 +10,7 @@
 namespace standalone {
 namespace {
 
-/// Nothing, or the sentence that says what is wrong.
-using Problem = std::optional<std::string>;
+using Problem = std::optional<ListProblem>;
 
 /// Reads one variable list, item by item.
 class ListReader {
@@ -25,8 +24,9 @@ class ListReader {
  private:
   Problem ReadItem();
   Problem ReadRange(int from);
-  Problem AddRange(int from, int to);
-  Problem AddVariable(int position);
+  Problem AddRange(int from, int to, std::size_t token);
+  Problem AddVariable(int position, std::size_t token);
+  Problem NotInDataset(std::size_t token) const;
   bool IsWord(std::size_t index) const;
   bool IsTo(std::size_t index) const;
   bool IsName(std::size_t index) const { return IsWord(index) && !IsTo(index); }
@@ -40,10 +40,6 @@ class ListReader {
   std::unordered_set<int> fListed;
 };
 
-std::string NotInDataset(const std::string& name) {
-  return fmt::format("The variable {} is not in the dataset.", name);
-}
-
 Problem ListReader::Read() {
   while (fNext < fEnd) {
     if (Problem problem = ReadItem()) {
@@ -56,54 +52,59 @@ Problem ListReader::Read() {
 Problem ListReader::ReadItem() {
   const std::string& name = fTokens[fNext].text;
   if (!IsWord(fNext)) {
-    return fmt::format("{} cannot stand in a list of variables.", name);
+    return ListProblem{fmt::format("{} cannot stand in a list of variables.", name), fNext};
   }
   if (IsTo(fNext)) {
-    return RangeWithoutBeginning();
+    return ListProblem{RangeWithoutBeginning(), fNext};
   }
   const int position = fLookup.find(name);
   if (position < 0) {
-    return NotInDataset(name);
+    return NotInDataset(fNext);
   }
   if (IsTo(fNext + 1)) {
     return ReadRange(position);
   }
-  ++fNext;
-  return AddVariable(position);
+  return AddVariable(position, fNext++);
 }
 
 Problem ListReader::ReadRange(int from) {
   const std::string& first = fTokens[fNext].text;
   if (!IsName(fNext + 2)) {
-    return fmt::format("The range {} TO has no end.", first);
+    return ListProblem{fmt::format("The range {} TO has no end.", first), fNext + 1};
   }
   const std::string& last = fTokens[fNext + 2].text;
   const int to = fLookup.find(last);
   if (to < 0) {
-    return NotInDataset(last);
+    return NotInDataset(fNext + 2);
   }
   if (to < from) {
-    return fmt::format("The range {0} TO {1} is reversed: {0} stands behind {1} in the dataset.", first, last);
+    return ListProblem{
+        fmt::format("The range {0} TO {1} is reversed: {0} stands behind {1} in the dataset.", first, last), fNext};
   }
+  const std::size_t begin = fNext;
   fNext += 3;
-  return AddRange(from, to);
+  return AddRange(from, to, begin);
 }
 
-Problem ListReader::AddRange(int from, int to) {
+Problem ListReader::AddRange(int from, int to, std::size_t token) {
   for (int position = from; position <= to; ++position) {
-    if (Problem problem = AddVariable(position)) {
+    if (Problem problem = AddVariable(position, token)) {
       return problem;
     }
   }
   return std::nullopt;
 }
 
-Problem ListReader::AddVariable(int position) {
+Problem ListReader::AddVariable(int position, std::size_t token) {
   if (!fListed.insert(position).second) {
-    return fmt::format("The variable {} is listed twice.", fLookup.name(position));
+    return ListProblem{fmt::format("The variable {} is listed twice.", fLookup.name(position)), token};
   }
   fPositions.push_back(position);
   return std::nullopt;
+}
+
+Problem ListReader::NotInDataset(std::size_t token) const {
+  return ListProblem{fmt::format("The variable {} is not in the dataset.", fTokens[token].text), token, true};
 }
 
 bool ListReader::IsWord(std::size_t index) const {
@@ -121,7 +122,7 @@ std::string ListReader::RangeWithoutBeginning() const {
 
 }  // namespace
 
-std::optional<std::string> ReadVariableList(const std::vector<Token>& tokens, std::size_t begin, std::size_t end,
+std::optional<ListProblem> ReadVariableList(const std::vector<Token>& tokens, std::size_t begin, std::size_t end,
                                             const VariableLookup& lookup, std::vector<int>& positions) {
   return ListReader(tokens, begin, end, lookup, positions).Read();
 }

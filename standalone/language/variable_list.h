@@ -18,11 +18,17 @@ struct VariableLookup {
   std::function<std::string(int position)> name;     ///< name of the variable at a position
 };
 
+/// What is wrong with a variable list.
+struct ListProblem {
+  std::string sentence;    ///< names the culprit
+  std::size_t token = 0;   ///< the culprit's index
+  bool isUnknown = false;  ///< the culprit is the name of no variable
+};
+
 /// Reads the variable list in the tokens [begin, end): names and ranges "a TO b", in dictionary order and inclusive.
-/// Appends the positions to `positions`. Returns nothing on success, else the sentence that says what is wrong and
-/// names the culprit; `positions` then holds the variables before it. A list without words is accepted and empty, also
-/// when `end` is not behind `begin`.
-std::optional<std::string> ReadVariableList(const std::vector<Token>& tokens, std::size_t begin, std::size_t end,
+/// Appends the positions to `positions`. Returns nothing on success, else what is wrong; `positions` then holds the
+/// variables before it. A list without words is accepted and empty, also when `end` is not behind `begin`.
+std::optional<ListProblem> ReadVariableList(const std::vector<Token>& tokens, std::size_t begin, std::size_t end,
                                             const VariableLookup& lookup, std::vector<int>& positions);
 
 }  // namespace standalone

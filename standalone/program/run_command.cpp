@@ -39,10 +39,11 @@ struct RunOptions {
 std::vector<ScriptCommand> ReadCommands(const RunOptions& options) {
   std::vector<ScriptCommand> commands;
   if (options.scriptPath) {
-    commands = SplitScript(ReadScript(*options.scriptPath));
+    const std::string& path = *options.scriptPath;
+    commands = SplitScript(ReadScript(path), path == "-" ? "standard input" : path);
   }
-  for (const std::string& text : options.commands) {
-    const std::vector<ScriptCommand> more = SplitScript(text);
+  for (std::size_t index = 0; index < options.commands.size(); ++index) {
+    const std::vector<ScriptCommand> more = SplitScript(options.commands[index], fmt::format("-c {}", index + 1));
     commands.insert(commands.end(), more.begin(), more.end());
   }
   return commands;

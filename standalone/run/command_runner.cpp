@@ -2,10 +2,11 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <utility>
 
+#include "standalone/host/adviser.h"
 #include "standalone/language/keywords.h"
+#include "standalone/language/place.h"
 #include "standalone/language/tokenizer.h"
 #include "standalone/text/unicode.h"
 
@@ -28,10 +29,24 @@ std::string Shortened(const std::string& text) {
   return fmt::format("{}{}", beginning, beginning.size() < text.size() ? "..." : "");
 }
 
-int LineAt(const ScriptCommand& command, std::size_t offset) {
-  const auto begin = command.text.begin();
-  const auto end = begin + static_cast<std::ptrdiff_t>(std::min(offset, command.text.size()));
-  return command.line + static_cast<int>(std::count(begin, end, '\n'));
+Place PlaceIn(const ScriptCommand& command, std::size_t offset, std::size_t size) {
+  return PlaceFinder(command.text, command.line, command.before).At(offset, size);
+}
+
+Message NotACommand(const ScriptCommand& command, const Token& token) {
+  Message message{
+      Level::kError,
+      fmt::format("Line {}: {} is not a command. The command here is {}.", command.line, Shortened(token.text), kMrset),
+      PlaceIn(command, token.offset, token.length)};
+  if (token.type == TokenSequenceBase::kString && NearestKeyword(token.text, {kMrset})) {
+    message.hint = DidYouMean(kMrset);
+  }
+  return message;
+}
+
+Message Unreadable(const ScriptCommand& command, const TokenizerError& error) {
+  const Place place = PlaceIn(command, error.Offset(), error.Size());
+  return {Level::kError, fmt::format("Line {}: {}", place.line, error.what()), place};
 }
 
 }  // namespace
@@ -47,44 +62,52 @@ bool CommandRunner::Run(const ScriptCommand& command, std::size_t index) {
   try {
     const std::vector<Token> tokens = Tokenize(command.text);
     if (NamesMrset(tokens.front())) {
-      RunTokens(tokens, command.text);
+      RunTokens(command, tokens);
     } else {
-      TellError(fmt::format("Line {}: {} is not a command. The command here is {}.", command.line,
-                            Shortened(tokens.front().text), kMrset));
+      TellItem(NotACommand(command, tokens.front()));
     }
   } catch (const TokenizerError& error) {
-    TellError(fmt::format("Line {}: {}", LineAt(command, error.Offset()), error.what()));
+    TellItem(Unreadable(command, error));
   }
   fTell(CommandDone{index});
   return !fHasError;
 }
 
-void CommandRunner::RunTokens(const std::vector<Token>& tokens, const std::string& text) {
+void CommandRunner::RunTokens(const ScriptCommand& command, const std::vector<Token>& tokens) {
   if (fMrset == nullptr) {
     fMrset = LoadMrsetModule();
   }
-  for (int tries = 1; !TryRun(tokens, text, tries > kOptimisticTries); ++tries) {
+  for (int tries = 1; !TryRun(command, tokens, tries > kOptimisticTries); ++tries) {
     fHasError = false;
     fTell(CommandRestarted{});
   }
 }
 
 /// False when another process changed the dataset meanwhile, so that the command must be run again.
-bool CommandRunner::TryRun(const std::vector<Token>& tokens, const std::string& text, bool exclusive) {
+bool CommandRunner::TryRun(const ScriptCommand& command, const std::vector<Token>& tokens, bool exclusive) {
   fDataset.BeginCommand(exclusive);
-  Session session(fDataset, tokens, fDryRunSets ? *fDryRunSets : fDataset.Sets(), fSink);
+  const std::vector<StoredSet> before = fDryRunSets ? *fDryRunSets : fDataset.Sets();
+  Session session(fDataset, command, tokens, before, fSink);
   fMrset();
   if (!session.SavedSets()) {
     fDataset.EndCommand();
     return true;
   }
+  GiveHints(before, *session.SavedSets());
   if (fDryRun) {
     fDataset.EndCommand();
     fDryRunSets = session.SavedSets();
     return true;
   }
   fTell(CommandSaves{});
-  return fDataset.SaveSets(*session.SavedSets(), text) == Dataset::Saved::kDone;
+  return fDataset.SaveSets(*session.SavedSets(), command.text) == Dataset::Saved::kDone;
+}
+
+/// From the state of the dataset that the command itself saw.
+void CommandRunner::GiveHints(const std::vector<StoredSet>& before, const std::vector<StoredSet>& after) {
+  for (const std::string& hint : fChoiceHints.On(fDataset, before, after)) {
+    fTell(HintGiven{hint});
+  }
 }
 
 void CommandRunner::TellItem(const Item& item) {

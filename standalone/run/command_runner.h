@@ -9,6 +9,7 @@
 #include "standalone/data/dataset.h"
 #include "standalone/host/session.h"
 #include "standalone/language/script.h"
+#include "standalone/run/choice_hints.h"
 #include "standalone/run/events.h"
 #include "standalone/run/module.h"
 
@@ -28,16 +29,17 @@ class CommandRunner {
   bool Run(const ScriptCommand& command, std::size_t index);
 
  private:
-  void RunTokens(const std::vector<Token>& tokens, const std::string& text);
-  bool TryRun(const std::vector<Token>& tokens, const std::string& text, bool exclusive);
+  void RunTokens(const ScriptCommand& command, const std::vector<Token>& tokens);
+  bool TryRun(const ScriptCommand& command, const std::vector<Token>& tokens, bool exclusive);
+  void GiveHints(const std::vector<StoredSet>& before, const std::vector<StoredSet>& after);
   void TellItem(const Item& item);
-  void TellError(const std::string& sentence) { TellItem(Message{Level::kError, sentence}); }
 
   Dataset fDataset;
   bool fDryRun;
   std::optional<std::vector<StoredSet>> fDryRunSets;  // none before a command saved
   Tell fTell;
   OutputSink fSink;
+  ChoiceHints fChoiceHints;
   bool fHasError = false;         // of the command that runs
   CommandEntry fMrset = nullptr;  // loaded by the first command that needs it
 };

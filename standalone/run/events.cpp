@@ -5,14 +5,37 @@
 namespace standalone {
 namespace {
 
-// Each event is an object with one member, whose name tells the kind.
+// Each event is an object whose first member's name tells the kind.
+
+/// The bytes of a message's place, which are no part of an item's documented form.
+constexpr const char* kBytes = "bytes";
+
+Json IssuedToJson(const Item& item) {
+  Json json = {{"item", ToJson(item)}};
+  const auto* message = std::get_if<Message>(&item);
+  if (message != nullptr && message->place) {
+    json[kBytes] = {message->place->offset, message->place->size};
+  }
+  return json;
+}
+
+Item IssuedFromJson(const Json& json) {
+  Item item = ItemFromJson(json.at("item"));
+  if (json.contains(kBytes)) {
+    Place& place = std::get<Message>(item).place.value();
+    place.offset = json.at(kBytes).at(0);
+    place.size = json.at(kBytes).at(1);
+  }
+  return item;
+}
 
 struct ToEventJson {
   Json operator()(const ProcedureOpened& event) const { return {{"procedure", event.title}}; }
-  Json operator()(const ItemIssued& event) const { return {{"item", ToJson(event.item)}}; }
+  Json operator()(const ItemIssued& event) const { return IssuedToJson(event.item); }
   Json operator()(const CommandRestarted&) const { return {{"restarted", true}}; }
   Json operator()(const CommandSaves&) const { return {{"saves", true}}; }
   Json operator()(const CommandDone& event) const { return {{"done", event.command}}; }
+  Json operator()(const HintGiven& event) const { return {{"hint", event.hint}}; }
   Json operator()(const RunFailed& event) const { return {{"failed", event.sentence}}; }
   Json operator()(const Noticed& event) const { return {{"noticed", event.sentence}}; }
 };
@@ -32,7 +55,7 @@ Event EventFromLine(const std::string& line) {
     return ProcedureOpened{value};
   }
   if (kind == "item") {
-    return ItemIssued{ItemFromJson(value)};
+    return ItemIssued{IssuedFromJson(json)};
   }
   if (kind == "restarted") {
     return CommandRestarted{};
@@ -45,6 +68,9 @@ Event EventFromLine(const std::string& line) {
   }
   if (kind == "done") {
     return CommandDone{value};
+  }
+  if (kind == "hint") {
+    return HintGiven{value};
   }
   return RunFailed{value};
 }

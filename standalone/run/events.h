@@ -19,6 +19,11 @@ struct ItemIssued {
   Item item;
 };
 
+/// Advice that belongs to no message.
+struct HintGiven {
+  std::string hint;
+};
+
 /// The command begins anew: what it has told so far does not count.
 struct CommandRestarted {};
 
@@ -40,8 +45,8 @@ struct Noticed {
   std::string sentence;
 };
 
-using Event =
-    std::variant<ProcedureOpened, ItemIssued, CommandRestarted, CommandSaves, CommandDone, RunFailed, Noticed>;
+using Event = std::variant<ProcedureOpened, ItemIssued, CommandRestarted, CommandSaves, CommandDone, RunFailed, Noticed,
+                           HintGiven>;
 
 /// An event as one line, without its line end, and back.
 std::string ToLine(const Event& event);

@@ -95,6 +95,9 @@ class Supervisor {
     result.number = index + 1;
     result.line = fRequest.commands[index].line;
     result.text = fRequest.commands[index].text;
+    result.source = fRequest.commands[index].source;
+    result.before = fRequest.commands[index].before;
+    result.behind = fRequest.commands[index].behind;
     return result;
   }
 
@@ -104,6 +107,8 @@ class Supervisor {
     } else if (const auto* issued = std::get_if<ItemIssued>(&event)) {
       result.status = IsErrorMessage(issued->item) ? Status::kError : result.status;
       result.items.push_back(issued->item);
+    } else if (const auto* given = std::get_if<HintGiven>(&event)) {
+      result.hints.push_back(given->hint);
     } else if (const auto* failed = std::get_if<RunFailed>(&event)) {
       throw RunError(failed->sentence);
     }

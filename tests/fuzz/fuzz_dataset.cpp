@@ -70,9 +70,10 @@ void RunCommand(const std::string& path, std::string_view command) {
   const standalone::OutputSink sink{
       [](const std::string&) {},
       [](const standalone::Item& item) { Check(!standalone::OneLine(standalone::ToJson(item)).empty(), "an item"); }};
+  const standalone::ScriptCommand scriptCommand{std::string(command), 1};
   const std::vector<standalone::Token> tokens = standalone::Tokenize(command);
   dataset.BeginCommand(false);
-  standalone::Session session(dataset, tokens, dataset.Sets(), sink);
+  standalone::Session session(dataset, scriptCommand, tokens, dataset.Sets(), sink);
   mrset_();
   if (session.SavedSets()) {
     Check(dataset.SaveSets(*session.SavedSets(), std::string(command)) == Dataset::Saved::kDone, "nobody else writes");

@@ -104,6 +104,7 @@ void CheckVariableList(const std::vector<Token>& tokens) {
   const auto expected = PlainVariableList(words, dictionary);
   Check(problem.has_value() != expected.has_value(), "a list is read or what is wrong is said");
   Check(!expected || positions == *expected, "the positions of a list");
+  Check(!problem || problem->token < words.size(), "the culprit is a token of the list");
 }
 
 void CheckKeywords(const std::vector<Token>& tokens) {
@@ -126,6 +127,7 @@ void CheckCommand(const std::string& command) {
   } catch (const standalone::TokenizerError& error) {
     Check(!IsReadable(command), "only what cannot be read is refused");
     Check(error.Offset() < command.size(), "the place of an error lies in the command");
+    Check(error.Size() > 0 && error.Size() <= command.size() - error.Offset(), "nor does its end lie outside");
     return;
   }
   Check(IsReadable(command), "what cannot be read is refused");
@@ -142,6 +144,7 @@ void CheckAlone(const std::string& command) {
   Check(alone.size() == 1, "a command alone is one command");
   CheckSame(alone[0].text, command, "a command alone");
   Check(alone[0].line == 2, "a command alone begins on its line");
+  CheckSame(alone[0].before + "|" + alone[0].behind, "|.", "what stands around a command alone");
 }
 
 }  // namespace

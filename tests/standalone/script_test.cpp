@@ -173,5 +173,28 @@ TEST(Script, LongScriptsTakeTimeInProportion) {
   }
 }
 
+TEST(Script, ACommandKnowsWhatStandsAroundItOnItsLines) {
+  struct AroundRow {
+    std::string script;
+    std::string before;
+    std::string behind;
+  };
+  const std::vector<AroundRow> rows = {
+      {"A", "", ""},
+      {"\xEF\xBB\xBF A.", " ", "."},
+      {"\n\tA.\n", "\t", "."},
+      {"/* x */ A . /* y */ \r\n", "/* x */ ", " . /* y */ "},
+      {"/* x\n */ A\n.\n", "", "\n."},
+      {"  A\n  B \r\n\nC.", "  ", " "},
+      {" A /* x */\n  B/* y\n", " ", "/* y"},
+  };
+  for (const AroundRow& row : rows) {
+    const ScriptCommand command = SplitScript(row.script, "a.script").at(0);
+    EXPECT_EQ(command.before, row.before) << testing::PrintToString(row.script);
+    EXPECT_EQ(command.behind, row.behind) << testing::PrintToString(row.script);
+    EXPECT_EQ(command.source, "a.script");
+  }
+}
+
 }  // namespace
 }  // namespace standalone

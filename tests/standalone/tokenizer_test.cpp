@@ -257,6 +257,25 @@ TEST(Tokenizer, WhatCannotBeReadIsRefusedWithItsPlace) {
   }
 }
 
+TEST(Tokenizer, AnErrorTellsHowFarItReaches) {
+  struct SizeRow {
+    std::string command;
+    std::string culprit;
+  };
+  const std::vector<SizeRow> rows = {
+      {"A 'bc", "'bc"}, {"A 'b''c", "'b''c"},   {"A \"b \t\r\nC", "\"b"},
+      {"A '", "'"},     {"A \xFF\xFF", "\xFF"}, {std::string("A\0B", 3), std::string(1, '\0')},
+  };
+  for (const SizeRow& row : rows) {
+    try {
+      Tokenize(row.command);
+      ADD_FAILURE() << "was accepted";
+    } catch (const TokenizerError& error) {
+      EXPECT_EQ(row.command.substr(error.Offset(), error.Size()), row.culprit);
+    }
+  }
+}
+
 // These end in time only when the work grows with the command and not with its square.
 TEST(Tokenizer, LongCommandsTakeTimeInProportion) {
   constexpr std::size_t kTimes = 500'000;

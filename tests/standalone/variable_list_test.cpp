@@ -38,9 +38,9 @@ void ExpectLists(const std::vector<Row>& rows) {
     SCOPED_TRACE(row.list);
     const std::vector<Token> tokens = Tokenize(row.list);
     std::vector<int> positions;
-    const std::optional<std::string> sentence = ReadVariableList(tokens, 0, tokens.size() - 1, Dictionary(), positions);
-    EXPECT_EQ(sentence.value_or(""), row.sentence);
-    EXPECT_EQ(sentence.has_value(), !row.sentence.empty());
+    const std::optional<ListProblem> problem = ReadVariableList(tokens, 0, tokens.size() - 1, Dictionary(), positions);
+    EXPECT_EQ(problem ? problem->sentence : "", row.sentence);
+    EXPECT_EQ(problem.has_value(), !row.sentence.empty());
     EXPECT_EQ(positions, row.positions);
   }
 }
@@ -67,7 +67,7 @@ TEST(VariableList, IsEmptyWhenItsEndIsNotBehindItsBeginning) {
   const std::vector<Token> tokens = Tokenize("nosuch nosuch");
   for (const std::size_t end : {0U, 1U}) {
     std::vector<int> positions;
-    EXPECT_EQ(ReadVariableList(tokens, 1, end, Dictionary(), positions), std::nullopt);
+    EXPECT_FALSE(ReadVariableList(tokens, 1, end, Dictionary(), positions));
     EXPECT_EQ(positions, std::vector<int>{});
   }
 }
@@ -75,14 +75,16 @@ TEST(VariableList, IsEmptyWhenItsEndIsNotBehindItsBeginning) {
 TEST(VariableList, ReadsOnlyItsOwnTokensAndAppends) {
   const std::vector<Token> tokens = Tokenize("nosuch q1 q2 TO q3");
   std::vector<int> positions = {1};
-  EXPECT_EQ(ReadVariableList(tokens, 1, 3, Dictionary(), positions), std::nullopt);
+  EXPECT_FALSE(ReadVariableList(tokens, 1, 3, Dictionary(), positions));
   EXPECT_EQ(positions, (std::vector<int>{1, 0, 1}));
 }
 
 TEST(VariableList, ARangeEndsWithTheList) {
   const std::vector<Token> tokens = Tokenize("q1 TO q3");
   std::vector<int> positions;
-  EXPECT_EQ(ReadVariableList(tokens, 0, 2, Dictionary(), positions), "The range q1 TO has no end.");
+  const std::optional<ListProblem> problem = ReadVariableList(tokens, 0, 2, Dictionary(), positions);
+  ASSERT_TRUE(problem);
+  EXPECT_EQ(problem->sentence, "The range q1 TO has no end.");
 }
 
 TEST(VariableList, AnUnknownNameIsAnErrorThatNamesIt) {
@@ -135,11 +137,38 @@ TEST(VariableList, OtherTokensAreReportedAndDoNoHarm) {
   });
 }
 
+TEST(VariableList, AProblemTellsItsToken) {
+  struct TokenRow {
+    std::string list;
+    std::string culprit;
+    std::size_t token;
+    bool isUnknown;
+  };
+  const std::vector<TokenRow> rows = {
+      {"q1 nosuch q2", "nosuch", 1, true},    {"q2 nosuch TO q3", "nosuch", 1, true},
+      {"q1 q2 TO nosuch", "nosuch", 3, true}, {"q1 q2 Q1", "Q1", 2, false},
+      {"q2 q1 TO q3", "q1", 1, false},        {"q1 TO q2 q1", "q1", 3, false},
+      {"q1 q3 TO q2", "q3", 1, false},        {"q1 q3 TO", "TO", 2, false},
+      {"q1 TO q2 TO q3", "TO", 3, false},     {"q1 5", "5", 1, false},
+  };
+  for (const TokenRow& row : rows) {
+    const std::vector<Token> tokens = Tokenize(row.list);
+    std::vector<int> positions;
+    const std::optional<ListProblem> problem = ReadVariableList(tokens, 0, tokens.size() - 1, Dictionary(), positions);
+    ASSERT_TRUE(problem) << row.list;
+    EXPECT_EQ(problem->token, row.token) << row.list;
+    EXPECT_EQ(tokens.at(problem->token).text, row.culprit) << row.list;
+    EXPECT_EQ(problem->isUnknown, row.isUnknown) << row.list;
+  }
+}
+
 TEST(VariableList, AnEndBehindTheTokensDoesNoHarm) {
   const std::vector<Token> tokens = Tokenize("q1");
   std::vector<int> positions;
-  EXPECT_EQ(ReadVariableList(tokens, 0, 99, Dictionary(), positions),
-            "end of command cannot stand in a list of variables.");
+  const std::optional<ListProblem> problem = ReadVariableList(tokens, 0, 99, Dictionary(), positions);
+  ASSERT_TRUE(problem);
+  EXPECT_EQ(problem->sentence, "end of command cannot stand in a list of variables.");
+  EXPECT_EQ(problem->token, 1U);
   EXPECT_EQ(positions, std::vector<int>{0});
 }
 
@@ -155,7 +184,7 @@ TEST(VariableList, LongListsTakeTimeInProportion) {
   }
   const std::vector<Token> tokens = Tokenize(list);
   std::vector<int> positions;
-  EXPECT_EQ(ReadVariableList(tokens, 0, tokens.size() - 1, lookup, positions), std::nullopt);
+  EXPECT_FALSE(ReadVariableList(tokens, 0, tokens.size() - 1, lookup, positions));
   std::vector<int> expected(2 * kVariables);
   std::iota(expected.begin(), expected.end(), 0);
   EXPECT_EQ(positions, expected);

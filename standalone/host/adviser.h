@@ -1,0 +1,53 @@
+#ifndef STANDALONE_HOST_ADVISER_H
+#define STANDALONE_HOST_ADVISER_H
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/variable_sets.h"
+#include "standalone/data/dataset.h"
+#include "standalone/host/command_reading.h"
+
+namespace standalone {
+
+/// The keyword that was meant by a word that names none of `keywords`; nothing where that is not clear.
+std::optional<std::string> NearestKeyword(const std::string& word, const std::vector<std::string>& keywords);
+
+/// The hint that proposes a name.
+std::string DidYouMean(const std::string& name);
+
+/// Makes the host's hints on the messages of one command. A hint is given only where it must be right: a name that it
+/// proposes exists, a keyword that it proposes is accepted in that place.
+class Adviser {
+ public:
+  /// The arguments must outlive this. `sets` are those that the command found stored.
+  Adviser(const CommandReading& reading, Dataset& dataset, const VARIABLESETS& sets)
+      : fReading(reading), fDataset(dataset), fSets(sets) {}
+
+  /// On a message that the module issues now and that quotes these texts.
+  std::optional<std::string> OnMessage(const std::vector<std::string>& quoted);
+
+  /// On a word in a list of variables that is the name of none.
+  std::optional<std::string> OnUnknownVariable(std::size_t token);
+
+ private:
+  std::optional<std::string> OnKeyword(std::size_t token) const;
+  std::optional<std::string> OnMissingEquals(std::size_t token) const;
+  std::optional<std::string> OnSets(const std::vector<std::string>& names);
+  std::optional<std::string_view> KeywordWithValueAt(std::size_t token) const;
+  std::optional<std::string> NearestVariable(const std::string& name);
+  std::optional<std::string> NearestSet(const std::string& name);
+  bool IsStored(const std::string& setName) const;
+  bool DeletesAllSets() const;
+
+  const CommandReading& fReading;
+  Dataset& fDataset;
+  const VARIABLESETS& fSets;
+  int fSearchesLeft = 10;  // so that many names in a command do not make it slow
+};
+
+}  // namespace standalone
+
+#endif  // STANDALONE_HOST_ADVISER_H

@@ -1,0 +1,28 @@
+#ifndef STANDALONE_RUN_CHOICE_HINTS_H
+#define STANDALONE_RUN_CHOICE_HINTS_H
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "standalone/data/dataset.h"
+
+namespace standalone {
+
+/// Hints on what the cases hold of the dichotomy sets that commands define. The cases are read only for new and changed
+/// sets, no farther than to the first case that leaves nothing to say, no more than 2 MB of them for one command, and
+/// 32 MB in all; where that is not enough, or the cases cannot be read, there is no hint.
+class ChoiceHints {
+ public:
+  /// The hints after a command that found the sets `before` and leaves `after`: for each set that it made, either that
+  /// no case holds the counted value, with values that there are, or which variables no case has chosen.
+  std::vector<std::string> On(Dataset& dataset, const std::vector<StoredSet>& before,
+                              const std::vector<StoredSet>& after);
+
+ private:
+  std::size_t fBytesLeft = 32'000'000;
+};
+
+}  // namespace standalone
+
+#endif  // STANDALONE_RUN_CHOICE_HINTS_H

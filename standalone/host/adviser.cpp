@@ -90,11 +90,12 @@ std::optional<std::string> Adviser::OnMissingEquals(std::size_t token) const {
 }
 
 std::optional<std::string> Adviser::OnUnknownVariable(std::size_t token) {
-  if (const std::optional<std::string_view> keyword = KeywordWithValueAt(token)) {
+  const std::optional<std::string_view> keyword = KeywordWithValueAt(token);
+  const std::optional<std::string> name = NearestVariable(fReading.Tokens()[token].text);
+  if (keyword && !name) {
     return NeedsEquals(*keyword);
   }
-  const std::optional<std::string> name = NearestVariable(fReading.Tokens()[token].text);
-  return name ? std::optional(DidYouMean(*name)) : std::nullopt;
+  return name && !keyword ? std::optional(DidYouMean(*name)) : std::nullopt;
 }
 
 std::optional<std::string_view> Adviser::KeywordWithValueAt(std::size_t token) const {
@@ -131,7 +132,11 @@ std::optional<std::string> Adviser::OnSets(const std::vector<std::string>& names
 /// The command may itself have defined or deleted the sets that it names, so none of these is proposed, and none that
 /// is no nearer than one of these.
 std::optional<std::string> Adviser::NearestSet(const std::string& name) {
-  if (name.empty() || name[0] != '$' || IsStored(name) || DeletesAllSets() || fSearchesLeft-- <= 0) {
+  if (name.empty() || name[0] != '$' || fSearchesLeft <= 0) {
+    return std::nullopt;
+  }
+  --fSearchesLeft;
+  if (IsStored(name) || DeletesAllSets()) {
     return std::nullopt;
   }
   NearestName nearest(WithoutDollar(name));

@@ -184,7 +184,7 @@ TEST(Script, ACommandKnowsWhatStandsAroundItOnItsLines) {
       {"\xEF\xBB\xBF A.", " ", "."},
       {"\n\tA.\n", "\t", "."},
       {"/* x */ A . /* y */ \r\n", "/* x */ ", " . /* y */ "},
-      {"/* x\n */ A\n.\n", "", "\n."},
+      {"/* x\n A\n.\n", " ", ""},
       {"  A\n  B \r\n\nC.", "  ", " "},
       {" A /* x */\n  B/* y\n", " ", "/* y"},
   };

@@ -155,6 +155,10 @@ Excerpt ExcerptAt(const CommandResult& command, const Place& place, std::size_t 
   return excerpt;
 }
 
+std::string Carets(const Excerpt& excerpt) {
+  return std::string(excerpt.caretWidth, '^');
+}
+
 std::string PlaceInWords(const CommandResult& command, const Place& place) {
   const std::string source = command.source.empty() ? "" : Visible(command.source) + ", ";
   return fmt::format("{}line {}, column {}", source, place.line, place.column);

@@ -20,6 +20,9 @@ struct Excerpt {
 /// The excerpt around a place of the command, no wider than `width` terminal columns, of which 20 are used at least.
 Excerpt ExcerptAt(const CommandResult& command, const Place& place, std::size_t width);
 
+/// The carets that mark the place below the excerpt, caretColumn columns from its beginning.
+std::string Carets(const Excerpt& excerpt);
+
 /// The place in words: "all.script, line 3, column 14"; harmless on a terminal.
 std::string PlaceInWords(const CommandResult& command, const Place& place);
 

@@ -4,8 +4,11 @@
 #include <cstddef>
 #include <iosfwd>
 #include <memory>
+#include <string>
 
 #include "standalone/output/items.h"
+#include "standalone/output/paint.h"
+#include "standalone/output/table_writer.h"
 
 namespace standalone {
 
@@ -14,13 +17,34 @@ class Renderer {
  public:
   virtual ~Renderer() = default;
   virtual void Write(const CommandResult& result) = 0;
+
+  /// After the last command of a run that came to its end. Throws std::runtime_error with one sentence.
+  virtual void Finish() {}
 };
 
-/// For people: messages, and tables that fit `width` terminal columns. The stream must outlive the renderer.
-std::unique_ptr<Renderer> MakeTextRenderer(std::ostream& stream, std::size_t width);
+// The streams must outlive the renderer.
 
-/// For programs: one JSON object a line. The stream must outlive the renderer.
+/// For people: messages, and tables that fit `width` terminal columns.
+std::unique_ptr<Renderer> MakeTextRenderer(std::ostream& stream, std::size_t width, Colour colour = Colour::kNone);
+
+/// For programs: one JSON object a line.
 std::unique_ptr<Renderer> MakeJsonRenderer(std::ostream& stream);
+
+/// What a page says of the whole run.
+struct PageHeading {
+  std::string dataset;    ///< its name
+  bool isDryRun = false;  ///< nothing was saved
+};
+
+/// For people: one self-contained HTML page with a summary at the top. Nothing is written before Finish(); until then
+/// the page waits on the disk. Throws std::runtime_error with one sentence where that cannot be.
+std::unique_ptr<Renderer> MakeHtmlRenderer(std::ostream& stream, const PageHeading& heading);
+
+/// For documents: GitHub Flavored Markdown.
+std::unique_ptr<Renderer> MakeMarkdownRenderer(std::ostream& stream);
+
+/// For spreadsheets and programs: the rows of all tables as CSV with a header row; messages go to `messages`.
+std::unique_ptr<Renderer> MakeCsvRenderer(std::ostream& stream, std::ostream& messages, CsvCharacters characters);
 
 }  // namespace standalone
 

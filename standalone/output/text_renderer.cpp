@@ -1,11 +1,16 @@
+#include <fmt/format.h>
+
 #include <algorithm>
+#include <memory>
 #include <ostream>
 #include <string>
 #include <string_view>
 
 #include "standalone/output/excerpt.h"
+#include "standalone/output/message_text.h"
+#include "standalone/output/paint.h"
 #include "standalone/output/renderer.h"
-#include "standalone/output/text_table.h"
+#include "standalone/output/table_writer.h"
 #include "standalone/text/visible.h"
 
 namespace standalone {
@@ -19,42 +24,29 @@ std::string_view Trimmed(std::string_view text, std::string_view characters) {
   return text.substr(begin, text.find_last_not_of(characters) + 1 - begin);
 }
 
-std::string_view Prefix(Level level) {
-  switch (level) {
-    case Level::kWarning:
-      return "Warning: ";
-    case Level::kFatal:
-      return "Fatal: ";
-    case Level::kError:
-      break;
-  }
-  return "Error: ";
-}
-
 class TextRenderer final : public Renderer {
  public:
-  TextRenderer(std::ostream& stream, std::size_t width) : fStream(stream), fWidth(width) {}
+  TextRenderer(std::ostream& stream, std::size_t width, Colour colour)
+      : fStream(stream), fWidth(width), fColour(colour), fTables(MakeTextTableWriter(stream, width, colour)) {}
 
   void Write(const CommandResult& result) override;
 
  private:
   void WriteCommand(std::size_t number, std::string_view text);
-  void WriteCommandLine(std::string_view mark, std::string_view line);
+  void WriteCommandLine(const std::string& mark, std::string_view line);
   void WriteItem(const CommandResult& result, const Message& message);
   void WriteItem(const CommandResult& result, const Table& table);
-  void WritePlace(const CommandResult& result, const Place& place);
+  void WritePlace(const CommandResult& result, const Message& message);
   void WriteHint(const std::string& hint);
   void SetApart(bool fromLineBefore);
 
   std::ostream& fStream;
   std::size_t fWidth;
+  Colour fColour;
+  std::unique_ptr<TableWriter> fTables;
   bool fIsFirst = true;
   bool fFollowsTable = false;
 };
-
-constexpr const char* kAborted = "The command was aborted; the dataset is as it was before it.";
-constexpr const char* kAbortedWhileSaving =
-    "The command was aborted while it was being saved; \"mrset log\" shows whether it changed the dataset.";
 
 void TextRenderer::Write(const CommandResult& result) {
   SetApart(!fIsFirst);
@@ -69,7 +61,7 @@ void TextRenderer::Write(const CommandResult& result) {
   }
   if (result.status == Status::kAborted) {
     SetApart(fFollowsTable);
-    fStream << (result.isSaveOpen ? kAbortedWhileSaving : kAborted) << '\n';
+    fStream << AbortedSentence(result) << '\n';
   }
 }
 
@@ -84,38 +76,40 @@ void TextRenderer::WriteCommand(std::size_t number, std::string_view text) {
   }
 }
 
-void TextRenderer::WriteCommandLine(std::string_view mark, std::string_view line) {
+void TextRenderer::WriteCommandLine(const std::string& mark, std::string_view line) {
   std::string shown(line);
   std::replace(shown.begin(), shown.end(), '\t', ' ');
-  fStream << mark << Visible(shown) << '\n';
+  fStream << Painted(mark + Visible(shown), Style::kHeading, fColour) << '\n';
 }
 
 void TextRenderer::WriteItem(const CommandResult& result, const Message& message) {
   SetApart(fFollowsTable);
-  fStream << Prefix(message.level) << Visible(Trimmed(message.text, kLineEnds)) << '\n';
+  const std::string prefix = fmt::format("{}:", LevelName(message.level));
+  fStream << Painted(prefix, StyleOf(message.level), fColour) << ' ' << Visible(TrimmedText(message)) << '\n';
   if (message.place) {
-    WritePlace(result, *message.place);
+    WritePlace(result, message);
   }
   if (message.hint) {
     WriteHint(*message.hint);
   }
 }
 
-void TextRenderer::WritePlace(const CommandResult& result, const Place& place) {
+void TextRenderer::WritePlace(const CommandResult& result, const Message& message) {
   constexpr std::string_view kMargin = "    ";
-  const Excerpt excerpt = ExcerptAt(result, place, fWidth - std::min(fWidth, kMargin.size()));
-  fStream << "  " << PlaceInWords(result, place) << ":\n"
+  const Excerpt excerpt = ExcerptAt(result, *message.place, fWidth - std::min(fWidth, kMargin.size()));
+  fStream << "  " << PlaceInWords(result, *message.place) << ":\n"
           << kMargin << excerpt.line << '\n'
-          << kMargin << std::string(excerpt.caretColumn, ' ') << std::string(excerpt.caretWidth, '^') << '\n';
+          << kMargin << std::string(excerpt.caretColumn, ' ')
+          << Painted(Carets(excerpt), StyleOf(message.level), fColour) << '\n';
 }
 
 void TextRenderer::WriteHint(const std::string& hint) {
-  fStream << "hint: " << Visible(hint) << '\n';
+  fStream << Painted("hint:", Style::kHint, fColour) << ' ' << Visible(hint) << '\n';
 }
 
 void TextRenderer::WriteItem(const CommandResult& /*result*/, const Table& table) {
   SetApart(true);
-  fStream << TextTable(table, fWidth);
+  fTables->Write(table);
   fFollowsTable = true;
 }
 
@@ -128,8 +122,8 @@ void TextRenderer::SetApart(bool fromLineBefore) {
 
 }  // namespace
 
-std::unique_ptr<Renderer> MakeTextRenderer(std::ostream& stream, std::size_t width) {
-  return std::make_unique<TextRenderer>(stream, width);
+std::unique_ptr<Renderer> MakeTextRenderer(std::ostream& stream, std::size_t width, Colour colour) {
+  return std::make_unique<TextRenderer>(stream, width, colour);
 }
 
 }  // namespace standalone

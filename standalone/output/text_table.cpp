@@ -4,11 +4,11 @@
 
 #include <algorithm>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
 #include "standalone/output/column_widths.h"
+#include "standalone/output/notes.h"
 #include "standalone/output/wrap.h"
 #include "standalone/text/unicode.h"
 #include "standalone/text/visible.h"
@@ -21,43 +21,15 @@ constexpr std::string_view kGap = "  ";
 /// The lines of one cell.
 using Lines = std::vector<std::string>;
 
-/// The notes of a table in the order in which they first occur.
-class Notes {
- public:
-  /// The marker of a note; the same text has the same one.
-  std::string Marker(const std::string& text);
-
-  /// A line for each note.
-  Lines Explained() const;
-
- private:
-  Lines fTexts;
-  std::unordered_map<std::string, std::size_t> fIndices;
-};
-
-/// a to z, aa, ab, ...
-std::string Letters(std::size_t index) {
-  constexpr std::size_t kLetters = 26;
-  std::string letters(1, static_cast<char>('a' + index % kLetters));
-  return index < kLetters ? letters : Letters(index / kLetters - 1) + letters;
-}
-
 std::string MarkerAt(std::size_t index) {
-  return fmt::format("[{}]", Letters(index));
+  return fmt::format("[{}]", NoteLetters(index));
 }
 
-std::string Notes::Marker(const std::string& text) {
-  const auto [entry, isNew] = fIndices.emplace(text, fTexts.size());
-  if (isNew) {
-    fTexts.push_back(text);
-  }
-  return MarkerAt(entry->second);
-}
-
-Lines Notes::Explained() const {
+/// A line for each note.
+Lines Explained(const Notes& notes) {
   Lines lines;
-  for (std::size_t i = 0; i < fTexts.size(); ++i) {
-    lines.push_back(MarkerAt(i) + ' ' + Visible(fTexts[i]));
+  for (const std::string& text : notes.Texts()) {
+    lines.push_back(MarkerAt(lines.size()) + ' ' + Visible(text));
   }
   return lines;
 }
@@ -145,7 +117,7 @@ void Layout::AddRow(const TableRow& row) {
   for (const Cell& cell : row.cells) {
     cells.push_back(LinesOf(cell));
     if (cell.note) {
-      AppendMarker(cells.back(), fNotes.Marker(*cell.note));
+      AppendMarker(cells.back(), MarkerAt(fNotes.IndexOf(*cell.note)));
     }
   }
   cells.resize(fHeadings.size());
@@ -173,7 +145,7 @@ std::string Layout::Text() const {
   AddWrapped(text, fTitle);
   text += '\n' + Joined(Wrapped(fHeadings)) + Rule();
   AddRows(text);
-  const Lines notes = fNotes.Explained();
+  const Lines notes = Explained(fNotes);
   text += notes.empty() ? "" : "\n";
   for (const std::string& note : notes) {
     AddWrapped(text, note);

@@ -1,18 +1,56 @@
 #include "standalone/program/format_option.h"
 
+#include <fmt/format.h>
+
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
+#include <algorithm>
+#include <cstdlib>
+#include <string_view>
 
 namespace standalone {
+namespace {
 
-void AddFormatOption(CLI::App& options, std::string& format) {
-  format = kTextFormat;
-  const auto isKnown = [](const std::string& value) {
-    return value == kTextFormat || value == kJsonFormat ? std::string() : value + " is neither text nor json";
+constexpr const char* kAuto = "auto";
+constexpr const char* kAlways = "always";
+constexpr const char* kNever = "never";
+
+/// An option whose value is one of `choices`, the first unless the user says otherwise.
+void AddChoice(CLI::App& app, const char* name, const std::vector<std::string>& choices, const char* description,
+               std::string& value) {
+  value = choices.front();
+  const auto isKnown = [choices](const std::string& given) {
+    const bool found = std::find(choices.begin(), choices.end(), given) != choices.end();
+    return found ? std::string() : fmt::format("{} is none of {}", given, fmt::join(choices, ", "));
   };
-  options.add_option("--format", format, "Form of the output: text for people, json for programs")
-      ->check(isKnown)
-      ->type_name("text|json");
+  app.add_option(name, value, description)->check(isKnown)->type_name(fmt::format("{}", fmt::join(choices, "|")));
+}
+
+std::string_view Environment(const char* name) {
+  const char* value = std::getenv(name);
+  return value == nullptr ? std::string_view() : value;
+}
+
+bool KnowsColours(std::string_view terminal) {
+  return !terminal.empty() && terminal != "dumb";
+}
+
+}  // namespace
+
+void AddFormatOption(CLI::App& app, const std::vector<std::string>& names, std::string& format) {
+  AddChoice(app, "--format", names, "Form of the output", format);
+}
+
+void AddFormatOptions(CLI::App& app, const std::vector<std::string>& names, FormatOptions& options) {
+  AddFormatOption(app, names, options.format);
+  AddChoice(app, "--color", {kAuto, kAlways, kNever}, "Colour of text; auto: on terminals, unless NO_COLOR is set",
+            options.colour);
+}
+
+Colour ChosenColour(const FormatOptions& options, bool isTerminal) {
+  const bool isWelcome = isTerminal && KnowsColours(Environment("TERM")) && Environment("NO_COLOR").empty();
+  const bool isChosen = options.colour == kAlways || (options.colour == kAuto && isWelcome);
+  return isChosen ? Colour::kAnsi : Colour::kNone;
 }
 
 }  // namespace standalone

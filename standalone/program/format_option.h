@@ -2,15 +2,45 @@
 #define STANDALONE_PROGRAM_FORMAT_OPTION_H
 
 #include <CLI/App.hpp>
+#include <algorithm>
 #include <string>
+#include <vector>
+
+#include "standalone/output/paint.h"
 
 namespace standalone {
 
-inline constexpr const char* kTextFormat = "text";
-inline constexpr const char* kJsonFormat = "json";
+/// How a subcommand's results are written, as the user gave it.
+struct FormatOptions {
+  std::string format;
+  std::string colour;
+};
 
-/// Adds --format to a subcommand; `format` is text unless the user says otherwise.
-void AddFormatOption(CLI::App& options, std::string& format);
+/// The names of formats, structs with a member `name`.
+template <typename Formats>
+std::vector<std::string> FormatNames(const Formats& formats) {
+  std::vector<std::string> names;
+  for (const auto& format : formats) {
+    names.emplace_back(format.name);
+  }
+  return names;
+}
+
+/// The format of that name, which is there.
+template <typename Formats>
+const auto& FormatNamed(const Formats& formats, const std::string& name) {
+  return *std::find_if(formats.begin(), formats.end(), [&](const auto& format) { return name == format.name; });
+}
+
+/// Adds --format, one of `names`, the first unless the user says otherwise.
+void AddFormatOption(CLI::App& app, const std::vector<std::string>& names, std::string& format);
+
+/// Adds --format, as above, and --color.
+void AddFormatOptions(CLI::App& app, const std::vector<std::string>& names, FormatOptions& options);
+
+/// The colour of text output: unless --color says otherwise, where it goes to a terminal that knows colours and
+/// NO_COLOR is not set to anything.
+Colour ChosenColour(const FormatOptions& options, bool isTerminal);
 
 }  // namespace standalone
 

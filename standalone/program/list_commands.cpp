@@ -3,13 +3,14 @@
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
+#include <array>
 #include <iostream>
 #include <memory>
 #include <string>
 
 #include "standalone/data/dataset.h"
 #include "standalone/output/sets_json.h"
-#include "standalone/output/text_table.h"
+#include "standalone/output/table_writer.h"
 #include "standalone/program/counted.h"
 #include "standalone/program/dataset_options.h"
 #include "standalone/program/format_option.h"
@@ -21,7 +22,7 @@ namespace {
 
 struct ListRequest {
   std::string datasetPath;
-  std::string format;
+  FormatOptions format;
   DatasetOptions datasetOptions;
 };
 
@@ -39,15 +40,19 @@ Cell ListCell(std::vector<std::string> entries) {
   return cell;
 }
 
-Table SetsTable(const std::vector<StoredSet>& sets) {
-  Table table{"Multiple response sets", "Name", "", {"Type", "Label", "Counted value", "Variables"}, {}};
-  for (const StoredSet& set : sets) {
-    const bool isDichotomy = set.type == SetType::kDichotomy;
-    table.rows.push_back({set.name,
-                          {TextCell(isDichotomy ? "dichotomy" : "category"), TextCell(set.label),
-                           TextCell(set.countedValue), ListCell(set.variables)}});
-  }
-  return table;
+Table SetsHeading() {
+  return {"Multiple response sets", "Name", "", {"Type", "Label", "Counted value", "Variables"}, {}};
+}
+
+TableRow SetRow(const StoredSet& set) {
+  const bool isDichotomy = set.type == SetType::kDichotomy;
+  return {set.name,
+          {TextCell(isDichotomy ? "dichotomy" : "category"), TextCell(set.label), TextCell(set.countedValue),
+           ListCell(set.variables)}};
+}
+
+Table VariablesHeading() {
+  return {"Variables", "Name", "", {"Type", "Label", "Value labels"}, {}};
 }
 
 TableRow VariableRow(const Variable& variable) {
@@ -60,25 +65,24 @@ TableRow VariableRow(const Variable& variable) {
   return {variable.name, {TextCell(type), TextCell(variable.label.value_or("")), ListCell(std::move(valueLabels))}};
 }
 
-Table VariablesTable(Dataset& dataset) {
-  Table table{"Variables", "Name", "", {"Type", "Label", "Value labels"}, {}};
-  for (int position = 0; position < dataset.VariableCount(); ++position) {
-    table.rows.push_back(VariableRow(dataset.VariableAt(position)));
+void WriteSetsTable(Dataset& dataset, TableWriter& writer) {
+  writer.Begin(SetsHeading());
+  for (const StoredSet& set : dataset.Sets()) {
+    writer.Add(SetRow(set));
   }
-  return table;
+  writer.End();
 }
 
-ExitStatus ListSets(const ListRequest& request) {
-  Dataset dataset(request.datasetPath, request.datasetOptions);
-  const std::vector<StoredSet> sets = dataset.Sets();
-  if (request.format == kJsonFormat) {
-    std::cout << OneLine({{"sets", ToJson(sets)}}) << '\n';
-  } else if (sets.empty()) {
-    std::cout << "The dataset has no multiple response sets.\n";
-  } else {
-    std::cout << TextTable(SetsTable(sets), OutputWidth());
+void WriteVariablesTable(Dataset& dataset, TableWriter& writer) {
+  writer.Begin(VariablesHeading());
+  for (int position = 0; position < dataset.VariableCount(); ++position) {
+    writer.Add(VariableRow(dataset.VariableAt(position)));
   }
-  return kSuccess;
+  writer.End();
+}
+
+void WriteSetsJson(Dataset& dataset) {
+  std::cout << OneLine({{"sets", ToJson(dataset.Sets())}}) << '\n';
 }
 
 /// Written one by one: a dictionary may be large.
@@ -90,34 +94,83 @@ void WriteVariablesJson(Dataset& dataset) {
   std::cout << "]}\n";
 }
 
-ExitStatus ListVariables(const ListRequest& request) {
+std::string AbsenceOfSets(Dataset& dataset) {
+  return dataset.Sets().empty() ? "The dataset has no multiple response sets." : "";
+}
+
+std::string AbsenceOfVariables(Dataset& /*dataset*/) {
+  return {};  // a dataset has one at least
+}
+
+/// One form of a list as a table; json has a form of its own for each list.
+struct ListFormat {
+  const char* name;
+  bool isForPeople;
+  std::unique_ptr<TableWriter> (*makeWriter)(const FormatOptions& options);
+};
+
+std::unique_ptr<TableWriter> MakeText(const FormatOptions& options) {
+  return MakeTextTableWriter(std::cout, OutputWidth(), ChosenColour(options, OutputIsTerminal()));
+}
+
+std::unique_ptr<TableWriter> MakeMarkdown(const FormatOptions& /*options*/) {
+  return MakeMarkdownTableWriter(std::cout);
+}
+
+std::unique_ptr<TableWriter> MakeCsv(const FormatOptions& /*options*/) {
+  return MakeCsvTableWriter(std::cout, OutputIsTerminal() ? CsvCharacters::kVisible : CsvCharacters::kAsTheyAre);
+}
+
+constexpr std::array<ListFormat, 4> kFormats = {{
+    {"text", true, MakeText},
+    {"json", false, nullptr},
+    {"markdown", true, MakeMarkdown},
+    {"csv", false, MakeCsv},
+}};
+
+/// One list of what a dataset holds.
+struct List {
+  const char* example;
+  std::string (*absence)(Dataset& dataset);  ///< what people read in place of an empty table; empty where it is not
+  void (*writeTable)(Dataset& dataset, TableWriter& writer);
+  void (*writeJson)(Dataset& dataset);
+};
+
+constexpr List kSets = {"mrset sets survey.mrset --format json", AbsenceOfSets, WriteSetsTable, WriteSetsJson};
+constexpr List kVariables = {"mrset variables survey.mrset --format csv", AbsenceOfVariables, WriteVariablesTable,
+                             WriteVariablesJson};
+
+ExitStatus Write(const List& list, const ListRequest& request) {
   Dataset dataset(request.datasetPath, request.datasetOptions);
   dataset.BeginCommand(false);
-  if (request.format == kJsonFormat) {
-    WriteVariablesJson(dataset);
+  const ListFormat& format = FormatNamed(kFormats, request.format.format);
+  if (format.makeWriter == nullptr) {
+    list.writeJson(dataset);
+  } else if (const std::string absence = list.absence(dataset); format.isForPeople && !absence.empty()) {
+    std::cout << absence << '\n';
   } else {
-    std::cout << TextTable(VariablesTable(dataset), OutputWidth());
+    list.writeTable(dataset, *format.makeWriter(request.format));
   }
   return kSuccess;
 }
 
-Action DeclareList(CLI::App& options, const char* example, ExitStatus (*list)(const ListRequest&)) {
+Action DeclareList(CLI::App& app, const List& list) {
   const auto request = std::make_shared<ListRequest>();
-  options.add_option("DATASET", request->datasetPath, "Dataset file")->required()->type_name("");
-  AddFormatOption(options, request->format);
-  AddLockTimeoutOption(options, request->datasetOptions);
-  options.footer(fmt::format("Example:\n  {}\n", example));
-  return [request, list] { return list(*request); };
+  app.add_option("DATASET", request->datasetPath, "Dataset file")->required()->type_name("");
+  AddFormatOptions(app, FormatNames(kFormats), request->format);
+  AddLockTimeoutOption(app, request->datasetOptions);
+  app.footer(fmt::format("Example:\n  {}\n", list.example));
+  return [request, &list] { return Write(list, *request); };
 }
 
 }  // namespace
 
-Action DeclareSets(CLI::App& options) {
-  return DeclareList(options, "mrset sets survey.mrset --format json", ListSets);
+Action DeclareSets(CLI::App& app) {
+  return DeclareList(app, kSets);
 }
 
-Action DeclareVariables(CLI::App& options) {
-  return DeclareList(options, "mrset variables survey.mrset", ListVariables);
+Action DeclareVariables(CLI::App& app) {
+  return DeclareList(app, kVariables);
 }
 
 }  // namespace standalone

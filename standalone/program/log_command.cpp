@@ -15,6 +15,8 @@
 namespace standalone {
 namespace {
 
+constexpr const char* kJsonFormat = "json";
+
 struct LogRequest {
   std::string datasetPath;
   std::string format;
@@ -52,7 +54,7 @@ ExitStatus Log(const LogRequest& request) {
 Action DeclareLog(CLI::App& options) {
   const auto request = std::make_shared<LogRequest>();
   options.add_option("DATASET", request->datasetPath, "Dataset file")->required()->type_name("");
-  AddFormatOption(options, request->format);
+  AddFormatOption(options, {"text", kJsonFormat}, request->format);
   AddLockTimeoutOption(options, request->datasetOptions);
   options.footer("Example:\n  mrset log survey.mrset\n");
   return [request] { return Log(*request); };

@@ -4,6 +4,7 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 #include <algorithm>
+#include <array>
 #include <filesystem>
 #include <iostream>
 #include <memory>
@@ -28,7 +29,7 @@ struct RunOptions {
   std::string datasetPath;
   std::optional<std::string> scriptPath;
   std::vector<std::string> commands;
-  std::string format;
+  FormatOptions format;
   std::optional<std::string> outputPath;
   bool dryRun = false;
   bool stopOnError = false;
@@ -79,11 +80,58 @@ ExitStatus RunAndRender(const RunRequest& request, Renderer& renderer) {
     renderer.Write(result);
     status = std::max(status, StatusOf(result));
   });
+  renderer.Finish();
   return status;
 }
 
-std::unique_ptr<Renderer> MakeRenderer(const RunOptions& options, std::ostream& stream, std::size_t width) {
-  return options.format == kJsonFormat ? MakeJsonRenderer(stream) : MakeTextRenderer(stream, width);
+/// Where the results of a run go.
+struct Target {
+  std::ostream& stream;
+  bool isTerminal;
+  std::size_t width;
+};
+
+/// One form of the results.
+struct RunFormat {
+  const char* name;
+  std::unique_ptr<Renderer> (*makeRenderer)(const RunOptions& options, const Target& target);
+};
+
+std::unique_ptr<Renderer> MakeText(const RunOptions& options, const Target& target) {
+  return MakeTextRenderer(target.stream, target.width, ChosenColour(options.format, target.isTerminal));
+}
+
+std::unique_ptr<Renderer> MakeJson(const RunOptions& /*options*/, const Target& target) {
+  return MakeJsonRenderer(target.stream);
+}
+
+std::unique_ptr<Renderer> MakeHtml(const RunOptions& options, const Target& target) {
+  if (target.isTerminal) {
+    throw OutputError("A page is for a browser: give --output FILE, or send standard output to a file.");
+  }
+  const std::string name = std::filesystem::path(options.datasetPath).filename().string();
+  return MakeHtmlRenderer(target.stream, {name, options.dryRun});
+}
+
+std::unique_ptr<Renderer> MakeMarkdown(const RunOptions& /*options*/, const Target& target) {
+  return MakeMarkdownRenderer(target.stream);
+}
+
+std::unique_ptr<Renderer> MakeCsv(const RunOptions& /*options*/, const Target& target) {
+  return MakeCsvRenderer(target.stream, std::cerr,
+                         target.isTerminal ? CsvCharacters::kVisible : CsvCharacters::kAsTheyAre);
+}
+
+constexpr std::array<RunFormat, 5> kFormats = {{
+    {"text", MakeText},
+    {"json", MakeJson},
+    {"html", MakeHtml},
+    {"markdown", MakeMarkdown},
+    {"csv", MakeCsv},
+}};
+
+std::unique_ptr<Renderer> MakeRenderer(const RunOptions& options, const Target& target) {
+  return FormatNamed(kFormats, options.format.format).makeRenderer(options, target);
 }
 
 ExitStatus Run(const RunOptions& options) {
@@ -94,11 +142,11 @@ ExitStatus Run(const RunOptions& options) {
   const RunRequest request{options.datasetPath, ReadCommands(options), options.dryRun, options.stopOnError,
                            options.datasetOptions};
   if (!options.outputPath) {
-    return RunAndRender(request, *MakeRenderer(options, std::cout, OutputWidth()));
+    return RunAndRender(request, *MakeRenderer(options, {std::cout, OutputIsTerminal(), OutputWidth()}));
   }
   CheckOutputPath(options, *options.outputPath);
   OutputFile file(*options.outputPath);
-  const ExitStatus status = RunAndRender(request, *MakeRenderer(options, file.Stream(), kDefaultWidth));
+  const ExitStatus status = RunAndRender(request, *MakeRenderer(options, {file.Stream(), false, kDefaultWidth}));
   file.Commit();
   return status;
 }
@@ -113,7 +161,7 @@ Action DeclareRun(CLI::App& app) {
                  "A command to run, after those of SCRIPT; its final period may be left out")
       ->type_name("COMMAND")
       ->allow_extra_args(false);
-  AddFormatOption(app, options->format);
+  AddFormatOptions(app, FormatNames(kFormats), options->format);
   app.add_option("--output", options->outputPath, "Write the results to this file")->type_name("FILE");
   app.add_flag("--dry-run", options->dryRun, "Show what the commands would do and leave the dataset as it is");
   app.add_flag("--stop-on-error", options->stopOnError, "Run no command after one that fails");

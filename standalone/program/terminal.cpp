@@ -11,4 +11,8 @@ std::size_t OutputWidth() {
   return isTerminal && size.ws_col > 0 ? size.ws_col : kDefaultWidth;
 }
 
+bool OutputIsTerminal() {
+  return isatty(STDOUT_FILENO) != 0;
+}
+
 }  // namespace standalone

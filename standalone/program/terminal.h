@@ -11,6 +11,9 @@ inline constexpr std::size_t kDefaultWidth = 80;
 /// Columns of the terminal that standard output is, or kDefaultWidth where it is none.
 std::size_t OutputWidth();
 
+/// Whether standard output is a terminal.
+bool OutputIsTerminal();
+
 }  // namespace standalone
 
 #endif  // STANDALONE_PROGRAM_TERMINAL_H

@@ -1,0 +1,32 @@
+#include "standalone/output/message_text.h"
+
+#include <algorithm>
+
+namespace standalone {
+
+std::string_view LevelName(Level level) {
+  switch (level) {
+    case Level::kWarning:
+      return "Warning";
+    case Level::kFatal:
+      return "Fatal";
+    case Level::kError:
+      break;
+  }
+  return "Error";
+}
+
+std::string_view TrimmedText(const Message& message) {
+  constexpr std::string_view kLineEnds = "\r\n";
+  const std::string_view text = message.text;
+  const std::size_t begin = std::min(text.find_first_not_of(kLineEnds), text.size());
+  return text.substr(begin, text.find_last_not_of(kLineEnds) + 1 - begin);
+}
+
+std::string_view AbortedSentence(const CommandResult& result) {
+  return result.isSaveOpen
+             ? "The command was aborted while it was being saved; \"mrset log\" shows whether it changed the dataset."
+             : "The command was aborted; the dataset is as it was before it.";
+}
+
+}  // namespace standalone

@@ -1,0 +1,21 @@
+#ifndef STANDALONE_OUTPUT_MESSAGE_TEXT_H
+#define STANDALONE_OUTPUT_MESSAGE_TEXT_H
+
+#include <string_view>
+
+#include "standalone/output/items.h"
+
+namespace standalone {
+
+/// "Warning", "Error" or "Fatal".
+std::string_view LevelName(Level level);
+
+/// The message's text without the line ends around it.
+std::string_view TrimmedText(const Message& message);
+
+/// What is said of a command that was aborted.
+std::string_view AbortedSentence(const CommandResult& result);
+
+}  // namespace standalone
+
+#endif  // STANDALONE_OUTPUT_MESSAGE_TEXT_H

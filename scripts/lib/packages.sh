@@ -8,8 +8,12 @@ build_packages=(
 test_packages=(
   libgtest-dev libgmock-dev librapidcheck-dev
   clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14 llvm-14
-  python3-cram sqlite3 binutils git
+  python3-cram python3 cmark-gfm sqlite3 binutils git
 )
+
+# For the page in a real browser. npm gets the test's two packages; any npm that is there already will do.
+browser_packages=(chromium fonts-dejavu-core)
+npm_packages=(nodejs npm)
 
 valgrind_packages=(valgrind)
 
@@ -30,4 +34,13 @@ install_packages() {
   echo "Installing: ${missing[*]}"
   "${as_root[@]}" apt-get update -q
   "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -q --no-install-recommends "${missing[@]}"
+}
+
+# Installs a browser and npm; where they cannot be had, says so and goes on without.
+install_browser() {
+  local packages=("${browser_packages[@]}")
+  if ! command -v npm > /dev/null; then
+    packages+=("${npm_packages[@]}")
+  fi
+  install_packages "${packages[@]}" || echo 'No browser or no npm can be installed: the test of the page is skipped.'
 }

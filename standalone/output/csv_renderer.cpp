@@ -12,11 +12,6 @@
 namespace standalone {
 namespace {
 
-/// Where a message that has no place belongs.
-std::string CommandInWords(const CommandResult& result) {
-  return fmt::format("{}line {}", result.source.empty() ? "" : Visible(result.source) + ", ", result.line);
-}
-
 class CsvRenderer final : public Renderer {
  public:
   CsvRenderer(std::ostream& stream, std::ostream& messages, CsvCharacters characters)

@@ -53,8 +53,9 @@ std::string HeadingHtml(const CommandResult& result) {
   const StatusWord status = WordOf(result.status);
   std::string html = fmt::format(
       "<h2 id=\"{0}-heading\"><span class=\"position\">{1}</span> <code>{2}</code></h2>\n"
-      "<p class=\"facts\"><span class=\"status {3}\">{4}</span> line {5}</p>\n",
-      CommandId(result.number), result.number, heading, status.className, status.word, result.line);
+      "<p class=\"facts\"><span class=\"status {3}\">{4}</span> {5}</p>\n",
+      CommandId(result.number), result.number, heading, status.className, status.word,
+      HtmlText(CommandInWords(result)));
   return fits ? html : html + fmt::format("<pre class=\"command-text\">{}</pre>\n", HtmlCode(result.text));
 }
 

@@ -55,7 +55,7 @@ ul { padding: 0; list-style: none; }
 .kind { color: var(--soft); }
 h1 { font-size: 2rem; line-height: 1.2; font-weight: 650; }
 .dry-run { margin-top: 0.75rem; }
-.counts { display: flex; flex-wrap: wrap; gap: 1rem 2.5rem; margin-top: 1.5rem; }
+.counts { display: grid; grid-template-columns: repeat(auto-fit, minmax(5.5rem, max-content)); gap: 1rem 2.5rem; margin-top: 1.5rem; }
 .counts div { display: flex; flex-direction: column-reverse; }
 .counts dt { color: var(--soft); font-size: 0.875rem; }
 .counts dd { margin: 0; font-size: 1.5rem; line-height: 1.3; font-variant-numeric: tabular-nums; }
@@ -82,8 +82,25 @@ nav li { margin-top: 0.5rem; }
 .messages .warning { border-color: var(--warning); background: var(--warning-panel); }
 .messages .error strong { color: var(--error); }
 .messages .warning strong { color: var(--warning); }
+.messages .hint { border-color: var(--line); background: var(--panel); }
+.messages p + p, .messages pre + p, .messages p + pre { margin-top: 0.25rem; }
+.messages .hint strong { color: var(--ink); font-weight: 600; }
+.place { color: var(--soft); font-size: 0.875rem; }
+.excerpt { white-space: pre-wrap; }
+mark { padding: 0.1em 0.15em; border-bottom: 2px solid var(--error); background: none; color: inherit; font-weight: 650; }
+.warning mark { border-color: var(--warning); }
 
-.scroll { max-width: 100%; overflow-x: auto; }
+.scroll {
+  position: relative;
+  overflow-x: auto;
+  background:
+    linear-gradient(to right, var(--page) 1.5rem, transparent) left / 3rem 100% local,
+    linear-gradient(to left, var(--page) 1.5rem, transparent) right / 3rem 100% local,
+    linear-gradient(to right, var(--line), transparent) left / 0.75rem 100%,
+    linear-gradient(to left, var(--line), transparent) right / 0.75rem 100%,
+    var(--page);
+  background-repeat: no-repeat;
+}
 table { border-collapse: collapse; overflow-wrap: normal; font-size: 0.9375rem; }
 caption { padding-bottom: 0.5rem; font-weight: 650; text-align: left; }
 th, td { padding: 0.4375rem 1.25rem 0.4375rem 0; vertical-align: top; text-align: start; }
@@ -91,7 +108,7 @@ th:last-child, td:last-child { padding-right: 0.5rem; }
 thead th { border-bottom: 2px solid var(--line); color: var(--soft); font-weight: 600; vertical-align: bottom; }
 tbody tr { border-bottom: 1px solid var(--line); }
 tbody th { font-weight: 600; }
-td { max-width: 28rem; }
+th, td { max-width: 28rem; overflow-wrap: break-word; }
 td.number { text-align: right; font-variant-numeric: tabular-nums; }
 th.number { text-align: right; }
 td.none { color: var(--soft); }
@@ -105,7 +122,8 @@ td.number sup { position: absolute; top: auto; margin-top: -0.1em; line-height: 
 @media (max-width: 40rem) {
   body { padding: 1.5rem 1rem 3rem; }
   h1 { font-size: 1.5rem; }
-  .counts { gap: 0.75rem 1.75rem; }
+  .counts { gap: 0.75rem 1.5rem; grid-template-columns: repeat(2, max-content); }
+  .command h2 code, .command-text { white-space: pre-line; }
 }
 @media print {
   :root {
@@ -117,8 +135,9 @@ td.number sup { position: absolute; top: auto; margin-top: -0.1em; line-height: 
   body { max-width: none; padding: 0; font-size: 10pt; }
   a { text-decoration: none; }
   nav { padding: 0; }
-  .scroll { overflow: visible; }
-  table { overflow-wrap: anywhere; }
+  .scroll { overflow: visible; background: none; }
+  table { font-size: 9pt; }
+  th, td { min-width: 8em; padding-right: 1em; overflow-wrap: anywhere; }
   h2, .facts, caption { break-after: avoid; }
   tr, .messages li { break-inside: avoid; }
 }

@@ -80,7 +80,7 @@ TableHtml::TableHtml(const Table& table, const std::string& id) : fTable(table),
 
 std::string TableHtml::Html() {
   std::string html = fmt::format(
-      "<div class=\"scroll\" role=\"region\" aria-labelledby=\"{0}\" tabindex=\"0\">\n"
+      "<div class=\"scroll\" role=\"group\" aria-labelledby=\"{0}\" tabindex=\"0\">\n"
       "<table>\n<caption id=\"{0}\">{1}</caption>\n{2}<tbody>\n",
       fId, HtmlText(fTable.title), HeadHtml());
   for (const TableRow& row : fTable.rows) {

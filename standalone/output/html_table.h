@@ -7,7 +7,7 @@
 
 namespace standalone {
 
-/// The table as HTML, in a region that scrolls by itself where the table is wider than the page, with its notes below.
+/// The table as HTML, in a group that scrolls by itself where the table is wider than the page, with its notes below.
 /// `id` names it in links; it is unique in the page and needs no escaping.
 std::string HtmlTable(const Table& table, const std::string& id);
 

@@ -50,13 +50,13 @@ std::string MarkdownText(std::string_view text) {
 }
 
 std::string MarkdownLines(const std::vector<std::string>& texts) {
-  std::string markdown;
+  std::vector<std::string> lines;
   for (const std::string& text : texts) {
     for (const std::string& line : VisibleLines(text)) {
-      markdown += (markdown.empty() ? "" : "<br>") + MarkdownText(line);
+      lines.push_back(MarkdownText(line));
     }
   }
-  return markdown;
+  return fmt::format("{}", fmt::join(lines, "<br>"));
 }
 
 std::string MarkdownCode(std::string_view text) {

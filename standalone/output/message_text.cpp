@@ -1,6 +1,10 @@
 #include "standalone/output/message_text.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
+
+#include "standalone/text/visible.h"
 
 namespace standalone {
 
@@ -27,6 +31,10 @@ std::string_view AbortedSentence(const CommandResult& result) {
   return result.isSaveOpen
              ? "The command was aborted while it was being saved; \"mrset log\" shows whether it changed the dataset."
              : "The command was aborted; the dataset is as it was before it.";
+}
+
+std::string CommandInWords(const CommandResult& result) {
+  return fmt::format("{}line {}", result.source.empty() ? "" : Visible(result.source) + ", ", result.line);
 }
 
 }  // namespace standalone

@@ -1,6 +1,7 @@
 #ifndef STANDALONE_OUTPUT_MESSAGE_TEXT_H
 #define STANDALONE_OUTPUT_MESSAGE_TEXT_H
 
+#include <string>
 #include <string_view>
 
 #include "standalone/output/items.h"
@@ -12,6 +13,9 @@ std::string_view LevelName(Level level);
 
 /// The message's text without the line ends around it.
 std::string_view TrimmedText(const Message& message);
+
+/// Where the command begins: "all.script, line 3"; harmless on a terminal.
+std::string CommandInWords(const CommandResult& result);
 
 /// What is said of a command that was aborted.
 std::string_view AbortedSentence(const CommandResult& result);

@@ -29,4 +29,4 @@ JSON
 # A filter that hides the line numbers of assertion reports, and what compilers spell differently in signatures. A
 # pipe's exit status is that of the program before it.
 set -o pipefail
-numberless() { sed -E '/Assertion/{s/(mrset[a-z]*\.cpp):[0-9]+:/\1:LINE:/; s/ &([,)])/\&\1/g;}'; }
+numberless() { sed -E '/Assertion/{s/(mrset[a-z]*\.cpp):[0-9]+:/\1:LINE:/; s/ (\\?&(amp;)?)([,)])/\1\3/g;}'; }

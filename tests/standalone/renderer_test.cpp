@@ -6,18 +6,10 @@
 #include <string>
 #include <vector>
 
+#include "tests/standalone/results.h"
+
 namespace standalone {
 namespace {
-
-CommandResult Result(const std::string& text, const std::vector<Item>& items, Status status = Status::kOk) {
-  CommandResult result;
-  result.number = 1;
-  result.line = 1;
-  result.text = text;
-  result.status = status;
-  result.items = items;
-  return result;
-}
 
 Table OneSet() {
   Table table;
@@ -147,6 +139,37 @@ TEST(TextRenderer, KeepsTablesWithinTheWidth) {
             "------  --------\n"
             "$likes  What you\n"
             "        like\n");
+}
+
+TEST(TextRenderer, ColoursHeadingsLevelsCaretsAndHints) {
+  std::ostringstream stream;
+  CommandResult result = Result("MRSET\n/FOO", {Message{Level::kWarning, "w"}, OneSet()}, Status::kAborted);
+  result.items.emplace_back(Message{Level::kError, "e", Place{2, 2, 3, 7, 3}, "h"});
+  result.items.emplace_back(Message{Level::kFatal, "f"});
+  MakeTextRenderer(stream, 80, Colour::kAnsi)->Write(result);
+  EXPECT_EQ(stream.str(),
+            "\x1b[1m1> MRSET\x1b[0m\n"
+            "\x1b[1m   /FOO\x1b[0m\n"
+            "\x1b[1;35mWarning:\x1b[0m w\n"
+            "\n"
+            "\x1b[1mMultiple Response Sets\x1b[0m\n" +
+                kOneSet.substr(kOneSet.find('\n') + 1) +
+                "\n"
+                "\x1b[1;31mError:\x1b[0m e\n"
+                "  line 2, column 2:\n"
+                "    /FOO\n"
+                "     \x1b[1;31m^^^\x1b[0m\n"
+                "\x1b[36mhint:\x1b[0m h\n"
+                "\x1b[1;31mFatal:\x1b[0m f\n"
+                "The command was aborted; the dataset is as it was before it.\n");
+}
+
+TEST(TextRenderer, AnEmptyTitleHasNoColour) {
+  std::ostringstream stream;
+  Table table = OneSet();
+  table.title.clear();
+  MakeTextTableWriter(stream, 80, Colour::kAnsi)->Write(table);
+  EXPECT_EQ(stream.str(), kOneSet.substr(kOneSet.find('\n')));
 }
 
 TEST(JsonRenderer, WritesOneObjectALine) {

@@ -1,0 +1,41 @@
+#ifndef TESTS_STANDALONE_RESULTS_H
+#define TESTS_STANDALONE_RESULTS_H
+
+#include <string>
+#include <vector>
+
+#include "standalone/output/items.h"
+
+namespace standalone {
+
+// Results of commands, for the tests of renderers.
+
+inline CommandResult Result(const std::string& text, const std::vector<Item>& items, Status status = Status::kOk) {
+  CommandResult result;
+  result.number = 1;
+  result.line = 1;
+  result.text = text;
+  result.status = status;
+  result.items = items;
+  return result;
+}
+
+/// Two sets: cells with and without text, list cells, a number, the same note twice and another one.
+inline Table TwoSets() {
+  using List = std::vector<std::string>;
+  Table table;
+  table.title = "Multiple Response Sets";
+  table.rowDimension = "Name";
+  table.columnDimension = "Attributes";
+  table.columns = {"Label", "Counted Value", "Elementary Variables"};
+  table.rows = {{"$likes", {{"Likes", {"first"}}, {"1", {"second"}}, {List{"Tea", "Coffee"}, {}}}},
+                {"$other", {{std::monostate{}, {"second"}}, {"N/A", {}}, {List{}, {}}}}};
+  return table;
+}
+
+/// A text with what is markup in HTML, Markdown or CSV, and what acts on a terminal.
+inline constexpr const char* kHostileText = "<b>&\"'`*_[x](y)|~$#\\ \x1b[31m\u202E,=1";
+
+}  // namespace standalone
+
+#endif  // TESTS_STANDALONE_RESULTS_H

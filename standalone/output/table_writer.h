@@ -24,8 +24,8 @@ class TableWriter {
   /// Ends the table.
   virtual void End() = 0;
 
-  /// A table with its rows.
-  void Write(const Table& table);
+  /// A whole table.
+  virtual void Write(const Table& table);
 };
 
 // The stream must outlive the writer.

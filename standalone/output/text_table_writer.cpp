@@ -19,13 +19,17 @@ class TextTableWriter final : public TableWriter {
 
   void Add(const TableRow& row) override { fTable.rows.push_back(row); }
 
-  /// The title ends where the first empty line begins.
   void End() override {
-    const std::string text = TextTable(fTable, fWidth);
+    Write(fTable);
+    fTable = {};
+  }
+
+  /// The title ends where the first empty line begins.
+  void Write(const Table& table) override {
+    const std::string text = TextTable(table, fWidth);
     const std::size_t titleEnd = text.find("\n\n");
     fStream << Painted(std::string_view(text).substr(0, titleEnd), Style::kHeading, fColour)
             << std::string_view(text).substr(titleEnd);
-    fTable = {};
   }
 
  private:

@@ -38,7 +38,7 @@ bool KnowsColours(std::string_view terminal) {
 }  // namespace
 
 void AddFormatOption(CLI::App& app, const std::vector<std::string>& names, std::string& format) {
-  AddChoice(app, "--format", names, "Form of the output", format);
+  AddChoice(app, "--format", names, "Form of the output: json and csv are for programs", format);
 }
 
 void AddFormatOptions(CLI::App& app, const std::vector<std::string>& names, FormatOptions& options) {

@@ -22,6 +22,13 @@ Markdown.
   
   **Warning:** One or more of the sets specified do not exist... \$none
   
+  all.script, line 2, column 55:
+  
+  ```
+    CATEGORYLABELS=COUNTEDVALUES /DISPLAY NAME=[$drinks $none].
+                                                        ^^^^^
+  ```
+  
   **Multiple Response Sets**
   
   | Name | Label | Coded As | Counted Value | Data Type | Elementary Variables |
@@ -49,6 +56,13 @@ Markdown.
   ```
   
   **Error:** Line 4: FREQUENCIES is not a command. The command here is MRSET.
+  
+  all.script, line 4, column 1:
+  
+  ```
+  FREQUENCIES q1.
+  ^^^^^^^^^^^
+  ```
   
   ## Command 4
   
@@ -83,10 +97,10 @@ CSV holds the tables; messages are told on standard error. A text that a spreads
 apostrophe in front.
 
   $ mrset run s.mrset all.script --format csv --output sets.csv 2>&1 | numberless
-  line 1: Warning: One or more of the sets specified do not exist... $none
-  line 4: Error: Line 4: FREQUENCIES is not a command. The command here is MRSET.
-  line 5: Fatal: mrset: backend/mrset/mrsetapply.cpp:LINE: void DeleteMRSets(const MRSetSubcommand&, VARIABLESETS&): Assertion `(*namesIter)[0] == '$'' failed.
-  line 5: The command was aborted; the dataset is as it was before it.
+  all.script, line 2, column 55: Warning: One or more of the sets specified do not exist... $none
+  all.script, line 4, column 1: Error: Line 4: FREQUENCIES is not a command. The command here is MRSET.
+  all.script, line 5: Fatal: mrset: backend/mrset/mrsetapply.cpp:LINE: void DeleteMRSets(const MRSetSubcommand&, VARIABLESETS&): Assertion `(*namesIter)[0] == '$'' failed.
+  all.script, line 5: The command was aborted; the dataset is as it was before it.
   [3]
   $ cat sets.csv
   Command,Table,Title,Name,Label,Coded As,Counted Value,Data Type,Elementary Variables,Notes\r (esc)
@@ -148,9 +162,9 @@ An HTML page says at its top what failed.
   <section class="command" id="command-1" aria-labelledby="command-1-heading">
   <h2 id="command-1-heading"><span class="position">1</span> <code>MRSET /MDGROUP NAME=$drinks LABEL=&#39;Tea &amp; &lt;coffee&gt;&#39; VARIABLES=q1 TO q3 VALUE=1
     CATEGORYLABELS=COUNTEDVALUES /DISPLAY NAME=[$drinks $none]</code></h2>
-  <p class="facts"><span class="status ok">OK</span> line 1</p>
+  <p class="facts"><span class="status ok">OK</span> all.script, line 1</p>
   <ul class="messages">
-  <li class="warning"><p><strong>Warning:</strong> One or more of the sets specified do not exist... $none</p></li>
+  <li class="warning"><p><strong>Warning:</strong> One or more of the sets specified do not exist... $none</p><p class="place">all.script, line 2, column 55</p><pre class="excerpt">  CATEGORYLABELS=COUNTEDVALUES /DISPLAY NAME=[$drinks <mark>$none</mark>].</pre></li>
   </ul>
   <div class="scroll" role="group" aria-labelledby="command-1-table-1" tabindex="0">
   <table>
@@ -169,7 +183,7 @@ An HTML page says at its top what failed.
   </section>
   <section class="command" id="command-2" aria-labelledby="command-2-heading">
   <h2 id="command-2-heading"><span class="position">2</span> <code>MRSET /MCGROUP NAME=$colours LABEL=&#39;=1+1&#39; VARIABLES=t1 t2 /DISPLAY NAME=[$colours]</code></h2>
-  <p class="facts"><span class="status ok">OK</span> line 3</p>
+  <p class="facts"><span class="status ok">OK</span> all.script, line 3</p>
   <div class="scroll" role="group" aria-labelledby="command-2-table-1" tabindex="0">
   <table>
   <caption id="command-2-table-1">Multiple Response Sets</caption>
@@ -184,14 +198,14 @@ An HTML page says at its top what failed.
   </section>
   <section class="command" id="command-3" aria-labelledby="command-3-heading">
   <h2 id="command-3-heading"><span class="position">3</span> <code>FREQUENCIES q1</code></h2>
-  <p class="facts"><span class="status error">Error</span> line 4</p>
+  <p class="facts"><span class="status error">Error</span> all.script, line 4</p>
   <ul class="messages">
-  <li class="error"><p><strong>Error:</strong> Line 4: FREQUENCIES is not a command. The command here is MRSET.</p></li>
+  <li class="error"><p><strong>Error:</strong> Line 4: FREQUENCIES is not a command. The command here is MRSET.</p><p class="place">all.script, line 4, column 1</p><pre class="excerpt"><mark>FREQUENCIES</mark> q1.</pre></li>
   </ul>
   </section>
   <section class="command" id="command-4" aria-labelledby="command-4-heading">
   <h2 id="command-4-heading"><span class="position">4</span> <code>MRSET /DELETE NAME=[x]</code></h2>
-  <p class="facts"><span class="status aborted">Aborted</span> line 5</p>
+  <p class="facts"><span class="status aborted">Aborted</span> all.script, line 5</p>
   <ul class="messages">
   <li class="error"><p><strong>Fatal:</strong> mrset: backend/mrset/mrsetapply.cpp:LINE: void DeleteMRSets(const MRSetSubcommand&amp;, VARIABLESETS&amp;): Assertion `(*namesIter)[0] == &#39;$&#39;&#39; failed.</p></li>
   </ul>
@@ -217,6 +231,13 @@ It is complete or absent, also on standard output.
   [1]
   $ TMPDIR=/proc mrset run s.mrset all.script --format html
   mrset: The page cannot be kept in /proc: No such file or directory.
+  [2]
+  $ for i in $(seq 20); do echo 'MRSET /DISPLAY NAME=ALL.'; done > long.script
+  $ (trap '' XFSZ; ulimit -f 4; TMPDIR=. mrset run s.mrset long.script --format html)
+  mrset: The page cannot be kept in .: File too large.
+  [2]
+  $ ls *.html .*.tmp mrset-* 2> /dev/null
+  sets.html
   [2]
 
 A terminal is no place for a page. There CSV is shown without what would act on it.
@@ -250,6 +271,9 @@ Colour is for terminals.
   $ terminal "$run"
   \x1b[1m1> MRSET /DISPLAY NAME=[$colours $none]\x1b[0m (esc)
   \x1b[1;35mWarning:\x1b[0m One or more of the sets specified do not exist... $none (esc)
+    -c 1, line 1, column 31:
+      MRSET /DISPLAY NAME=[$colours $none]
+                                    \x1b[1;35m^^^^^\x1b[0m (esc)
   
   \x1b[1mMultiple Response Sets\x1b[0m (esc)
   
@@ -260,15 +284,18 @@ Colour is for terminals.
   
   \x1b[1m2> FREQUENCIES\x1b[0m (esc)
   \x1b[1;31mError:\x1b[0m Line 1: FREQUENCIES is not a command. The command here is MRSET. (esc)
+    -c 2, line 1, column 1:
+      FREQUENCIES
+      \x1b[1;31m^^^^^^^^^^^\x1b[0m (esc)
   [1]
   $ terminal "$run" | grep -c "$(printf '\033')"
-  5
+  7
   [1]
   $ NO_COLOR=1 terminal "$run" | grep -c "$(printf '\033')"
   0
   [1]
   $ NO_COLOR= terminal "$run" | grep -c "$(printf '\033')"
-  5
+  7
   [1]
   $ TERM=dumb terminal "$run" | grep -c "$(printf '\033')"
   0
@@ -280,7 +307,7 @@ Colour is for terminals.
   0
   [1]
   $ NO_COLOR=1 terminal "$run --color always" | grep -c "$(printf '\033')"
-  5
+  7
   [1]
   $ terminal "$run --output /dev/stdout" | grep -c "$(printf '\033')"
   0
@@ -292,7 +319,7 @@ Colour is for terminals.
   0
   [1]
   $ sh -c "$run --color always" | grep -c "$(printf '\033')"
-  5
+  7
   [1]
   $ mrset sets s.mrset --color always
   \x1b[1mMultiple response sets\x1b[0m (esc)

@@ -18,7 +18,7 @@ Wrong use is told in one sentence, with exit status 2.
   Run "mrset --help" for the subcommands, "mrset SUBCOMMAND --help" for the options.
   [2]
   $ mrset run x.mrset --format xml -c MRSET
-  mrset: --format: xml is neither text nor json.
+  mrset: --format: xml is none of text, json, html, markdown, csv.
   Run "mrset --help" for the subcommands, "mrset SUBCOMMAND --help" for the options.
   [2]
   $ mrset run x.mrset y.script z.script
@@ -90,7 +90,9 @@ Help and version are results.
   Options:
     -h,--help                   Show this help
     -c,--command COMMAND ...    A command to run, after those of SCRIPT; its final period may be left out
-    --format text|json          Form of the output: text for people, json for programs
+    --format text|json|html|markdown|csv
+                                Form of the output: json and csv are for programs
+    --color auto|always|never   Colour of text; auto: on terminals, unless NO_COLOR is set
     --output FILE               Write the results to this file
     --dry-run                   Show what the commands would do and leave the dataset as it is
     --stop-on-error             Run no command after one that fails
@@ -112,6 +114,9 @@ Help and version are results.
     -h,--help                   Show this help
     --format text|json          Form of the output: text for people, json for programs
     --lock-timeout SECONDS      How long to wait while another process has the dataset locked; 30 seconds unless given, 0 not at all
+    --format text|json|markdown|csv
+                                Form of the output: json and csv are for programs
+    --color auto|always|never   Colour of text; auto: on terminals, unless NO_COLOR is set
   
   Example:
     mrset sets survey.mrset --format json
@@ -127,7 +132,10 @@ Help and version are results.
     -h,--help                   Show this help
     --format text|json          Form of the output: text for people, json for programs
     --lock-timeout SECONDS      How long to wait while another process has the dataset locked; 30 seconds unless given, 0 not at all
+    --format text|json|markdown|csv
+                                Form of the output: json and csv are for programs
+    --color auto|always|never   Colour of text; auto: on terminals, unless NO_COLOR is set
   
   Example:
-    mrset variables survey.mrset
+    mrset variables survey.mrset --format csv
   

@@ -21,7 +21,7 @@
 namespace standalone {
 namespace {
 
-constexpr std::array<Subcommand, 7> kSubcommands = {{
+constexpr std::array<Subcommand, 10> kSubcommands = {{
     {"import", "Read a survey from CSV into a dataset", DeclareImport},
     {"run", "Run commands on a dataset", DeclareRun},
     {"sets", "List a dataset's multiple response sets", DeclareSets},
@@ -29,16 +29,15 @@ constexpr std::array<Subcommand, 7> kSubcommands = {{
     {"log", "List the changes of a dataset's sets", DeclareLog},
     {"undo", "Go back to the sets as they were", DeclareUndo},
     {"check", "Verify that a dataset is sound", DeclareCheck},
+    {"script", "Write the commands that make a dataset's sets", DeclareScript},
+    {"diff", "Compare the sets of two datasets", DeclareDiff},
+    {"copy", "Copy sets from one dataset to another", DeclareCopy},
 }};
 
 constexpr const char* kExample =
     "Example:\n"
     "  mrset import --schema survey.schema.json survey.csv survey.mrset\n"
     "  mrset run survey.mrset -c 'MRSET /MCGROUP NAME=$pets VARIABLES=pet1 TO pet3 /DISPLAY NAME=ALL'\n";
-
-void PrintError(const std::string& sentence) {
-  std::cerr << NoticeLine(sentence);
-}
 
 /// The sentence for what CLI11 found wrong with the arguments.
 std::string UsageSentence(const CLI::App& app, const CLI::ParseError& error) {
@@ -104,6 +103,10 @@ int ParseAndPerform(int argc, const char* const* argv) {
 }
 
 }  // namespace
+
+void PrintError(const std::string& sentence) {
+  std::cerr << NoticeLine(sentence);
+}
 
 int RunProgram(int argc, const char* const* argv) {
   OccupyStandardDescriptors();

@@ -5,17 +5,16 @@
 #include <CLI/Formatter.hpp>
 #include <algorithm>
 #include <array>
-#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <optional>
 #include <string>
-#include <system_error>
 #include <vector>
 
 #include "standalone/output/renderer.h"
 #include "standalone/program/dataset_options.h"
 #include "standalone/program/format_option.h"
+#include "standalone/program/same_file.h"
 #include "standalone/program/subcommands.h"
 #include "standalone/program/terminal.h"
 #include "standalone/run/output_file.h"
@@ -48,11 +47,6 @@ std::vector<ScriptCommand> ReadCommands(const RunOptions& options) {
     commands.insert(commands.end(), more.begin(), more.end());
   }
   return commands;
-}
-
-bool IsSameFile(const std::string& first, const std::string& second) {
-  std::error_code notThere;
-  return std::filesystem::equivalent(first, second, notThere);
 }
 
 /// Results never take the place of what they come from.

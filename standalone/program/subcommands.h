@@ -3,6 +3,7 @@
 
 #include <CLI/App.hpp>
 #include <functional>
+#include <string>
 
 #include "standalone/program/exit_status.h"
 
@@ -26,6 +27,12 @@ Action DeclareVariables(CLI::App& options);
 Action DeclareLog(CLI::App& options);
 Action DeclareUndo(CLI::App& options);
 Action DeclareCheck(CLI::App& options);
+Action DeclareScript(CLI::App& options);
+Action DeclareDiff(CLI::App& options);
+Action DeclareCopy(CLI::App& options);
+
+/// Writes a sentence for the user to standard error.
+void PrintError(const std::string& sentence);
 
 }  // namespace standalone
 

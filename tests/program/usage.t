@@ -54,6 +54,9 @@ Help and version are results.
     log                         List the changes of a dataset's sets
     undo                        Go back to the sets as they were
     check                       Verify that a dataset is sound
+    script                      Write the commands that make a dataset's sets
+    diff                        Compare the sets of two datasets
+    copy                        Copy sets from one dataset to another
   
   Example:
     mrset import --schema survey.schema.json survey.csv survey.mrset
@@ -138,4 +141,56 @@ Help and version are results.
   
   Example:
     mrset variables survey.mrset --format csv
+  
+  $ mrset script --help
+  Write the commands that make a dataset's sets
+  Usage: mrset script [OPTIONS] DATASET [SET...]
+  
+  Positionals:
+    DATASET REQUIRED            Dataset file
+    SET ...                     Names of the sets to write; without any, all
+  
+  Options:
+    -h,--help                   Show this help
+    --output FILE               Write the script to this file
+    --delete-all                Begin by deleting all sets of the dataset on which the script runs
+  
+  Exit status: 0 all sets are written, 1 a set cannot be written as a command, 2 wrong usage or an unusable file.
+  Example:
+    mrset script survey.mrset --output sets.script
+    mrset run other.mrset sets.script
+  
+  $ mrset diff --help
+  Compare the sets of two datasets
+  Usage: mrset diff [OPTIONS] A B
+  
+  Positionals:
+    A REQUIRED                  Dataset file
+    B REQUIRED                  Dataset file to compare with it
+  
+  Options:
+    -h,--help                   Show this help
+    --format text|json          Form of the output: text for people, json for programs
+  
+  Exit status: 0 the sets are the same, 1 they differ, 2 wrong usage or an unusable file.
+  Example:
+    mrset diff wave1.mrset wave2.mrset
+  
+  $ mrset copy --help
+  Copy sets from one dataset to another
+  Usage: mrset copy [OPTIONS] SOURCE TARGET [SET...]
+  
+  Positionals:
+    SOURCE REQUIRED             Dataset file from which sets are taken
+    TARGET REQUIRED             Dataset file into which they are copied
+    SET ...                     Names of the sets to copy; without any, all
+  
+  Options:
+    -h,--help                   Show this help
+    --skip-incomplete           Leave out the sets whose variables the target lacks and copy the others
+    --dry-run                   Show what would be copied and leave the target as it is
+  
+  Exit status: 0 all sets are copied, 1 a set cannot be copied, 2 wrong usage or an unusable file.
+  Example:
+    mrset copy wave1.mrset wave2.mrset '$drinks' '$toppings'
   

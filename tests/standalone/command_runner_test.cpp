@@ -2,14 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <cstdlib>
-#include <future>
 #include <string>
-#include <thread>
 #include <vector>
 
-#include "standalone/data/database.h"
+#include "tests/standalone/elsewhere.h"
 #include "tests/standalone/temporary_folder.h"
 
 namespace standalone {
@@ -36,33 +33,10 @@ class CommandRunnerTest : public TemporaryFolderTest {
     return names;
   }
 
-  /// Begins to save a set from elsewhere, which comes to its end when the running command stops reading.
-  void DefineElsewhere(const std::string& name) {
-    fElsewhere.push_back(std::async(std::launch::async, [name] {
-      Dataset other(kFile);
-      std::vector<StoredSet> sets = other.Sets();
-      sets.push_back({name, SetType::kCategory, "", "", false, false, {"q1", "q2"}});
-      EXPECT_EQ(other.SaveSets(sets, "elsewhere"), Dataset::Saved::kDone);
-    }));
-    while (!IsBeingWritten()) {
-      std::this_thread::yield();
-    }
-  }
+  void DefineElsewhere(const std::string& name) { fElsewhere.Define(kFile, name); }
 
  private:
-  static bool IsBeingWritten() {
-    Database probe(kFile, kFile);
-    probe.SetLockTimeout(std::chrono::milliseconds(0));
-    try {
-      probe.Execute("BEGIN IMMEDIATE");
-    } catch (const DatasetError&) {
-      return true;
-    }
-    probe.Rollback();
-    return false;
-  }
-
-  std::vector<std::future<void>> fElsewhere;
+  Elsewhere fElsewhere;
 };
 
 std::string KindOf(const Event& event) {

@@ -1,0 +1,122 @@
+#include <fmt/format.h>
+#include <unistd.h>
+
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+#include <filesystem>
+#include <iostream>
+#include <memory>
+#include <optional>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "standalone/data/dataset.h"
+#include "standalone/program/dataset_options.h"
+#include "standalone/program/same_file.h"
+#include "standalone/program/subcommands.h"
+#include "standalone/run/output_file.h"
+#include "standalone/sets/chosen_sets.h"
+#include "standalone/sets/set_script.h"
+#include "standalone/text/visible.h"
+
+namespace standalone {
+namespace {
+
+struct ScriptOptions {
+  std::string datasetPath;
+  std::vector<std::string> names;
+  std::optional<std::string> outputPath;
+  bool deleteAll = false;
+  DatasetOptions datasetOptions;
+};
+
+std::string Title(const ScriptOptions& options, bool hasSets) {
+  const std::string file = std::filesystem::path(options.datasetPath).filename().string();
+  if (!hasSets) {
+    return fmt::format("{} has no multiple response sets.", file);
+  }
+  return fmt::format("Multiple response sets of {}. {}", file,
+                     options.deleteAll ? "All sets of the dataset on which this runs are deleted first."
+                                       : "A set that has one of these names already is replaced in its place.");
+}
+
+/// The script with what would act on a terminal in a harmless form.
+std::string VisibleScript(const std::string& script) {
+  std::istringstream lines(script);
+  std::string visible;
+  for (std::string line; std::getline(lines, line);) {
+    visible += Visible(line) + "\n";
+  }
+  return visible;
+}
+
+void PrintScript(const std::string& script) {
+  if (isatty(STDOUT_FILENO) == 0) {
+    std::cout << script;
+    return;
+  }
+  const std::string visible = VisibleScript(script);
+  std::cout << visible << std::flush;
+  if (visible != script) {
+    PrintError("Characters that would act on the terminal are shown as escapes; --output writes them as they are.");
+  }
+}
+
+void WriteScript(const std::string& script, const ScriptOptions& options) {
+  if (!options.outputPath) {
+    PrintScript(script);
+    return;
+  }
+  if (IsSameFile(*options.outputPath, options.datasetPath)) {
+    throw OutputError(
+        fmt::format("The output file {} is the dataset that is read; give another one.", *options.outputPath));
+  }
+  OutputFile file(*options.outputPath);
+  file.Stream() << script;
+  file.Commit();
+}
+
+/// Notes come last, so that they are seen.
+ExitStatus TellNotes(const std::vector<ScriptedSet>& sets) {
+  ExitStatus status = kSuccess;
+  for (const ScriptedSet& set : sets) {
+    if (set.note) {
+      PrintError(*set.note);
+    }
+    status = set.command.empty() ? kErrors : status;
+  }
+  return status;
+}
+
+ExitStatus Script(const ScriptOptions& options) {
+  Dataset dataset(options.datasetPath, options.datasetOptions);
+  dataset.BeginCommand(false);
+  const std::vector<StoredSet> sets = ChooseSets(dataset.Sets(), options.names, options.datasetPath);
+  const std::vector<ScriptedSet> scripted = ScriptSets(dataset, sets);
+  dataset.EndCommand();
+  WriteScript(ScriptOf(Title(options, !sets.empty()), scripted, options.deleteAll), options);
+  return TellNotes(scripted);
+}
+
+}  // namespace
+
+Action DeclareScript(CLI::App& app) {
+  const auto options = std::make_shared<ScriptOptions>();
+  app.add_option("DATASET", options->datasetPath, "Dataset file")->required()->type_name("");
+  app.add_option("SET", options->names, "Names of the sets to write; without any, all")->type_name("");
+  app.add_option("--output", options->outputPath, "Write the script to this file")->type_name("FILE");
+  app.add_flag("--delete-all", options->deleteAll,
+               "Begin by deleting all sets of the dataset on which the script runs");
+  AddLockTimeoutOption(app, options->datasetOptions);
+  app.footer(
+      "Exit status: 0 all sets are written, 1 a set cannot be written as a command, 2 wrong usage or an unusable "
+      "file.\n"
+      "Example:\n"
+      "  mrset script survey.mrset --output sets.script\n"
+      "  mrset run other.mrset sets.script\n");
+  return [options] { return Script(*options); };
+}
+
+}  // namespace standalone

@@ -1,0 +1,42 @@
+#include "standalone/sets/chosen_sets.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "standalone/text/unicode.h"
+
+namespace standalone {
+namespace {
+
+bool IsNameOf(const StoredSet& set, const std::string& name) {
+  return CompareNoCase(set.name, name) == 0;
+}
+
+void CheckName(const std::vector<StoredSet>& sets, const std::string& name, const std::string& datasetPath) {
+  if (name.empty()) {
+    throw UnknownSetError("The name of a set is empty; in a shell, put names in single quotes, as in '$drinks'.");
+  }
+  if (std::none_of(sets.begin(), sets.end(), [&](const StoredSet& set) { return IsNameOf(set, name); })) {
+    throw UnknownSetError(fmt::format("The dataset {} has no set {}.", datasetPath, name));
+  }
+}
+
+}  // namespace
+
+std::vector<StoredSet> ChooseSets(const std::vector<StoredSet>& sets, const std::vector<std::string>& names,
+                                  const std::string& datasetPath) {
+  if (names.empty()) {
+    return sets;
+  }
+  for (const std::string& name : names) {
+    CheckName(sets, name, datasetPath);
+  }
+  std::vector<StoredSet> chosen;
+  std::copy_if(sets.begin(), sets.end(), std::back_inserter(chosen), [&](const StoredSet& set) {
+    return std::any_of(names.begin(), names.end(), [&](const std::string& name) { return IsNameOf(set, name); });
+  });
+  return chosen;
+}
+
+}  // namespace standalone

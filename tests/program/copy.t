@@ -1,0 +1,84 @@
+Sets go from one dataset to another.
+
+  $ . "$TESTDIR/setup.sh"
+  $ small a.mrset; small b.mrset
+  $ mrset copy a.mrset b.mrset
+  a.mrset has no multiple response sets.
+  $ mrset run a.mrset > /dev/null -c 'MRSET /MDGROUP NAME=$drinks LABEL="Drinks" VARIABLES=q1 TO q3 VALUE=1
+  >   /MCGROUP NAME=$colours VARIABLES=t1 t2 /MCGROUP NAME=$both VARIABLES=q1 q2'
+  $ mrset run b.mrset > /dev/null -c 'MRSET /MCGROUP NAME=$Colours VARIABLES=t2 t1 /MCGROUP NAME=$both VARIABLES=q1 q2'
+  $ mrset copy --dry-run a.mrset b.mrset
+  $drinks: added
+  $colours: replaced
+  $both: the same already
+  A dry run: b.mrset is as it was.
+  $ mrset sets b.mrset --format json | grep -o '"name":"[^"]*"'
+  "name":"$Colours"
+  "name":"$both"
+  $ mrset copy a.mrset b.mrset '$COLOURS' '$drinks'
+  $drinks: added
+  $colours: replaced
+  $ mrset sets b.mrset
+  Multiple response sets
+  
+  Name      Type       Label   Counted value  Variables
+  --------  ---------  ------  -------------  ---------
+  $colours  category                          t1
+                                              t2
+  
+  $both     category                          q1
+                                              q2
+  
+  $drinks   dichotomy  Drinks  1              q1
+                                              q2
+                                              q3
+
+What the target lacks is told; nothing is copied unless the incomplete sets are to be left out.
+
+  $ printf 'Q1,q2,n1,t1,t2\nx,0,7,red,green\n' > c.csv
+  $ mrset import c.csv c.mrset
+  c.mrset: 5 variables, 1 case
+  $ mrset run a.mrset > /dev/null -c 'MRSET /MDGROUP NAME=$blue VARIABLES=t1 t2 VALUE="blue"'
+  $ mrset copy a.mrset c.mrset
+  mrset: The set $drinks cannot be copied: Q1 is a string in c.mrset, unlike in a.mrset; c.mrset lacks q3.
+  mrset: The set $both cannot be copied: Q1 is a string in c.mrset, unlike in a.mrset.
+  mrset: The set $blue cannot be copied: t1 has width 3 in c.mrset, too narrow for the counted value.
+  mrset: Nothing is copied; --skip-incomplete copies the other sets.
+  [1]
+  $ mrset sets c.mrset
+  The dataset has no multiple response sets.
+  $ mrset copy --skip-incomplete a.mrset c.mrset
+  $drinks: left out
+  $colours: added
+    t1 has width 3 in c.mrset and 8 in a.mrset
+  $both: left out
+  $blue: left out
+  mrset: The set $drinks cannot be copied: Q1 is a string in c.mrset, unlike in a.mrset; c.mrset lacks q3.
+  mrset: The set $both cannot be copied: Q1 is a string in c.mrset, unlike in a.mrset.
+  mrset: The set $blue cannot be copied: t1 has width 3 in c.mrset, too narrow for the counted value.
+  [1]
+  $ mrset sets c.mrset
+  Multiple response sets
+  
+  Name      Type      Label  Counted value  Variables
+  --------  --------  -----  -------------  ---------
+  $colours  category                        t1
+                                            t2
+  $ mrset copy a.mrset c.mrset '$colours'
+  $colours: the same already
+    t1 has width 3 in c.mrset and 8 in a.mrset
+
+What cannot be copied at all.
+
+  $ mrset copy a.mrset b.mrset '$none'
+  mrset: The dataset a.mrset has no set $none.
+  [2]
+  $ mrset copy a.mrset ./a.mrset
+  mrset: a.mrset and ./a.mrset are the same dataset.
+  [2]
+  $ mrset copy a.mrset missing.mrset
+  mrset: missing.mrset does not exist.
+  [2]
+  $ mrset copy missing.mrset a.mrset
+  mrset: missing.mrset does not exist.
+  [2]

@@ -1,0 +1,59 @@
+What differs between the sets of two datasets.
+
+  $ . "$TESTDIR/setup.sh"
+  $ small a.mrset; small b.mrset
+  $ mrset diff a.mrset b.mrset
+  The multiple response sets are the same.
+  $ mrset run a.mrset > /dev/null -c 'MRSET /MDGROUP NAME=$drinks LABEL="Drinks" VARIABLES=q1 TO q3 VALUE=1
+  >   /MCGROUP NAME=$colours VARIABLES=t1 t2 /MCGROUP NAME=$old VARIABLES=t1 t2'
+  $ mrset diff a.mrset b.mrset
+  A: a.mrset
+  B: b.mrset
+  
+  Only in A: $drinks $colours $old
+  [1]
+  $ mrset run b.mrset > /dev/null -c 'MRSET /MCGROUP NAME=$colours VARIABLES=t1 t2 /MCGROUP NAME=$new VARIABLES=t1 t2
+  >   /MDGROUP NAME=$Drinks LABEL="Hot drinks" VARIABLES=q2 q1 n1 VALUE=1.0'
+  $ mrset diff a.mrset b.mrset
+  A: a.mrset
+  B: b.mrset
+  
+  Only in A: $old
+  Only in B: $new
+  $drinks
+    name
+      A: "$drinks"
+      B: "$Drinks"
+    label
+      A: "Drinks"
+      B: "Hot drinks"
+    counted value
+      A: "1"
+      B: "1.0"
+    variables
+      only in A: q3
+      only in B: n1
+      order in A: q1 q2
+      order in B: q2 q1
+  The sets that both have are in another order.
+      A: $drinks $colours
+      B: $colours $Drinks
+  [1]
+  $ mrset diff --format json a.mrset b.mrset
+  {"a":"a.mrset","b":"b.mrset","same":false,"onlyInA":[{"name":"$old","type":"category","label":"","countedValue":"","labelFromVariable":false,"categoryLabelsFromCountedValue":false,"variables":["t1","t2"]}],"onlyInB":[{"name":"$new","type":"category","label":"","countedValue":"","labelFromVariable":false,"categoryLabelsFromCountedValue":false,"variables":["t1","t2"]}],"changed":[{"name":"$drinks","fields":[{"field":"name","a":"$drinks","b":"$Drinks"},{"field":"label","a":"Drinks","b":"Hot drinks"},{"field":"countedValue","a":"1","b":"1.0"},{"field":"variables","a":["q1","q2","q3"],"b":["q2","q1","n1"],"onlyInA":["q3"],"onlyInB":["n1"],"reordered":true}]}],"order":{"same":false,"a":["$drinks","$colours"],"b":["$colours","$Drinks"]}}
+  [1]
+  $ mrset diff b.mrset b.mrset --format json
+  {"a":"b.mrset","b":"b.mrset","same":true,"onlyInA":[],"onlyInB":[],"changed":[],"order":{"same":true,"a":["$colours","$new","$Drinks"],"b":["$colours","$new","$Drinks"]}}
+
+What cannot be compared.
+
+  $ mrset diff a.mrset missing.mrset
+  mrset: missing.mrset does not exist.
+  [2]
+  $ mrset diff a.mrset
+  mrset: B is required.
+  Run "mrset --help" for the subcommands, "mrset SUBCOMMAND --help" for the options.
+  [2]
+  $ echo x > x.mrset; mrset diff x.mrset a.mrset
+  mrset: x.mrset is not a dataset.
+  [2]

@@ -39,14 +39,6 @@ class DiffWriter {
  public:
   explicit DiffWriter(std::size_t width) : fWidth(width) {}
 
-  void WriteSets(const char* where, const std::vector<StoredSet>& sets) {
-    std::vector<std::string> names;
-    for (const StoredSet& set : sets) {
-      names.push_back(set.name);
-    }
-    WriteList(fmt::format("Only in {}: ", where), names);
-  }
-
   void WriteChange(const DifferingSet& change) {
     fText += fmt::format("{}\n", Visible(change.a.name));
     for (const FieldDifference& field : change.fields) {
@@ -56,6 +48,11 @@ class DiffWriter {
     if (change.variablesDiffer) {
       WriteVariables(change.variables);
     }
+  }
+
+  void WriteOnlyIn(const ListDifference& names) {
+    WriteList("Only in A: ", names.onlyInA);
+    WriteList("Only in B: ", names.onlyInB);
   }
 
   void WriteOrder(const ListDifference& names) {
@@ -110,8 +107,7 @@ std::string DiffText(const SetsDifference& difference, const std::string& a, con
     return "The multiple response sets are the same.\n";
   }
   DiffWriter writer(width);
-  writer.WriteSets("A", difference.onlyInA);
-  writer.WriteSets("B", difference.onlyInB);
+  writer.WriteOnlyIn(difference.names);
   for (const DifferingSet& change : difference.changed) {
     writer.WriteChange(change);
   }

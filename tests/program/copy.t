@@ -82,3 +82,24 @@ What cannot be copied at all.
   $ mrset copy missing.mrset a.mrset
   mrset: missing.mrset does not exist.
   [2]
+
+Help.
+
+  $ mrset copy --help
+  Copy sets from one dataset to another
+  Usage: mrset copy [OPTIONS] SOURCE TARGET [SET...]
+  
+  Positionals:
+    SOURCE REQUIRED             Dataset file from which sets are taken
+    TARGET REQUIRED             Dataset file into which they are copied
+    SET ...                     Names of the sets to copy; without any, all
+  
+  Options:
+    -h,--help                   Show this help
+    --skip-incomplete           Leave out the sets whose variables the target lacks and copy the others
+    --dry-run                   Show what would be copied and leave the target as it is
+  
+  Exit status: 0 all sets are copied, 1 a set cannot be copied, 2 wrong usage or an unusable file.
+  Example:
+    mrset copy wave1.mrset wave2.mrset '$drinks' '$toppings'
+  

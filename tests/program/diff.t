@@ -57,3 +57,22 @@ What cannot be compared.
   $ echo x > x.mrset; mrset diff x.mrset a.mrset
   mrset: x.mrset is not a dataset.
   [2]
+
+Help.
+
+  $ mrset diff --help
+  Compare the sets of two datasets
+  Usage: mrset diff [OPTIONS] A B
+  
+  Positionals:
+    A REQUIRED                  Dataset file
+    B REQUIRED                  Dataset file to compare with it
+  
+  Options:
+    -h,--help                   Show this help
+    --format text|json          Form of the output: text for people, json for programs
+  
+  Exit status: 0 the sets are the same, 1 they differ, 2 wrong usage or an unusable file.
+  Example:
+    mrset diff wave1.mrset wave2.mrset
+  

@@ -135,3 +135,24 @@ On a terminal, characters that would act on it are shown as escapes; elsewhere t
     LABEL='a\x07b'
     VARIABLES=t1 t2.
   mrset: Characters that would act on the terminal are shown as escapes; --output writes them as they are.
+
+Help.
+
+  $ mrset script --help
+  Write the commands that make a dataset's sets
+  Usage: mrset script [OPTIONS] DATASET [SET...]
+  
+  Positionals:
+    DATASET REQUIRED            Dataset file
+    SET ...                     Names of the sets to write; without any, all
+  
+  Options:
+    -h,--help                   Show this help
+    --output FILE               Write the script to this file
+    --delete-all                Begin by deleting all sets of the dataset on which the script runs
+  
+  Exit status: 0 all sets are written, 1 a set cannot be written as a command, 2 wrong usage or an unusable file.
+  Example:
+    mrset script survey.mrset --output sets.script
+    mrset run other.mrset sets.script
+  

@@ -96,8 +96,10 @@ void SuppressCoreDump() {
   setrlimit(RLIMIT_CORE, &none);
 }
 
-/// Signals end the child as they come: what the handlers of its parent do is the parent's to do.
-void LeaveHandlersToParent() {
+/// Signals end the child as they come: what the handlers of its parent do is the parent's to do. That nobody reads its
+/// notices must not end it.
+void SetUpSignals() {
+  signal(SIGPIPE, SIG_IGN);
   for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
     struct sigaction action = {};
     sigaction(number, nullptr, &action);
@@ -140,7 +142,7 @@ Worker::Worker(const std::function<void(const Tell& tell)>& work)
     ThrowSystemError("fork");
   }
   if (fChild == 0) {
-    LeaveHandlersToParent();
+    SetUpSignals();
     EndWithParent(parent);
     close(channel[0]);
     const int console = fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);

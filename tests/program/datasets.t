@@ -98,4 +98,17 @@ Whoever runs this, it is done by somebody without rights, in a place that everyb
   
   $a    category                        t1
                                         t2
-  $ chmod u+w "$place/data" && rm -r "$place"
+
+One that was left in the middle of a write cannot: whoever may write it puts it right by opening it.
+
+  $ chmod u+w "$place/data" "$place/data/s.mrset"; cp "$place/data/s.mrset" sound.mrset
+  $ sqlite3 "$place/data/s.mrset" 'PRAGMA cache_size = 1' 'BEGIN' 'UPDATE cases SET cells = hex(zeroblob(100000))' '.shell cp -r '"$place"'/data '"$place"'/hot' 'ROLLBACK' > /dev/null
+  $ ls "$place/hot"; cp -r "$place/hot" mine; chmod a-w "$place/hot/s.mrset" "$place/hot"
+  s.mrset
+  s.mrset-journal
+  $ in_place bin/mrset sets hot/s.mrset
+  mrset: hot/s.mrset was left in the middle of a write; it must be opened once with permission to write.
+  [2]
+  $ mrset check mine/s.mrset; diff <(mrset sets mine/s.mrset) <(mrset sets sound.mrset)
+  mine/s.mrset is sound.
+  $ chmod u+w "$place/data" "$place/hot" && rm -r "$place"

@@ -73,6 +73,17 @@ The first change sets a copy aside, with the permissions of the dataset.
   s.mrset is sound.
   $ diff <(mrset sets before.mrset) <(mrset sets s.mrset)
 
+Of several processes that come at once, one brings it to the present format, and all do their work.
+
+  $ old many.mrset; for i in 1 2 3 4 5 6; do mrset run many.mrset -c "MRSET /MCGROUP NAME=\$m$i VARIABLES=t1 t2" > /dev/null 2> "$i.err" & done; wait
+  $ cat ?.err | grep -v '^mrset: waiting'; rm ?.err; ls many.mrset*
+  mrset: many.mrset was brought from format version 1 to 2; a copy as it was is many.mrset.v1.bak.
+  many.mrset
+  many.mrset.v1.bak
+  $ mrset sets many.mrset --format json | grep -o '"name":"\$m' | wc -l; mrset check many.mrset; rm many.mrset*
+  6
+  many.mrset is sound.
+
 So does an import that replaces the variables. A copy that is there is never overwritten; one that is the same serves.
 
   $ old s.mrset; printf 'q1,x\n1,2\n' > other.csv; mrset import --replace other.csv s.mrset

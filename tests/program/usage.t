@@ -142,3 +142,50 @@ Help and version are results.
   Example:
     mrset variables survey.mrset --format csv
   
+  $ mrset log --help
+  List the changes of a dataset's sets
+  Usage: mrset log [OPTIONS] DATASET
+  
+  Positionals:
+    DATASET REQUIRED            Dataset file
+  
+  Options:
+    -h,--help                   Show this help
+    --format text|json          Form of the output: text for people, json for programs
+    --lock-timeout SECONDS      How long to wait while another process has the dataset locked; 30 seconds unless given, 0 not at all
+  
+  Example:
+    mrset log survey.mrset
+  
+  $ mrset undo --help
+  Go back to the sets as they were
+  Usage: mrset undo [OPTIONS] DATASET
+  
+  Positionals:
+    DATASET REQUIRED            Dataset file
+  
+  Options:
+    -h,--help                   Show this help
+    --to N                      Go back to version N, the sets as change N left them, instead of undoing the last change
+    --lock-timeout SECONDS      How long to wait while another process has the dataset locked; 30 seconds unless given, 0 not at all
+  
+  Undoing is itself a change: to undo twice brings the sets back.
+  Exit status: 0 done, 1 there is nothing to undo, 2 wrong usage, no such version or an unusable file.
+  Example:
+    mrset undo survey.mrset --to 3
+  
+  $ mrset check --help
+  Verify that a dataset is sound
+  Usage: mrset check [OPTIONS] DATASET
+  
+  Positionals:
+    DATASET REQUIRED            Dataset file
+  
+  Options:
+    -h,--help                   Show this help
+    --lock-timeout SECONDS      How long to wait while another process has the dataset locked; 30 seconds unless given, 0 not at all
+  
+  Exit status: 0 sound, 1 something is not as it should be, 2 wrong usage, or not readable as a dataset.
+  Example:
+    mrset check survey.mrset
+  

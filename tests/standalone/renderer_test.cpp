@@ -124,6 +124,15 @@ TEST(TextRenderer, SetsCommandsApart) {
       "1> A\n\n2> B\n\n" + kOneSet + "\n3> C\nError: e\n\n4> D\n");
 }
 
+TEST(TextRenderer, SaysWhetherAnAbortedCommandCanHaveBeenSaved) {
+  CommandResult result = Result("A", {Message{Level::kFatal, "f"}}, Status::kAborted);
+  EXPECT_EQ(Text({result}), "1> A\nFatal: f\nThe command was aborted; the dataset is as it was before it.\n");
+  result.isSaveOpen = true;
+  EXPECT_EQ(Text({result}),
+            "1> A\nFatal: f\nThe command was aborted while it was being saved; \"mrset log\" shows whether it changed "
+            "the dataset.\n");
+}
+
 TEST(TextRenderer, KeepsTablesWithinTheWidth) {
   std::ostringstream stream;
   Table table = OneSet();

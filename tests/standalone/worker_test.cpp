@@ -76,6 +76,38 @@ TEST(Worker, SendsAFailureAtOnce) {
   EXPECT_EQ(ReceiveAll(worker), Lines{R"({"failed":"A sentence."})"});
 }
 
+TEST(Worker, ShowsANoticeAtOnceOnTheStandardErrorOfItsParent) {
+  testing::internal::CaptureStderr();
+  {
+    Worker worker([](const Worker::Tell& tell) {
+      tell(ProcedureOpened{"title"});
+      tell(Noticed{"waiting\x1b"});
+      std::cerr << "words" << std::flush;
+      std::abort();
+    });
+    EXPECT_EQ(ReceiveAll(worker), Lines{});
+    EXPECT_EQ(ToLines(worker.EventsOfLastCommand()), Lines{R"({"procedure":"title"})"});
+    EXPECT_EQ(worker.LastWords(), "words");
+  }
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "mrset: waiting\\x1b\n");
+}
+
+TEST(Worker, OutlivesAReaderOfItsNotices) {
+  int ends[2] = {};
+  ASSERT_EQ(pipe(ends), 0);
+  close(ends[0]);
+  const int own = dup(STDERR_FILENO);
+  dup2(ends[1], STDERR_FILENO);
+  Worker worker([](const Worker::Tell& tell) {
+    tell(Noticed{"to nobody"});
+    tell(CommandDone{0});
+  });
+  dup2(own, STDERR_FILENO);
+  close(own);
+  close(ends[1]);
+  EXPECT_EQ(ReceiveAll(worker), Lines{R"({"done":0})"});
+}
+
 TEST(Worker, TellsTheSignalOfAChildThatSaidNothing) {
   Worker worker([](const Worker::Tell&) { raise(SIGKILL); });
   EXPECT_EQ(ReceiveAll(worker), Lines{});

@@ -86,6 +86,7 @@ class Dataset::Implementation {
  private:
   std::int64_t StoredGeneration();
   void ForgetWhatWasRead();
+  void ForgetSets();
   bool HasHistory();
   Saved Write(const std::vector<StoredSet>& sets, const std::string& command);
   void WriteLocked(const std::vector<StoredSet>& sets, const std::string& command);
@@ -135,12 +136,13 @@ Dataset::Saved Dataset::Implementation::Save(const std::vector<StoredSet>& sets,
     const bool isNothingToWrite = AreSame(stored, sets) || (!HasHistory() && SameButForOrder(stored, sets));
     saved = isNothingToWrite ? Saved::kDone : Write(sets, command);
   } catch (const ReadOnlyError&) {
-    End();
-    if (!SameButForOrder(stored, sets)) {
+    const bool isOrderAlone = SameButForOrder(stored, sets);
+    ForgetSets();
+    if (!isOrderAlone) {
       throw;
     }
   } catch (...) {
-    End();
+    ForgetSets();
     throw;
   }
   End();
@@ -189,6 +191,12 @@ void Dataset::Implementation::ForgetWhatWasRead() {
   fVariableCount.reset();
   fVariables.clear();
   fPositions.clear();
+  fSets.reset();
+}
+
+// After a failure: what lies where need not be what was read since.
+void Dataset::Implementation::ForgetSets() {
+  End();
   fSets.reset();
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
@@ -19,6 +20,7 @@ KeptSet SetOfRow(Database& database, Query& row) {
   kept.id = OrdinaryNumber(database, row.Integer(0));
   kept.position = OrdinaryNumber(database, row.Integer(1));
   kept.set.name = row.Text(2);
+  kept.key = ToUpper(kept.set.name);
   kept.set.type = SetTypeOf(database, row.Integer(3));
   kept.set.label = row.Text(4);
   kept.set.countedValue = row.Text(5);
@@ -29,9 +31,9 @@ KeptSet SetOfRow(Database& database, Query& row) {
 
 // In a damaged file the names need not be those of the keys that the file holds apart.
 void CheckNamesDiffer(Database& database, const std::vector<KeptSet>& sets) {
-  std::unordered_set<std::string> keys;
+  std::unordered_set<std::string_view> keys;
   for (const KeptSet& kept : sets) {
-    if (!keys.insert(ToUpper(kept.set.name)).second) {
+    if (!keys.insert(kept.key).second) {
       database.FailAsDamaged();
     }
   }
@@ -61,7 +63,7 @@ void WriteVariables(Database& database, std::int64_t id, const std::vector<std::
   }
 }
 
-void WriteSet(Database& database, const KeptSet& kept, const std::string& key) {
+void WriteSet(Database& database, const KeptSet& kept) {
   const StoredSet& set = kept.set;
   Query(database,
         "INSERT INTO mr_set VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9)"
@@ -70,7 +72,7 @@ void WriteSet(Database& database, const KeptSet& kept, const std::string& key) {
       .Bind(kept.id)
       .Bind(kept.position)
       .Bind(set.name)
-      .Bind(key)
+      .Bind(kept.key)
       .Bind(static_cast<std::int64_t>(set.type))
       .Bind(set.label)
       .Bind(set.countedValue)
@@ -93,13 +95,13 @@ class SetsByKey {
  public:
   explicit SetsByKey(const std::vector<KeptSet>& sets) {
     for (const KeptSet& kept : sets) {
-      fSets.emplace(ToUpper(kept.set.name), &kept);
+      fSets.emplace(kept.key, &kept);
       fNextId = std::max(fNextId, kept.id + 1);
     }
   }
 
   /// Null when there is none of that name.
-  const KeptSet* Take(const std::string& key) {
+  const KeptSet* Take(std::string_view key) {
     const auto found = fSets.find(key);
     if (found == fSets.end()) {
       return nullptr;
@@ -109,11 +111,11 @@ class SetsByKey {
     return taken;
   }
 
-  const std::unordered_map<std::string, const KeptSet*>& Left() const { return fSets; }
+  const std::unordered_map<std::string_view, const KeptSet*>& Left() const { return fSets; }
   std::int64_t NewId() { return fNextId++; }
 
  private:
-  std::unordered_map<std::string, const KeptSet*> fSets;
+  std::unordered_map<std::string_view, const KeptSet*> fSets;
   std::int64_t fNextId = 1;
 };
 
@@ -121,7 +123,6 @@ class SetsByKey {
 struct PlannedSet {
   const KeptSet* before;
   KeptSet after;
-  std::string key;
 };
 
 std::vector<PlannedSet> Plan(SetsByKey& stored, const std::vector<StoredSet>& after) {
@@ -133,7 +134,7 @@ std::vector<PlannedSet> Plan(SetsByKey& stored, const std::vector<StoredSet>& af
     std::string key = ToUpper(set.name);
     const KeptSet* before = stored.Take(key);
     positions.push_back(before == nullptr ? std::nullopt : std::make_optional(before->position));
-    plan.push_back({before, {before == nullptr ? stored.NewId() : before->id, 0, set}, std::move(key)});
+    plan.push_back({before, {before == nullptr ? stored.NewId() : before->id, 0, set, std::move(key)}});
   }
   const std::vector<std::int64_t> planned = PlanPositions(positions);
   for (std::size_t row = 0; row < plan.size(); ++row) {
@@ -171,7 +172,7 @@ void WriteEdit(Database& database, ChangeKind kind, const PlannedSet& planned) {
     MoveSet(database, after.id, after.position);
     return;
   }
-  WriteSet(database, after, planned.key);
+  WriteSet(database, after);
   if (kind == ChangeKind::kDefined || planned.before->set.variables != after.set.variables) {
     WriteVariables(database, after.id, after.set.variables);
   }

@@ -15,6 +15,7 @@ struct KeptSet {
   std::int64_t id = 0;
   std::int64_t position = 0;
   StoredSet set;
+  std::string key;  ///< the upper-case form of the name
 };
 
 /// Numbers up to which the program never counts, and types that it does not know, are the mark of a damaged file.

@@ -36,6 +36,7 @@ class TextRenderer final : public Renderer {
   void WriteCommandLine(const std::string& mark, std::string_view line);
   void WriteItem(const CommandResult& result, const Message& message);
   void WriteItem(const CommandResult& result, const Table& table);
+  void WriteAdditions(const CommandResult& result, const Message& message);
   void WritePlace(const CommandResult& result, const Message& message);
   void WriteHint(const std::string& hint);
   void SetApart(bool fromLineBefore);
@@ -46,12 +47,14 @@ class TextRenderer final : public Renderer {
   std::unique_ptr<TableWriter> fTables;
   bool fIsFirst = true;
   bool fFollowsTable = false;
+  LastMessage fLastMessage;
 };
 
 void TextRenderer::Write(const CommandResult& result) {
   SetApart(!fIsFirst);
   fIsFirst = false;
   WriteCommand(result.number, result.text);
+  fLastMessage.Forget();
   for (const Item& item : result.items) {
     std::visit([&](const auto& one) { WriteItem(result, one); }, item);
   }
@@ -86,6 +89,12 @@ void TextRenderer::WriteItem(const CommandResult& result, const Message& message
   SetApart(fFollowsTable);
   const std::string prefix = fmt::format("{}:", LevelName(message.level));
   fStream << Painted(prefix, StyleOf(message.level), fColour) << ' ' << Visible(TrimmedText(message)) << '\n';
+  if (!fLastMessage.IsRepeatedBy(message)) {
+    WriteAdditions(result, message);
+  }
+}
+
+void TextRenderer::WriteAdditions(const CommandResult& result, const Message& message) {
   if (message.place) {
     WritePlace(result, message);
   }
@@ -111,6 +120,7 @@ void TextRenderer::WriteItem(const CommandResult& /*result*/, const Table& table
   SetApart(true);
   fTables->Write(table);
   fFollowsTable = true;
+  fLastMessage.Forget();
 }
 
 void TextRenderer::SetApart(bool fromLineBefore) {

@@ -13,6 +13,9 @@ A failed assertion of the module ends its command and nothing else.
   $ mrset run s.mrset aborting.script | numberless
   1> MRSET /DELETE NAME=ALL /MCGROUP VARIABLES=q1 q2
   Error: MCGROUP has no name.
+    aborting.script, line 1, column 25:
+      MRSET /DELETE NAME=ALL /MCGROUP VARIABLES=q1 q2.
+                              ^^^^^^^
   Fatal: mrset: backend/mrset/mrsetapply.cpp:LINE: void AddMCGroup(const MRSetSubcommand&, const ZEVA_DataSource&, VARIABLESETS&): Assertion `!subcmd.fName.empty()' failed.
   The command was aborted; the dataset is as it was before it.
   
@@ -37,10 +40,10 @@ A failed assertion of the module ends its command and nothing else.
 The commands after them run.
 
   $ mrset run s.mrset aborting.script -c 'MRSET /MCGROUP NAME=$q VARIABLES=q1 q2' --format json | numberless
-  {"command":1,"line":1,"text":"MRSET /DELETE NAME=ALL /MCGROUP VARIABLES=q1 q2","procedure":"Multiple Response Set","status":"aborted","items":[{"kind":"message","level":"error","text":"MCGROUP has no name."},{"kind":"message","level":"fatal","text":"mrset: backend/mrset/mrsetapply.cpp:LINE: void AddMCGroup(const MRSetSubcommand&, const ZEVA_DataSource&, VARIABLESETS&): Assertion `!subcmd.fName.empty()' failed."}]}
-  {"command":2,"line":2,"text":"MRSET /DELETE NAME=[]","procedure":"Multiple Response Set","status":"aborted","items":[{"kind":"message","level":"fatal","text":"mrset: backend/mrset/mrsetapply.cpp:LINE: void DeleteMRSets(const MRSetSubcommand&, VARIABLESETS&): Assertion `!subcmd.fNames.empty()' failed."}]}
-  {"command":3,"line":3,"text":"MRSET /DISPLAY NAME=ALL /DELETE NAME=[x]","procedure":"Multiple Response Set","status":"aborted","items":[{"kind":"table","title":"Multiple Response Sets","rowDimension":"Name","columnDimension":"Attributes","columns":["Label","Coded As","Counted Value","Data Type","Elementary Variables"],"rows":[{"name":"$colours","cells":[null,"Categories","N/A","String",["First colour","t2"]],"notes":[null,null,null,null,null]}]},{"kind":"message","level":"fatal","text":"mrset: backend/mrset/mrsetapply.cpp:LINE: void DeleteMRSets(const MRSetSubcommand&, VARIABLESETS&): Assertion `(*namesIter)[0] == '$'' failed."}]}
-  {"command":4,"line":1,"text":"MRSET /MCGROUP NAME=$q VARIABLES=q1 q2","procedure":"Multiple Response Set","status":"ok","items":[]}
+  {"command":1,"line":1,"text":"MRSET /DELETE NAME=ALL /MCGROUP VARIABLES=q1 q2","procedure":"Multiple Response Set","status":"aborted","items":[{"kind":"message","level":"error","text":"MCGROUP has no name.","line":1,"column":25,"length":7},{"kind":"message","level":"fatal","text":"mrset: backend/mrset/mrsetapply.cpp:LINE: void AddMCGroup(const MRSetSubcommand&, const ZEVA_DataSource&, VARIABLESETS&): Assertion `!subcmd.fName.empty()' failed."}],"source":"aborting.script"}
+  {"command":2,"line":2,"text":"MRSET /DELETE NAME=[]","procedure":"Multiple Response Set","status":"aborted","items":[{"kind":"message","level":"fatal","text":"mrset: backend/mrset/mrsetapply.cpp:LINE: void DeleteMRSets(const MRSetSubcommand&, VARIABLESETS&): Assertion `!subcmd.fNames.empty()' failed."}],"source":"aborting.script"}
+  {"command":3,"line":3,"text":"MRSET /DISPLAY NAME=ALL /DELETE NAME=[x]","procedure":"Multiple Response Set","status":"aborted","items":[{"kind":"table","title":"Multiple Response Sets","rowDimension":"Name","columnDimension":"Attributes","columns":["Label","Coded As","Counted Value","Data Type","Elementary Variables"],"rows":[{"name":"$colours","cells":[null,"Categories","N/A","String",["First colour","t2"]],"notes":[null,null,null,null,null]}]},{"kind":"message","level":"fatal","text":"mrset: backend/mrset/mrsetapply.cpp:LINE: void DeleteMRSets(const MRSetSubcommand&, VARIABLESETS&): Assertion `(*namesIter)[0] == '$'' failed."}],"source":"aborting.script"}
+  {"command":4,"line":1,"text":"MRSET /MCGROUP NAME=$q VARIABLES=q1 q2","procedure":"Multiple Response Set","status":"ok","items":[],"source":"-c 1"}
   [3]
   $ mrset sets s.mrset
   Multiple response sets

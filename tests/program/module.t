@@ -18,6 +18,9 @@ It is loaded by the first command that needs it.
   $ MRSET_MODULE=/no/such/module.so mrset run s.mrset -c 'OTHER'
   1> OTHER
   Error: Line 1: OTHER is not a command. The command here is MRSET.
+    -c 1, line 1, column 1:
+      OTHER
+      ^^^^^
   [1]
   $ MRSET_MODULE=/no/such/module.so mrset sets s.mrset
   The dataset has no multiple response sets.

@@ -56,6 +56,9 @@ The script first, then each -c, in their order; the final period of -c is option
   
   4> MRSET /DELETE NAME=[$drinks $colours]
   Warning: $drinks MRSET can not be found in the dataset.
+    -c 2, line 1, column 21:
+      MRSET /DELETE NAME=[$drinks $colours].
+                          ^^^^^^^
   $ mrset sets s.mrset
   The dataset has no multiple response sets.
 
@@ -64,6 +67,9 @@ An error message gives exit status 1 and does not keep the next command from run
   $ mrset run s.mrset -c 'MRSET /MCGROUP NAME=colours VARIABLES=t1 t2' -c 'MRSET /MCGROUP NAME=$colours VARIABLES=t1 t2'
   1> MRSET /MCGROUP NAME=colours VARIABLES=t1 t2
   Error: The MRSET name colours must start with $.
+    -c 1, line 1, column 21:
+      MRSET /MCGROUP NAME=colours VARIABLES=t1 t2
+                          ^^^^^^^
   
   2> MRSET /MCGROUP NAME=$colours VARIABLES=t1 t2
   [1]
@@ -80,6 +86,9 @@ An error message gives exit status 1 and does not keep the next command from run
   $ mrset run s.mrset --stop-on-error -c 'MRSET /DELETE NAME=ALL /FOO' -c 'MRSET /DELETE NAME=ALL'
   1> MRSET /DELETE NAME=ALL /FOO
   Error: Invalid MRSET subcommand. Found FOO ..
+    -c 1, line 1, column 25:
+      MRSET /DELETE NAME=ALL /FOO
+                              ^^^
   [1]
   $ mrset run s.mrset --stop-on-error -c 'MRSET /DELETE NAME=[x]' -c 'MRSET /DELETE NAME=ALL' | numberless
   1> MRSET /DELETE NAME=[x]
@@ -99,6 +108,9 @@ A warning is no error.
   $ mrset run s.mrset --stop-on-error -c 'MRSET /DELETE NAME=[$no]' -c 'MRSET /DELETE NAME=ALL'
   1> MRSET /DELETE NAME=[$no]
   Warning: $no MRSET can not be found in the dataset.
+    -c 1, line 1, column 21:
+      MRSET /DELETE NAME=[$no]
+                          ^^^
   
   2> MRSET /DELETE NAME=ALL
 
@@ -107,6 +119,10 @@ An error that does not stop the command leaves its result, and exit status 1.
   $ mrset run s.mrset -c 'MRSET /MDGROUP NAME=$half VARIABLES=q1 q2 VALUE=0.5'
   1> MRSET /MDGROUP NAME=$half VARIABLES=q1 q2 VALUE=0.5
   Error: The counted value 0.5 is not an integer.
+    -c 1, line 1, column 49:
+      MRSET /MDGROUP NAME=$half VARIABLES=q1 q2 VALUE=0.5
+                                                      ^^^
+  hint: no case has the counted value 0.5 of $half: q1 has 0, 1
   [1]
   $ mrset sets s.mrset --format json
   {"sets":[{"name":"$half","type":"dichotomy","label":"","countedValue":"0.5","labelFromVariable":false,"categoryLabelsFromCountedValue":false,"variables":["q1","q2"]}]}
@@ -186,6 +202,9 @@ What the run reads is never overwritten; a link leads on, and what is no plain f
   $ mrset run s.mrset --output /dev/stdout -c 'MRSET' | cat
   1> MRSET
   Error: No subcommand in MRSET command.
+    -c 1, line 1, column 6:
+      MRSET
+           ^
   [1]
   $ (echo before; mrset run s.mrset --output /dev/stdout -c 'MRSET /DISPLAY NAME=[$none]'; echo after) > shared.txt; sed -n '1,2p;$p' shared.txt
   before
@@ -226,7 +245,8 @@ A script that cannot be read.
 Tables fit the 80 columns of a line where there is no terminal.
 
   $ breakfast b.mrset
-  $ mrset run b.mrset "$EXAMPLES/breakfast.script" | awk 'length > 80 && !/^[>+]/'
+  $ cp "$EXAMPLES/breakfast.script" .
+  $ mrset run b.mrset breakfast.script | awk 'length > 80 && !/^[>+]/'
      /MDGROUP NAME=$drinks LABEL='Drinks at breakfast' VARIABLES=drink1 TO drink5 VALUE=1
   3> MRSET /MDGROUP NAME=$Drinks LABEL='Hot drinks' VARIABLES=drink1 drink2 VALUE=1
 

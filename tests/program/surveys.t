@@ -94,6 +94,9 @@ Redefined in other letter case: the place in the list stays, the rest is new.
   $ mrset run t.mrset -c "MRSET /MDGROUP NAME=\$desserts LABEL='Desserts' VARIABLES=dessert1 TO dessert11 VALUE=1 /MDGROUP NAME=\$apple LABEL='Apple' VARIABLES=pie_t1 dessert_t1 VALUE='Apple'"
   1> MRSET /MDGROUP NAME=$desserts LABEL='Desserts' VARIABLES=dessert1 TO dessert11 VALUE=1 /MDGROUP NAME=$apple LABEL='Apple' VARIABLES=pie_t1 dessert_t1 VALUE='Apple'
   Warning: CountVal 1 label different in the variables.
+    -c 1, line 1, column 86:
+      ...ABLES=dessert1 TO dessert11 VALUE=1 /MDGROUP NAME=$apple LABEL='Apple'...
+                                           ^
   Warning: CountVal 1 label different in the variables.
   Warning: CountVal 1 label different in the variables.
   Warning: CountVal 1 label different in the variables.
@@ -103,6 +106,7 @@ Redefined in other letter case: the place in the list stays, the rest is new.
   Warning: CountVal 1 label different in the variables.
   Warning: CountVal 1 label different in the variables.
   Warning: CountVal 1 label different in the variables.
+  hint: no case has chosen dessert_t1 of $apple
   $ mrset sets t.mrset
   Multiple response sets
   
@@ -143,7 +147,7 @@ Redefined in other letter case: the place in the list stays, the rest is new.
 What is wrong with a set is told, and nothing is saved.
 
   $ for command in '/MDGROUP NAME=$x VARIABLES=side1 side_t1 VALUE=1' '/MDGROUP NAME=$x VARIABLES=side1 side2 VALUE="1"' '/MDGROUP NAME=$x VARIABLES=side_t1 side_t2 VALUE=1' '/MDGROUP NAME=$x VARIABLES=side1 TO side14 VALUE=1 LABELSOURCE=VARLABEL' '/MDGROUP NAME=$x VARIABLES=side1 TO side14 VALUE=2 CATEGORYLABELS=COUNTEDVALUES' '/MCGROUP NAME=$x VARIABLES=side1' '/MCGROUP NAME=$x VARIABLES=side1 side2 VALUE=1' '/MDGROUP NAME=$x VARIABLES=q1 q2 VALUE="Turkey and ham"' '/MDGROUP' '/MCGROUP' '/DISPLAY' '/DELETE'; do
-  >   mrset run t.mrset -c "MRSET /DELETE NAME=ALL $command" | tail -1
+  >   mrset run t.mrset -c "MRSET /DELETE NAME=ALL $command" | grep Error:
   > done
   Error: side_t1 variable has a different type.
   Error: $x:variables are numbers and countedval is string.
@@ -270,6 +274,9 @@ The other survey.
   $ mrset run s.mrset -c 'MRSET /DISPLAY NAME=[$views $ranks $seen $nothing]'
   1> MRSET /DISPLAY NAME=[$views $ranks $seen $nothing]
   Warning: One or more of the sets specified do not exist... $nothing
+    -c 1, line 1, column 42:
+      MRSET /DISPLAY NAME=[$views $ranks $seen $nothing]
+                                               ^^^^^^^^
   
   Multiple Response Sets
   

@@ -130,7 +130,7 @@ TEST_F(ChoiceHintsTest, EndWhereTooMuchWouldBeRead) {
   WriteCases("over.mrset", 2, {large, large});
   EXPECT_EQ(HintsOn(hints, "over.mrset", "a", 2), Texts{});
   int given = 0;
-  for (int command = 0; command < 40; ++command) {
+  for (int command = 0; command < 20; ++command) {
     given += static_cast<int>(HintsOn(hints, "two.mrset", "a", 2).size());
   }
   EXPECT_EQ(given, 15);  // what the run has left of its 32 MB, 1.8 MB a command

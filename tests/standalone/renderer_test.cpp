@@ -105,6 +105,25 @@ TEST(TextRenderer, ShowsPlacesAndHintsUnderTheirMessage) {
                 "hint: second\\x1b\n");
 }
 
+TEST(TextRenderer, ShowsThePlaceOfAMessageThatIsRepeatedOnce) {
+  Message first{Level::kWarning, "w"};
+  first.place = Place{1, 1, 1, 0, 1};
+  Message elsewhere = first;
+  elsewhere.place = Place{1, 3, 1, 2, 1};
+  Message other = elsewhere;
+  other.text = "x";
+  Message hinted = other;
+  hinted.hint = "h";
+  const std::string atA = "  line 1, column 1:\n    A B\n    ^\n";
+  const std::string atB = "  line 1, column 3:\n    A B\n      ^\n";
+  const std::string w = "Warning: w\n";
+  const std::string x = "Warning: x\n";
+  EXPECT_EQ(Text({Result("A B", {first, first, elsewhere, elsewhere, first, other, hinted, hinted, OneSet(), hinted}),
+                  Result("A B", {hinted})}),
+            "1> A B\n" + w + atA + w + w + atB + w + w + atA + x + atB + x + atB + "hint: h\n" + x + "\n" + kOneSet +
+                "\n" + x + atB + "hint: h\n\n2> A B\n" + x + atB + "hint: h\n");
+}
+
 TEST(TextRenderer, SetsTablesApart) {
   EXPECT_EQ(Text({Result("A", {Message{Level::kWarning, "w"}, OneSet(), OneSet(), Message{Level::kWarning, "v"},
                                Message{Level::kWarning, "u"}})}),

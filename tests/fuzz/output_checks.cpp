@@ -5,7 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "standalone/language/place.h"
 #include "standalone/output/composite.h"
+#include "standalone/output/excerpt.h"
 #include "standalone/output/json.h"
 #include "standalone/output/renderer.h"
 #include "standalone/output/text_table.h"
@@ -117,17 +119,45 @@ void CheckRenderers(const standalone::CommandResult& result, std::size_t width) 
   Check(Json::parse(json.str()).is_object(), "a result is an object");
 }
 
+/// Some characters of the text on one line, or none.
+standalone::Place SomePlace(std::string_view text, std::size_t choice) {
+  const auto characters = [text](std::size_t bytes) { return standalone::PrefixOfWholeCharacters(text, bytes).size(); };
+  const std::size_t offset = characters(text.empty() ? 0 : choice * 31 % text.size());
+  const std::size_t size = std::min(text.find('\n', offset), characters(offset + choice % 7)) - offset;
+  return standalone::PlaceFinder(text, 1, "").At(offset, std::min(size, text.size() - offset));
+}
+
+void CheckExcerpt(const standalone::CommandResult& result, const standalone::Place& place, std::size_t width) {
+  constexpr std::size_t kNarrowest = 20;
+  const standalone::Excerpt excerpt = standalone::ExcerptAt(result, place, width);
+  const std::size_t room = std::max(width, kNarrowest);
+  Check(!ActsOnTerminal(excerpt.line) && excerpt.line.find('\n') == std::string::npos, "an excerpt is one line");
+  Check(standalone::DisplayWidth(excerpt.line) <= room, "an excerpt is as narrow as asked");
+  Check(excerpt.caretWidth > 0 && excerpt.caretColumn + excerpt.caretWidth <= room, "carets stand under the excerpt");
+  Check(excerpt.tokenBegin <= excerpt.tokenEnd && excerpt.tokenEnd <= excerpt.line.size(), "the place is in the line");
+}
+
 }  // namespace
 
 void CheckOutput(std::string_view text, std::size_t width) {
   const Texts lines = LinesOf(text);
   const standalone::Table table = TableOf(lines, 1 + width % 4);
-  const standalone::Message message{standalone::Level::kWarning, std::string(text)};
+  standalone::Message message{standalone::Level::kWarning, std::string(text)};
+  message.place = SomePlace(text, width);
+  message.hint = std::string(text);
   CheckTemplate(lines);
   CheckTable(table, width);
   CheckJson(table);
   CheckJson(message);
-  CheckRenderers({1, 1, std::string(text), std::nullopt, standalone::Status::kOk, {message, table}}, width);
+  standalone::CommandResult result;
+  result.text = text;
+  result.before = lines.empty() ? "" : lines.back();
+  result.behind = result.before;
+  result.source = text;
+  result.items = {message, table};
+  result.hints = {std::string(text)};
+  CheckExcerpt(result, *message.place, width);
+  CheckRenderers(result, width);
 }
 
 void CheckForeignJson(std::string_view text) {

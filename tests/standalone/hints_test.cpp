@@ -87,7 +87,8 @@ TEST_F(Hints, TellOfNoEqualsWhereNoneIsMissing) {
       {"MRSET /MDGROUP LABELSOURCE=VAR )", ""},  // the value, not VARIABLES
       {"MRSET /DISPLAY NAME=[$a NAME )", ""},
       {"MRSET /DISPLAY NAME=$a", ""},
-      {"MRSET /MCGROUP NAME=$a VARIABLES=q1 q2 VALUE 1", ""},  // MCGROUP has no VALUE
+      {"MRSET /MCGROUP NAME=$a VARIABLES=q1 q2 VALUE 1", ""},    // MCGROUP has no VALUE
+      {"MRSET /MCGROUP NAME=$a VARIABLES=q1 q2 LABEL 'x'", ""},  // the variable labels may be meant
   });
 }
 

@@ -91,6 +91,7 @@ class ItemsHtml {
  private:
   void Add(const Message& message);
   void Add(const Table& table);
+  std::string AdditionsHtml(const Message& message) const;
   void AddToMessages(std::string_view className, const std::string& html);
   void EndMessages();
 
@@ -99,18 +100,21 @@ class ItemsHtml {
   std::string fHtml;
   std::size_t fTables = 0;
   bool fInMessages = false;
+  LastMessage fLastMessage;
 };
 
 void ItemsHtml::Add(const Message& message) {
   std::string html =
       fmt::format("<p><strong>{}:</strong> {}</p>", LevelName(message.level), HtmlLines(TrimmedText(message)));
-  if (message.place) {
-    html += PlaceHtml(fResult, *message.place);
-  }
-  if (message.hint) {
-    html += HintHtml(*message.hint);
+  if (!fLastMessage.IsRepeatedBy(message)) {
+    html += AdditionsHtml(message);
   }
   AddToMessages(ClassOf(message.level), html);
+}
+
+std::string ItemsHtml::AdditionsHtml(const Message& message) const {
+  const std::string place = message.place ? PlaceHtml(fResult, *message.place) : "";
+  return place + (message.hint ? HintHtml(*message.hint) : "");
 }
 
 void ItemsHtml::AddToMessages(std::string_view className, const std::string& html) {
@@ -123,6 +127,7 @@ void ItemsHtml::AddToMessages(std::string_view className, const std::string& htm
 
 void ItemsHtml::Add(const Table& table) {
   EndMessages();
+  fLastMessage.Forget();
   fHtml += HtmlTable(table, fmt::format("{}-table-{}", fId, ++fTables));
 }
 

@@ -22,6 +22,7 @@ class MarkdownRenderer final : public Renderer {
   void Write(const CommandResult& result) override {
     fStream << fmt::format("{}## Command {}\n\n{}", fIsFirst ? "" : "\n", result.number, MarkdownCode(result.text));
     fIsFirst = false;
+    fLastMessage.Forget();
     for (const Item& item : result.items) {
       fStream << '\n';
       std::visit([&](const auto& one) { WriteItem(result, one); }, item);
@@ -37,6 +38,12 @@ class MarkdownRenderer final : public Renderer {
  private:
   void WriteItem(const CommandResult& result, const Message& message) {
     fStream << fmt::format("**{}:** {}\n", LevelName(message.level), MarkdownText(TrimmedText(message)));
+    if (!fLastMessage.IsRepeatedBy(message)) {
+      WriteAdditions(result, message);
+    }
+  }
+
+  void WriteAdditions(const CommandResult& result, const Message& message) {
     if (message.place) {
       WritePlace(result, *message.place);
     }
@@ -45,7 +52,10 @@ class MarkdownRenderer final : public Renderer {
     }
   }
 
-  void WriteItem(const CommandResult& /*result*/, const Table& table) { fTables->Write(table); }
+  void WriteItem(const CommandResult& /*result*/, const Table& table) {
+    fTables->Write(table);
+    fLastMessage.Forget();
+  }
 
   void WritePlace(const CommandResult& result, const Place& place) {
     const Excerpt excerpt = ExcerptAt(result, place, kExcerptWidth);
@@ -59,6 +69,7 @@ class MarkdownRenderer final : public Renderer {
   std::ostream& fStream;
   std::unique_ptr<TableWriter> fTables;
   bool fIsFirst = true;
+  LastMessage fLastMessage;
 };
 
 }  // namespace

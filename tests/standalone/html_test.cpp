@@ -138,6 +138,25 @@ TEST(CommandHtml, ShowsTheCommandAsItsHeadingThenMessagesAndTables) {
           "</section>\n");
 }
 
+TEST(CommandHtml, ShowsThePlaceOfARepeatedMessageOnce) {
+  const CommandResult result = RepeatedMessages();
+  const std::string hint = "<p class=\"hint\"><strong>Hint:</strong> h</p></li>\n";
+  const std::string first =
+      "<ul class=\"messages\">\n"
+      "<li class=\"error\"><p><strong>Error:</strong> e</p><p class=\"place\">line 1, column 1</p>"
+      "<pre class=\"excerpt\"><mark>MRSET</mark> /FOO</pre>" +
+      hint;
+  EXPECT_EQ(CommandHtml(result),
+            "<section class=\"command\" id=\"command-1\" aria-labelledby=\"command-1-heading\">\n"
+            "<h2 id=\"command-1-heading\"><span class=\"position\">1</span> <code>MRSET /FOO</code></h2>\n"
+            "<p class=\"facts\"><span class=\"status error\">Error</span> line 1</p>\n" +
+                first + "<li class=\"error\"><p><strong>Error:</strong> e</p></li>\n</ul>\n" +
+                HtmlTable(std::get<Table>(result.items[2]), "command-1-table-1") + first +
+                "<li class=\"error\"><p><strong>Error:</strong> e</p><p class=\"place\">line 1, column 7</p>"
+                "<pre class=\"excerpt\">MRSET <mark>/FOO</mark></pre>" +
+                hint + "</ul>\n</section>\n");
+}
+
 TEST(CommandHtml, TellsOfSuccessAndOfAborts) {
   EXPECT_EQ(CommandHtml(Result("A", {})),
             "<section class=\"command\" id=\"command-1\" aria-labelledby=\"command-1-heading\">\n"

@@ -103,6 +103,20 @@ TEST(MarkdownRenderer, WritesCommandsMessagesAndTables) {
             "The command was aborted; the dataset is as it was before it.\n");
 }
 
+TEST(MarkdownRenderer, ShowsThePlaceOfARepeatedMessageOnce) {
+  const std::string place = "\nline 1, column 1:\n\n```\nMRSET /FOO\n^^^^^\n```\n\n*hint:* h\n\n";
+  const std::string command =
+      "```\nMRSET /FOO\n```\n\n"
+      "**Error:** e\n" +
+      place +
+      "**Error:** e\n\n"
+      "**T**\n\n|  | C |\n| --- | --- |\n\n(none)\n\n"
+      "**Error:** e\n" +
+      place + "**Error:** e\n\nline 1, column 7:\n\n```\nMRSET /FOO\n      ^^^^\n```\n\n*hint:* h\n";
+  EXPECT_EQ(Markdown({RepeatedMessages(), RepeatedMessages()}),
+            "## Command 1\n\n" + command + "\n## Command 2\n\n" + command);
+}
+
 TEST(MarkdownTableWriter, CountsTheNotesOfEachTableAnewAndTellsOfNoRows) {
   std::ostringstream stream;
   const std::unique_ptr<TableWriter> writer = MakeMarkdownTableWriter(stream);

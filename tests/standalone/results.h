@@ -20,6 +20,16 @@ inline CommandResult Result(const std::string& text, const std::vector<Item>& it
   return result;
 }
 
+/// A command with the same message of the same place: twice, behind a table once more, then of another place.
+inline CommandResult RepeatedMessages() {
+  Table table;
+  table.title = "T";
+  table.columns = {"C"};
+  const Message message{Level::kError, "e", Place{1, 1, 5, 0, 5}, "h"};
+  const Message other{Level::kError, "e", Place{1, 7, 4, 6, 4}, "h"};
+  return Result("MRSET /FOO", {message, message, table, message, other}, Status::kError);
+}
+
 /// Two sets: cells with and without text, list cells, a number, the same note twice and another one.
 inline Table TwoSets() {
   using List = std::vector<std::string>;

@@ -84,7 +84,7 @@ nav li { margin-top: 0.5rem; }
 .messages .warning strong { color: var(--warning); }
 .messages > .hint { border-color: var(--line); background: var(--panel); }
 .messages p + p, .messages pre + p, .messages p + pre { margin-top: 0.25rem; }
-.messages > .hint strong { color: var(--ink); font-weight: 600; }
+.messages .hint strong { color: var(--ink); font-weight: 600; }
 .place { color: var(--soft); font-size: 0.875rem; }
 .excerpt { white-space: pre-wrap; }
 mark { padding: 0.1em 0.15em; border-bottom: 2px solid var(--error); background: none; color: inherit; font-weight: 650; }

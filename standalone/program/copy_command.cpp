@@ -5,24 +5,27 @@
 #include <CLI/Formatter.hpp>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "standalone/data/dataset.h"
+#include "standalone/program/dataset_operand.h"
 #include "standalone/program/dataset_options.h"
 #include "standalone/program/same_file.h"
 #include "standalone/program/subcommands.h"
 #include "standalone/sets/chosen_sets.h"
 #include "standalone/sets/copy_transaction.h"
+#include "standalone/text/notice.h"
 #include "standalone/text/visible.h"
 
 namespace standalone {
 namespace {
 
 struct CopyOptions {
-  std::string sourcePath;
+  std::string source;
   std::string targetPath;
   std::vector<std::string> names;
   bool skipIncomplete = false;
@@ -36,14 +39,42 @@ class CopyError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+/// The copy as the history of the target's sets names it.
+std::string CommandOf(const CopyPlan& plan, const CopyOptions& options) {
+  std::string command = "copy " + options.source;
+  for (const CopiedSet& set : plan.outcome) {
+    if (set.outcome != CopiedSet::Outcome::kIncomplete) {
+      command += " " + set.name;
+    }
+  }
+  return command;
+}
+
+std::optional<std::string> CommandIfWanted(const CopyPlan& plan, const CopyOptions& options) {
+  const bool isWanted = !options.dryRun && (plan.IsComplete() || options.skipIncomplete);
+  return isWanted ? std::make_optional(CommandOf(plan, options)) : std::nullopt;
+}
+
+/// Two datasets, or one and a version of it.
+void CheckAreDifferent(const DatasetOperand& source, const CopyOptions& options) {
+  if (!source.version && IsSameFile(source.path, options.targetPath)) {
+    throw CopyError(fmt::format("{} and {} are the same dataset.", source.path, options.targetPath));
+  }
+}
+
 CopyPlan CopyChosen(const CopyOptions& options) {
-  Dataset source(options.sourcePath, options.datasetOptions);
+  const DatasetOperand operand = ReadDatasetOperand(options.source);
+  CheckAreDifferent(operand, options);
+  Dataset source(operand.path, options.datasetOptions);
   source.BeginCommand(false);
-  const std::vector<StoredSet> chosen = ChooseSets(source.Sets(), options.names, options.sourcePath);
+  const std::vector<StoredSet> chosen = ChooseSets(SetsOf(source, operand), options.names, options.source);
   Dataset target(options.targetPath, options.datasetOptions);
-  return CopySets(chosen, SideOf(source, options.sourcePath), target, options.targetPath, [&](const CopyPlan& plan) {
-    return !options.dryRun && (plan.IsComplete() || options.skipIncomplete);
-  });
+  const bool isOneFile = IsSameFile(operand.path, options.targetPath);
+  if (isOneFile) {
+    source.EndCommand();  // else its reading would keep the target from being written
+  }
+  return CopySets(chosen, SideOf(isOneFile ? target : source, options.source), target, options.targetPath,
+                  [&](const CopyPlan& plan) { return CommandIfWanted(plan, options); });
 }
 
 std::string_view WordsOf(CopiedSet::Outcome outcome) {
@@ -71,26 +102,23 @@ void TellProblems(const CopyPlan& plan) {
   std::cout.flush();
   for (const CopiedSet& set : plan.outcome) {
     if (!set.problems.empty()) {
-      PrintError(fmt::format("The set {} cannot be copied: {}.", set.name, fmt::join(set.problems, "; ")));
+      std::cerr << NoticeLine(fmt::format("The set {} cannot be copied: {}.", set.name, fmt::join(set.problems, "; ")));
     }
   }
 }
 
 ExitStatus Copy(const CopyOptions& options) {
-  if (IsSameFile(options.sourcePath, options.targetPath)) {
-    throw CopyError(fmt::format("{} and {} are the same dataset.", options.sourcePath, options.targetPath));
-  }
   const CopyPlan plan = CopyChosen(options);
   if (!plan.IsComplete() && !options.skipIncomplete) {
     TellProblems(plan);
-    PrintError("Nothing is copied; --skip-incomplete copies the other sets.");
+    std::cerr << NoticeLine("Nothing is copied; --skip-incomplete copies the other sets.");
     return kErrors;
   }
   for (const CopiedSet& set : plan.outcome) {
     TellOutcome(set);
   }
   if (plan.outcome.empty()) {
-    std::cout << Visible(options.sourcePath) << " has no multiple response sets.\n";
+    std::cout << Visible(options.source) << " has no multiple response sets.\n";
   } else if (options.dryRun) {
     std::cout << "A dry run: " << Visible(options.targetPath) << " is as it was.\n";
   }
@@ -102,7 +130,10 @@ ExitStatus Copy(const CopyOptions& options) {
 
 Action DeclareCopy(CLI::App& app) {
   const auto options = std::make_shared<CopyOptions>();
-  app.add_option("SOURCE", options->sourcePath, "Dataset file from which sets are taken")->required()->type_name("");
+  app.add_option("SOURCE", options->source,
+                 "Dataset file from which sets are taken, or DATASET@N: its sets as change N left them")
+      ->required()
+      ->type_name("");
   app.add_option("TARGET", options->targetPath, "Dataset file into which they are copied")->required()->type_name("");
   app.add_option("SET", options->names, "Names of the sets to copy; without any, all")->type_name("");
   app.add_flag("--skip-incomplete", options->skipIncomplete,
@@ -111,8 +142,9 @@ Action DeclareCopy(CLI::App& app) {
   AddLockTimeoutOption(app, options->datasetOptions);
   app.footer(
       "Exit status: 0 all sets are copied, 1 a set cannot be copied, 2 wrong usage or an unusable file.\n"
-      "Example:\n"
-      "  mrset copy wave1.mrset wave2.mrset '$drinks' '$toppings'\n");
+      "Examples:\n"
+      "  mrset copy wave1.mrset wave2.mrset '$drinks' '$toppings'\n"
+      "  mrset copy survey.mrset@3 survey.mrset '$drinks'\n");
   return [options] { return Copy(*options); };
 }
 

@@ -39,6 +39,10 @@ constexpr const char* kExample =
     "  mrset import --schema survey.schema.json survey.csv survey.mrset\n"
     "  mrset run survey.mrset -c 'MRSET /MCGROUP NAME=$pets VARIABLES=pet1 TO pet3 /DISPLAY NAME=ALL'\n";
 
+void PrintError(const std::string& sentence) {
+  std::cerr << NoticeLine(sentence);
+}
+
 /// The sentence for what CLI11 found wrong with the arguments.
 std::string UsageSentence(const CLI::App& app, const CLI::ParseError& error) {
   if (const std::vector<std::string> unknown = app.remaining(); !unknown.empty()) {
@@ -103,10 +107,6 @@ int ParseAndPerform(int argc, const char* const* argv) {
 }
 
 }  // namespace
-
-void PrintError(const std::string& sentence) {
-  std::cerr << NoticeLine(sentence);
-}
 
 int RunProgram(int argc, const char* const* argv) {
   OccupyStandardDescriptors();

@@ -13,19 +13,21 @@
 #include <vector>
 
 #include "standalone/data/dataset.h"
+#include "standalone/program/dataset_operand.h"
 #include "standalone/program/dataset_options.h"
 #include "standalone/program/same_file.h"
 #include "standalone/program/subcommands.h"
 #include "standalone/run/output_file.h"
 #include "standalone/sets/chosen_sets.h"
 #include "standalone/sets/set_script.h"
+#include "standalone/text/notice.h"
 #include "standalone/text/visible.h"
 
 namespace standalone {
 namespace {
 
 struct ScriptOptions {
-  std::string datasetPath;
+  std::string dataset;
   std::vector<std::string> names;
   std::optional<std::string> outputPath;
   bool deleteAll = false;
@@ -33,7 +35,7 @@ struct ScriptOptions {
 };
 
 std::string Title(const ScriptOptions& options, bool hasSets) {
-  const std::string file = std::filesystem::path(options.datasetPath).filename().string();
+  const std::string file = std::filesystem::path(options.dataset).filename().string();
   if (!hasSets) {
     return fmt::format("{} has no multiple response sets.", file);
   }
@@ -60,7 +62,8 @@ void PrintScript(const std::string& script) {
   const std::string visible = VisibleScript(script);
   std::cout << visible << std::flush;
   if (visible != script) {
-    PrintError("Characters that would act on the terminal are shown as escapes; --output writes them as they are.");
+    std::cerr << NoticeLine(
+        "Characters that would act on the terminal are shown as escapes; --output writes them as they are.");
   }
 }
 
@@ -69,7 +72,7 @@ void WriteScript(const std::string& script, const ScriptOptions& options) {
     PrintScript(script);
     return;
   }
-  if (IsSameFile(*options.outputPath, options.datasetPath)) {
+  if (IsSameFile(*options.outputPath, ReadDatasetOperand(options.dataset).path)) {
     throw OutputError(
         fmt::format("The output file {} is the dataset that is read; give another one.", *options.outputPath));
   }
@@ -83,7 +86,7 @@ ExitStatus TellNotes(const std::vector<ScriptedSet>& sets) {
   ExitStatus status = kSuccess;
   for (const ScriptedSet& set : sets) {
     if (set.note) {
-      PrintError(*set.note);
+      std::cerr << NoticeLine(*set.note);
     }
     status = set.command.empty() ? kErrors : status;
   }
@@ -91,9 +94,10 @@ ExitStatus TellNotes(const std::vector<ScriptedSet>& sets) {
 }
 
 ExitStatus Script(const ScriptOptions& options) {
-  Dataset dataset(options.datasetPath, options.datasetOptions);
+  const DatasetOperand operand = ReadDatasetOperand(options.dataset);
+  Dataset dataset(operand.path, options.datasetOptions);
   dataset.BeginCommand(false);
-  const std::vector<StoredSet> sets = ChooseSets(dataset.Sets(), options.names, options.datasetPath);
+  const std::vector<StoredSet> sets = ChooseSets(SetsOf(dataset, operand), options.names, options.dataset);
   const std::vector<ScriptedSet> scripted = ScriptSets(dataset, sets);
   dataset.EndCommand();
   WriteScript(ScriptOf(Title(options, !sets.empty()), scripted, options.deleteAll), options);
@@ -104,7 +108,9 @@ ExitStatus Script(const ScriptOptions& options) {
 
 Action DeclareScript(CLI::App& app) {
   const auto options = std::make_shared<ScriptOptions>();
-  app.add_option("DATASET", options->datasetPath, "Dataset file")->required()->type_name("");
+  app.add_option("DATASET", options->dataset, "Dataset file, or DATASET@N: its sets as change N left them")
+      ->required()
+      ->type_name("");
   app.add_option("SET", options->names, "Names of the sets to write; without any, all")->type_name("");
   app.add_option("--output", options->outputPath, "Write the script to this file")->type_name("FILE");
   app.add_flag("--delete-all", options->deleteAll,

@@ -31,9 +31,6 @@ Action DeclareScript(CLI::App& options);
 Action DeclareDiff(CLI::App& options);
 Action DeclareCopy(CLI::App& options);
 
-/// Writes a sentence for the user to standard error.
-void PrintError(const std::string& sentence);
-
 }  // namespace standalone
 
 #endif  // STANDALONE_PROGRAM_SUBCOMMANDS_H

@@ -1,21 +1,10 @@
 #include "standalone/sets/copy_transaction.h"
 
-#include <string>
-
 namespace standalone {
 namespace {
 
 /// How often a copy is tried without a lock where other processes come first.
 constexpr int kOptimisticTries = 3;
-
-/// How the copy is called in the target's history.
-std::string CommandOf(const std::vector<StoredSet>& chosen, const CopySide& source) {
-  std::string command = "copy " + source.name;
-  for (const StoredSet& set : chosen) {
-    command += " " + set.name;
-  }
-  return command;
-}
 
 }  // namespace
 
@@ -28,15 +17,16 @@ CopySide SideOf(Dataset& dataset, const std::string& name) {
 }
 
 CopyPlan CopySets(const std::vector<StoredSet>& chosen, const CopySide& source, Dataset& target,
-                  const std::string& targetName, const std::function<bool(const CopyPlan& plan)>& isWanted) {
+                  const std::string& targetName, const CommandOfCopy& commandOf) {
   for (int tries = 1;; ++tries) {
     target.BeginCommand(tries > kOptimisticTries);
     CopyPlan plan = PlanCopy(chosen, target.Sets(), source, SideOf(target, targetName));
-    if (!isWanted(plan)) {
+    const std::optional<std::string> command = commandOf(plan);
+    if (!command) {
       target.EndCommand();
       return plan;
     }
-    if (target.SaveSets(plan.sets, CommandOf(chosen, source)) == Dataset::Saved::kDone) {
+    if (target.SaveSets(plan.sets, *command) == Dataset::Saved::kDone) {
       return plan;
     }
   }

@@ -2,6 +2,7 @@
 #define STANDALONE_SETS_COPY_TRANSACTION_H
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -13,12 +14,14 @@ namespace standalone {
 /// A dataset as a side of a copy, for as long as its command lasts. `dataset` must outlive it.
 CopySide SideOf(Dataset& dataset, const std::string& name);
 
+/// The text with which a copy is kept in the history of the target's sets; nothing where it is not to be written.
+using CommandOfCopy = std::function<std::optional<std::string>(const CopyPlan& plan)>;
+
 /// Copies the chosen sets into `target`, which sentences call `targetName`, in one transaction: planned again where
-/// another process changes the target meanwhile, at last with the target locked. The plan is written only when
-/// `isWanted` says so. Returns the plan that holds. In the target's history it
-/// is called "copy SOURCE $set...". Throws DatasetError.
+/// another process changes the target meanwhile, at last with the target locked. Returns the plan that holds. Throws
+/// DatasetError.
 CopyPlan CopySets(const std::vector<StoredSet>& chosen, const CopySide& source, Dataset& target,
-                  const std::string& targetName, const std::function<bool(const CopyPlan& plan)>& isWanted);
+                  const std::string& targetName, const CommandOfCopy& commandOf);
 
 }  // namespace standalone
 

@@ -33,6 +33,24 @@ Sets go from one dataset to another.
                                               q2
                                               q3
 
+The copy is a change of the target's sets and can be undone. A set comes back from a version of its own dataset.
+
+  $ mrset log b.mrset | grep -o 'copy a.mrset.*'
+  copy a.mrset $drinks $colours
+  $ mrset run b.mrset -c 'MRSET /DELETE NAME=[$drinks]' > /dev/null
+  $ mrset copy b.mrset@2 b.mrset '$drinks'
+  $drinks: added
+  $ mrset diff b.mrset@2 b.mrset
+  The multiple response sets are the same.
+  $ mrset undo b.mrset > /dev/null; mrset diff b.mrset@2 b.mrset
+  A: b.mrset@2
+  B: b.mrset
+  
+  Only in A: $drinks
+  [1]
+  $ mrset copy b.mrset@0 b.mrset
+  b.mrset@0 has no multiple response sets.
+
 What the target lacks is told; nothing is copied unless the incomplete sets are to be left out.
 
   $ printf 'Q1,q2,n1,t1,t2\nx,0,7,red,green\n' > c.csv
@@ -57,6 +75,8 @@ What the target lacks is told; nothing is copied unless the incomplete sets are 
   mrset: The set $both cannot be copied: Q1 is a string in c.mrset, unlike in a.mrset.
   mrset: The set $blue cannot be copied: t1 has width 3 in c.mrset, too narrow for the counted value.
   [1]
+  $ mrset log c.mrset | grep -o 'copy a.mrset.*'
+  copy a.mrset $colours
   $ mrset sets c.mrset
   Multiple response sets
   
@@ -90,7 +110,7 @@ Help.
   Usage: mrset copy [OPTIONS] SOURCE TARGET [SET...]
   
   Positionals:
-    SOURCE REQUIRED             Dataset file from which sets are taken
+    SOURCE REQUIRED             Dataset file from which sets are taken, or DATASET@N: its sets as change N left them
     TARGET REQUIRED             Dataset file into which they are copied
     SET ...                     Names of the sets to copy; without any, all
   
@@ -98,8 +118,10 @@ Help.
     -h,--help                   Show this help
     --skip-incomplete           Leave out the sets whose variables the target lacks and copy the others
     --dry-run                   Show what would be copied and leave the target as it is
+    --lock-timeout SECONDS      How long to wait while another process has the dataset locked; 30 seconds unless given, 0 not at all
   
   Exit status: 0 all sets are copied, 1 a set cannot be copied, 2 wrong usage or an unusable file.
-  Example:
+  Examples:
     mrset copy wave1.mrset wave2.mrset '$drinks' '$toppings'
+    mrset copy survey.mrset@3 survey.mrset '$drinks'
   

@@ -45,6 +45,41 @@ What differs between the sets of two datasets.
   $ mrset diff b.mrset b.mrset --format json
   {"a":"b.mrset","b":"b.mrset","same":true,"onlyInA":[],"onlyInB":[],"changed":[],"order":{"same":true,"a":["$colours","$new","$Drinks"],"b":["$colours","$new","$Drinks"]}}
 
+A version of a dataset's sets stands behind "@": what that change left.
+
+  $ mrset run b.mrset -c 'MRSET /DELETE NAME=[$new]' > /dev/null
+  $ mrset diff b.mrset@1 b.mrset
+  A: b.mrset@1
+  B: b.mrset
+  
+  Only in A: $new
+  [1]
+  $ mrset diff b.mrset@0 b.mrset@1 --format json | grep -o '"same":[a-z]*,"onlyInA":[^{]*'
+  "same":false,"onlyInA":[],"onlyInB":[
+  [1]
+  $ mrset diff b.mrset@2 b.mrset
+  The multiple response sets are the same.
+  $ mrset diff b.mrset@3 b.mrset
+  mrset: b.mrset has no version 3; it keeps 0 to 2.
+  [2]
+  $ mrset diff missing.mrset@1 b.mrset
+  mrset: missing.mrset does not exist.
+  [2]
+
+A file of that very name comes first.
+
+  $ cp a.mrset b.mrset@1; mrset diff b.mrset@1 a.mrset
+  The multiple response sets are the same.
+  $ mrset diff b.mrset@01 b.mrset@1 | sed -n 1,2p
+  A: b.mrset@01
+  B: b.mrset@1
+  [1]
+  $ rm b.mrset@1; mrset diff b.mrset@one b.mrset; mrset diff @1 b.mrset; mrset diff b.mrset@ b.mrset
+  mrset: b.mrset@one does not exist.
+  mrset: @1 does not exist.
+  mrset: b.mrset@ does not exist.
+  [2]
+
 What cannot be compared.
 
   $ mrset diff a.mrset missing.mrset
@@ -65,14 +100,16 @@ Help.
   Usage: mrset diff [OPTIONS] A B
   
   Positionals:
-    A REQUIRED                  Dataset file
-    B REQUIRED                  Dataset file to compare with it
+    A REQUIRED                  Dataset file, or DATASET@N: its sets as change N left them; 0 is before the first
+    B REQUIRED                  Dataset file to compare with it, likewise
   
   Options:
     -h,--help                   Show this help
     --format text|json          Form of the output: text for people, json for programs
+    --lock-timeout SECONDS      How long to wait while another process has the dataset locked; 30 seconds unless given, 0 not at all
   
   Exit status: 0 the sets are the same, 1 they differ, 2 wrong usage or an unusable file.
-  Example:
+  Examples:
     mrset diff wave1.mrset wave2.mrset
+    mrset diff survey.mrset@3 survey.mrset
   

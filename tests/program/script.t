@@ -85,6 +85,21 @@ Chosen sets, in whatever case, come in the order in which they are stored.
   mrset: The name of a set is empty; in a shell, put names in single quotes, as in '$drinks'.
   [2]
 
+The sets as they were, by the number of a change.
+
+  $ mrset script s.mrset@1
+  * Multiple response sets of s.mrset@1. A set that has one of these names already is replaced in its place.
+  
+  MRSET /MDGROUP NAME=$drinks
+    LABEL='It''s "hot".'
+    VARIABLES=q1 q2 q3
+    VALUE=1
+    CATEGORYLABELS=COUNTEDVALUES
+    LABELSOURCE=VARLABEL.
+  $ mrset script s.mrset@1 --output s.mrset
+  mrset: The output file s.mrset is the dataset that is read; give another one.
+  [2]
+
 A set that no command makes is left out, with the reason.
 
   $ printf 'Q1,q2,t1,t2\n1,0,red,blue\n' > less.csv
@@ -143,13 +158,14 @@ Help.
   Usage: mrset script [OPTIONS] DATASET [SET...]
   
   Positionals:
-    DATASET REQUIRED            Dataset file
+    DATASET REQUIRED            Dataset file, or DATASET@N: its sets as change N left them
     SET ...                     Names of the sets to write; without any, all
   
   Options:
     -h,--help                   Show this help
     --output FILE               Write the script to this file
     --delete-all                Begin by deleting all sets of the dataset on which the script runs
+    --lock-timeout SECONDS      How long to wait while another process has the dataset locked; 30 seconds unless given, 0 not at all
   
   Exit status: 0 all sets are written, 1 a set cannot be written as a command, 2 wrong usage or an unusable file.
   Example:

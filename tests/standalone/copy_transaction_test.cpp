@@ -62,7 +62,7 @@ TEST_F(CopyTransactionTest, ACopyIsPlannedAgainWhereAnotherProcessCameFirst) {
     CopySets(chosen, source, target, kTarget, [&](const CopyPlan&) {
       isNewPlan = true;
       ++plans;
-      return true;
+      return std::make_optional<std::string>("copy");
     });
     EXPECT_EQ(plans, interferences + 1);
     EXPECT_EQ(StoredNames().back(), "$a" + std::to_string(interferences));
@@ -72,7 +72,7 @@ TEST_F(CopyTransactionTest, ACopyIsPlannedAgainWhereAnotherProcessCameFirst) {
 
 TEST_F(CopyTransactionTest, APlanThatIsNotWantedWritesNothing) {
   Dataset target(kTarget);
-  const CopyPlan plan = CopySets(kChosen, Source([] {}), target, kTarget, [](const CopyPlan&) { return false; });
+  const CopyPlan plan = CopySets(kChosen, Source([] {}), target, kTarget, [](const CopyPlan&) { return std::nullopt; });
   EXPECT_EQ(plan.sets, kChosen);
   EXPECT_THAT(StoredNames(), ElementsAre());
 }

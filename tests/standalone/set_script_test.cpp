@@ -51,7 +51,7 @@ class SetScriptTest : public TemporaryFolderTest {
     DatasetWriter writer(path, false);
     writer.SetVariables(dictionary);
     writer.Commit();
-    Dataset(path).SaveSets(sets);
+    Dataset(path).SaveSets(sets, "test");
   }
 
   /// Runs the commands as the program does; returns their errors.

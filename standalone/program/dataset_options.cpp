@@ -4,6 +4,8 @@
 #include <CLI/Formatter.hpp>
 #include <chrono>
 #include <iostream>
+#include <memory>
+#include <set>
 #include <string>
 
 #include "standalone/program/whole_number.h"
@@ -12,7 +14,12 @@
 namespace standalone {
 
 void AddLockTimeoutOption(CLI::App& app, DatasetOptions& options) {
-  options.notify = [](const std::string& sentence) { std::cerr << NoticeLine(sentence); };
+  // Once, though several connections to one dataset may wait.
+  options.notify = [told = std::make_shared<std::set<std::string>>()](const std::string& sentence) {
+    if (told->insert(sentence).second) {
+      std::cerr << NoticeLine(sentence);
+    }
+  };
   const auto set = [&options](const std::string& value) {
     options.lockTimeout = std::chrono::seconds(*WholeNumber(value));
   };

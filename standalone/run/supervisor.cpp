@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <set>
+#include <string>
 #include <utility>
 
 #include "standalone/run/command_runner.h"
@@ -38,10 +39,16 @@ class Work {
       }
     };
     DatasetOptions options = fRequest.datasetOptions;
-    options.notify = [this](const std::string& sentence) { fTell(Noticed{sentence}); };
+    std::set<std::string> told;  // while the command runs: it may wait several times
+    options.notify = [&](const std::string& sentence) {
+      if (told.insert(sentence).second) {
+        fTell(Noticed{sentence});
+      }
+    };
     CommandRunner runner(fRequest.datasetPath, fRequest.dryRun, tellWhatIsHeard, options);
     for (std::size_t index = fRequest.dryRun ? 0 : fFirst; index < fRequest.commands.size(); ++index) {
       isHeard = index >= fFirst;
+      told.clear();
       if (fAborted.count(index) != 0) {
         continue;
       }

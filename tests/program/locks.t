@@ -18,6 +18,16 @@ A lock that is held long is told of once; one that is held for a moment is not.
   $ hold IMMEDIATE 0.3; define '$b'; wait
   1> MRSET /MCGROUP NAME=$b VARIABLES=t1 t2
 
+A command that waits twice, for one who is about to write and then for one who reads, says so once.
+
+  $ mkfifo more; hold IMMEDIATE 2
+  $ { sqlite3 s.mrset < more > /dev/null & } 9>&-; exec 9> more; printf '%s\n' 'BEGIN; SELECT count(*) FROM meta;' >&9
+  $ (sleep 4; echo 'END;' >&9) & define '$twice' 2> err; exec 9>&-; wait; cat err
+  1> MRSET /MCGROUP NAME=$twice VARIABLES=t1 t2
+  mrset: waiting for s.mrset, which another process has locked.
+  $ mrset run s.mrset -c 'MRSET /DELETE NAME=[$twice]'
+  1> MRSET /DELETE NAME=[$twice]
+
 Where it does not become free in time, that is one sentence.
 
   $ hold IMMEDIATE; define '$c' --lock-timeout 2; define '$c' --lock-timeout 0
@@ -39,7 +49,7 @@ Displays do not wait for one who is about to write.
   $ mrset variables s.mrset --lock-timeout 0 | grep -c '^[qnt][0-9]'
   6
   $ mrset log s.mrset --lock-timeout 0 | grep -c defined
-  2
+  3
   $ mrset check s.mrset --lock-timeout 0
   s.mrset is sound.
   $ mrset run s.mrset -c 'MRSET /DISPLAY NAME=[$a]' --lock-timeout 0 | sed -n 5p

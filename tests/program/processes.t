@@ -26,8 +26,8 @@ A reader that goes away ends the run: nothing goes on behind its back, and nothi
 
 A reader that is slow does not keep others from writing.
 
-  $ { mrset run s.mrset long.script || true; } | { read -r line; until [ -e go ]; do sleep 0.1; done; cat > /dev/null; } &
-  $ sleep 1; timeout 25 mrset run s.mrset -c 'MRSET /MCGROUP NAME=$quick VARIABLES=t1 t2'
+  $ { mrset run s.mrset long.script 2> /dev/null || true; } | { read -r line; until [ -e go ]; do sleep 0.1; done; cat > /dev/null; } &
+  $ sleep 1; timeout 25 mrset run s.mrset -c 'MRSET /MCGROUP NAME=$quick VARIABLES=t1 t2' 2> quick.err
   1> MRSET /MCGROUP NAME=$quick VARIABLES=t1 t2
   $ touch go; wait
 

@@ -105,7 +105,7 @@ Help.
   
   Options:
     -h,--help                   Show this help
-    --format text|json          Form of the output: text for people, json for programs
+    --format text|json          Form of the output: json and csv are for programs
     --lock-timeout SECONDS      How long to wait while another process has the dataset locked; 30 seconds unless given, 0 not at all
   
   Exit status: 0 the sets are the same, 1 they differ, 2 wrong usage or an unusable file.

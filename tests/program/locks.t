@@ -131,7 +131,7 @@ A command whose process is killed while it is being saved may have been saved.
   The command was aborted while it was being saved; "mrset log" shows whether it changed the dataset.
   $ kill_while_saving --format json
   3
-  {"command":1,"line":1,"text":"MRSET /MCGROUP NAME=$d VARIABLES=t1 t2","procedure":"Multiple Response Set","status":"aborted","items":[{"kind":"message","level":"fatal","text":"The command's process was ended by signal 9 (Killed)."}],"saved":"unknown"}
+  {"command":1,"line":1,"text":"MRSET /MCGROUP NAME=$d VARIABLES=t1 t2","procedure":"Multiple Response Set","status":"aborted","items":[{"kind":"message","level":"fatal","text":"The command's process was ended by signal 9 (Killed)."}],"saved":"unknown","source":"-c 1"}
   $ mrset log s.mrset | sed -n 2p; mrset check s.mrset
          MRSET /MCGROUP NAME=$c VARIABLES=t1 t2
   s.mrset is sound.

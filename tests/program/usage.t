@@ -115,11 +115,10 @@ Help and version are results.
   
   Options:
     -h,--help                   Show this help
-    --format text|json          Form of the output: text for people, json for programs
-    --lock-timeout SECONDS      How long to wait while another process has the dataset locked; 30 seconds unless given, 0 not at all
     --format text|json|markdown|csv
                                 Form of the output: json and csv are for programs
     --color auto|always|never   Colour of text; auto: on terminals, unless NO_COLOR is set
+    --lock-timeout SECONDS      How long to wait while another process has the dataset locked; 30 seconds unless given, 0 not at all
   
   Example:
     mrset sets survey.mrset --format json
@@ -133,11 +132,10 @@ Help and version are results.
   
   Options:
     -h,--help                   Show this help
-    --format text|json          Form of the output: text for people, json for programs
-    --lock-timeout SECONDS      How long to wait while another process has the dataset locked; 30 seconds unless given, 0 not at all
     --format text|json|markdown|csv
                                 Form of the output: json and csv are for programs
     --color auto|always|never   Colour of text; auto: on terminals, unless NO_COLOR is set
+    --lock-timeout SECONDS      How long to wait while another process has the dataset locked; 30 seconds unless given, 0 not at all
   
   Example:
     mrset variables survey.mrset --format csv
@@ -151,7 +149,7 @@ Help and version are results.
   
   Options:
     -h,--help                   Show this help
-    --format text|json          Form of the output: text for people, json for programs
+    --format text|json          Form of the output: json and csv are for programs
     --lock-timeout SECONDS      How long to wait while another process has the dataset locked; 30 seconds unless given, 0 not at all
   
   Example:

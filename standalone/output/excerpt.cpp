@@ -156,7 +156,8 @@ Excerpt ExcerptAt(const CommandResult& command, const Place& place, std::size_t 
 }
 
 std::string Carets(const Excerpt& excerpt) {
-  return std::string(excerpt.caretWidth, '^');
+  std::string carets(excerpt.caretWidth, '^');
+  return carets;
 }
 
 std::string PlaceInWords(const CommandResult& command, const Place& place) {

@@ -63,12 +63,12 @@ std::string HintHtml(const std::string& hint) {
   return fmt::format("<p class=\"hint\"><strong>Hint:</strong> {}</p>", HtmlText(hint));
 }
 
-/// The line of the script with the place marked; at the end of a command a caret stands for it.
+/// The line of the script with the place marked; at the end of a command the mark is empty.
 std::string PlaceHtml(const CommandResult& result, const Place& place) {
   const Excerpt excerpt = ExcerptAt(result, place, kExcerptWidth);
   const std::string_view line = excerpt.line;
   const std::string_view token = line.substr(excerpt.tokenBegin, excerpt.tokenEnd - excerpt.tokenBegin);
-  return fmt::format("<p class=\"place\">{}</p><pre class=\"excerpt\">{}<mark>{}</mark>{}</pre>",
+  return fmt::format(R"(<p class="place">{}</p><pre class="excerpt">{}<mark>{}</mark>{}</pre>)",
                      HtmlText(PlaceInWords(result, place)), HtmlText(line.substr(0, excerpt.tokenBegin)),
                      token.empty() ? "&#8203;" : HtmlText(token), HtmlText(line.substr(excerpt.tokenEnd)));
 }

@@ -102,14 +102,13 @@ std::string TableHtml::HeadHtml() const {
 }
 
 std::string TableHtml::RowHtml(const TableRow& row) {
-  std::string html = fmt::format("<tr><th scope=\"row\" dir=\"auto\">{}</th>", HtmlLines(row.name));
+  std::string html = fmt::format(R"(<tr><th scope="row" dir="auto">{}</th>)", HtmlLines(row.name));
   for (std::size_t column = 0; column < row.cells.size(); ++column) {
     html += CellHtml(row.cells[column], fIsNumeric.at(column));
   }
   return html + "</tr>\n";
 }
 
-/// The letter of a note stands outside of the text whose direction is found.
 std::string TableHtml::CellHtml(const Cell& cell, bool isNumeric) {
   const std::string reference = cell.note ? ReferenceHtml(*cell.note) : "";
   return fmt::format("<td{} dir=\"auto\">{}{}</td>", isNumeric ? " class=\"number\"" : "", ContentHtml(cell),
@@ -121,7 +120,7 @@ std::string TableHtml::ReferenceHtml(const std::string& note) {
   const std::size_t known = fNotes.Texts().size();
   const std::string letters = NoteLetters(fNotes.IndexOf(note));
   const std::string name = fNotes.Texts().size() > known ? fmt::format(" id=\"{}-to-{}\"", fId, letters) : "";
-  return fmt::format("<sup><a href=\"#{0}-note-{1}\"{2} aria-label=\"Note {1}\">{1}</a></sup>", fId, letters, name);
+  return fmt::format(R"(<sup><a href="#{0}-note-{1}"{2} aria-label="Note {1}">{1}</a></sup>)", fId, letters, name);
 }
 
 std::string TableHtml::NotesHtml() const {

@@ -61,11 +61,11 @@ void MarkdownTableWriter::Add(const TableRow& row) {
 }
 
 std::string MarkdownTableWriter::TextWithMarker(const Cell& cell) {
-  const std::string text = TextOf(cell);
-  if (!cell.note) {
-    return text;
+  std::string text = TextOf(cell);
+  if (cell.note) {
+    text += (text.empty() ? "" : " ") + Marker(fNotes.IndexOf(*cell.note));
   }
-  return text + (text.empty() ? "" : " ") + Marker(fNotes.IndexOf(*cell.note));
+  return text;
 }
 
 void MarkdownTableWriter::End() {

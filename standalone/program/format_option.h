@@ -19,10 +19,8 @@ struct FormatOptions {
 /// The names of formats, structs with a member `name`.
 template <typename Formats>
 std::vector<std::string> FormatNames(const Formats& formats) {
-  std::vector<std::string> names;
-  for (const auto& format : formats) {
-    names.emplace_back(format.name);
-  }
+  std::vector<std::string> names(formats.size());
+  std::transform(formats.begin(), formats.end(), names.begin(), [](const auto& format) { return format.name; });
   return names;
 }
 

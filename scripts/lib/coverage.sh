@@ -27,12 +27,18 @@ clear_counters() {
   chmod -R a+rwX "$1/profile"
 }
 
-# export_coverage FOLDER PROFILES EXPORT BINARY...: what llvm-cov knows of the binaries' sources, in JSON.
+# export_coverage FOLDER PROFILES EXPORT BINARY...: what llvm-cov knows of the binaries' sources, in JSON. Fails where
+# the counters of a function are those of another source.
 export_coverage() {
-  local profiles=$1/$2 export=$1/$3
-  local binaries=("${@:4}")
-  llvm-profdata-14 merge --sparse "$profiles"/*.profraw -o "$profiles.profdata"
-  llvm-cov-14 export --instr-profile "$profiles.profdata" "${binaries[@]/#/--object=$1/}" > "$export"
+  local profile=$1/$2.profdata binaries=("${@:4}")
+  binaries=("${binaries[@]/#/--object=$1/}")
+  llvm-profdata-14 merge --sparse "$1/$2"/*.profraw -o "$profile"
+  # A function of a header stands with hash 0 in a binary that does not use it; it counts in those that do.
+  if llvm-cov-14 report --dump --instr-profile "$profile" "${binaries[@]}" 2>&1 > /dev/null |
+    grep '^hash-mismatch: ' | grep -v ' with hash = 0x0$'; then
+    return 1
+  fi
+  llvm-cov-14 export --instr-profile "$profile" "${binaries[@]}" 2> "$1/$3.log" > "$1/$3" || { cat "$1/$3.log"; return 1; }
 }
 
 # report_coverage FOLDER: prints each file's coverage and fails below the thresholds.

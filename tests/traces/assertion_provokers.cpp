@@ -78,6 +78,15 @@ MRSetSubcommand Record(Type type, std::string name = {}, std::string value = {},
   return record;
 }
 
+/// What a list parser clears, though not before it asserts.
+MRSetSubcommand RecordOfEarlierLists() {
+  MRSetSubcommand record;
+  record.fVariables = {"an", "earlier", "list"};
+  record.fNames = {"$an", "$earlier", "$list"};
+  record.fAll = true;
+  return record;
+}
+
 void Enter(Stage& stage, bool (*parser)(ZEVA_TokenSequence&, const ZEVA_DataSource&, MRSetSubcommand&)) {
   parser(stage.stream, stage.source, stage.record);
 }
@@ -136,10 +145,15 @@ std::vector<AssertionProvoker> OfTheKeywordParsers() {
       {"ParseVariables", R"(IsTokenEqualWith(command, std:: string("VARIABLES")))",
        At("FROB",
           [](Stage& stage) {
+            stage.record = RecordOfEarlierLists();
             ParseVariables(stage.stream, stage.source, stage.record.fVariables, stage.record.fAll);
           })},
       {"ParseNames", R"(IsTokenEqualWith(command, std:: string("NAME")))",
-       At("FROB", [](Stage& stage) { ParseNames(stage.stream, stage.record.fNames, stage.record.fAll); })},
+       At("FROB",
+          [](Stage& stage) {
+            stage.record = RecordOfEarlierLists();
+            ParseNames(stage.stream, stage.record.fNames, stage.record.fAll);
+          })},
   };
 }
 
@@ -212,12 +226,23 @@ void WriteAll(int pipeEnd, std::string_view text) {
   }
 }
 
+/// Empty where there are no names.
+std::string NamesLine(const char* what, const std::vector<std::string>& names) {
+  std::string line;
+  for (const std::string& name : names) {
+    line += (line.empty() ? "# record: " + std::string(what) + " " : " ") + name;
+  }
+  return line.empty() ? line : line + "\n";
+}
+
 /// Comes between the report, a line, and the end of the process.
-void WriteCallsAndSets(int) {
+void WriteCallsAndData(int) {
   std::string text = gStage->host.TraceText();
   for (const scripted::SetData& set : scripted::ToData(gStage->sets)) {
     text += "# set: " + ToText(set) + "\n";
   }
+  text += NamesLine("variables", gStage->record.fVariables) + NamesLine("names", gStage->record.fNames);
+  text += gStage->record.fAll ? "# record: all\n" : "";
   WriteAll(STDERR_FILENO, text);
 }
 
@@ -225,7 +250,7 @@ void WriteCallsAndSets(int) {
 [[noreturn]] void Die(const AssertionProvoker& provoker, int pipeEnd) {
   const rlimit none{0, 0};
   setrlimit(RLIMIT_CORE, &none);
-  std::signal(SIGABRT, WriteCallsAndSets);
+  std::signal(SIGABRT, WriteCallsAndData);
   dup2(pipeEnd, STDERR_FILENO);
   provoker.provoke();
   _exit(0);

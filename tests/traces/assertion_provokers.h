@@ -25,7 +25,7 @@ const AssertionProvoker* FindProvoker(const std::string& function, const std::st
 /// How a process of its own ends by the assertion.
 struct AssertionEnd {
   std::string report;  ///< what it writes to standard error; a sentence when it does not end so
-  Lines calls;         ///< the host calls before, then the sets at hand in lines that begin with "#"
+  Lines calls;         ///< the host calls before, then in lines with "#" the sets and the lists of the record
 };
 
 AssertionEnd EndOf(const AssertionProvoker& provoker);

@@ -43,7 +43,7 @@ std::map<std::string, FaultCounts> ReadFaultCounts();
 
 std::string AssertionGoldenPath();
 
-/// For each assertion that fails, what the host saw before it did, and the sets at hand.
+/// For each assertion that fails, what the host saw before it did, and the sets and the record as they were then.
 Lines AssertionGoldenLines();
 
 /// How the reader of a failure accepts it.

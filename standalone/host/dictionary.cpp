@@ -53,7 +53,7 @@ const ZEVA_VLImplPointer& ZEVA_Variable::GetValueLabels() const {
 
 // The variable is only read through the map; the handle's type has no constant pointer.
 ZEVA_ValueLabelMap::ZEVA_ValueLabelMap(const ZEVA_VLImplPointer& valueLabels)
-    : fRecord(const_cast<Variable*>(&valueLabels.Variable())) {}
+    : fRecord(const_cast<Variable*>(&valueLabels.Variable())) {}  // NOLINT(cppcoreguidelines-pro-type-const-cast)
 
 ZEVA_ValueLabelMap::~ZEVA_ValueLabelMap() = default;
 

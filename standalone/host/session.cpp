@@ -9,9 +9,9 @@
 namespace {
 
 // Points to the session of the running command; null while none runs.
-standalone::Session* currentSession = nullptr;
+standalone::Session* currentSession = nullptr;  // NOLINT(*-avoid-non-const-global-variables)
 
-CommonDictionary commonDictionary{};
+CommonDictionary commonDictionary{};  // NOLINT(*-avoid-non-const-global-variables)
 
 /// The arguments' texts, one after the other.
 std::vector<std::string> TextsIn(const std::vector<standalone::Argument>& arguments) {
@@ -29,7 +29,7 @@ std::vector<std::string> TextsIn(const std::vector<standalone::Argument>& argume
 
 }  // namespace
 
-CommonDictionary* CmnDic = &commonDictionary;
+CommonDictionary* CmnDic = &commonDictionary;  // NOLINT(*-avoid-non-const-global-variables): the host's
 
 namespace standalone {
 

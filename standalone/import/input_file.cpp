@@ -20,8 +20,7 @@ bool IsSeekable(int descriptor) {
 
 }  // namespace
 
-InputFile::InputFile(const std::string& path) : fPath(path) {
-  fDescriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+InputFile::InputFile(const std::string& path) : fPath(path), fDescriptor(open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
   if (fDescriptor < 0) {
     Fail(errno == ENOENT ? "does not exist" : std::string("cannot be read: ") + std::strerror(errno));
   }

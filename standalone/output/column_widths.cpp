@@ -68,7 +68,7 @@ Widths Narrowed(const Widths& wanted, const Widths& floors, std::size_t room) {
 }  // namespace
 
 std::vector<std::size_t> ColumnWidths(const std::vector<ColumnNeeds>& columns, std::size_t room) {
-  const Widths natural = Measured(columns, OnOneLine);
+  Widths natural = Measured(columns, OnOneLine);
   if (Fit(natural, room)) {
     return natural;
   }

@@ -1,5 +1,6 @@
 #include "standalone/output/json.h"
 
+#include <array>
 #include <utility>
 
 namespace standalone {
@@ -11,12 +12,14 @@ struct Named {
   const char* name;
 };
 
-constexpr Named<Level> kLevels[] = {{Level::kError, "error"}, {Level::kWarning, "warning"}, {Level::kFatal, "fatal"}};
+constexpr std::array kLevels = {Named<Level>{Level::kError, "error"}, Named<Level>{Level::kWarning, "warning"},
+                                Named<Level>{Level::kFatal, "fatal"}};
 
-constexpr Named<Status> kStatuses[] = {{Status::kOk, "ok"}, {Status::kError, "error"}, {Status::kAborted, "aborted"}};
+constexpr std::array kStatuses = {Named<Status>{Status::kOk, "ok"}, Named<Status>{Status::kError, "error"},
+                                  Named<Status>{Status::kAborted, "aborted"}};
 
 template <typename Value, std::size_t kSize>
-const char* NameOf(const Named<Value> (&table)[kSize], Value value) {
+const char* NameOf(const std::array<Named<Value>, kSize>& table, Value value) {
   std::size_t i = 0;
   while (i + 1 < kSize && table[i].value != value) {
     ++i;

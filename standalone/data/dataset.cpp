@@ -77,6 +77,7 @@ class Dataset::Implementation {
   int FindVariable(std::string_view name);
   void VisitVariableNames(const std::function<void(std::string_view name)>& visit);
   void VisitCases(const std::function<bool(std::string_view cells)>& visit);
+  void VisitVariables(std::string_view beginning, int from, const VisitName& visit);
   const std::vector<KeptSet>& Sets();
 
   VersionRange Versions();
@@ -256,6 +257,23 @@ void Dataset::Implementation::VisitCases(const std::function<bool(std::string_vi
   }
 }
 
+void Dataset::Implementation::VisitVariables(std::string_view beginning, int from, const VisitName& visit) {
+  BeginIfNone();
+  const std::string first = ToUpper(beginning);
+  const std::string behindLast = first + "\U0010FFFF";  // no name holds the last of all characters
+  // The index of names holds the positions, so the "+" keeps to it.
+  Query rows(*fDatabase, beginning.empty()
+                             ? "SELECT position, name FROM variable WHERE position >= ? ORDER BY position"
+                             : "SELECT position, name FROM variable WHERE +position >= ? AND name_key >= ? AND"
+                               " name_key < ? ORDER BY name_key");
+  rows.Bind(from);
+  if (!beginning.empty()) {
+    rows.Bind(first).Bind(behindLast);
+  }
+  while (rows.Step() && visit(NotNegativeInt(*fDatabase, rows.Integer(0)), rows.Text(1))) {
+  }
+}
+
 const std::vector<KeptSet>& Dataset::Implementation::Sets() {
   BeginIfNone();
   if (!fSets) {
@@ -335,6 +353,10 @@ void Dataset::VisitVariableNames(const std::function<void(std::string_view name)
 
 void Dataset::VisitCases(const std::function<bool(std::string_view cells)>& visit) {
   fImplementation->VisitCases(visit);
+}
+
+void Dataset::VisitVariables(std::string_view beginning, int from, const VisitName& visit) {
+  fImplementation->VisitVariables(beginning, from, visit);
 }
 
 std::vector<StoredSet> Dataset::Sets() {

@@ -132,6 +132,12 @@ class Dataset {
   /// Hands over the cells of the cases in their order, each a JSON array as DatasetWriter stores it, until `visit`
   /// returns false.
   void VisitCases(const std::function<bool(std::string_view cells)>& visit);
+  using VisitName = std::function<bool(int position, const std::string& name)>;
+
+  /// Visits the variables from position `from` on whose names begin so without regard to case, in the order of the
+  /// upper-case names, or in that of the dictionary where `beginning` is empty, until `visit` returns false. Costs what
+  /// it visits, whatever the size of the dictionary. `visit` asks nothing of the dataset.
+  void VisitVariables(std::string_view beginning, int from, const VisitName& visit);
 
   /// The stored sets in their order.
   std::vector<StoredSet> Sets();

@@ -1,31 +1,229 @@
 #include "standalone/language/grammar.h"
 
+#include <algorithm>
+#include <string>
+
 #include "standalone/language/keywords.h"
+#include "standalone/text/unicode.h"
 
 namespace standalone {
 namespace {
 
-struct Rule {
-  std::string_view subcommand;
-  std::string_view keyword;
+constexpr std::string_view kLabelSource = "LABELSOURCE";
+constexpr std::size_t kLabelSourceLetters = 6;  // by which alone it is recognised
+
+bool IsWord(const Token& token) {
+  return token.type == TokenSequenceBase::kString;
+}
+
+// The words are in upper case.
+
+const SubcommandRule* FindSubcommand(std::string_view word) {
+  const std::vector<SubcommandRule>& rules = MrsetSubcommands();
+  const auto found = std::find_if(rules.begin(), rules.end(),
+                                  [&](const SubcommandRule& rule) { return NamesKeyword(word, rule.name); });
+  return found == rules.end() ? nullptr : &*found;
+}
+
+bool Names(std::string_view word, const Keyword& keyword) {
+  return keyword.name == kLabelSource
+             ? word.substr(0, kLabelSourceLetters) == kLabelSource.substr(0, kLabelSourceLetters)
+             : NamesKeyword(word, keyword.name);
+}
+
+const Keyword* FindKeyword(const SubcommandRule& rule, std::string_view word) {
+  const auto found = std::find_if(rule.keywords.begin(), rule.keywords.end(),
+                                  [&](const Keyword& keyword) { return Names(word, keyword); });
+  return found == rule.keywords.end() ? nullptr : &*found;
+}
+
+/// The word that the token is, in upper case; empty, which names nothing, for any other token.
+std::string WordOf(const Token& token) {
+  return IsWord(token) ? ToUpper(token.text) : "";
+}
+
+/// Follows a command token by token.
+class Follower {
+ public:
+  Follower(const std::vector<Token>& tokens, std::size_t count) : fTokens(tokens), fCount(count) {}
+
+  Expectation Follow();
+
+ private:
+  // false: fExpectation says what is expected; the command was followed to where it stops, or cannot be followed.
+  bool ReadCommand();
+  bool ReadSubcommand();
+  bool ReadKeyword();
+  bool ReadValue(const Keyword& keyword);
+  bool ReadSetNames(const Keyword& keyword);
+  bool ReadVariables(const Keyword& keyword);
+
+  bool Expect(Expected what) {
+    fExpectation.what = what;
+    return false;
+  }
+  bool IsAtEnd() const { return fNext == fCount; }
+  const Token& Next() const { return fTokens[fNext]; }
+  bool NextIs(SymbolCode symbol) const { return !IsAtEnd() && Next().symbol == symbol; }
+
+  const std::vector<Token>& fTokens;
+  std::size_t fCount;
+  std::size_t fNext = 0;
+  Expectation fExpectation;
 };
 
-// LABEL stands before LABELSOURCE, which has the same first letters.
-constexpr Rule kRules[] = {
-    {"MDGROUP", "NAME"},      {"MDGROUP", "LABEL"}, {"MDGROUP", "LABELSOURCE"}, {"MDGROUP", "CATEGORYLABELS"},
-    {"MDGROUP", "VARIABLES"}, {"MDGROUP", "VALUE"}, {"MCGROUP", "NAME"},        {"MCGROUP", "LABEL"},
-    {"MCGROUP", "VARIABLES"}, {"DISPLAY", "NAME"},  {"DELETE", "NAME"},
-};
+Expectation Follower::Follow() {
+  if (ReadCommand()) {
+    while (ReadSubcommand()) {
+    }
+  }
+  return fExpectation;
+}
+
+bool Follower::ReadCommand() {
+  if (IsAtEnd()) {
+    return Expect(Expected::kCommand);
+  }
+  return NamesKeyword(WordOf(fTokens[fNext++]), kMrsetCommand);
+}
+
+/// The first subcommand may do without its "/"; the others were found by theirs.
+bool Follower::ReadSubcommand() {
+  fExpectation = {};
+  fNext += NextIs(kSlashSymbol) ? 1 : 0;
+  if (IsAtEnd()) {
+    return Expect(Expected::kSubcommand);
+  }
+  fExpectation.subcommand = FindSubcommand(WordOf(fTokens[fNext++]));
+  if (fExpectation.subcommand == nullptr) {
+    return false;
+  }
+  while (!NextIs(kSlashSymbol)) {
+    if (!ReadKeyword()) {
+      return false;
+    }
+  }
+  return true;
+}
+
+bool Follower::ReadKeyword() {
+  if (IsAtEnd()) {
+    return Expect(Expected::kKeyword);
+  }
+  const Keyword* keyword = FindKeyword(*fExpectation.subcommand, WordOf(fTokens[fNext++]));
+  if (keyword == nullptr) {
+    return false;
+  }
+  fExpectation.keyword = keyword;
+  if (IsAtEnd()) {
+    return Expect(Expected::kEquals);
+  }
+  if (!NextIs(kEqualsSymbol)) {
+    return false;
+  }
+  ++fNext;
+  if (!ReadValue(*keyword)) {
+    return false;
+  }
+  fExpectation.given.push_back(keyword);
+  return true;
+}
+
+bool Follower::ReadValue(const Keyword& keyword) {
+  if (IsAtEnd()) {
+    fExpectation.listBegin = fNext;
+    return Expect(Expected::kValue);
+  }
+  switch (keyword.value) {
+    case ValueKind::kSetNames:
+      return ReadSetNames(keyword);
+    case ValueKind::kVariables:
+      return ReadVariables(keyword);
+    case ValueKind::kNewSetName:
+      return IsWord(fTokens[fNext++]);
+    case ValueKind::kText:
+      return fTokens[fNext++].type == TokenSequenceBase::kQuotedString;
+    case ValueKind::kCountedValue: {
+      const TokenSequenceBase::TokenType type = fTokens[fNext++].type;
+      return type == TokenSequenceBase::kNumber || type == TokenSequenceBase::kQuotedString;
+    }
+    case ValueKind::kOption:
+      break;
+  }
+  const std::string word = WordOf(fTokens[fNext++]);
+  return std::any_of(keyword.options.begin(), keyword.options.end(),
+                     [&](std::string_view option) { return NamesKeyword(word, option); });
+}
+
+bool Follower::ReadSetNames(const Keyword& keyword) {
+  if (NextIs(kAllSymbol)) {
+    ++fNext;
+    return true;
+  }
+  if (!NextIs(kOpeningBracketSymbol)) {
+    return false;
+  }
+  fExpectation.keyword = &keyword;
+  fExpectation.listBegin = ++fNext;
+  while (!IsAtEnd() && IsWord(Next())) {
+    ++fNext;
+  }
+  if (IsAtEnd()) {
+    return Expect(Expected::kSetNameInList);
+  }
+  return fTokens[fNext++].symbol == kClosingBracketSymbol;
+}
+
+/// A word that "=" follows is the next keyword.
+bool Follower::ReadVariables(const Keyword& keyword) {
+  const std::size_t begin = fNext;
+  while (!IsAtEnd() && IsWord(Next())) {
+    ++fNext;
+  }
+  if (IsAtEnd()) {
+    fExpectation.keyword = &keyword;
+    fExpectation.listBegin = begin;
+    return Expect(Expected::kVariableInList);
+  }
+  if (NextIs(kEqualsSymbol) && fNext > begin) {
+    --fNext;
+  }
+  fExpectation.variablesBegin = begin;
+  fExpectation.variablesEnd = fNext;
+  return true;
+}
 
 }  // namespace
 
+const std::vector<SubcommandRule>& MrsetSubcommands() {
+  static const std::vector<SubcommandRule> kRules = {
+      {"MDGROUP",
+       {{"NAME", ValueKind::kNewSetName},
+        {kLabelSource, ValueKind::kOption, {"VARLABEL"}},
+        {"LABEL", ValueKind::kText},
+        {"CATEGORYLABELS", ValueKind::kOption, {"VARLABELS", "COUNTEDVALUES"}},
+        {"VARIABLES", ValueKind::kVariables},
+        {"VALUE", ValueKind::kCountedValue}}},
+      {"MCGROUP",
+       {{"NAME", ValueKind::kNewSetName}, {"LABEL", ValueKind::kText}, {"VARIABLES", ValueKind::kVariables}}},
+      {"DISPLAY", {{"NAME", ValueKind::kSetNames}}},
+      {"DELETE", {{"NAME", ValueKind::kSetNames}}},
+  };
+  return kRules;
+}
+
+Expectation ExpectedBehind(const std::vector<Token>& tokens, std::size_t count) {
+  return Follower(tokens, count).Follow();
+}
+
 std::optional<std::string_view> KeywordWithValue(std::string_view subcommand, std::string_view word) {
-  for (const Rule& rule : kRules) {
-    if (NamesKeyword(subcommand, rule.subcommand) && NamesKeyword(word, rule.keyword)) {
-      return rule.keyword;
-    }
-  }
-  return std::nullopt;
+  const SubcommandRule* rule = FindSubcommand(subcommand);
+  const Keyword* keyword = rule == nullptr ? nullptr : FindKeyword(*rule, word);
+  return keyword == nullptr ? std::nullopt : std::optional(keyword->name);
+}
+
+bool IsRangeWord(const Token& token) {
+  return IsWord(token) && CompareNoCase(token.text, "TO") == 0;
 }
 
 }  // namespace standalone

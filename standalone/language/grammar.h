@@ -1,14 +1,75 @@
 #ifndef STANDALONE_LANGUAGE_GRAMMAR_H
 #define STANDALONE_LANGUAGE_GRAMMAR_H
 
+#include <cstddef>
 #include <optional>
 #include <string_view>
+#include <vector>
+
+#include "standalone/language/tokenizer.h"
 
 namespace standalone {
+
+// The grammar of MRSET as far as it helps to type a command. What a command means, and whether it is right, only the
+// module says.
+
+inline constexpr std::string_view kMrsetCommand = "MRSET";
+
+/// What stands behind a keyword and its "=".
+enum class ValueKind {
+  kNewSetName,    ///< $name
+  kSetNames,      ///< [$name ...] or ALL
+  kText,          ///< 'text'
+  kOption,        ///< one of the keyword's options
+  kCountedValue,  ///< a number or 'text'
+  kVariables      ///< names and ranges
+};
+
+struct Keyword {
+  std::string_view name;
+  ValueKind value;
+  std::vector<std::string_view> options = {};
+};
+
+struct SubcommandRule {
+  std::string_view name;
+  std::vector<Keyword> keywords;
+};
+
+/// The subcommands in the order in which they are tried.
+const std::vector<SubcommandRule>& MrsetSubcommands();
+
+/// What a command can go on with.
+enum class Expected {
+  kNothing,  ///< what stands there is wrong, or nothing can be said
+  kCommand,
+  kSubcommand,
+  kKeyword,  ///< or "/" and a subcommand, or the end
+  kEquals,
+  kValue,           ///< the first token of the value of `keyword`
+  kSetNameInList,   ///< behind "["; or "]"
+  kVariableInList,  ///< behind a word of a list of variables; or as kKeyword
+};
+
+struct Expectation {
+  Expected what = Expected::kNothing;
+  const SubcommandRule* subcommand = nullptr;  ///< in which the command stands, from kKeyword on
+  const Keyword* keyword = nullptr;            ///< whose "=" or value is expected
+  std::vector<const Keyword*> given;           ///< the subcommand's keywords so far, each with its value
+  std::size_t listBegin = 0;                   ///< first token of the list that is open
+  std::size_t variablesBegin = 0;              ///< tokens of the subcommand's complete list of variables, if any
+  std::size_t variablesEnd = 0;
+};
+
+/// What can follow the first `count` tokens of a command; the end of the command is none of them.
+Expectation ExpectedBehind(const std::vector<Token>& tokens, std::size_t count);
 
 /// The keyword with "=" and a value that a word names in a subcommand of MRSET; nothing when it names none there. Both
 /// words are in upper case and may be shortened.
 std::optional<std::string_view> KeywordWithValue(std::string_view subcommand, std::string_view word);
+
+/// Whether the token is the word TO of a list of variables.
+bool IsRangeWord(const Token& token);
 
 }  // namespace standalone
 

@@ -11,67 +11,45 @@ namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-/// Reads a script line by line and collects its commands.
-class Splitter {
- public:
-  Splitter(std::string_view script, const std::string& source) : fScript(script), fSource(source) {}
+}  // namespace
 
-  std::vector<ScriptCommand> Split();
-
- private:
-  void ReadLine(std::size_t begin, std::size_t end);
-  bool ReadCharacters(std::size_t begin, std::size_t end);
-  void AddCharacter(std::size_t offset);
-  void EndCommand(std::size_t textEnd);
-  std::string RestOfLine(std::size_t offset) const;
-
-  std::string_view fScript;
-  const std::string& fSource;
-  std::vector<ScriptCommand> fCommands;
-  int fLine = 1;
-  std::size_t fLineBegin = 0;
-
-  // The command that is being read, from its first character to behind its last one; comments and blanks are not
-  // characters of it.
-  bool fIsOpen = false;
-  int fFirstLine = 1;
-  std::size_t fFirstLineBegin = 0;
-  std::size_t fBegin = 0;
-  std::size_t fEnd = 0;
-  std::size_t fEndWithoutLast = 0;
-};
-
-std::vector<ScriptCommand> Splitter::Split() {
-  for (std::size_t begin = 0; begin < fScript.size(); ++fLine) {
-    const std::size_t end = std::min(fScript.find('\n', begin), fScript.size());
-    ReadLine(begin, end);
-    begin = end + 1;
+std::optional<ScriptCommand> CommandCollector::AddLine(std::string_view line) {
+  if (++fLine == 1 && line.substr(0, kByteOrderMark.size()) == kByteOrderMark) {
+    line.remove_prefix(kByteOrderMark.size());
   }
-  EndCommand(fEnd);
-  return std::move(fCommands);
+  if (fIsOpen) {
+    fLines += '\n';
+  } else {
+    fLines.clear();
+  }
+  const std::size_t begin = fLines.size();
+  fLines += line;
+  const bool isBlankLine = !ReadCharacters(begin);
+  const bool endsInPeriod = fIsOpen && fLines[fEnd - 1] == '.';
+  if (endsInPeriod) {
+    return EndCommand(fEndWithoutLast);
+  }
+  return isBlankLine ? EndCommand(fEnd) : std::nullopt;
 }
 
-void Splitter::ReadLine(std::size_t begin, std::size_t end) {
-  const bool isBlankLine = !ReadCharacters(begin, end);
-  const bool endsInPeriod = fIsOpen && fScript[fEnd - 1] == '.';
-  if (endsInPeriod) {
-    EndCommand(fEndWithoutLast);
-  } else if (isBlankLine) {
-    EndCommand(fEnd);
-  }
+std::optional<ScriptCommand> CommandCollector::End() {
+  return EndCommand(fEnd);
+}
+
+std::string_view CommandCollector::OpenText() const {
+  return fIsOpen ? std::string_view(fLines).substr(fBegin) : std::string_view();
 }
 
 /// Whether the line holds anything but blanks. A string that is not closed ends with its line, so that a period there
 /// still ends the command.
-bool Splitter::ReadCharacters(std::size_t begin, std::size_t end) {
-  fLineBegin = begin;
+bool CommandCollector::ReadCharacters(std::size_t begin) {
   bool holdsAnything = false;
   char quote = '\0';
-  for (std::size_t offset = begin; offset < end;) {
-    const char c = fScript[offset];
-    if (quote == '\0' && BeginsCommentAt(fScript, offset)) {
+  for (std::size_t offset = begin; offset < fLines.size();) {
+    const char c = fLines[offset];
+    if (quote == '\0' && BeginsCommentAt(fLines, offset)) {
       holdsAnything = true;
-      offset = EndOfComment(fScript, offset);
+      offset = EndOfComment(fLines, offset);
       continue;
     }
     if (!IsBlank(c)) {
@@ -88,42 +66,49 @@ bool Splitter::ReadCharacters(std::size_t begin, std::size_t end) {
   return holdsAnything;
 }
 
-void Splitter::AddCharacter(std::size_t offset) {
+void CommandCollector::AddCharacter(std::size_t offset) {
   if (!fIsOpen) {
     fIsOpen = true;
     fFirstLine = fLine;
-    fFirstLineBegin = fLineBegin;
     fBegin = fEnd = offset;
   }
   fEndWithoutLast = fEnd;
   fEnd = offset + 1;
 }
 
-void Splitter::EndCommand(std::size_t textEnd) {
+std::optional<ScriptCommand> CommandCollector::EndCommand(std::size_t textEnd) {
   const bool isOpen = std::exchange(fIsOpen, false);
-  if (!isOpen || textEnd == fBegin || fScript[fBegin] == '*') {
-    return;
+  if (!isOpen || textEnd == fBegin || fLines[fBegin] == '*') {
+    return std::nullopt;
   }
-  fCommands.push_back({std::string(fScript.substr(fBegin, textEnd - fBegin)), fFirstLine,
-                       std::string(fScript.substr(fFirstLineBegin, fBegin - fFirstLineBegin)), RestOfLine(textEnd),
-                       fSource});
+  return ScriptCommand{fLines.substr(fBegin, textEnd - fBegin), fFirstLine, fLines.substr(0, fBegin),
+                       RestOfLine(textEnd), fSource};
 }
 
-std::string Splitter::RestOfLine(std::size_t offset) const {
-  std::string_view rest = fScript.substr(offset, fScript.find('\n', offset) - offset);
+std::string CommandCollector::RestOfLine(std::size_t offset) const {
+  std::string_view rest = std::string_view(fLines).substr(offset);
+  rest = rest.substr(0, rest.find('\n'));
   if (!rest.empty() && rest.back() == '\r') {
     rest.remove_suffix(1);
   }
   return std::string(rest);
 }
 
-}  // namespace
-
 std::vector<ScriptCommand> SplitScript(std::string_view script, const std::string& source) {
-  if (script.substr(0, kByteOrderMark.size()) == kByteOrderMark) {
-    script.remove_prefix(kByteOrderMark.size());
+  CommandCollector collector(source);
+  std::vector<ScriptCommand> commands;
+  const auto keep = [&commands](std::optional<ScriptCommand> command) {
+    if (command) {
+      commands.push_back(*std::move(command));
+    }
+  };
+  for (std::size_t begin = 0; begin < script.size();) {
+    const std::size_t end = std::min(script.find('\n', begin), script.size());
+    keep(collector.AddLine(script.substr(begin, end - begin)));
+    begin = end + 1;
   }
-  return Splitter(script, source).Split();
+  keep(collector.End());
+  return commands;
 }
 
 }  // namespace standalone

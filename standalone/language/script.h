@@ -1,8 +1,11 @@
 #ifndef STANDALONE_LANGUAGE_SCRIPT_H
 #define STANDALONE_LANGUAGE_SCRIPT_H
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace standalone {
@@ -14,6 +17,46 @@ struct ScriptCommand {
   std::string before = std::string();  ///< what stands before the text on its first line
   std::string behind = std::string();  ///< what stands behind the text on its last line, its final period among it
   std::string source = std::string();  ///< what the script is called: its path, "standard input", "-c 1"; may be empty
+};
+
+/// Collects commands from the lines of a script as they come in, by the rules of SplitScript().
+class CommandCollector {
+ public:
+  /// `source` is what the script is called.
+  explicit CommandCollector(std::string source = "") : fSource(std::move(source)) {}
+
+  /// Takes the next line, without its "\n"; a byte-order mark before the first one is skipped. Returns the command that
+  /// it completes, if any.
+  std::optional<ScriptCommand> AddLine(std::string_view line);
+
+  /// Ends the script: returns the command that was not complete, if any.
+  std::optional<ScriptCommand> End();
+
+  /// Whether a command, or a comment in the place of one, has begun and is not complete.
+  bool IsOpen() const { return fIsOpen; }
+
+  /// What has been read of the open command, from its first character on.
+  std::string_view OpenText() const;
+
+  /// Forgets the open command.
+  void Abandon() { fIsOpen = false; }
+
+ private:
+  bool ReadCharacters(std::size_t begin);
+  void AddCharacter(std::size_t offset);
+  std::optional<ScriptCommand> EndCommand(std::size_t textEnd);
+  std::string RestOfLine(std::size_t offset) const;
+
+  std::string fSource;
+  int fLine = 0;       // the last one that was added
+  std::string fLines;  // from the one on which the open command begins
+
+  // The open command, from its first character to behind its last one; comments and blanks are not characters of it.
+  bool fIsOpen = false;
+  int fFirstLine = 1;
+  std::size_t fBegin = 0;
+  std::size_t fEnd = 0;
+  std::size_t fEndWithoutLast = 0;
 };
 
 /// Splits a script, which is called `source`, into its commands. A command ends at a period that is the last thing on

@@ -196,5 +196,63 @@ TEST(Script, ACommandKnowsWhatStandsAroundItOnItsLines) {
   }
 }
 
+/// Each line with the text of the command that it completes, "..." while one is open, "-" while none is.
+std::string Collected(CommandCollector& collector, const std::vector<std::string>& lines) {
+  std::string steps;
+  for (const std::string& line : lines) {
+    const std::optional<ScriptCommand> command = collector.AddLine(line);
+    steps += command ? "[" + std::to_string(command->line) + " " + command->text + "]" : "";
+    steps += collector.IsOpen() ? "..." : "-";
+  }
+  return steps;
+}
+
+TEST(CommandCollector, ReturnsACommandWithTheLineThatCompletesIt) {
+  struct Steps {
+    std::vector<std::string> lines;
+    std::string steps;
+  };
+  const std::vector<Steps> rows = {
+      {{"A."}, "[1 A]-"},
+      {{"A", "B."}, "...[1 A\nB]-"},
+      {{"A", "", "B"}, "...[1 A]-..."},
+      {{"", " ", "."}, "---"},
+      {{"", "A. ", "B."}, "-[2 A]-[3 B]-"},
+      {{"* A", "B.", "C."}, "...-[3 C]-"},
+      {{"/* A", "B", "/* C */", "."}, "-......[2 B]-"},
+      {{"A 'b.", "c."}, "[1 A 'b]-[2 c]-"},
+      {{"A\r", "\r"}, "...[1 A]-"},
+      {{"\xEF\xBB\xBF"
+        "A."},
+       "[1 A]-"},
+  };
+  for (const Steps& row : rows) {
+    CommandCollector collector;
+    EXPECT_EQ(Collected(collector, row.lines), row.steps) << testing::PrintToString(row.lines);
+  }
+}
+
+TEST(CommandCollector, KnowsTheTextOfTheOpenCommand) {
+  CommandCollector collector;
+  EXPECT_EQ(collector.OpenText(), "");
+  collector.AddLine("  /* one */ A");
+  EXPECT_EQ(collector.OpenText(), "A");
+  collector.AddLine(" B /* two");
+  EXPECT_EQ(collector.OpenText(), "A\n B /* two");
+  collector.Abandon();
+  EXPECT_EQ(collector.OpenText(), "");
+  EXPECT_FALSE(collector.End());
+  EXPECT_EQ(Collected(collector, {"C."}), "[3 C]-");
+}
+
+TEST(CommandCollector, EndsTheOpenCommandWithTheScript) {
+  CommandCollector collector;
+  collector.AddLine("A");
+  const std::optional<ScriptCommand> command = collector.End();
+  ASSERT_TRUE(command);
+  EXPECT_EQ(command->text, "A");
+  EXPECT_FALSE(collector.End());
+}
+
 }  // namespace
 }  // namespace standalone

@@ -2,13 +2,13 @@
 
 build_packages=(
   g++ cmake ninja-build
-  libicu-dev libsqlite3-dev libcli11-dev nlohmann-json3-dev libfmt-dev libcsv-dev
+  libicu-dev libsqlite3-dev libcli11-dev nlohmann-json3-dev libfmt-dev libcsv-dev libedit-dev
 )
 
 test_packages=(
   libgtest-dev libgmock-dev librapidcheck-dev
   clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14 llvm-14
-  python3-cram python3 cmark-gfm sqlite3 binutils git
+  python3-cram python3 python3-pyte cmark-gfm sqlite3 binutils git
 )
 
 # For the page in a real browser. npm gets the test's two packages; any npm that is there already will do.

@@ -16,6 +16,8 @@ namespace standalone {
 
 namespace {
 
+constexpr const char* kMoved = " was moved or deleted by another program.";
+
 // A plain name such as ":memory:" or "file:x?mode=memory" means something else to SQLite than a file of that name.
 std::string AsFilePath(const std::string& path) {
   return path.empty() || path[0] == '/' ? path : "./" + path;
@@ -122,7 +124,7 @@ std::string Database::Implementation::LockedSentence() const {
 void Database::Implementation::Fail(int result) const {
   const int extended = fConnection == nullptr ? result : sqlite3_extended_errcode(fConnection);
   if (extended == SQLITE_READONLY_DBMOVED) {
-    throw DatasetError(fName + " was moved or deleted by another program.");
+    throw DatasetError(fName + kMoved);
   }
   if (extended == SQLITE_READONLY_ROLLBACK || extended == SQLITE_READONLY_RECOVERY) {
     throw DatasetError(fName + " was left in the middle of a write; it must be opened once with permission to write.");
@@ -190,6 +192,14 @@ void Database::CopyInto(const std::string& path) const {
   }
   sqlite3_backup_step(backup, -1);
   target.Check(sqlite3_backup_finish(backup));
+}
+
+void Database::FailIfMoved() const {
+  int hasMoved = 0;
+  sqlite3_file_control(fImplementation->fConnection, "main", SQLITE_FCNTL_HAS_MOVED, &hasMoved);
+  if (hasMoved != 0) {
+    throw DatasetError(fImplementation->fName + kMoved);
+  }
 }
 
 bool Database::IsReadOnly() const {

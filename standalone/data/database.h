@@ -50,6 +50,9 @@ class Database {
   /// right to write, but must not have written.
   void CopyInto(const std::string& path) const;
 
+  /// Throws the sentence of a file that is no longer the one at its path.
+  void FailIfMoved() const;
+
   bool IsReadOnly() const;
   bool InTransaction() const;
 

@@ -108,6 +108,7 @@ void Dataset::Implementation::Begin(bool exclusive) {
   try {
     fDatabase->Execute(exclusive ? "BEGIN IMMEDIATE" : "BEGIN");
     const std::int64_t generation = StoredGeneration();  // the first read fixes the state that all reads see
+    fDatabase->FailIfMoved();
     if (generation != fGeneration) {
       ForgetWhatWasRead();
     }

@@ -29,6 +29,9 @@ class CommandCollector {
   /// it completes, if any.
   std::optional<ScriptCommand> AddLine(std::string_view line);
 
+  /// Counts a line that is no part of a command; none may be open.
+  void SkipLine() { ++fLine; }
+
   /// Ends the script: returns the command that was not complete, if any.
   std::optional<ScriptCommand> End();
 

@@ -24,8 +24,12 @@ class Renderer {
 
 // The streams must outlive the renderer.
 
+/// Whether the commands are shown with their results.
+enum class Echo { kCommands, kNothing };
+
 /// For people: messages, and tables that fit `width` terminal columns.
-std::unique_ptr<Renderer> MakeTextRenderer(std::ostream& stream, std::size_t width, Colour colour = Colour::kNone);
+std::unique_ptr<Renderer> MakeTextRenderer(std::ostream& stream, std::size_t width, Colour colour = Colour::kNone,
+                                           Echo echo = Echo::kCommands);
 
 /// For programs: one JSON object a line.
 std::unique_ptr<Renderer> MakeJsonRenderer(std::ostream& stream);

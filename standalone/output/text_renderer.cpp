@@ -26,8 +26,12 @@ std::string_view Trimmed(std::string_view text, std::string_view characters) {
 
 class TextRenderer final : public Renderer {
  public:
-  TextRenderer(std::ostream& stream, std::size_t width, Colour colour)
-      : fStream(stream), fWidth(width), fColour(colour), fTables(MakeTextTableWriter(stream, width, colour)) {}
+  TextRenderer(std::ostream& stream, std::size_t width, Colour colour, Echo echo)
+      : fStream(stream),
+        fWidth(width),
+        fColour(colour),
+        fEcho(echo),
+        fTables(MakeTextTableWriter(stream, width, colour)) {}
 
   void Write(const CommandResult& result) override;
 
@@ -44,6 +48,7 @@ class TextRenderer final : public Renderer {
   std::ostream& fStream;
   std::size_t fWidth;
   Colour fColour;
+  Echo fEcho;
   std::unique_ptr<TableWriter> fTables;
   bool fIsFirst = true;
   bool fFollowsTable = false;
@@ -53,7 +58,9 @@ class TextRenderer final : public Renderer {
 void TextRenderer::Write(const CommandResult& result) {
   SetApart(!fIsFirst);
   fIsFirst = false;
-  WriteCommand(result.number, result.text);
+  if (fEcho == Echo::kCommands) {
+    WriteCommand(result.number, result.text);
+  }
   fLastMessage.Forget();
   for (const Item& item : result.items) {
     std::visit([&](const auto& one) { WriteItem(result, one); }, item);
@@ -132,8 +139,8 @@ void TextRenderer::SetApart(bool fromLineBefore) {
 
 }  // namespace
 
-std::unique_ptr<Renderer> MakeTextRenderer(std::ostream& stream, std::size_t width, Colour colour) {
-  return std::make_unique<TextRenderer>(stream, width, colour);
+std::unique_ptr<Renderer> MakeTextRenderer(std::ostream& stream, std::size_t width, Colour colour, Echo echo) {
+  return std::make_unique<TextRenderer>(stream, width, colour, echo);
 }
 
 }  // namespace standalone

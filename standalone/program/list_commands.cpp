@@ -11,9 +11,9 @@
 #include "standalone/data/dataset.h"
 #include "standalone/output/sets_json.h"
 #include "standalone/output/table_writer.h"
-#include "standalone/program/counted.h"
 #include "standalone/program/dataset_options.h"
 #include "standalone/program/format_option.h"
+#include "standalone/program/list_tables.h"
 #include "standalone/program/subcommands.h"
 #include "standalone/program/terminal.h"
 
@@ -25,45 +25,6 @@ struct ListRequest {
   FormatOptions format;
   DatasetOptions datasetOptions;
 };
-
-Cell TextCell(const std::string& text) {
-  Cell cell;
-  if (!text.empty()) {
-    cell.value = text;
-  }
-  return cell;
-}
-
-Cell ListCell(std::vector<std::string> entries) {
-  Cell cell;
-  cell.value = std::move(entries);
-  return cell;
-}
-
-Table SetsHeading() {
-  return {"Multiple response sets", "Name", "", {"Type", "Label", "Counted value", "Variables"}, {}};
-}
-
-TableRow SetRow(const StoredSet& set) {
-  const bool isDichotomy = set.type == SetType::kDichotomy;
-  return {set.name,
-          {TextCell(isDichotomy ? "dichotomy" : "category"), TextCell(set.label), TextCell(set.countedValue),
-           ListCell(set.variables)}};
-}
-
-Table VariablesHeading() {
-  return {"Variables", "Name", "", {"Type", "Label", "Value labels"}, {}};
-}
-
-TableRow VariableRow(const Variable& variable) {
-  std::vector<std::string> valueLabels;
-  for (const ValueLabel& entry : variable.valueLabels) {
-    valueLabels.push_back(fmt::format("{} = {}", entry.value, entry.label));
-  }
-  const std::string type =
-      variable.width == 0 ? "numeric" : "string, " + Counted(static_cast<std::size_t>(variable.width), "byte");
-  return {variable.name, {TextCell(type), TextCell(variable.label.value_or("")), ListCell(std::move(valueLabels))}};
-}
 
 void WriteSetsTable(Dataset& dataset, TableWriter& writer) {
   writer.Begin(SetsHeading());
@@ -92,10 +53,6 @@ void WriteVariablesJson(Dataset& dataset) {
     std::cout << (position == 0 ? "" : ",") << OneLine(ToJson(dataset.VariableAt(position)));
   }
   std::cout << "]}\n";
-}
-
-std::string AbsenceOfSets(Dataset& dataset) {
-  return dataset.Sets().empty() ? "The dataset has no multiple response sets." : "";
 }
 
 std::string AbsenceOfVariables(Dataset& /*dataset*/) {

@@ -9,6 +9,7 @@
 #include "standalone/output/log_text.h"
 #include "standalone/program/dataset_options.h"
 #include "standalone/program/format_option.h"
+#include "standalone/program/history_actions.h"
 #include "standalone/program/subcommands.h"
 #include "standalone/program/terminal.h"
 
@@ -34,7 +35,15 @@ void WriteJson(Dataset& dataset) {
   std::cout << "]}\n";
 }
 
-void WriteText(Dataset& dataset) {
+ExitStatus Log(const LogRequest& request) {
+  Dataset dataset(request.datasetPath, request.datasetOptions);
+  (request.format == kJsonFormat ? WriteJson : WriteLog)(dataset);
+  return kSuccess;
+}
+
+}  // namespace
+
+void WriteLog(Dataset& dataset) {
   const VersionRange versions = dataset.Versions();
   if (versions.first == versions.last) {
     std::cout << "The dataset keeps no change of its sets.\n";
@@ -42,14 +51,6 @@ void WriteText(Dataset& dataset) {
   const std::size_t width = OutputWidth();
   dataset.ForEachChange([&](const Change& change) { std::cout << ChangeText(change, width); });
 }
-
-ExitStatus Log(const LogRequest& request) {
-  Dataset dataset(request.datasetPath, request.datasetOptions);
-  (request.format == kJsonFormat ? WriteJson : WriteText)(dataset);
-  return kSuccess;
-}
-
-}  // namespace
 
 Action DeclareLog(CLI::App& options) {
   const auto request = std::make_shared<LogRequest>();

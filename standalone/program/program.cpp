@@ -21,9 +21,10 @@
 namespace standalone {
 namespace {
 
-constexpr std::array<Subcommand, 10> kSubcommands = {{
+constexpr std::array<Subcommand, 11> kSubcommands = {{
     {"import", "Read a survey from CSV into a dataset", DeclareImport},
     {"run", "Run commands on a dataset", DeclareRun},
+    {"shell", "Type commands on a dataset, with help and completion", DeclareShell},
     {"sets", "List a dataset's multiple response sets", DeclareSets},
     {"variables", "List a dataset's variables", DeclareVariables},
     {"log", "List the changes of a dataset's sets", DeclareLog},

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "standalone/output/renderer.h"
+#include "standalone/program/command_status.h"
 #include "standalone/program/dataset_options.h"
 #include "standalone/program/format_option.h"
 #include "standalone/program/same_file.h"
@@ -54,18 +55,6 @@ void CheckOutputPath(const RunOptions& options, const std::string& outputPath) {
   if (IsSameFile(outputPath, options.datasetPath) || IsSameFile(outputPath, options.scriptPath.value_or(""))) {
     throw OutputError(fmt::format("The output file {} is what the run reads; give another one.", outputPath));
   }
-}
-
-ExitStatus StatusOf(const CommandResult& result) {
-  switch (result.status) {
-    case Status::kOk:
-      return kSuccess;
-    case Status::kError:
-      return kErrors;
-    case Status::kAborted:
-      break;
-  }
-  return kAborted;
 }
 
 ExitStatus RunAndRender(const RunRequest& request, Renderer& renderer) {

@@ -27,6 +27,7 @@ Action DeclareVariables(CLI::App& options);
 Action DeclareLog(CLI::App& options);
 Action DeclareUndo(CLI::App& options);
 Action DeclareCheck(CLI::App& options);
+Action DeclareShell(CLI::App& options);
 Action DeclareScript(CLI::App& options);
 Action DeclareDiff(CLI::App& options);
 Action DeclareCopy(CLI::App& options);

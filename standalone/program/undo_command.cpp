@@ -10,6 +10,7 @@
 
 #include "standalone/data/undo.h"
 #include "standalone/program/dataset_options.h"
+#include "standalone/program/history_actions.h"
 #include "standalone/program/subcommands.h"
 #include "standalone/program/whole_number.h"
 #include "standalone/text/notice.h"
@@ -35,21 +36,21 @@ std::string SentenceOf(const Undone& undone) {
                            undone.target + 1, last, undone.target, last + 1);
 }
 
-ExitStatus Undo(const UndoRequest& request) {
-  Dataset dataset(request.datasetPath, request.datasetOptions);
-  const std::optional<Undone> undone = UndoChanges(dataset, request.to);
+}  // namespace
+
+ExitStatus UndoAndSay(const std::string& datasetPath, const DatasetOptions& options, std::optional<std::int64_t> to) {
+  Dataset dataset(datasetPath, options);
+  const std::optional<Undone> undone = UndoChanges(dataset, to);
   if (!undone) {
-    std::cerr << NoticeLine(request.datasetPath + " keeps no change; there is nothing to undo.");
+    std::cerr << NoticeLine(datasetPath + " keeps no change; there is nothing to undo.");
     return kErrors;
   }
   if (undone->changed && !undone->written) {
-    throw DatasetError(request.datasetPath + " cannot be written: there is no permission to write it or its folder.");
+    throw DatasetError(datasetPath + " cannot be written: there is no permission to write it or its folder.");
   }
   std::cout << SentenceOf(*undone) << '\n';
   return kSuccess;
 }
-
-}  // namespace
 
 Action DeclareUndo(CLI::App& options) {
   const auto request = std::make_shared<UndoRequest>();
@@ -68,7 +69,7 @@ Action DeclareUndo(CLI::App& options) {
       "Exit status: 0 done, 1 there is nothing to undo, 2 wrong usage, no such version or an unusable file.\n"
       "Example:\n"
       "  mrset undo survey.mrset --to 3\n");
-  return [request] { return Undo(*request); };
+  return [request] { return UndoAndSay(request->datasetPath, request->datasetOptions, request->to); };
 }
 
 }  // namespace standalone

@@ -1,6 +1,8 @@
 #ifndef STANDALONE_RUN_SCRIPT_SOURCE_H
 #define STANDALONE_RUN_SCRIPT_SOURCE_H
 
+#include <cstddef>
+#include <optional>
 #include <stdexcept>
 #include <string>
 
@@ -14,6 +16,18 @@ class ScriptError : public std::runtime_error {
 
 /// The whole text of a script file, or of standard input for "-". Throws ScriptError.
 std::string ReadScript(const std::string& path);
+
+/// Reads standard input line by line, each as soon as it is there.
+class StandardInputLines {
+ public:
+  /// The next line without its "\n"; waits for it. Nothing at the end of the input. Throws ScriptError.
+  std::optional<std::string> Next();
+
+ private:
+  std::string fRead;          // what was read and is not handed out yet
+  std::size_t fBegin = 0;     // where that begins in it
+  std::size_t fSearched = 0;  // behind fBegin there is no line end up to here
+};
 
 }  // namespace standalone
 

@@ -8,6 +8,7 @@
 #include <string>
 #include <utility>
 
+#include "standalone/run/command_channel.h"
 #include "standalone/run/command_runner.h"
 #include "standalone/run/worker.h"
 #include "standalone/text/visible.h"
@@ -16,11 +17,13 @@ namespace standalone {
 namespace {
 
 /// Runs the commands from `first` on, in the worker's process. The sets that a dry run has come to are lost with the
-/// process that ended, so its commands run again, unheard and without those that were aborted.
+/// process that ended, so its commands run again, unheard and without those that were aborted. The commands that are
+/// not there yet come through the channel, if there is one.
 class Work {
  public:
-  Work(const RunRequest& request, std::size_t first, const std::set<std::size_t>& aborted, const Worker::Tell& tell)
-      : fRequest(request), fFirst(first), fAborted(aborted), fTell(tell) {}
+  Work(const RunRequest& request, std::size_t first, const std::set<std::size_t>& aborted, CommandChannel* channel,
+       const Worker::Tell& tell)
+      : fRequest(request), fFirst(first), fAborted(aborted), fChannel(channel), fTell(tell) {}
 
   void operator()() const {
     try {
@@ -57,22 +60,37 @@ class Work {
         return;  // here, since this process does not wait for the other one
       }
     }
+    if (fChannel != nullptr) {
+      RunWhatComes(runner);
+    }
+  }
+
+  void RunWhatComes(CommandRunner& runner) const {
+    fChannel->EndSending();
+    std::size_t index = fRequest.commands.size();
+    while (const std::optional<ScriptCommand> command = fChannel->Receive()) {
+      runner.Run(*command, index++);
+    }
   }
 
   const RunRequest& fRequest;
   std::size_t fFirst;
   const std::set<std::size_t>& fAborted;
+  CommandChannel* fChannel;
   const Worker::Tell& fTell;
 };
 
 class Supervisor {
  public:
-  explicit Supervisor(const RunRequest& request) : fRequest(request) {}
+  /// `isLive` where the request gets more commands as time goes on.
+  Supervisor(const RunRequest& request, bool isLive) : fRequest(request), fIsLive(isLive) {}
 
   /// The result of the command at `index`; commands are asked for in their order.
   CommandResult Result(std::size_t index) {
     if (!fWorker) {
-      fWorker = std::make_unique<Worker>([&](const Worker::Tell& tell) { Work(fRequest, index, fAborted, tell)(); });
+      StartWorker(index);
+    } else if (fIsLive) {
+      fChannel->Send(fRequest.commands[index]);
     }
     CommandResult result = Begin(index);
     while (const std::optional<Event> event = fWorker->Receive()) {
@@ -89,6 +107,7 @@ class Supervisor {
     if (!fWorker) {
       return;
     }
+    fChannel.reset();
     while (fWorker->Receive()) {
     }
     if (const std::string words = fWorker->LastWords(); !words.empty()) {
@@ -96,7 +115,20 @@ class Supervisor {
     }
   }
 
+  /// Does without the worker that there is.
+  void DropWorker() { fWorker.reset(); }
+
  private:
+  /// The commands that are there already, from `first` on, are the worker's from the beginning.
+  void StartWorker(std::size_t first) {
+    fChannel = fIsLive ? std::make_unique<CommandChannel>() : nullptr;
+    fWorker = std::make_unique<Worker>(
+        [&](const Worker::Tell& tell) { Work(fRequest, first, fAborted, fChannel.get(), tell)(); });
+    if (fChannel) {
+      fChannel->EndReceiving();
+    }
+  }
+
   CommandResult Begin(std::size_t index) const {
     CommandResult result;
     result.number = index + 1;
@@ -145,6 +177,8 @@ class Supervisor {
   }
 
   const RunRequest& fRequest;
+  bool fIsLive;
+  std::unique_ptr<CommandChannel> fChannel;
   std::unique_ptr<Worker> fWorker;
   std::set<std::size_t> fAborted;
 };
@@ -155,7 +189,7 @@ void RunCommands(const RunRequest& request, const std::function<void(const Comma
   if (request.commands.empty()) {
     const Dataset usable(request.datasetPath);  // or else this throws
   }
-  Supervisor supervisor(request);
+  Supervisor supervisor(request, false);
   for (std::size_t index = 0; index < request.commands.size(); ++index) {
     const CommandResult result = supervisor.Result(index);
     handOver(result);
@@ -164,6 +198,45 @@ void RunCommands(const RunRequest& request, const std::function<void(const Comma
     }
   }
   supervisor.Finish();
+}
+
+class LiveRun::Implementation {
+ public:
+  explicit Implementation(RunRequest request) : fRequest(std::move(request)), fSupervisor(fRequest, true) {}
+
+  CommandResult Run(const ScriptCommand& command);
+  void Finish() { fSupervisor.Finish(); }
+
+ private:
+  RunRequest fRequest;
+  Supervisor fSupervisor;
+};
+
+CommandResult LiveRun::Implementation::Run(const ScriptCommand& command) {
+  fRequest.commands.push_back(command);
+  try {
+    CommandResult result = fSupervisor.Result(fRequest.commands.size() - 1);
+    if (!fRequest.dryRun) {
+      fRequest.commands.back() = {};  // nobody asks for it again, and there may be many
+    }
+    return result;
+  } catch (...) {
+    fSupervisor.DropWorker();
+    fRequest.commands.pop_back();
+    throw;
+  }
+}
+
+LiveRun::LiveRun(RunRequest request) : fImplementation(std::make_unique<Implementation>(std::move(request))) {}
+
+LiveRun::~LiveRun() = default;
+
+CommandResult LiveRun::Run(const ScriptCommand& command) {
+  return fImplementation->Run(command);
+}
+
+void LiveRun::Finish() {
+  fImplementation->Finish();
 }
 
 }  // namespace standalone

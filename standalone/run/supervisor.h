@@ -2,6 +2,7 @@
 #define STANDALONE_RUN_SUPERVISOR_H
 
 #include <functional>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -30,6 +31,27 @@ struct RunRequest {
 /// process of their own, which is replaced when one of them ends it; so that costs exactly that command. Throws
 /// RunError.
 void RunCommands(const RunRequest& request, const std::function<void(const CommandResult&)>& handOver);
+
+/// Runs commands that come one after another, as RunCommands() does, but without ending when a dataset cannot be used:
+/// the next command finds what is there then.
+class LiveRun {
+ public:
+  /// `request` holds no command yet and does not stop on errors.
+  explicit LiveRun(RunRequest request);
+  LiveRun(const LiveRun&) = delete;
+  LiveRun& operator=(const LiveRun&) = delete;
+  ~LiveRun();
+
+  /// The result of a command, when it is complete. Throws RunError where it could not be run.
+  CommandResult Run(const ScriptCommand& command);
+
+  /// Lets the process in which the commands run end.
+  void Finish();
+
+ private:
+  class Implementation;
+  std::unique_ptr<Implementation> fImplementation;
+};
 
 }  // namespace standalone
 

@@ -1,0 +1,22 @@
+#ifndef STANDALONE_PROGRAM_HISTORY_ACTIONS_H
+#define STANDALONE_PROGRAM_HISTORY_ACTIONS_H
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "standalone/data/dataset.h"
+#include "standalone/program/exit_status.h"
+
+namespace standalone {
+
+/// Writes the changes that the dataset keeps to standard output, for people.
+void WriteLog(Dataset& dataset);
+
+/// Goes back to the sets of version `to`, or to those before the last change, and says so; kErrors, and a sentence on
+/// standard error, where there is no change. Throws DatasetError.
+ExitStatus UndoAndSay(const std::string& datasetPath, const DatasetOptions& options, std::optional<std::int64_t> to);
+
+}  // namespace standalone
+
+#endif  // STANDALONE_PROGRAM_HISTORY_ACTIONS_H

@@ -1,0 +1,59 @@
+#include "standalone/program/list_tables.h"
+
+#include <fmt/format.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "standalone/program/counted.h"
+
+namespace standalone {
+namespace {
+
+Cell TextCell(const std::string& text) {
+  Cell cell;
+  if (!text.empty()) {
+    cell.value = text;
+  }
+  return cell;
+}
+
+Cell ListCell(std::vector<std::string> entries) {
+  Cell cell;
+  cell.value = std::move(entries);
+  return cell;
+}
+
+}  // namespace
+
+Table SetsHeading() {
+  return {"Multiple response sets", "Name", "", {"Type", "Label", "Counted value", "Variables"}, {}};
+}
+
+TableRow SetRow(const StoredSet& set) {
+  const bool isDichotomy = set.type == SetType::kDichotomy;
+  return {set.name,
+          {TextCell(isDichotomy ? "dichotomy" : "category"), TextCell(set.label), TextCell(set.countedValue),
+           ListCell(set.variables)}};
+}
+
+Table VariablesHeading() {
+  return {"Variables", "Name", "", {"Type", "Label", "Value labels"}, {}};
+}
+
+TableRow VariableRow(const Variable& variable) {
+  std::vector<std::string> valueLabels;
+  for (const ValueLabel& entry : variable.valueLabels) {
+    valueLabels.push_back(fmt::format("{} = {}", entry.value, entry.label));
+  }
+  const std::string type =
+      variable.width == 0 ? "numeric" : "string, " + Counted(static_cast<std::size_t>(variable.width), "byte");
+  return {variable.name, {TextCell(type), TextCell(variable.label.value_or("")), ListCell(std::move(valueLabels))}};
+}
+
+std::string AbsenceOfSets(Dataset& dataset) {
+  return dataset.Sets().empty() ? "The dataset has no multiple response sets." : "";
+}
+
+}  // namespace standalone

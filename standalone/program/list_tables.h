@@ -1,0 +1,24 @@
+#ifndef STANDALONE_PROGRAM_LIST_TABLES_H
+#define STANDALONE_PROGRAM_LIST_TABLES_H
+
+#include <string>
+
+#include "standalone/data/dataset.h"
+#include "standalone/output/items.h"
+
+namespace standalone {
+
+// The lists of what a dataset holds, as tables: all but the rows, and a row.
+
+Table SetsHeading();
+TableRow SetRow(const StoredSet& set);
+
+Table VariablesHeading();
+TableRow VariableRow(const Variable& variable);
+
+/// What people read in place of an empty table of sets; empty where it is not.
+std::string AbsenceOfSets(Dataset& dataset);
+
+}  // namespace standalone
+
+#endif  // STANDALONE_PROGRAM_LIST_TABLES_H

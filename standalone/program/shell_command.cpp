@@ -1,0 +1,242 @@
+#include <fmt/format.h>
+#include <signal.h>
+#include <unistd.h>
+
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+#include <algorithm>
+#include <iostream>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "standalone/output/renderer.h"
+#include "standalone/program/command_status.h"
+#include "standalone/program/counted.h"
+#include "standalone/program/dataset_options.h"
+#include "standalone/program/format_option.h"
+#include "standalone/program/history_actions.h"
+#include "standalone/program/list_tables.h"
+#include "standalone/program/subcommands.h"
+#include "standalone/program/terminal.h"
+#include "standalone/program/whole_number.h"
+#include "standalone/run/supervisor.h"
+#include "standalone/shell/dataset_completion_source.h"
+#include "standalone/shell/help.h"
+#include "standalone/shell/name_pattern.h"
+#include "standalone/shell/piped_input.h"
+#include "standalone/shell/shell.h"
+#include "standalone/shell/terminal_input.h"
+#include "standalone/text/notice.h"
+
+namespace standalone {
+namespace {
+
+/// Variables that are listed at most, so that a list of a huge dictionary comes to an end.
+constexpr std::size_t kMostListed = 1000;
+
+struct ShellOptions {
+  std::string datasetPath;
+  DatasetOptions datasetOptions;
+};
+
+/// A command of the shell that is not used as it is meant; what() is one sentence.
+class MisuseError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// The positions, in dictionary order, of the variables that the pattern stands for; one more than kMostListed at most.
+std::vector<int> PositionsOf(const std::string& pattern, Dataset& dataset) {
+  const NamePattern names(pattern);
+  std::vector<int> positions;
+  dataset.VisitVariables(names.Beginning(), 0, [&](int position, const std::string& name) {
+    if (names.Matches(name)) {
+      positions.push_back(position);
+    }
+    return positions.size() <= kMostListed;
+  });
+  std::sort(positions.begin(), positions.end());
+  return positions;
+}
+
+/// Does what a shell's commands say. Each opens the dataset as it is then; none stays open, since the process forks.
+class DatasetActions : public ShellActions {
+ public:
+  DatasetActions(const ShellOptions& options, bool isAtTerminal)
+      : fOptions(options),
+        fIsAtTerminal(isAtTerminal),
+        fRun({options.datasetPath, {}, false, false, options.datasetOptions}),
+        fRenderer(MakeRenderer(Echo::kCommands)) {}
+
+  void Run(const ScriptCommand& command) override;
+  void Perform(const ShellCommand& command) override;
+
+  /// Ends the run; the exit status of all that was done.
+  ExitStatus Finish();
+
+ private:
+  static Colour OutputColour() { return ChosenColour({"text", "auto"}, OutputIsTerminal()); }
+  static std::unique_ptr<Renderer> MakeRenderer(Echo echo) {
+    return MakeTextRenderer(std::cout, OutputWidth(), OutputColour(), echo);
+  }
+
+  ExitStatus Do(const ShellCommand& command);
+  ExitStatus ShowHelp(const std::string& topic);
+  ExitStatus ShowSets(Dataset& dataset);
+  ExitStatus ShowVariables(Dataset& dataset, const std::string& pattern);
+  ExitStatus Undo(const std::string& number);
+  void Take(ExitStatus status) { fStatus = std::max(fStatus, status); }
+  void Complain(ExitStatus status, const std::exception& error);
+
+  const ShellOptions& fOptions;
+  bool fIsAtTerminal;
+  LiveRun fRun;
+  std::unique_ptr<Renderer> fRenderer;
+  ExitStatus fStatus = kSuccess;
+};
+
+/// At a terminal the command stands there already, and its width may have changed.
+void DatasetActions::Run(const ScriptCommand& command) {
+  try {
+    const CommandResult result = fRun.Run(command);
+    (fIsAtTerminal ? *MakeRenderer(Echo::kNothing) : *fRenderer).Write(result);
+    Take(StatusOf(result));
+  } catch (const RunError& error) {
+    Complain(kUnusable, error);
+  }
+  std::cout.flush();
+}
+
+void DatasetActions::Perform(const ShellCommand& command) {
+  try {
+    Take(Do(command));
+  } catch (const MisuseError& error) {
+    Complain(kErrors, error);
+  } catch (const DatasetError& error) {
+    Complain(kUnusable, error);
+  }
+  std::cout.flush();
+}
+
+ExitStatus DatasetActions::Finish() {
+  fRun.Finish();
+  return fIsAtTerminal ? kSuccess : fStatus;
+}
+
+ExitStatus DatasetActions::Do(const ShellCommand& command) {
+  if (command.rule->argument.empty() && !command.argument.empty()) {
+    throw MisuseError(fmt::format("{} stands alone on its line.", command.rule->name));
+  }
+  switch (command.rule->kind) {
+    case ShellCommandKind::kHelp:
+      return ShowHelp(command.argument);
+    case ShellCommandKind::kUndo:
+      return Undo(command.argument);
+    default:
+      break;
+  }
+  Dataset dataset(fOptions.datasetPath, fOptions.datasetOptions);
+  dataset.BeginCommand(false);
+  if (command.rule->kind == ShellCommandKind::kVariables) {
+    return ShowVariables(dataset, command.argument);
+  }
+  if (command.rule->kind == ShellCommandKind::kSets) {
+    return ShowSets(dataset);
+  }
+  WriteLog(dataset);
+  return kSuccess;
+}
+
+ExitStatus DatasetActions::ShowHelp(const std::string& topic) {
+  const std::optional<std::string> help = HelpOn(topic);
+  if (!help) {
+    throw MisuseError(fmt::format("There is no help on {}; there is on {}.", topic, fmt::join(HelpTopics(), ", ")));
+  }
+  std::cout << *help;
+  return kSuccess;
+}
+
+ExitStatus DatasetActions::ShowSets(Dataset& dataset) {
+  if (const std::string absence = AbsenceOfSets(dataset); !absence.empty()) {
+    std::cout << absence << '\n';
+    return kSuccess;
+  }
+  const std::unique_ptr<TableWriter> writer = MakeTextTableWriter(std::cout, OutputWidth(), OutputColour());
+  writer->Begin(SetsHeading());
+  for (const StoredSet& set : dataset.Sets()) {
+    writer->Add(SetRow(set));
+  }
+  writer->End();
+  return kSuccess;
+}
+
+ExitStatus DatasetActions::ShowVariables(Dataset& dataset, const std::string& pattern) {
+  std::vector<int> positions = PositionsOf(pattern, dataset);
+  if (positions.empty()) {
+    throw MisuseError(fmt::format("The dataset has no variable {}.", pattern));
+  }
+  const bool isCut = positions.size() > kMostListed;
+  positions.resize(std::min(positions.size(), kMostListed));
+  const std::unique_ptr<TableWriter> writer = MakeTextTableWriter(std::cout, OutputWidth(), OutputColour());
+  writer->Begin(VariablesHeading());
+  for (const int position : positions) {
+    writer->Add(VariableRow(dataset.VariableAt(position)));
+  }
+  writer->End();
+  if (isCut) {
+    std::cout << fmt::format("These are {} of the dataset's {}; a pattern such as q* shows fewer.\n", kMostListed,
+                             Counted(static_cast<std::size_t>(dataset.VariableCount()), "variable"));
+  }
+  return kSuccess;
+}
+
+ExitStatus DatasetActions::Undo(const std::string& number) {
+  const std::optional<std::int64_t> to = WholeNumber(number);
+  if (!number.empty() && !to) {
+    throw MisuseError(fmt::format("{} is no number of a version.", number));
+  }
+  return UndoAndSay(fOptions.datasetPath, fOptions.datasetOptions, to);
+}
+
+void DatasetActions::Complain(ExitStatus status, const std::exception& error) {
+  std::cout.flush();
+  std::cerr << NoticeLine(error.what());
+  Take(status);
+}
+
+ExitStatus RunShell(const ShellOptions& options) {
+  const bool isAtTerminal = isatty(STDIN_FILENO) != 0 && isatty(STDOUT_FILENO) != 0;
+  { const Dataset usable(options.datasetPath, options.datasetOptions); }  // or else this throws
+  if (isAtTerminal) {
+    signal(SIGINT, SIG_IGN);  // here and in the process of the commands: none is cut off in the middle
+  }
+  DatasetActions actions(options, isAtTerminal);
+  if (isAtTerminal) {
+    std::cout << "mrset on " << Visible(options.datasetPath) << ". Type help for help, quit to leave.\n" << std::flush;
+    TerminalInput input([&] { return std::make_unique<DatasetCompletionSource>(options.datasetPath); });
+    Shell(input, actions, "").Run();
+  } else {
+    PipedInput input;
+    Shell(input, actions, "standard input").Run();
+  }
+  return actions.Finish();
+}
+
+}  // namespace
+
+Action DeclareShell(CLI::App& app) {
+  const auto options = std::make_shared<ShellOptions>();
+  app.add_option("DATASET", options->datasetPath, "Dataset file")->required()->type_name("");
+  AddLockTimeoutOption(app, options->datasetOptions);
+  app.footer(
+      "At a terminal: Tab completes, Ctrl-R searches the history, help says more. Exit status 0.\n"
+      "Elsewhere: runs the commands on standard input as they come; exit status as of mrset run.\n"
+      "Example:\n"
+      "  mrset shell survey.mrset\n");
+  return [options] { return RunShell(*options); };
+}
+
+}  // namespace standalone

@@ -1,0 +1,34 @@
+#ifndef STANDALONE_SHELL_DATASET_COMPLETION_SOURCE_H
+#define STANDALONE_SHELL_DATASET_COMPLETION_SOURCE_H
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "standalone/data/dataset.h"
+#include "standalone/shell/completer.h"
+
+namespace standalone {
+
+/// A dataset as it is now, opened when it is asked for the first time. What it throws is a DatasetError. It must not
+/// live on where the process forks.
+class DatasetCompletionSource : public CompletionSource {
+ public:
+  explicit DatasetCompletionSource(std::string path) : fPath(std::move(path)) {}
+
+  std::vector<std::string> SetNames() override;
+  void VisitVariables(std::string_view beginning, int from, const VisitName& visit) override;
+  int FindVariable(const std::string& name) override;
+  const Variable& VariableAt(int position) override;
+
+ private:
+  Dataset& Opened();
+
+  std::string fPath;
+  std::optional<Dataset> fDataset;
+};
+
+}  // namespace standalone
+
+#endif  // STANDALONE_SHELL_DATASET_COMPLETION_SOURCE_H

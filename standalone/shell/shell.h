@@ -1,0 +1,48 @@
+#ifndef STANDALONE_SHELL_SHELL_H
+#define STANDALONE_SHELL_SHELL_H
+
+#include <string>
+#include <string_view>
+
+#include "standalone/language/script.h"
+#include "standalone/shell/shell_command.h"
+#include "standalone/shell/shell_input.h"
+
+namespace standalone {
+
+/// What is done with the commands of a shell.
+class ShellActions {
+ public:
+  virtual ~ShellActions() = default;
+  virtual void Run(const ScriptCommand& command) = 0;
+
+  /// Any but those that end the shell.
+  virtual void Perform(const ShellCommand& command) = 0;
+};
+
+/// Reads lines and has the commands in them done, each as soon as it is complete.
+class Shell {
+ public:
+  /// `source` is what the input is called. All must outlive the shell.
+  Shell(ShellInput& input, ShellActions& actions, const std::string& source)
+      : fInput(input), fActions(actions), fSource(source), fCollector(source) {}
+
+  /// Returns at the end of the input, or when a command says so.
+  void Run();
+
+ private:
+  void Take(std::string_view text);
+  void TakeLine(std::string_view line);
+  void EndEntry();
+
+  ShellInput& fInput;
+  ShellActions& fActions;
+  std::string fSource;
+  CommandCollector fCollector;
+  std::string fEntry;  // the lines since the last fresh one
+  bool fHasEnded = false;
+};
+
+}  // namespace standalone
+
+#endif  // STANDALONE_SHELL_SHELL_H

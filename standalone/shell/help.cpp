@@ -22,31 +22,32 @@ const std::vector<Topic>& Topics() {
        "  MRSET /DELETE NAME=[$drinks $toppings].\n"
        "  MRSET /DELETE NAME=ALL.\n"},
       {"DISPLAY",
-       "DISPLAY shows a table of sets in the order of their names; the sets stay in that order.\n"
+       "DISPLAY shows a table of sets in the order of their names; the sets stay in that\n"
+       "order.\n"
        "\n"
        "  MRSET /DISPLAY NAME=[$drinks $toppings].\n"
        "  MRSET /DISPLAY NAME=ALL.\n"},
       {"MCGROUP",
-       "MCGROUP defines a category set: each variable holds one of the answers. The variables\n"
-       "are all numeric or all strings. A set of that name is replaced.\n"
+       "MCGROUP defines a category set: each variable holds one of the answers. The\n"
+       "variables are all numeric or all strings. A set of that name is replaced.\n"
        "\n"
        "  NAME=$name        needed\n"
-       "  VARIABLES=list    needed: names and ranges such as q1 TO q5, two variables at least\n"
+       "  VARIABLES=list    needed: two variables at least, such as q1 q2 or q1 TO q5\n"
        "  LABEL='text'\n"
        "\n"
        "  MRSET /MCGROUP NAME=$toppings LABEL='Toppings' VARIABLES=topping1 TO topping4.\n"},
       {"MDGROUP",
-       "MDGROUP defines a dichotomy set: each variable is one answer, chosen when it holds\n"
-       "VALUE. A set of that name is replaced.\n"
+       "MDGROUP defines a dichotomy set: each variable is one answer, chosen when it\n"
+       "holds VALUE. A set of that name is replaced.\n"
        "\n"
        "  NAME=$name        needed\n"
-       "  VARIABLES=list    needed: names and ranges such as q1 TO q5, two variables at least\n"
-       "  VALUE=value       needed: a whole number, or a quoted text where the variables are strings\n"
+       "  VARIABLES=list    needed: two variables at least, such as q1 q2 or q1 TO q5\n"
+       "  VALUE=value       needed: a whole number; for strings, a quoted text\n"
        "  LABEL='text'\n"
-       "  CATEGORYLABELS=VARLABELS        answers are named by the variable labels, or\n"
-       "  CATEGORYLABELS=COUNTEDVALUES    by the value label of VALUE in each variable\n"
-       "  LABELSOURCE=VARLABEL            the set takes its label from the variable labels;\n"
-       "                                  needs CATEGORYLABELS=COUNTEDVALUES\n"
+       "  CATEGORYLABELS=VARLABELS        the answers are named by the variable labels\n"
+       "  CATEGORYLABELS=COUNTEDVALUES    or by the label of VALUE in each variable\n"
+       "  LABELSOURCE=VARLABEL            the set is named by the variable labels; needs\n"
+       "                                  CATEGORYLABELS=COUNTEDVALUES\n"
        "\n"
        "  MRSET /MDGROUP NAME=$drinks LABEL='Drinks' VARIABLES=drink1 TO drink5 VALUE=1.\n"},
       {"MRSET",
@@ -57,22 +58,22 @@ const std::vector<Topic>& Topics() {
        "        /DELETE NAME={[$name ...] | ALL}\n"
        "        /DISPLAY NAME={[$name ...] | ALL}.\n"
        "\n"
-       "Subcommands are carried out in their order and may be repeated. If anything in the\n"
-       "command is wrong, nothing of it is carried out. Keywords may be written in any case and\n"
-       "shortened to three letters. A period at the end of a line, or a blank line, ends the\n"
-       "command.\n"},
+       "Subcommands are carried out in their order and may be repeated. If anything in\n"
+       "the command is wrong, nothing of it is carried out. Keywords may be written in\n"
+       "any case and shortened to three letters. A period at the end of a line, or a\n"
+       "blank line, ends the command.\n"},
   };
   return kTopics;
 }
 
 std::string HelpOnTheShell() {
   std::string text =
-      "MRSET commands go over as many lines as they need and end with a period at the end of a\n"
-      "line. Tab completes, the arrow keys bring back earlier commands, Ctrl-R searches them,\n"
-      "Ctrl-C gives up what is being typed.\n"
+      "MRSET commands go over as many lines as they need and end with a period at the\n"
+      "end of a line. Tab completes, the arrow keys bring back earlier commands, Ctrl-R\n"
+      "searches them, Ctrl-C gives up what is being typed.\n"
       "\n";
   for (const ShellCommandRule& rule : ShellCommands()) {
-    text += fmt::format("  {:<20}{}\n", fmt::format("{} {}", rule.name, rule.argument), rule.purpose);
+    text += fmt::format("  {:<21}{}\n", fmt::format("{} {}", rule.name, rule.argument), rule.purpose);
   }
   return text;
 }

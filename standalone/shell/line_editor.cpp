@@ -3,6 +3,7 @@
 #include <histedit.h>
 #include <langinfo.h>
 #include <locale.h>
+#include <signal.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -53,6 +54,7 @@ class LineEditor::Implementation {
   static char* Prompt(EditLine* editor) { return Of(editor).fPrompt.data(); }
   static unsigned char CompleteWord(EditLine* editor, int key);
   static unsigned char Abandon(EditLine* editor, int key);
+  static unsigned char Stop(EditLine* editor, int key);
 
   void BindKeys();
   unsigned char CompleteTyped();
@@ -85,14 +87,16 @@ LineEditor::Implementation::Implementation(const std::vector<std::string>& histo
   BindKeys();
 }
 
-/// While a line is edited, Ctrl-C is a key as any other.
+/// While a line is edited no key sends a signal by itself; Ctrl-Z does it here.
 void LineEditor::Implementation::BindKeys() {
   el_set(fEditor, EL_EDITOR, "emacs");
-  el_set(fEditor, EL_SETTY, "-d", "intr=", nullptr);
+  el_set(fEditor, EL_SETTY, "-d", "-isig", nullptr);
   el_set(fEditor, EL_ADDFN, "mrset-complete", "Complete the word before the cursor", CompleteWord);
   el_set(fEditor, EL_ADDFN, "mrset-abandon", "Give up what was typed", Abandon);
+  el_set(fEditor, EL_ADDFN, "mrset-stop", "Stop the shell until it is continued", Stop);
   el_set(fEditor, EL_BIND, "^I", "mrset-complete", nullptr);
   el_set(fEditor, EL_BIND, "^C", "mrset-abandon", nullptr);
+  el_set(fEditor, EL_BIND, "^Z", "mrset-stop", nullptr);
   el_set(fEditor, EL_BIND, "^R", "em-inc-search-prev", nullptr);
   el_source(fEditor, nullptr);
 }
@@ -166,6 +170,11 @@ unsigned char LineEditor::Implementation::Abandon(EditLine* editor, int /*key*/)
   el_insertstr(editor, kAbandonMark);
   el_push(editor, "\n");
   return CC_REFRESH;
+}
+
+unsigned char LineEditor::Implementation::Stop(EditLine* /*editor*/, int /*key*/) {
+  kill(0, SIGTSTP);
+  return CC_NORM;
 }
 
 LineEditor::LineEditor(const std::vector<std::string>& history, Complete complete)

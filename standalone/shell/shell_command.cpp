@@ -31,11 +31,11 @@ std::string_view WithoutPeriod(std::string_view text) {
 const std::vector<ShellCommandRule>& ShellCommands() {
   static const std::vector<ShellCommandRule> kRules = {
       {"exit", ShellCommandKind::kQuit, "", "the same as quit"},
-      {"help", ShellCommandKind::kHelp, "[TOPIC]", "this list, or help on MRSET, MDGROUP, MCGROUP, DISPLAY or DELETE"},
-      {"log", ShellCommandKind::kLog, "", "what was saved, and when"},
+      {"help", ShellCommandKind::kHelp, "[TOPIC]", "this list; or on MRSET, MDGROUP, MCGROUP, DISPLAY, DELETE"},
+      {"log", ShellCommandKind::kLog, "", "the changes of the sets, the last one first"},
       {"quit", ShellCommandKind::kQuit, "", "leave the shell; so does Ctrl-D on an empty line"},
       {"sets", ShellCommandKind::kSets, "", "the dataset's sets"},
-      {"undo", ShellCommandKind::kUndo, "[N]", "go back to before the last save, or to entry N of the log"},
+      {"undo", ShellCommandKind::kUndo, "[N]", "take the last change back, or all behind version N"},
       {"variables", ShellCommandKind::kVariables, "[PATTERN]", "the variables, or those with names such as q*"},
   };
   return kRules;

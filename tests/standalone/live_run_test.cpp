@@ -1,0 +1,127 @@
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <string>
+
+#include "standalone/run/command_channel.h"
+#include "standalone/run/supervisor.h"
+#include "tests/standalone/shell_dataset.h"
+
+namespace standalone {
+namespace {
+
+constexpr const char* kDefine = "MRSET /MCGROUP NAME=$a VARIABLES=q1 q2";
+constexpr const char* kAborts = "MRSET /DELETE NAME=[]";
+
+class LiveRunTest : public ShellDatasetTest {
+ protected:
+  CommandResult Run(const std::string& text) { return fRun.Run({text, ++fLine}); }
+
+  std::string SentenceOfRun(const std::string& text) {
+    return SentenceOf([&] { Run(text); });
+  }
+
+  static std::size_t SetCount() { return Dataset(kFile).Sets().size(); }
+
+  LiveRun fRun{RunRequest{kFile, {}, false, false, {}}};
+  int fLine = 0;
+};
+
+TEST_F(LiveRunTest, RunsCommandsAsTheyCome) {
+  EXPECT_EQ(Run(kDefine).status, Status::kOk);
+  EXPECT_EQ(SetCount(), 1U);
+  const CommandResult second = Run("MRSET /DISPLAY NAME=ALL");
+  EXPECT_EQ(second.number, 2U);
+  EXPECT_EQ(second.line, 2);
+  EXPECT_EQ(second.text, "MRSET /DISPLAY NAME=ALL");
+  ASSERT_EQ(second.items.size(), 1U);
+  EXPECT_EQ(std::get<Table>(second.items[0]).rows.size(), 1U);
+  EXPECT_EQ(Run("MRSET").status, Status::kError);
+  fRun.Finish();
+}
+
+TEST_F(LiveRunTest, LosesNothingButTheCommandThatIsAborted) {
+  EXPECT_EQ(Run(kAborts).status, Status::kAborted);
+  EXPECT_EQ(Run(kDefine).status, Status::kOk);
+  const CommandResult third = Run(kAborts);
+  EXPECT_EQ(third.status, Status::kAborted);
+  EXPECT_EQ(third.number, 3U);
+  EXPECT_EQ(Run("MRSET /DELETE NAME=ALL").status, Status::kOk);
+  EXPECT_EQ(SetCount(), 0U);
+}
+
+TEST_F(LiveRunTest, SeesWhatOthersChanged) {
+  EXPECT_EQ(Run("MRSET /DISPLAY NAME=ALL").items.size(), 1U);
+  Dataset other(kFile);
+  other.SaveSets({{"$b", SetType::kCategory, "", "", false, false, {"q1", "q2"}}}, "elsewhere");
+  const CommandResult result = Run("MRSET /DISPLAY NAME=ALL");
+  EXPECT_EQ(std::get<Table>(result.items.at(0)).rows.at(0).name, "$b");
+}
+
+TEST_F(LiveRunTest, SaysThatTheDatasetIsGoneAndGoesOn) {
+  Run(kDefine);
+  unlink(kFile);
+  EXPECT_EQ(SentenceOfRun("MRSET /DISPLAY NAME=ALL"), "survey.mrset was moved or deleted by another program.");
+  EXPECT_EQ(SentenceOfRun("MRSET /DISPLAY NAME=ALL"), "survey.mrset does not exist.");
+  Make(kFile);
+  const CommandResult result = Run(kDefine);
+  EXPECT_EQ(result.status, Status::kOk);
+  EXPECT_EQ(result.number, 2U) << "those that were not run do not count";
+  EXPECT_EQ(SetCount(), 1U);
+}
+
+TEST_F(LiveRunTest, NeverWritesIntoADatasetThatTookTheOthersPlaceUnsaid) {
+  Run(kDefine);
+  Make("other.mrset");
+  std::rename("other.mrset", kFile);
+  EXPECT_EQ(SentenceOfRun(kDefine), "survey.mrset was moved or deleted by another program.");
+  EXPECT_EQ(SetCount(), 0U);
+  EXPECT_EQ(Run(kDefine).status, Status::kOk);
+  EXPECT_EQ(SetCount(), 1U);
+}
+
+TEST_F(LiveRunTest, RehearsesWhatADryRunHasComeTo) {
+  LiveRun dry(RunRequest{kFile, {}, true, false, {}});
+  dry.Run({kDefine, 1});
+  EXPECT_EQ(dry.Run({kAborts, 2}).status, Status::kAborted);
+  const CommandResult result = dry.Run({"MRSET /DISPLAY NAME=ALL", 3});
+  EXPECT_EQ(std::get<Table>(result.items.at(0)).rows.at(0).name, "$a");
+  EXPECT_EQ(SetCount(), 0U);
+}
+
+TEST_F(LiveRunTest, TakesCommandsOfAnySizeAndBytes) {
+  Run(kDefine);
+  const std::string long_ = "MRSET /MCGROUP NAME=$long VARIABLES=q1 q2 /* " + std::string(5000000, 'x');
+  const CommandResult result = Run(long_);
+  EXPECT_EQ(result.status, Status::kOk);
+  EXPECT_EQ(result.text, long_);
+  const CommandResult invalid = Run("MRSET \xFF");
+  ASSERT_EQ(invalid.items.size(), 1U);
+  EXPECT_EQ(std::get<Message>(invalid.items[0]).text, "Line 3: The command is not valid UTF-8.");
+}
+
+TEST(CommandChannel, TakesEveryMember) {
+  CommandChannel channel;
+  channel.Send({"te\nxt", 7, "be\xFF\fore", "", "source"});
+  channel.Send({"", 0});
+  channel.EndSending();
+  const std::optional<ScriptCommand> first = channel.Receive();
+  ASSERT_TRUE(first);
+  EXPECT_EQ(first->text, "te\nxt");
+  EXPECT_EQ(first->line, 7);
+  EXPECT_EQ(first->before, "be\xFF\fore");
+  EXPECT_EQ(first->behind, "");
+  EXPECT_EQ(first->source, "source");
+  EXPECT_TRUE(channel.Receive());
+  EXPECT_FALSE(channel.Receive());
+}
+
+TEST(CommandChannel, IsHarmlessWhereNobodyReceives) {
+  CommandChannel channel;
+  channel.EndReceiving();
+  channel.Send({std::string(1000000, 'x'), 1});
+}
+
+}  // namespace
+}  // namespace standalone

@@ -1,0 +1,209 @@
+#include "standalone/shell/shell.h"
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "standalone/shell/help.h"
+#include "standalone/shell/name_pattern.h"
+#include "standalone/shell/terminal_input.h"
+#include "standalone/text/unicode.h"
+
+namespace standalone {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+Typed Text(const std::string& text) {
+  return {Typed::Kind::kText, text};
+}
+
+Typed Abandoned(const std::string& text) {
+  return {Typed::Kind::kAbandoned, text};
+}
+
+/// Input that was prepared, and a note of all that happens.
+class Script : public ShellInput, public ShellActions {
+ public:
+  Script(std::deque<Typed> typed, bool isScript) : fTyped(std::move(typed)), fIsScript(isScript) {}
+
+  Typed Read(std::string_view openText) override {
+    notes.push_back(openText.empty() ? ">" : "-> " + std::string(openText));
+    if (fTyped.empty()) {
+      return {};
+    }
+    Typed next = fTyped.front();
+    fTyped.pop_front();
+    return next;
+  }
+  void Remember(const std::string& lines) override { remembered.push_back(lines); }
+  bool IsScript() const override { return fIsScript; }
+  void Run(const ScriptCommand& command) override {
+    notes.push_back("run " + std::to_string(command.line) + " " + command.text);
+  }
+  void Perform(const ShellCommand& command) override {
+    notes.push_back("perform " + std::string(command.rule->name) + " " + command.argument);
+  }
+
+  Texts notes;
+  Texts remembered;
+
+ private:
+  std::deque<Typed> fTyped;
+  bool fIsScript;
+};
+
+struct Row {
+  std::deque<Typed> typed;
+  Texts notes;
+  Texts remembered;
+};
+
+void ExpectNotes(bool isScript, const std::vector<Row>& rows) {
+  for (const Row& row : rows) {
+    Script script(row.typed, isScript);
+    Shell(script, script, "test").Run();
+    EXPECT_EQ(script.notes, row.notes);
+    EXPECT_EQ(script.remembered, row.remembered);
+  }
+}
+
+TEST(Shell, RunsEachCommandWhenItIsComplete) {
+  ExpectNotes(
+      false,
+      {
+          {{}, {">"}, {}},
+          {{Text("A.")}, {">", "run 1 A", ">"}, {"A."}},
+          {{Text("A"), Text("B."), Text("C.")}, {">", "-> A", "run 1 A\nB", ">", "run 1 C", ">"}, {"A\nB.", "C."}},
+          {{Text("A"), Text("")}, {">", "-> A", "run 1 A", ">"}, {"A"}},
+          {{Text("A\nB.\nC.\nD")}, {">", "run 1 A\nB", "run 3 C", "-> D"}, {"A\nB.", "C."}},
+          {{Text(""), Text("* A"), Text("B.")}, {">", ">", "-> * A", ">"}, {"* A\nB."}},
+      });
+}
+
+TEST(Shell, KnowsItsOwnCommandsOnFreshLinesOnly) {
+  ExpectNotes(
+      false,
+      {
+          {{Text("sets"), Text("help MDG.")},
+           {">", "perform sets ", ">", "perform help MDG", ">"},
+           {"sets", "help MDG."}},
+          {{Text("A"), Text("sets"), Text("quit.")},
+           {">", "-> A", "-> A\nsets", "run 1 A\nsets\nquit", ">"},
+           {"A\nsets\nquit."}},
+          {{Text("quit"), Text("A.")}, {">"}, {"quit"}},
+          {{Text("Exit."), Text("A.")}, {">"}, {"Exit."}},
+          {{Text("quit soon"), Text("A.")}, {">", "perform quit soon", ">", "run 1 A", ">"}, {"quit soon", "A."}},
+          {{Text("quit\nA.")}, {">"}, {"quit"}},
+      });
+}
+
+TEST(Shell, ForgetsACommandThatIsGivenUpButKeepsItsText) {
+  ExpectNotes(false, {
+                         {{Text("A"), Abandoned("B"), Text("C.")}, {">", "-> A", ">", "run 1 C", ">"}, {"A\nB", "C."}},
+                         {{Abandoned(""), Abandoned("  ")}, {">", ">", ">"}, {}},
+                     });
+}
+
+TEST(Shell, DoesNotRunWhatIsOpenWhenAPersonLeaves) {
+  ExpectNotes(false, {{{Text("A")}, {">", "-> A"}, {}}});
+}
+
+TEST(Shell, ReadsAScriptToItsEnd) {
+  ExpectNotes(true, {
+                        {{Text("A")}, {">", "-> A", "run 1 A"}, {}},
+                        {{Text("A."), Text("sets"), Text(""), Text("B"), Text("C")},
+                         {">", "run 1 A", ">", "perform sets ", ">", ">", "-> B", "-> B\nC", "run 4 B\nC"},
+                         {"A.", "sets"}},
+                        {{Text("quit")}, {">"}, {"quit"}},
+                    });
+}
+
+TEST(NamePattern, StandsForNames) {
+  struct PatternRow {
+    std::string pattern;
+    Texts matching;
+    Texts other;
+    std::string beginning;
+  };
+  const std::vector<PatternRow> rows = {
+      {"", {"a", ""}, {}, ""},
+      {"q", {"q", "Q1", "quite"}, {"aq"}, "Q"},
+      {"q*", {"q", "Q1"}, {"aq"}, "Q"},
+      {"q?", {"q1", "qä", "q\xFF"}, {"q", "q12"}, "Q"},
+      {"*1", {"1", "q1", "11", "a1b1"}, {"q12", ""}, ""},
+      {"q*_?", {"q_1", "q1_2_3"}, {"q_", "q12", "q_12"}, "Q"},
+      {"*a*b*", {"ab", "xaxbx", "aab"}, {"ba", "a"}, ""},
+      {"gr\u00F6\u00DFe", {"GR\u00D6\u00DFE1"}, {"GROSSE"}, "GR\u00D6\u00DFE"},
+      {"???", {"abc", "äöü"}, {"ab", "abcd"}, ""},
+  };
+  for (const PatternRow& row : rows) {
+    const NamePattern pattern(row.pattern);
+    for (const std::string& name : row.matching) {
+      EXPECT_TRUE(pattern.Matches(name)) << row.pattern << " " << name;
+    }
+    for (const std::string& name : row.other) {
+      EXPECT_FALSE(pattern.Matches(name)) << row.pattern << " " << name;
+    }
+    EXPECT_EQ(pattern.Beginning(), row.beginning) << row.pattern;
+  }
+}
+
+TEST(Help, FitsTheScreenAndCanBeShortened) {
+  Texts topics = {""};
+  for (const std::string_view topic : HelpTopics()) {
+    topics.emplace_back(topic);
+    EXPECT_EQ(HelpOn(ToUpper(topic).substr(0, 3)).has_value(), true) << topic;
+  }
+  for (const std::string& topic : topics) {
+    std::istringstream lines(HelpOn(topic).value());
+    for (std::string line; std::getline(lines, line);) {
+      EXPECT_LE(DisplayWidth(line), 80U) << line;
+    }
+  }
+  EXPECT_EQ(HelpOn("md"), std::nullopt);
+  EXPECT_EQ(HelpOn("mdgroup"), HelpOn("MDGROUP"));
+}
+
+class NoSource : public CompletionSource {
+ public:
+  Texts SetNames() override { return {"$a"}; }
+  void VisitVariables(std::string_view /*beginning*/, int /*from*/, const VisitName& /*visit*/) override {}
+  int FindVariable(const std::string& /*name*/) override { return -1; }
+  const Variable& VariableAt(int /*position*/) override { throw std::out_of_range("none"); }
+};
+
+TEST(CompleteInShell, TakesTheOpenCommandAndTheLinesThatAreTyped) {
+  struct LinesRow {
+    std::string open;
+    std::string typed;
+    std::string result;
+  };
+  const std::vector<LinesRow> rows = {
+      {"", "mr", "mrset "},
+      {"MRSET", "/di", "/display "},
+      {"MRSET\n  /DISPLAY", " na", " name="},
+      {"MRSET /DISPLAY NAME=[", "", "$a "},
+      {"", "MRSET\n/di", "MRSET\n/display "},
+      {"MRSET", "/DISPLAY\n na", "/DISPLAY\n name="},
+      {"", "MRSET /DISPLAY NAME=ALL.\nmr", "MRSET /DISPLAY NAME=ALL.\nmrset "},
+      {"MRSET", "/DISPLAY NAME=ALL.\nmr", "/DISPLAY NAME=ALL.\nmrset "},
+      {"* no", "mr", "mr"},
+      {"MRSET", "qu", "qu"},
+  };
+  for (const LinesRow& row : rows) {
+    NoSource source;
+    const Completion completion = CompleteInShell(row.open, row.typed, source);
+    const std::string result =
+        completion.insertion.empty() ? row.typed : row.typed.substr(0, completion.begin) + completion.insertion;
+    EXPECT_EQ(result, row.result) << row.open << "|" << row.typed;
+  }
+}
+
+}  // namespace
+}  // namespace standalone

@@ -28,6 +28,10 @@ void UseUtf8() {
 
 constexpr const char* kAbandonMark = "^C";
 
+/// Keys that the editor is told to press, once the cursor has come to where they are to act.
+constexpr const char* kListKeys = "\033\t";
+constexpr const char* kEndOfLineKey = "\n";
+
 /// How many characters of the editor the text is.
 int CharacterCount(std::string_view text) {
   return static_cast<int>(
@@ -53,16 +57,21 @@ class LineEditor::Implementation {
   static Implementation& Of(EditLine* editor);
   static char* Prompt(EditLine* editor) { return Of(editor).fPrompt.data(); }
   static unsigned char CompleteWord(EditLine* editor, int key);
+  static unsigned char ListCandidates(EditLine* editor, int key);
   static unsigned char Abandon(EditLine* editor, int key);
   static unsigned char Stop(EditLine* editor, int key);
 
   void BindKeys();
   unsigned char CompleteTyped();
+  unsigned char List();
+  unsigned char GoToEnd(int& passed, const char* keys);
   void Show(const Completion& completion);
 
   Complete fComplete;
   std::string fPrompt;
   bool fIsAbandoned = false;
+  Completion fListed;     // to be listed when the cursor has come to the end
+  int fBehindCursor = 0;  // characters behind which it stood
   History* fHistory;
   EditLine* fEditor;
 };
@@ -92,9 +101,11 @@ void LineEditor::Implementation::BindKeys() {
   el_set(fEditor, EL_EDITOR, "emacs");
   el_set(fEditor, EL_SETTY, "-d", "-isig", nullptr);
   el_set(fEditor, EL_ADDFN, "mrset-complete", "Complete the word before the cursor", CompleteWord);
+  el_set(fEditor, EL_ADDFN, "mrset-list", "List what was found for the word", ListCandidates);
   el_set(fEditor, EL_ADDFN, "mrset-abandon", "Give up what was typed", Abandon);
   el_set(fEditor, EL_ADDFN, "mrset-stop", "Stop the shell until it is continued", Stop);
   el_set(fEditor, EL_BIND, "^I", "mrset-complete", nullptr);
+  el_set(fEditor, EL_BIND, kListKeys, "mrset-list", nullptr);
   el_set(fEditor, EL_BIND, "^C", "mrset-abandon", nullptr);
   el_set(fEditor, EL_BIND, "^Z", "mrset-stop", nullptr);
   el_set(fEditor, EL_BIND, "^R", "em-inc-search-prev", nullptr);
@@ -104,6 +115,7 @@ void LineEditor::Implementation::BindKeys() {
 Typed LineEditor::Implementation::Read(const std::string& prompt) {
   fPrompt = prompt;
   fIsAbandoned = false;
+  el_set(fEditor, EL_PREP_TERM, 1);  // before the prompt, so that keys pressed as it comes are not shown twice
   int count = 0;
   const char* line = el_gets(fEditor, &count);
   if (line == nullptr || count <= 0) {
@@ -134,6 +146,10 @@ unsigned char LineEditor::Implementation::CompleteWord(EditLine* editor, int /*k
   return Of(editor).CompleteTyped();
 }
 
+unsigned char LineEditor::Implementation::ListCandidates(EditLine* editor, int /*key*/) {
+  return Of(editor).List();
+}
+
 unsigned char LineEditor::Implementation::CompleteTyped() {
   const LineInfo* line = el_line(fEditor);
   const std::string_view typed(line->buffer, static_cast<std::size_t>(line->cursor - line->buffer));
@@ -142,15 +158,25 @@ unsigned char LineEditor::Implementation::CompleteTyped() {
     return CC_ERROR;
   }
   if (completion.insertion.empty()) {
-    Show(completion);
-    return CC_REDISPLAY;
+    fListed = completion;
+    return GoToEnd(fBehindCursor, kListKeys);
   }
   el_deletestr(fEditor, CharacterCount(typed.substr(completion.begin)));
   el_insertstr(fEditor, completion.insertion.c_str());
   return CC_REFRESH;
 }
 
-/// Below the line, which is then shown once more.
+/// Lists below what is typed, which is then shown once more.
+unsigned char LineEditor::Implementation::List() {
+  if (fListed.candidates.empty()) {
+    return CC_ERROR;
+  }
+  Show(std::exchange(fListed, {}));
+  el_cursor(fEditor, -fBehindCursor);
+  el_wset(fEditor, EL_REFRESH);  // CC_REDISPLAY would clear as many lines above as the text takes
+  return CC_NORM;
+}
+
 void LineEditor::Implementation::Show(const Completion& completion) {
   constexpr std::size_t kLeastWidth = 10;
   int width = 0;
@@ -161,14 +187,23 @@ void LineEditor::Implementation::Show(const Completion& completion) {
   std::fflush(stdout);
 }
 
-/// The mark shows where it happened; the pushed line end leaves the editor.
+/// The mark shows where it happened.
 unsigned char LineEditor::Implementation::Abandon(EditLine* editor, int /*key*/) {
-  Of(editor).fIsAbandoned = true;
-  const LineInfo* line = el_line(editor);
-  el_cursor(editor,
-            CharacterCount(std::string_view(line->cursor, static_cast<std::size_t>(line->lastchar - line->cursor))));
+  Implementation& self = Of(editor);
+  self.fIsAbandoned = true;
+  int passed = 0;
+  const unsigned char result = self.GoToEnd(passed, kEndOfLineKey);
   el_insertstr(editor, kAbandonMark);
-  el_push(editor, "\n");
+  return result;
+}
+
+/// Moves the cursor behind the last character, which is shown when the function that calls this returns its result;
+/// then come the keys.
+unsigned char LineEditor::Implementation::GoToEnd(int& passed, const char* keys) {
+  const LineInfo* line = el_line(fEditor);
+  passed = CharacterCount(std::string_view(line->cursor, static_cast<std::size_t>(line->lastchar - line->cursor)));
+  el_cursor(fEditor, passed);
+  el_push(fEditor, keys);
   return CC_REFRESH;
 }
 

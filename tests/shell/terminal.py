@@ -90,6 +90,14 @@ class Terminal:
         """Until the cursor's line holds exactly this, a prompt included."""
         self.wait(lambda: self.cursor_line() == (typed, behind))
 
+    def enter(self, line):
+        """Types a line behind what stands on the cursor's, and ends it once it is shown."""
+        self.type(line)
+        self.wait(lambda: self.cursor_line()[0].endswith(line) and len(self.cursor_line()[0]) > len(line))
+        row = self.screen.cursor.y, len(self.screen.history.top)
+        self.type(ENTER)
+        self.wait(lambda: (self.screen.cursor.y, len(self.screen.history.top)) != row)
+
     def end(self):
         """Waits until the program ends; its exit status."""
         deadline = time.monotonic() + self.SECONDS

@@ -117,6 +117,51 @@ TEST_F(DatasetTest, VariablesAreFoundWithoutRegardToCase) {
   EXPECT_EQ(dataset.FindVariable(""), -1);
 }
 
+/// "position name" of the variables that are visited, `most` at most.
+std::vector<std::string> Visited(Dataset& dataset, std::string_view beginning, int from, std::size_t most = 100) {
+  std::vector<std::string> visited;
+  dataset.VisitVariables(beginning, from, [&](int position, const std::string& name) {
+    visited.push_back(std::to_string(position) + " " + name);
+    return visited.size() < most;
+  });
+  return visited;
+}
+
+TEST_F(DatasetTest, VariablesAreVisitedByTheBeginningsOfTheirNames) {
+  using Names = std::vector<std::string>;
+  DatasetWriter writer(kFile, false);
+  std::vector<Variable> variables;
+  for (const char* name : {"q10", "Q2", "p", "q", "\xC3\xB6l", "\xC3\x96le", "q\xF0\x90\x90\x80", "r"}) {
+    variables.push_back({name, 0, std::nullopt, {}});
+  }
+  writer.SetVariables(variables);
+  writer.Commit();
+  Dataset dataset(kFile);
+  EXPECT_EQ(Visited(dataset, "q", 0), (Names{"3 q", "0 q10", "1 Q2", "6 q\xF0\x90\x90\x80"}));
+  EXPECT_EQ(Visited(dataset, "Q1", 0), Names{"0 q10"});
+  EXPECT_EQ(Visited(dataset, "q", 1), (Names{"3 q", "1 Q2", "6 q\xF0\x90\x90\x80"}));
+  EXPECT_EQ(Visited(dataset, "q", 0, 2), (Names{"3 q", "0 q10"}));
+  EXPECT_EQ(Visited(dataset, "\xC3\x96", 0), (Names{"4 \xC3\xB6l", "5 \xC3\x96le"}));
+  EXPECT_EQ(Visited(dataset, "x", 0), Names{});
+  EXPECT_EQ(Visited(dataset, "%", 0), Names{});
+  EXPECT_EQ(Visited(dataset, "", 5), (Names{"5 \xC3\x96le", "6 q\xF0\x90\x90\x80", "7 r"}));
+  EXPECT_EQ(Visited(dataset, "", 0, 2), (Names{"0 q10", "1 Q2"}));
+}
+
+TEST_F(DatasetTest, AFileThatIsNoLongerAtItsPathIsNotReadOn) {
+  MakeDataset(kFile);
+  Dataset dataset(kFile);
+  dataset.BeginCommand(false);
+  EXPECT_EQ(dataset.VariableCount(), 3);
+  std::filesystem::rename(kFile, "elsewhere");
+  EXPECT_EQ(SentenceOf([&] { dataset.BeginCommand(false); }), "survey.mrs was moved or deleted by another program.");
+  MakeDataset(kFile);
+  EXPECT_EQ(SentenceOf([&] { dataset.BeginCommand(false); }), "survey.mrs was moved or deleted by another program.");
+  std::filesystem::rename("elsewhere", kFile);
+  dataset.BeginCommand(false);
+  EXPECT_EQ(dataset.VariableCount(), 3);
+}
+
 TEST_F(DatasetTest, AStringVariableHasItsWidthOrThatOfItsLongestValue) {
   DatasetWriter writer(kFile, false);
   writer.SetVariables({{"open", kWidthOfLongestValue, std::nullopt, {}},

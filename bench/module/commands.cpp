@@ -28,9 +28,10 @@ std::vector<scripted::Variable> DictionaryOf(const Workload& workload) {
   std::vector<scripted::Variable> dictionary;
   dictionary.reserve(workload.variables);
   for (std::size_t variable = 0; variable < workload.variables; ++variable) {
-    dictionary.push_back(scripted::Numeric(VariableName(variable), std::nullopt, {{0.0, "No"}, {1.0, "Yes"}}));
+    dictionary.push_back(scripted::Numeric(VariableName(variable)));
     if (workload.labels == Labels::kEach) {
       dictionary.back().label = "Drinks at breakfast: number " + std::to_string(variable + 1);
+      dictionary.back().valueLabels = {{0.0, "No"}, {1.0, "Yes"}};
     }
   }
   return dictionary;

@@ -9,7 +9,7 @@
 
 namespace bench {
 
-/// Whether the variables of a dictionary have variable labels.
+/// Whether the variables of a dictionary have labels and value labels.
 enum class Labels { kNone, kEach };
 
 /// A command that defines dichotomy sets over neighbouring variables of a dictionary, and a display of the one set.
@@ -26,7 +26,7 @@ struct Workload {
 std::string SetName(std::size_t set);
 std::string VariableName(std::size_t variable);
 
-/// Numeric variables with the value labels that answers of Yes and No have.
+/// Numeric variables. Their labels differ; the value labels are No and Yes.
 std::vector<scripted::Variable> DictionaryOf(const Workload& workload);
 
 /// The command as a user types it.

@@ -246,7 +246,7 @@ void Floor::Calls::Validate(const ProcedureDataSource& source) const {
     ZEVA_ValueLabelMap valueLabels(variable.GetValueLabels());
     valueLabels.Reset();
     const char* label = valueLabels.GetLabel(value);
-    if (index != 0) {
+    if (index != 0 && label != nullptr) {
       ZEVAMBstricmp_A(kValueLabel, label);
     }
   }

@@ -42,16 +42,29 @@ Quiet::~Quiet() {
   --gQuietDepth;
 }
 
+VariableRecord::VariableRecord(const Variable& itsData)
+    : data(itsData), upperName(UpperCase(itsData.name)), valueLabels(data), variable(this) {}
+
 Dictionary::Dictionary(const std::vector<Variable>& list) {
   for (const Variable& variable : list) {
-    indexByUpperName.emplace(UpperCase(variable.name), static_cast<int>(variables.size()));
-    variables.emplace_back(variable);
+    const VariableRecord& record = variables.emplace_back(variable);
+    fIndexByUpperName.emplace(record.upperName, static_cast<int>(variables.size()) - 1);
   }
 }
 
+// As a rule the next variable is asked for. Of those that share a name only the first is ever found.
 int Dictionary::Find(std::string_view name) const {
-  const auto found = indexByUpperName.find(UpperCase(name));
-  return found == indexByUpperName.end() ? -1 : found->second;
+  const std::string key = UpperCase(name);
+  const bool areUnique = fIndexByUpperName.size() == variables.size();
+  if (areUnique && fNext < variables.size() && variables[fNext].upperName == key) {
+    return static_cast<int>(fNext++);
+  }
+  const auto found = fIndexByUpperName.find(key);
+  if (found == fIndexByUpperName.end()) {
+    return -1;
+  }
+  fNext = static_cast<std::size_t>(found->second) + 1;
+  return found->second;
 }
 
 ScriptedHost::Core::Core(const HostSetup& setup)

@@ -6,6 +6,7 @@
 #include <deque>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -26,11 +27,12 @@ namespace scripted {
 
 /// A variable of the dictionary and the objects of the boundary that stand for it.
 struct VariableRecord {
-  explicit VariableRecord(const Variable& itsData) : data(itsData), valueLabels(data), variable(this) {}
+  explicit VariableRecord(const Variable& itsData);
   VariableRecord(const VariableRecord&) = delete;
   VariableRecord& operator=(const VariableRecord&) = delete;
 
   const Variable data;
+  const std::string upperName;
   const ZEVA_VLImplPointer valueLabels;
   const ZEVA_Variable variable;
 };
@@ -42,7 +44,10 @@ struct Dictionary {
   int Find(std::string_view name) const;
 
   std::deque<VariableRecord> variables;
-  std::unordered_map<std::string, int> indexByUpperName;
+
+ private:
+  std::unordered_map<std::string_view, int> fIndexByUpperName;
+  mutable std::size_t fNext = 0;  // behind the variable that was found last
 };
 
 /// Calls, and the one that is to fail.

@@ -1,7 +1,5 @@
 #include "tests/host/variable_list.h"
 
-#include <algorithm>
-
 #include "tests/host/letters.h"
 
 namespace scripted {
@@ -11,7 +9,7 @@ namespace {
 class Reader {
  public:
   Reader(Core& core, const std::vector<std::string>& words, std::vector<int>& indices)
-      : fCore(core), fWords(words), fIndices(indices) {}
+      : fCore(core), fWords(words), fIndices(indices), fListed(core.dictionary->variables.size(), false) {}
 
   bool All() {
     while (fAt < fWords.size()) {
@@ -71,10 +69,11 @@ class Reader {
   }
 
   bool Add(int index) {
-    if (std::find(fIndices.begin(), fIndices.end(), index) != fIndices.end()) {
-      const auto& variables = fCore.dictionary->variables;
-      return Fail("Variable " + variables[static_cast<std::size_t>(index)].data.name + " is listed twice.");
+    const auto variable = static_cast<std::size_t>(index);
+    if (fListed[variable]) {
+      return Fail("Variable " + fCore.dictionary->variables[variable].data.name + " is listed twice.");
     }
+    fListed[variable] = true;
     fIndices.push_back(index);
     return true;
   }
@@ -82,6 +81,7 @@ class Reader {
   Core& fCore;
   const std::vector<std::string>& fWords;
   std::vector<int>& fIndices;
+  std::vector<bool> fListed;  // by variable
   std::size_t fAt = 0;
 };
 

@@ -10,6 +10,7 @@ namespace {
 
 constexpr std::string_view kDigits = "0123456789";
 constexpr std::string_view kListOpening = "[:";
+constexpr std::string_view kWholeEntry = "^1";
 
 using Entries = std::vector<std::string>;
 
@@ -99,7 +100,7 @@ std::string Expansion::RemainingLists() const {
 }
 
 void AppendEntry(Entries& entries, std::string_view pattern, const std::string& text) {
-  entries.push_back(Expansion({text}).Replace(pattern));
+  entries.push_back(pattern == kWholeEntry ? text : Expansion({text}).Replace(pattern));
 }
 
 }  // namespace
@@ -109,7 +110,7 @@ bool IsListPattern(std::string_view pattern) {
 }
 
 std::vector<std::string> ExpandList(std::string_view pattern, const std::vector<Argument>& arguments) {
-  const std::string_view entryPattern = EntryPattern(pattern).value_or("^1");
+  const std::string_view entryPattern = EntryPattern(pattern).value_or(kWholeEntry);
   Entries entries;
   for (const Argument& argument : arguments) {
     if (const auto* text = std::get_if<std::string>(&argument)) {

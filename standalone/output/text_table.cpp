@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <iterator>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -66,9 +67,12 @@ void AppendMarker(Lines& lines, const std::string& marker) {
   lines.back() += ' ' + marker;
 }
 
-std::string Padded(std::string part, std::size_t width) {
-  part.append(width - std::min(width, DisplayWidth(part)), ' ');
-  return part;
+std::size_t HeightOf(const std::vector<Lines>& row) {
+  std::size_t height = 1;
+  for (const Lines& lines : row) {
+    height = std::max(height, lines.size());
+  }
+  return height;
 }
 
 /// Lays out one table.
@@ -83,8 +87,9 @@ class Layout {
   void AddRow(const TableRow& row);
   void AddWrapped(std::string& text, const std::string& line) const;
   void AddRows(std::string& text) const;
-  std::vector<Lines> Wrapped(const std::vector<Lines>& row) const;
-  std::string Joined(const std::vector<Lines>& wrapped) const;
+  void Wrap(std::vector<Lines>& row) const;
+  void AddBlock(std::string& text, const std::vector<Lines>& wrapped) const;
+  void AddLine(std::string& text, const std::vector<Lines>& wrapped, std::size_t index) const;
   std::string Rule() const;
   std::vector<ColumnNeeds> Needs() const;
 
@@ -106,6 +111,10 @@ Layout::Layout(const Table& table, std::size_t width) : fWidth(width), fTitle(Vi
   }
   const std::size_t gaps = kGap.size() * table.columns.size();
   fWidths = ColumnWidths(Needs(), width - std::min(gaps, width));
+  Wrap(fHeadings);
+  for (std::vector<Lines>& row : fRows) {
+    Wrap(row);
+  }
 }
 
 void Layout::AddHeading(const std::string& text) {
@@ -143,7 +152,9 @@ std::vector<ColumnNeeds> Layout::Needs() const {
 std::string Layout::Text() const {
   std::string text;
   AddWrapped(text, fTitle);
-  text += '\n' + Joined(Wrapped(fHeadings)) + Rule();
+  text += '\n';
+  AddBlock(text, fHeadings);
+  text += Rule();
   AddRows(text);
   const Lines notes = Explained(fNotes);
   text += notes.empty() ? "" : "\n";
@@ -164,42 +175,54 @@ void Layout::AddRows(std::string& text) const {
   if (fRows.empty()) {
     text += "(none)\n";
   }
-  Lines blocks;
-  bool isTall = false;
+  const bool isTall = std::any_of(fRows.begin(), fRows.end(), [](const auto& row) { return HeightOf(row) > 1; });
   for (const std::vector<Lines>& row : fRows) {
-    blocks.push_back(Joined(Wrapped(row)));
-    isTall = isTall || blocks.back().find('\n') + 1 < blocks.back().size();
+    if (isTall && &row != &fRows.front()) {
+      text += '\n';
+    }
+    AddBlock(text, row);
   }
-  text += fmt::format("{}", fmt::join(blocks, isTall ? "\n" : ""));
 }
 
-std::vector<Lines> Layout::Wrapped(const std::vector<Lines>& row) const {
-  std::vector<Lines> wrapped(row.size());
+void Layout::Wrap(std::vector<Lines>& row) const {
   for (std::size_t column = 0; column < row.size(); ++column) {
-    for (const std::string& line : row[column]) {
-      for (std::string& part : WrapText(line, fWidths[column])) {
-        wrapped[column].push_back(std::move(part));
-      }
+    const std::size_t width = fWidths[column];
+    const auto fits = [width](const std::string& line) { return DisplayWidth(line) <= width; };
+    if (std::all_of(row[column].begin(), row[column].end(), fits)) {
+      continue;  // as a rule
     }
+    Lines wrapped;
+    for (const std::string& line : row[column]) {
+      Lines parts = WrapText(line, width);
+      std::move(parts.begin(), parts.end(), std::back_inserter(wrapped));
+    }
+    row[column] = std::move(wrapped);
   }
-  return wrapped;
 }
 
-/// The text of a row of cells that have been wrapped.
-std::string Layout::Joined(const std::vector<Lines>& wrapped) const {
-  std::size_t height = 1;
-  for (const Lines& lines : wrapped) {
-    height = std::max(height, lines.size());
+/// Appends a row of cells that have been wrapped.
+void Layout::AddBlock(std::string& text, const std::vector<Lines>& wrapped) const {
+  const std::size_t height = HeightOf(wrapped);
+  for (std::size_t index = 0; index < height; ++index) {
+    AddLine(text, wrapped, index);
   }
-  std::string text;
-  for (std::size_t i = 0; i < height; ++i) {
-    Lines parts;
-    for (std::size_t column = 0; column < wrapped.size(); ++column) {
-      parts.push_back(Padded(i < wrapped[column].size() ? wrapped[column][i] : "", fWidths[column]));
+}
+
+/// Blanks are written only where something follows them.
+void Layout::AddLine(std::string& text, const std::vector<Lines>& wrapped, std::size_t index) const {
+  std::size_t blanks = 0;
+  for (std::size_t column = 0; column < wrapped.size(); ++column) {
+    std::size_t width = 0;
+    if (index < wrapped[column].size() && !wrapped[column][index].empty()) {
+      const std::string& part = wrapped[column][index];
+      text.append(blanks, ' ').append(part);
+      blanks = 0;
+      width = DisplayWidth(part);
     }
-    text += WithoutTrailingBlanks(fmt::format("{}", fmt::join(parts, kGap))) + '\n';
+    blanks += fWidths[column] - std::min(fWidths[column], width) + kGap.size();
   }
-  return text;
+  text.erase(text.find_last_not_of(' ') + 1);  // of the last part
+  text += '\n';
 }
 
 std::string Layout::Rule() const {

@@ -1,11 +1,12 @@
 #include "standalone/run/events.h"
 
 #include "standalone/output/json.h"
+#include "standalone/run/table_line.h"
 
 namespace standalone {
 namespace {
 
-// Each event is an object whose first member's name tells the kind.
+// Each event is a JSON object whose first member's name tells the kind; but tables have a line of their own.
 
 /// The bytes of a message's place, which are no part of an item's documented form.
 constexpr const char* kBytes = "bytes";
@@ -40,13 +41,25 @@ struct ToEventJson {
   Json operator()(const Noticed& event) const { return {{"noticed", event.sentence}}; }
 };
 
+/// Null for an event that is no table.
+const Table* TableIn(const Event& event) {
+  const auto* issued = std::get_if<ItemIssued>(&event);
+  return issued == nullptr ? nullptr : std::get_if<Table>(&issued->item);
+}
+
 }  // namespace
 
 std::string ToLine(const Event& event) {
+  if (const Table* table = TableIn(event)) {
+    return ToTableLine(*table);
+  }
   return OneLine(std::visit(ToEventJson(), event));
 }
 
 Event EventFromLine(const std::string& line) {
+  if (!line.empty() && line.front() == kTableMark) {
+    return ItemIssued{TableFromLine(line)};
+  }
   const Json json = Json::parse(line);
   const auto member = json.begin();
   const std::string& kind = member.key();

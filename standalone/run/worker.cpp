@@ -170,10 +170,11 @@ std::optional<Event> Worker::Receive() {
   char* line = nullptr;
   std::size_t capacity = 0;
   const ssize_t length = getline(&line, &capacity, fEvents);
-  const std::string text(line == nullptr ? "" : line, length > 0 ? static_cast<std::size_t>(length) : 0);
+  std::string text(line == nullptr ? "" : line, length > 0 ? static_cast<std::size_t>(length) : 0);
   std::free(line);
   // A line that the child did not complete is none.
   if (!text.empty() && text.back() == '\n') {
+    text.pop_back();
     return EventFromLine(text);
   }
   WaitForEnd();

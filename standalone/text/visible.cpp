@@ -2,12 +2,17 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cstdint>
 
 #include "standalone/text/unicode.h"
 
 namespace standalone {
 namespace {
+
+bool IsPrintableAscii(char c) {
+  return c >= ' ' && c <= '~';
+}
 
 bool IsControl(char32_t code) {
   return code < 0x20 || (code >= 0x7F && code <= 0x9F);
@@ -35,6 +40,9 @@ std::string Escaped(char32_t code) {
 }  // namespace
 
 std::string Visible(std::string_view text) {
+  if (std::all_of(text.begin(), text.end(), IsPrintableAscii)) {
+    return std::string(text);
+  }
   const std::string valid = ReplaceInvalidUtf8(text);
   std::string visible;
   visible.reserve(valid.size());

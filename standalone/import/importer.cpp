@@ -21,8 +21,19 @@ bool AreSettled(const std::vector<Column>& columns) {
   return std::all_of(columns.begin(), columns.end(), [](const Column& column) { return column.IsSettled(); });
 }
 
-void SettleTypes(CsvReader& reader, std::vector<Column>& columns) {
+using Advance = std::function<void()>;
+
+/// What tells the request how far the file was read.
+Advance AdvanceOf(const ImportRequest& request, const InputFile& file, bool isForTypes) {
+  if (!request.progress) {
+    return [] {};
+  }
+  return [&request, &file, isForTypes] { request.progress({isForTypes, file.BytesRead(), file.Size()}); };
+}
+
+void SettleTypes(CsvReader& reader, std::vector<Column>& columns, const Advance& advance) {
   while (!AreSettled(columns) && reader.NextRow()) {
+    advance();
     for (std::size_t index = 0; index < columns.size(); ++index) {
       columns[index].Learn(reader.Cells()[index]);
     }
@@ -41,11 +52,12 @@ void WriteVariables(const std::vector<Column>& columns, DatasetWriter& writer) {
   writer.SetVariables(variables);
 }
 
-std::size_t WriteCases(CsvReader& reader, std::vector<Column>& columns, const std::string& path,
-                       DatasetWriter& writer) {
+std::size_t WriteCases(CsvReader& reader, std::vector<Column>& columns, const std::string& path, DatasetWriter& writer,
+                       const Advance& advance) {
   std::size_t count = 0;
   std::vector<std::string_view> cells;
   while (reader.NextRow()) {
+    advance();
     cells = reader.Cells();
     for (std::size_t index = 0; index < cells.size(); ++index) {
       if (const auto wrong = columns[index].Convert(cells[index])) {
@@ -83,12 +95,12 @@ ImportSummary ImportSurvey(const ImportRequest& request) {
   auto reader = std::make_unique<CsvReader>(file);
   std::vector<Column> columns = MakeColumns(reader->Header(), request.dataPath, std::move(fields), codebookPath);
   if (!AreSettled(columns)) {
-    SettleTypes(*reader, columns);
+    SettleTypes(*reader, columns, AdvanceOf(request, file, true));
     reader = ReadAgain(file, reader->Header());
   }
   file.ForbidRewind();
   WriteVariables(columns, writer);
-  const std::size_t cases = WriteCases(*reader, columns, request.dataPath, writer);
+  const std::size_t cases = WriteCases(*reader, columns, request.dataPath, writer, AdvanceOf(request, file, false));
   writer.Commit();
   return {columns.size(), cases};
 }

@@ -2,6 +2,8 @@
 #define STANDALONE_IMPORT_IMPORTER_H
 
 #include <cstddef>
+#include <cstdint>
+#include <functional>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -16,12 +18,20 @@ class ImportError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+/// How an import gets on. The data are read twice where types come from them.
+struct ImportProgress {
+  bool isForTypes = false;            ///< the first of two times
+  std::uint64_t bytes = 0;            ///< that were read, of this time
+  std::optional<std::uint64_t> size;  ///< of the data, where it is known
+};
+
 struct ImportRequest {
   std::string dataPath;                     ///< CSV, UTF-8, with a header row
   std::optional<std::string> codebookPath;  ///< Table Schema JSON
   std::string datasetPath;
   bool replace = false;  ///< replace variables and cases of a dataset that exists, keep its sets
   DatasetOptions datasetOptions = {};
+  std::function<void(const ImportProgress&)> progress;  ///< called for each case; may be empty
 };
 
 struct ImportSummary {

@@ -29,6 +29,9 @@ InputFile::InputFile(const std::string& path) : fPath(path), fDescriptor(open(pa
     close(fDescriptor);
     Fail("is a directory");
   }
+  if (S_ISREG(status.st_mode)) {
+    fSize = static_cast<std::uint64_t>(status.st_size);
+  }
 }
 
 InputFile::~InputFile() {
@@ -39,6 +42,12 @@ InputFile::~InputFile() {
 }
 
 std::size_t InputFile::Read(char* buffer, std::size_t size) {
+  const std::size_t count = ReadNext(buffer, size);
+  fBytesRead += count;
+  return count;
+}
+
+std::size_t InputFile::ReadNext(char* buffer, std::size_t size) {
   if (fFromCopy) {
     const std::size_t count = ReadFrom(fCopy, buffer, size);
     if (count != 0) {
@@ -67,6 +76,7 @@ void InputFile::AllowRewind(const std::string& neighbour) {
 
 void InputFile::Rewind() {
   fFromCopy = fCopy >= 0;
+  fBytesRead = 0;
   if (lseek(fFromCopy ? fCopy : fDescriptor, 0, SEEK_SET) < 0) {
     Fail(std::string("cannot be read twice: ") + std::strerror(errno));
   }

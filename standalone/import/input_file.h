@@ -2,6 +2,8 @@
 #define STANDALONE_IMPORT_INPUT_FILE_H
 
 #include <cstddef>
+#include <cstdint>
+#include <optional>
 #include <string>
 
 namespace standalone {
@@ -19,6 +21,10 @@ class InputFile {
   /// Reads up to `size` bytes, one at least; 0 at the end of the file.
   std::size_t Read(char* buffer, std::size_t size);
 
+  /// How much was read since the beginning, of how much; nothing where that cannot be known.
+  std::uint64_t BytesRead() const { return fBytesRead; }
+  std::optional<std::uint64_t> Size() const { return fSize; }
+
   /// Makes Rewind() possible; before the first Read(). What a pipe gives is then copied to a nameless file in the
   /// folder of `neighbour`.
   void AllowRewind(const std::string& neighbour);
@@ -30,12 +36,15 @@ class InputFile {
   void Rewind();
 
  private:
+  std::size_t ReadNext(char* buffer, std::size_t size);
   std::size_t ReadFrom(int descriptor, char* buffer, std::size_t size);
   void CopyAside(const char* data, std::size_t size);
   [[noreturn]] void Fail(const std::string& what) const;
 
   std::string fPath;
   int fDescriptor = -1;
+  std::optional<std::uint64_t> fSize;
+  std::uint64_t fBytesRead = 0;
   int fCopy = -1;          // of what a pipe gave
   bool fCopying = false;   // a pipe is read and may be rewound
   bool fFromCopy = false;  // the copy is read before the rest of the pipe

@@ -5,18 +5,34 @@
 #include <CLI/Formatter.hpp>
 #include <iostream>
 #include <memory>
+#include <optional>
+#include <string>
 
 #include "standalone/import/importer.h"
 #include "standalone/program/counted.h"
 #include "standalone/program/dataset_options.h"
+#include "standalone/program/progress.h"
 #include "standalone/program/subcommands.h"
 #include "standalone/text/visible.h"
 
 namespace standalone {
 namespace {
 
+ImportSummary ImportWithProgress(ImportRequest request) {
+  Progress progress(ErrorScreen());
+  std::optional<bool> begun;
+  request.progress = [&](const ImportProgress& now) {
+    if (begun != now.isForTypes) {
+      begun = now.isForTypes;
+      progress.Begin({(now.isForTypes ? "Looking at " : "Importing ") + Visible(request.dataPath), "", now.size});
+    }
+    progress.Update(now.bytes);
+  };
+  return ImportSurvey(request);
+}
+
 ExitStatus Import(const ImportRequest& request) {
-  const ImportSummary summary = ImportSurvey(request);
+  const ImportSummary summary = ImportWithProgress(request);
   std::cerr << fmt::format("{}: {}, {}\n", Visible(request.datasetPath), Counted(summary.variables, "variable"),
                            Counted(summary.cases, "case"));
   return kSuccess;

@@ -1,4 +1,5 @@
 #include <fmt/format.h>
+#include <unistd.h>
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
@@ -15,6 +16,7 @@
 #include "standalone/program/command_status.h"
 #include "standalone/program/dataset_options.h"
 #include "standalone/program/format_option.h"
+#include "standalone/program/progress.h"
 #include "standalone/program/same_file.h"
 #include "standalone/program/subcommands.h"
 #include "standalone/program/terminal.h"
@@ -57,9 +59,18 @@ void CheckOutputPath(const RunOptions& options, const std::string& outputPath) {
   }
 }
 
-ExitStatus RunAndRender(const RunRequest& request, Renderer& renderer) {
+/// Where progress is shown: not among results on a terminal, which show it themselves.
+std::optional<ProgressScreen> ScreenBesideResults(const RunOptions& options) {
+  const bool areOnTerminal = !options.outputPath && TerminalWidth(STDOUT_FILENO).has_value();
+  return areOnTerminal ? std::nullopt : ErrorScreen();
+}
+
+ExitStatus RunAndRender(const RunRequest& request, Renderer& renderer, std::optional<ProgressScreen> screen) {
   ExitStatus status = kSuccess;
+  Progress progress(std::move(screen));
+  progress.Begin({"Running", "commands", request.commands.size()});
   RunCommands(request, [&](const CommandResult& result) {
+    progress.Update(result.number);
     renderer.Write(result);
     status = std::max(status, StatusOf(result));
   });
@@ -125,11 +136,13 @@ ExitStatus Run(const RunOptions& options) {
   const RunRequest request{options.datasetPath, ReadCommands(options), options.dryRun, options.stopOnError,
                            options.datasetOptions};
   if (!options.outputPath) {
-    return RunAndRender(request, *MakeRenderer(options, {std::cout, OutputIsTerminal(), OutputWidth()}));
+    return RunAndRender(request, *MakeRenderer(options, {std::cout, OutputIsTerminal(), OutputWidth()}),
+                        ScreenBesideResults(options));
   }
   CheckOutputPath(options, *options.outputPath);
   OutputFile file(*options.outputPath);
-  const ExitStatus status = RunAndRender(request, *MakeRenderer(options, {file.Stream(), false, kDefaultWidth}));
+  const ExitStatus status = RunAndRender(request, *MakeRenderer(options, {file.Stream(), false, kDefaultWidth}),
+                                         ScreenBesideResults(options));
   file.Commit();
   return status;
 }

@@ -5,10 +5,16 @@
 
 namespace standalone {
 
-std::size_t OutputWidth() {
+std::optional<std::size_t> TerminalWidth(int descriptor) {
   winsize size{};
-  const bool isTerminal = ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0;
-  return isTerminal && size.ws_col > 0 ? size.ws_col : kDefaultWidth;
+  if (ioctl(descriptor, TIOCGWINSZ, &size) != 0) {
+    return std::nullopt;
+  }
+  return size.ws_col > 0 ? size.ws_col : kDefaultWidth;
+}
+
+std::size_t OutputWidth() {
+  return TerminalWidth(STDOUT_FILENO).value_or(kDefaultWidth);
 }
 
 bool OutputIsTerminal() {

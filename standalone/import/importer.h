@@ -31,7 +31,7 @@ struct ImportRequest {
   std::string datasetPath;
   bool replace = false;  ///< replace variables and cases of a dataset that exists, keep its sets
   DatasetOptions datasetOptions = {};
-  std::function<void(const ImportProgress&)> progress;  ///< called for each case; may be empty
+  std::function<void(const ImportProgress&)> progress = {};  ///< called for each case; may be empty
 };
 
 struct ImportSummary {

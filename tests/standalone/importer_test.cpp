@@ -126,6 +126,30 @@ TEST_F(ImporterTest, APipeIsReadWithAndWithoutACodebook) {
   }
 }
 
+// A small file is read whole before its first case is taken.
+TEST_F(ImporterTest, TellsHowFarItReadAndForWhat) {
+  Write(kData, "a\n1\n2\n");
+  ImportRequest request{kData, std::nullopt, kDataset};
+  std::vector<std::string> told;
+  request.progress = [&told](const ImportProgress& now) {
+    told.push_back((now.isForTypes ? "types " : "cases ") + std::to_string(now.bytes) + " of " +
+                   std::to_string(now.size.value_or(0)));
+  };
+  ImportSurvey(request);
+  EXPECT_THAT(told, ElementsAre("types 6 of 6", "types 6 of 6", "cases 6 of 6", "cases 6 of 6"));
+}
+
+TEST_F(ImporterTest, OfAPipeOnlyTellsWhatItRead) {
+  ASSERT_EQ(mkfifo("pipe", 0600), 0);
+  std::thread writer([] { Write("pipe", "a\n1\n"); });
+  ImportRequest request{"pipe", std::nullopt, kDataset};
+  std::vector<bool> areSizesKnown;
+  request.progress = [&areSizesKnown](const ImportProgress& now) { areSizesKnown.push_back(now.size.has_value()); };
+  ImportSurvey(request);
+  writer.join();
+  EXPECT_THAT(areSizesKnown, ElementsAre(false, false));
+}
+
 TEST_F(ImporterTest, BadInputIsOneSentenceAndLeavesNothing) {
   struct Row {
     std::string_view csv;

@@ -285,8 +285,12 @@ void Checker::SetVariables() {
 }
 
 void Checker::Cases() {
+  const std::int64_t all = fReport.progress ? IntegerOf("SELECT count(*) FROM cases") : 0;
   Query rows(fDatabase, "SELECT position, cells FROM cases ORDER BY position");
   for (std::int64_t expected = 0; rows.Step(); ++expected) {
+    if (fReport.progress) {
+      fReport.progress(static_cast<std::uint64_t>(expected) + 1, static_cast<std::uint64_t>(all));
+    }
     if (rows.Integer(0) != expected) {
       Finding("The position of a case is {} instead of {}.", rows.Integer(0), expected);
     }

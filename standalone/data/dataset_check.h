@@ -1,7 +1,7 @@
 #ifndef STANDALONE_DATA_DATASET_CHECK_H
 #define STANDALONE_DATA_DATASET_CHECK_H
 
-#include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <string>
 
@@ -13,6 +13,9 @@ namespace standalone {
 struct CheckReport {
   std::function<void(const std::string& sentence)> finding;  ///< something that no sound dataset has
   std::function<void(const std::string& sentence)> remark;   ///< something that is allowed, but worth knowing
+
+  /// How many of the cases were checked; called for each of them, may be empty.
+  std::function<void(std::uint64_t checked, std::uint64_t all)> progress = {};
 };
 
 /// Verifies one state of a dataset: the file's integrity, its tables, the dictionary, sets and cases, what they refer

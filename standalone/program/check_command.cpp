@@ -10,6 +10,7 @@
 #include "standalone/data/dataset_check.h"
 #include "standalone/program/counted.h"
 #include "standalone/program/dataset_options.h"
+#include "standalone/program/progress.h"
 #include "standalone/program/subcommands.h"
 #include "standalone/text/visible.h"
 
@@ -23,14 +24,26 @@ struct CheckRequest {
 
 ExitStatus Check(const CheckRequest& request) {
   std::size_t findings = 0;
+  Progress progress(ErrorScreen());
   CheckReport report;
   report.finding = [&](const std::string& sentence) {
+    progress.Clear();
     std::cout << Visible(sentence) << '\n';
     ++findings;
   };
-  report.remark = [](const std::string& sentence) { std::cout << "Remark: " << Visible(sentence) << '\n'; };
-  CheckDataset(request.datasetPath, request.datasetOptions, report);
+  report.remark = [&](const std::string& sentence) {
+    progress.Clear();
+    std::cout << "Remark: " << Visible(sentence) << '\n';
+  };
   const std::string name = Visible(request.datasetPath);
+  report.progress = [&](std::uint64_t checked, std::uint64_t all) {
+    if (checked == 1) {
+      progress.Begin({"Checking " + name, "cases", all});
+    }
+    progress.Update(checked);
+  };
+  CheckDataset(request.datasetPath, request.datasetOptions, report);
+  progress.Clear();
   std::cout << (findings == 0 ? name + " is sound.\n" : fmt::format("{}: {}.\n", name, Counted(findings, "finding")));
   return findings == 0 ? kSuccess : kErrors;
 }

@@ -105,7 +105,8 @@ void Progress::Clear() {
   }
 }
 
-// The last column stays free: some terminals go on to the next line behind it.
+// The last column stays free: some terminals go on to the next line behind it. The cursor goes back, so that what
+// another process writes meanwhile begins a line.
 void Progress::Draw(std::uint64_t done, double seconds) {
   const std::string figures = Figures(fWork, done, seconds);
   std::string line = fWork.title + ": " + figures;
@@ -116,7 +117,7 @@ void Progress::Draw(std::uint64_t done, double seconds) {
     return;
   }
   const std::size_t width = DisplayWidth(line);
-  fScreen->write('\r' + line + std::string(fDrawnWidth - std::min(width, fDrawnWidth), ' '));
+  fScreen->write('\r' + line + std::string(fDrawnWidth - std::min(width, fDrawnWidth), ' ') + '\r');
   fDrawnWidth = std::max(width, fDrawnWidth);
 }
 

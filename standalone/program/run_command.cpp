@@ -59,18 +59,23 @@ void CheckOutputPath(const RunOptions& options, const std::string& outputPath) {
   }
 }
 
+constexpr const char* kCsvFormat = "csv";
+
 /// Where progress is shown: not among results on a terminal, which show it themselves.
 std::optional<ProgressScreen> ScreenBesideResults(const RunOptions& options) {
   const bool areOnTerminal = !options.outputPath && TerminalWidth(STDOUT_FILENO).has_value();
   return areOnTerminal ? std::nullopt : ErrorScreen();
 }
 
-ExitStatus RunAndRender(const RunRequest& request, Renderer& renderer, std::optional<ProgressScreen> screen) {
+ExitStatus RunAndRender(const RunOptions& options, const RunRequest& request, Renderer& renderer) {
   ExitStatus status = kSuccess;
-  Progress progress(std::move(screen));
+  Progress progress(ScreenBesideResults(options));
   progress.Begin({"Running", "commands", request.commands.size()});
   RunCommands(request, [&](const CommandResult& result) {
     progress.Update(result.number);
+    if (options.format.format == kCsvFormat) {
+      progress.Clear();  // messages go to standard error
+    }
     renderer.Write(result);
     status = std::max(status, StatusOf(result));
   });
@@ -121,7 +126,7 @@ constexpr std::array<RunFormat, 5> kFormats = {{
     {"json", MakeJson},
     {"html", MakeHtml},
     {"markdown", MakeMarkdown},
-    {"csv", MakeCsv},
+    {kCsvFormat, MakeCsv},
 }};
 
 std::unique_ptr<Renderer> MakeRenderer(const RunOptions& options, const Target& target) {
@@ -136,13 +141,12 @@ ExitStatus Run(const RunOptions& options) {
   const RunRequest request{options.datasetPath, ReadCommands(options), options.dryRun, options.stopOnError,
                            options.datasetOptions};
   if (!options.outputPath) {
-    return RunAndRender(request, *MakeRenderer(options, {std::cout, OutputIsTerminal(), OutputWidth()}),
-                        ScreenBesideResults(options));
+    return RunAndRender(options, request, *MakeRenderer(options, {std::cout, OutputIsTerminal(), OutputWidth()}));
   }
   CheckOutputPath(options, *options.outputPath);
   OutputFile file(*options.outputPath);
-  const ExitStatus status = RunAndRender(request, *MakeRenderer(options, {file.Stream(), false, kDefaultWidth}),
-                                         ScreenBesideResults(options));
+  const ExitStatus status =
+      RunAndRender(options, request, *MakeRenderer(options, {file.Stream(), false, kDefaultWidth}));
   file.Commit();
   return status;
 }

@@ -36,7 +36,12 @@ std::string LineOf(const LongWork& work, std::uint64_t done, milliseconds time, 
   progress.Begin(work);
   screen.Pass(time);
   progress.Update(done);
-  return screen.Written().empty() ? "" : screen.Written().front();
+  if (screen.Written().empty()) {
+    return "";
+  }
+  const std::string line = screen.Written().front();
+  EXPECT_EQ(line.back(), '\r') << "the cursor is not at the beginning of the line";
+  return line.substr(0, line.size() - 1);
 }
 
 TEST(Progress, OfBytesShowsShareRateAndRest) {
@@ -83,7 +88,7 @@ TEST(Progress, AppearsAfterAWhileAndIsDrawnAFewTimesASecond) {
     screen.Pass(milliseconds(10));
     progress.Update(done);
   }
-  EXPECT_THAT(screen.Written(), ElementsAre("\rW: 50 x, 100/s", "\rW: 75 x, 100/s", "\rW: 100 x, 100/s"));
+  EXPECT_THAT(screen.Written(), ElementsAre("\rW: 50 x, 100/s\r", "\rW: 75 x, 100/s\r", "\rW: 100 x, 100/s\r"));
 }
 
 TEST(Progress, OverwritesALongerLineWhole) {
@@ -95,7 +100,7 @@ TEST(Progress, OverwritesALongerLineWhole) {
   screen.Pass(milliseconds(99000));
   progress.Update(101);
   progress.Clear();
-  EXPECT_THAT(screen.Written(), ElementsAre("\rW: 50 of 100 x, 50/s, 1 s left", "\rW: 101 of 100 x, 1/s          ",
+  EXPECT_THAT(screen.Written(), ElementsAre("\rW: 50 of 100 x, 50/s, 1 s left\r", "\rW: 101 of 100 x, 1/s          \r",
                                             "\r                              \r"));
 }
 
@@ -111,7 +116,8 @@ TEST(Progress, DisappearsInTheEndAndBeforeOtherWork) {
     screen.Pass(milliseconds(500));
     progress.Update(1);
   }
-  EXPECT_THAT(screen.Written(), ElementsAre("\rA: 1 x, 2/s", "\r           \r", "\rB: 1 x, 2/s", "\r           \r"));
+  EXPECT_THAT(screen.Written(),
+              ElementsAre("\rA: 1 x, 2/s\r", "\r           \r", "\rB: 1 x, 2/s\r", "\r           \r"));
 }
 
 TEST(Progress, OfShortWorkIsNotShown) {

@@ -47,9 +47,11 @@ void WriteVariable(Database& database, std::int64_t position, const Variable& va
 // In one transaction of the dataset itself: a command that runs meanwhile sees the old or the new and loses no set.
 void ReplaceContents(const std::string& path, const std::string& newContents, const DatasetOptions& options) {
   const std::unique_ptr<Database> database = OpenDataset(path, options);
-  database->Attach(newContents, "new");
   database->Execute("BEGIN IMMEDIATE");
   const std::optional<std::string> migrated = Migrate(*database, path);
+  // After the beginning: else the transaction would write to both files, which needs a third one to commit, and a kill
+  // could leave that behind.
+  database->Attach(newContents, "new");
   database->Execute(
       "DELETE FROM main.value_label;"
       "DELETE FROM main.variable;"

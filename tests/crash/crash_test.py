@@ -1,0 +1,274 @@
+#!/usr/bin/env python3
+"""Kills the program at everything it does to a file, and looks at what is left.
+
+  crash_test.py --program MRSET --shim LIBRARY [--kill group|process|power] [--long]
+  crash_test.py --program MRSET --shim LIBRARY --kill KIND --scenario NAME --at N --moment before|middle|after [--seed S]
+
+The second form repeats one kill, shows it, and keeps the folder it left. docs/durability.md says what is held.
+"""
+
+import argparse
+import json
+import sys
+import time
+from collections import Counter
+from pathlib import Path
+
+from program import KINDS, Failure, Kill, Program, copy, dump, scratch_folder
+from scenarios import DATASET, FILES, SCENARIOS, SCRIPT, Scenario, define
+
+MOST_OPERATIONS = 2000  # a sweep that comes here does not end
+NEXT = ["run", DATASET, "-c", define("next")]
+
+
+class Trial:
+    """One scenario: the states that it may leave, found without a kill, and the check of a kill."""
+
+    def __init__(self, program: Program, scenario: Scenario, place: Path):
+        self.program = program
+        self.scenario = scenario
+        self.place = place
+        self.has_check = program.knows("check")
+        self.ready = self.prepare()
+        self.known = {}  # dumps by the commands that were run
+        self.whole = copy(self.ready, place / "whole")
+        program.must(self.whole, scenario.arguments)
+
+    def prepare(self) -> Path:
+        folder = self.place / "ready"
+        folder.mkdir(parents=True)
+        for name, text in FILES.items():
+            (folder / name).write_text(text)
+        self.write_script(folder, self.scenario.script or [])
+        for arguments in self.scenario.prepare:
+            self.program.must(folder, arguments)
+        if self.scenario.prepare_sql:
+            apply_sql(folder / DATASET, self.scenario.prepare_sql)
+        return folder
+
+    @staticmethod
+    def write_script(folder: Path, commands: list[str]) -> None:
+        (folder / SCRIPT).write_text("".join(command + "\n" for command in commands))
+
+    def steps(self) -> int:
+        """How many of the run's effects can be there or not, in their order."""
+        return len(self.scenario.script) if self.scenario.script else 1
+
+    def state(self, steps: tuple[int, ...], with_next: bool):
+        """What the dataset holds after these steps alone, then perhaps after the next command."""
+        key = (steps, with_next)
+        if key not in self.known:
+            folder = copy(self.ready, self.place / "state")
+            if self.scenario.script:
+                self.write_script(folder, [self.scenario.script[step] for step in steps])
+            if steps:
+                self.program.must(folder, self.scenario.arguments)
+            if with_next:
+                self.program.must(folder, NEXT)
+            self.known[key] = dump(folder / DATASET)
+        return self.known[key]
+
+    def allowed(self, outcome) -> list[tuple[int, ...]]:
+        """The steps that may have been done, by what was answered. Where the run went on after a command was aborted,
+        all but that one; else the first so many, and all that were answered."""
+        steps = self.steps()
+        if outcome.status != -9 and self.scenario.script:
+            results = [json.loads(line)["status"] for line in self.results_of(outcome)]
+            if len(results) != steps:
+                raise Failure(f"the program was not killed and gave {len(results)} results of {steps}")
+            if not outcome.killed or "aborted" in results:
+                return [tuple(step for step in range(steps) if results[step] != "aborted")]
+            return [tuple(range(steps))]
+        if outcome.status == 0:
+            return [tuple(range(steps))]
+        answered = len(outcome.answers) if self.scenario.script and not self.scenario.outputs else 0
+        return [tuple(range(done)) for done in range(answered, steps + 1)]
+
+    def results_of(self, outcome) -> list[str]:
+        for name in self.scenario.outputs:
+            return (self.folder / name).read_text().splitlines()
+        return outcome.answers
+
+    def kill(self, kill: Kill):
+        self.folder = copy(self.ready, self.place / "killed")
+        return self.program.run_killed(self.folder, self.scenario.arguments, kill)
+
+    def check(self, outcome) -> str:
+        """Which state the kill left; raises Failure where that must not be."""
+        aside = copy(self.folder, self.place / "aside")
+        allowed = self.allowed(outcome)
+        found = dump(aside / DATASET)
+        same = [steps for steps in allowed if self.state(steps, False) == found]
+        if not same:
+            raise Failure(self.describe_loss(found, allowed, outcome))
+        self.check_outputs(outcome)
+        self.check_next(same[-1], found)
+        self.check_folder()
+        return self.name_of(same[-1])
+
+    def describe_loss(self, found, allowed, outcome) -> str:
+        steps = range(self.steps() + 1)
+        known = [done for done in steps if self.state(tuple(range(done)), False) == found]
+        where = f"the state after {known[0]} of the commands" if known else "a state that is none of the run's"
+        return f"{where} where {allowed} of them may be done; answered: {outcome.answers} {outcome.errors}"
+
+    def name_of(self, steps: tuple[int, ...]) -> str:
+        return "before" if not steps else "after" if len(steps) == self.steps() else "between"
+
+    def check_outputs(self, outcome) -> None:
+        for name in self.scenario.outputs:
+            text = (self.folder / name).read_text()
+            if text == FILES[name]:
+                continue
+            results = [json.loads(line) for line in text.splitlines()]
+            if not text.endswith("\n") or len(results) != self.steps():
+                raise Failure(f"{name} is neither as before nor complete: {text!r}")
+            if outcome.status == 0 and text != (self.whole / name).read_text():
+                raise Failure(f"{name} differs from that of a run without a kill")
+
+    def check_next(self, steps: tuple[int, ...], found) -> None:
+        """What comes next works on what is there: the run itself where there is no dataset, else another command."""
+        if found is None:
+            self.program.must(self.folder, self.scenario.arguments)
+            steps = tuple(range(self.steps()))
+        self.program.must(self.folder, NEXT)
+        if dump(self.folder / DATASET) != self.state(steps, True):
+            raise Failure("the next command left something else than it leaves without a kill")
+        if self.has_check:
+            self.program.must(self.folder, ["check", DATASET])
+
+    def check_folder(self) -> None:
+        """Nothing is left but hidden temporary files, whose names no run uses again."""
+        expected = {path.name for path in self.whole.iterdir()} | {DATASET, *self.scenario.kept}
+        strays = {path.name for path in self.folder.iterdir()} - expected
+        left = [name for name in strays if not (name.startswith(".mrset-") and name.endswith(".tmp"))]
+        if left:
+            raise Failure(f"the run left {sorted(left)}")
+
+
+def apply_sql(dataset: Path, sql: str) -> None:
+    import sqlite3
+
+    connection = sqlite3.connect(dataset)
+    connection.executescript(sql)
+    connection.close()
+
+
+class Sweep:
+    """All kills of one scenario in one way."""
+
+    def __init__(self, options, scenario: Scenario, kind: str):
+        self.options = options
+        self.scenario = scenario
+        self.kind = kind
+        self.found = Counter()
+        self.failures = 0
+        self.operations = 0
+
+    def run(self) -> None:
+        with scratch_folder() as place:
+            trial = Trial(Program(self.options.program, self.options.shim), self.scenario, Path(place).resolve())
+            at = 1
+            while self.sweep_operation(trial, at):
+                at += 1
+                if at > MOST_OPERATIONS:
+                    raise Failure(f"{self.scenario.name}: the sweep does not end")
+            self.operations = at - 1
+        if self.operations < self.scenario.least:
+            raise Failure(f"{self.scenario.name}: only {self.operations} operations, at least {self.scenario.least}")
+
+    def sweep_operation(self, trial: Trial, at: int) -> bool:
+        first = self.kill(trial, Kill(at, "before", self.kind, 0))
+        if not first.killed:
+            return False
+        for moment, seed in self.more_kills(first.met.split()[0]):
+            self.kill(trial, Kill(at, moment, self.kind, seed))
+        return True
+
+    def more_kills(self, operation: str) -> list[tuple[str, int]]:
+        """Besides the one before the operation. Where power is lost, what is lost after one operation is, but for a
+        sync, lost before the next one; the order of things is settled by syncs, so there they are tried most."""
+        moments = ("before", "middle", "after") if operation == "write" else ("before", "after")
+        if self.kind != "power":
+            return [(moment, 0) for moment in moments[1:]]
+        if self.options.long:
+            return [(moment, seed) for moment in moments for seed in range(20)][1:]
+        if operation == "write":
+            return []
+        return [("before", seed) for seed in range(1, 5)] + [("after", seed) for seed in range(2) if operation == "sync"]
+
+    def kill(self, trial: Trial, kill: Kill):
+        outcome = trial.kill(kill)
+        try:
+            self.found[trial.check(outcome)] += outcome.killed
+        except (Failure, OSError, ValueError) as failure:
+            self.failures += 1
+            print(f"FAILED {self.scenario.name}, {outcome.met or 'no kill'}: {failure}\n  {self.repeat(kill)}")
+        return outcome
+
+    def repeat(self, kill: Kill) -> str:
+        return (
+            f"python3 tests/crash/crash_test.py --program {self.options.program} --shim {self.options.shim}"
+            f" --kill {kill.kind} --scenario '{self.scenario.name}' --at {kill.at} --moment {kill.moment}"
+            f" --seed {kill.seed}"
+        )
+
+    def summary(self) -> str:
+        kills = sum(self.found.values()) + self.failures
+        return (
+            f"{self.scenario.name:20} {self.kind:8} {self.operations:5} operations {kills:5} kills:"
+            f" {self.found['before']:5} before {self.found['between']:5} between {self.found['after']:5} after"
+            f" {self.failures:3} failures"
+        )
+
+
+def repeat_one(options) -> int:
+    scenario = next(scenario for scenario in SCENARIOS if scenario.name == options.scenario)
+    place = Path("crash-repeated").resolve()
+    trial = Trial(Program(options.program, options.shim), scenario, place)
+    outcome = trial.kill(Kill(options.at, options.moment, options.kill, options.seed))
+    print(outcome)
+    copy(trial.folder, place / "left")
+    print(f"What was left lies in {place / 'left'}.")
+    print(f"Found the state {trial.check(outcome)}.")
+    return 0
+
+
+def run_suite(options) -> int:
+    program = Program(options.program, options.shim)
+    started = time.monotonic()
+    sweeps = []
+    for scenario in SCENARIOS:
+        if scenario.needs and not program.knows(scenario.needs):
+            continue
+        if options.scenario in (None, scenario.name):
+            sweep = Sweep(options, scenario, options.kill)
+            try:
+                sweep.run()
+            except Failure as failure:
+                sweep.failures += 1
+                print(f"FAILED {failure}")
+            print(sweep.summary(), flush=True)
+            sweeps.append(sweep)
+    kills = sum(sum(sweep.found.values()) + sweep.failures for sweep in sweeps)
+    failures = sum(sweep.failures for sweep in sweeps)
+    print(f"{kills} kills, {failures} failures, {time.monotonic() - started:.0f} s")
+    return 1 if failures or not sweeps else 0
+
+
+def main() -> int:
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("--program", required=True)
+    parser.add_argument("--shim", required=True)
+    parser.add_argument("--kill", choices=("group", "process", "power"), default="group")
+    parser.add_argument("--scenario", choices=[scenario.name for scenario in SCENARIOS])
+    parser.add_argument("--at", type=int)
+    parser.add_argument("--moment", choices=("before", "middle", "after"), default="before")
+    parser.add_argument("--seed", type=int, default=0)
+    parser.add_argument("--long", action="store_true", help="all moments and 20 seeds where power is lost")
+    options = parser.parse_args()
+    return repeat_one(options) if options.at else run_suite(options)
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,79 @@
+"""What the program is killed in. One row of SCENARIOS joins all suites."""
+
+from dataclasses import dataclass, field
+from typing import Callable, Optional
+
+DATASET = "s.mrset"
+SURVEY = "survey.csv"
+WAVE_2 = "wave2.csv"
+SCRIPT = "commands.script"
+OUTPUT = "results.json"
+
+FILES = {
+    SURVEY: "q1,q2,q3,n1,t1,t2\n1,0,1,7,red,blue\n0,1,0,8,,green\n",
+    WAVE_2: "q1,q2,q4,t1,t2\n" + "1,0,1,red,blue\n" * 150,
+    OUTPUT: "what stood there before\n",
+}
+
+DEFINE = "MRSET /MDGROUP NAME=${name} LABEL='{name}' VARIABLES=q1 TO q3 VALUE=1."
+
+
+def define(*names: str) -> str:
+    """One command that defines sets."""
+    return "MRSET" + "".join(f" /MCGROUP NAME=${name} VARIABLES=t1 t2" for name in names) + "."
+
+
+def many_sets() -> str:
+    return define(*(f"many{number:02}" for number in range(40)))
+
+
+IMPORT = ["import", SURVEY, DATASET]
+
+Sql = Optional[str]
+
+
+@dataclass(frozen=True)
+class Scenario:
+    """A run of the program on a dataset that `prepare` leaves; it must take at least `least` operations on files."""
+
+    name: str
+    least: int
+    arguments: list[str]
+    prepare: list[list[str]] = field(default_factory=lambda: [IMPORT])
+    prepare_sql: Sql = None  # then done to the dataset by hand
+    script: Optional[list[str]] = None  # the commands of arguments that hold SCRIPT
+    outputs: tuple[str, ...] = ()  # files that are complete or as before
+    kept: tuple[str, ...] = ()  # further files that the run may leave, and that must be the same at last
+    needs: Optional[str] = None  # a subcommand without which the program cannot do this
+
+
+def script(name: str, least: int, commands: list[str], **others) -> Scenario:
+    return Scenario(name, least, ["run", DATASET, SCRIPT, "--format", "json"], script=commands, **others)
+
+
+def run(command: str) -> list[str]:
+    return ["run", DATASET, "-c", command]
+
+
+SCENARIOS = [
+    Scenario("import", 20, IMPORT, prepare=[]),
+    Scenario("replace", 40, ["import", "--replace", WAVE_2, DATASET], prepare=[IMPORT, run(define("kept"))]),
+    script("define into empty", 20, [define("first")]),
+    script("define among many", 20, [define("another")], prepare=[IMPORT, run(many_sets())]),
+    script("redefine", 20, [DEFINE.format(name="again")], prepare=[IMPORT, run(define("other", "again"))]),
+    script("delete", 20, ["MRSET /DELETE NAME=[$gone]."], prepare=[IMPORT, run(define("gone", "stays"))]),
+    script("delete all", 20, ["MRSET /DELETE NAME=ALL."], prepare=[IMPORT, run(many_sets())]),
+    script("display that sorts", 15, ["MRSET /DISPLAY NAME=ALL."], prepare=[IMPORT, run(define("z", "y", "x"))]),
+    script(
+        "script",
+        70,
+        [define("one"), DEFINE.format(name="two"), "MRSET /DISPLAY NAME=ALL.", "MRSET /DELETE NAME=[$one]."],
+    ),
+    Scenario(
+        "output",
+        20,
+        ["run", DATASET, SCRIPT, "--format", "json", "--output", OUTPUT],
+        script=[define("one"), "MRSET /DISPLAY NAME=ALL."],
+        outputs=(OUTPUT,),
+    ),
+]

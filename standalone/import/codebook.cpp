@@ -46,16 +46,35 @@ std::size_t LineOfByte(const std::string& text, std::size_t byte) {
 /// A codebook nests a handful of levels; what nests without end must not exhaust the stack of whoever walks through it.
 constexpr int kDeepestLevel = 64;
 
+/// How many brackets are open at most at one place, outside of strings.
+std::ptrdiff_t DeepestLevel(const std::string& json) {
+  std::ptrdiff_t level = 0;
+  std::ptrdiff_t deepest = 0;
+  bool inString = false;
+  for (std::size_t offset = 0; offset < json.size(); ++offset) {
+    const char c = json[offset];
+    if (c == '"') {
+      inString = !inString;
+    } else if (inString) {
+      offset += c == '\\' ? 1 : 0;
+    } else if (c == '[' || c == '{') {
+      deepest = std::max(deepest, ++level);
+    } else if (c == ']' || c == '}') {
+      --level;
+    }
+  }
+  return deepest;
+}
+
+// The depth is looked at beforehand: the library's own way, a callback, makes it walk through all of an array again for
+// each of its elements.
 Json ParseJson(const std::string& path) {
   const std::string text = ReadAll(path);
-  const auto checkDepth = [&path](int depth, Json::parse_event_t, Json&) {
-    if (depth > kDeepestLevel) {
-      throw ImportError(fmt::format("{} is nested deeper than {} levels.", path, kDeepestLevel));
-    }
-    return true;
-  };
+  if (DeepestLevel(text) > kDeepestLevel) {
+    throw ImportError(fmt::format("{} is nested deeper than {} levels.", path, kDeepestLevel));
+  }
   try {
-    return Json::parse(text, checkDepth);
+    return Json::parse(text);
   } catch (const Json::parse_error& error) {
     const std::size_t before = error.byte == 0 ? 0 : error.byte - 1;
     throw ImportError(
@@ -255,7 +274,7 @@ void FieldReader::FailToFit(const Json& value) const {
   Fail(fmt::format("the category \"{}\" does not fit the type {}", PrefixOfWholeCharacters(text, 60), fTypeName));
 }
 
-const Json& FieldsOf(const Json& codebook, const std::string& path) {
+Json& FieldsOf(Json& codebook, const std::string& path) {
   if (!codebook.is_object() || !codebook.contains("fields") || !codebook["fields"].is_array()) {
     throw ImportError(path + " is not a Table Schema: it has no array \"fields\".");
   }
@@ -265,11 +284,12 @@ const Json& FieldsOf(const Json& codebook, const std::string& path) {
 }  // namespace
 
 std::vector<CodebookField> ReadCodebook(const std::string& path) {
-  const Json codebook = ParseJson(path);
+  Json codebook = ParseJson(path);
   std::vector<CodebookField> fields;
   std::unordered_set<std::string> names;
-  for (const Json& json : FieldsOf(codebook, path)) {
+  for (Json& json : FieldsOf(codebook, path)) {
     fields.push_back(FieldReader(path, json, fields.size() + 1).Read());
+    json = nullptr;  // read, and large where there are many
     const std::string& name = fields.back().name;
     if (!names.insert(ToUpper(name)).second) {
       throw ImportError(fmt::format("{}, field \"{}\": the name occurs twice.", path, name));

@@ -9,9 +9,12 @@ The second form repeats one kill, shows it, and keeps the folder it left. docs/d
 
 import argparse
 import json
+import signal
+import sqlite3
 import sys
 import time
 from collections import Counter
+from fnmatch import fnmatch
 from pathlib import Path
 
 from program import KINDS, Failure, Kill, Program, copy, dump, scratch_folder
@@ -28,7 +31,6 @@ class Trial:
         self.program = program
         self.scenario = scenario
         self.place = place
-        self.has_check = program.knows("check")
         self.ready = self.prepare()
         self.known = {}  # dumps by the commands that were run
         self.whole = copy(self.ready, place / "whole")
@@ -69,20 +71,25 @@ class Trial:
         return self.known[key]
 
     def allowed(self, outcome) -> list[tuple[int, ...]]:
-        """The steps that may have been done, by what was answered. Where the run went on after a command was aborted,
-        all but that one; else the first so many, and all that were answered."""
+        """The steps that may have been done, by what was answered: the first so many, and all that were answered. Where
+        the program went on without the process that was killed, all but the command that was aborted with it, unless
+        its result says that it may have been saved."""
         steps = self.steps()
-        if outcome.status != -9 and self.scenario.script:
-            results = [json.loads(line)["status"] for line in self.results_of(outcome)]
-            if len(results) != steps:
-                raise Failure(f"the program was not killed and gave {len(results)} results of {steps}")
-            if not outcome.killed or "aborted" in results:
-                return [tuple(step for step in range(steps) if results[step] != "aborted")]
-            return [tuple(range(steps))]
-        if outcome.status == 0:
-            return [tuple(range(steps))]
+        if outcome.status != -signal.SIGKILL:
+            return self.told(outcome) if self.scenario.script else [tuple(range(steps))]
         answered = len(outcome.answers) if self.scenario.script and not self.scenario.outputs else 0
         return [tuple(range(done)) for done in range(answered, steps + 1)]
+
+    def told(self, outcome) -> list[tuple[int, ...]]:
+        results = [json.loads(line) for line in self.results_of(outcome)]
+        if len(results) != self.steps():
+            raise Failure(f"the program was not killed and gave {len(results)} results of {self.steps()}")
+        aborted = {step for step, result in enumerate(results) if result["status"] == "aborted"}
+        if outcome.status != (3 if aborted else 0):
+            raise Failure(f"exit status {outcome.status} with {len(aborted)} aborted commands")
+        unknown = {step for step in aborted if results[step].get("saved") == "unknown"}
+        every = range(self.steps())
+        return [tuple(step for step in every if step not in gone) for gone in (aborted, aborted - unknown)]
 
     def results_of(self, outcome) -> list[str]:
         for name in self.scenario.outputs:
@@ -103,6 +110,7 @@ class Trial:
             raise Failure(self.describe_loss(found, allowed, outcome))
         self.check_outputs(outcome)
         self.check_next(same[-1], found)
+        self.check_copies()
         self.check_folder()
         return self.name_of(same[-1])
 
@@ -126,6 +134,14 @@ class Trial:
             if outcome.status == 0 and text != (self.whole / name).read_text():
                 raise Failure(f"{name} differs from that of a run without a kill")
 
+    def check_copies(self) -> None:
+        for name in self.copies():
+            if dump(self.folder / name) != self.state((), False):
+                raise Failure(f"{name} is not the dataset as it was before")
+
+    def copies(self) -> list[str]:
+        return [path.name for path in self.folder.glob(self.scenario.set_aside)] if self.scenario.set_aside else []
+
     def check_next(self, steps: tuple[int, ...], found) -> None:
         """What comes next works on what is there: the run itself where there is no dataset, else another command."""
         if found is None:
@@ -134,21 +150,18 @@ class Trial:
         self.program.must(self.folder, NEXT)
         if dump(self.folder / DATASET) != self.state(steps, True):
             raise Failure("the next command left something else than it leaves without a kill")
-        if self.has_check:
-            self.program.must(self.folder, ["check", DATASET])
+        self.program.must(self.folder, ["check", DATASET])
 
     def check_folder(self) -> None:
         """Nothing is left but hidden temporary files, whose names no run uses again."""
-        expected = {path.name for path in self.whole.iterdir()} | {DATASET, *self.scenario.kept}
-        strays = {path.name for path in self.folder.iterdir()} - expected
-        left = [name for name in strays if not (name.startswith(".mrset-") and name.endswith(".tmp"))]
+        expected = {path.name for path in self.whole.iterdir()} | {DATASET}
+        strays = {path.name for path in self.folder.iterdir()} - expected - set(self.copies())
+        left = [name for name in strays if not fnmatch(name, ".mrset-*.tmp*")]
         if left:
             raise Failure(f"the run left {sorted(left)}")
 
 
 def apply_sql(dataset: Path, sql: str) -> None:
-    import sqlite3
-
     connection = sqlite3.connect(dataset)
     connection.executescript(sql)
     connection.close()
@@ -235,12 +248,9 @@ def repeat_one(options) -> int:
 
 
 def run_suite(options) -> int:
-    program = Program(options.program, options.shim)
     started = time.monotonic()
     sweeps = []
     for scenario in SCENARIOS:
-        if scenario.needs and not program.knows(scenario.needs):
-            continue
         if options.scenario in (None, scenario.name):
             sweep = Sweep(options, scenario, options.kill)
             try:

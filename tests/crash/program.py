@@ -15,7 +15,7 @@ STATE_LAYOUT = "<qii8q256s"
 KINDS = ("create", "write", "sync", "truncate", "delete", "rename")
 
 # Of a row only what a repetition gives again.
-VOLATILE_COLUMNS = {"time", "saved_at"}
+VOLATILE_COLUMNS = {"time"}
 
 
 class Failure(Exception):
@@ -65,10 +65,6 @@ class Program:
         if done.returncode != 0:
             raise Failure(f"{arguments} gave exit status {done.returncode}: {done.stdout}{done.stderr}")
         return done.stdout
-
-    def knows(self, subcommand: str) -> bool:
-        listed = [line.split() for line in self.run(Path("."), ["--help"]).stdout.splitlines()]
-        return any(words and words[0] == subcommand for words in listed)
 
     def environment(self, folder: Path, state: Path, kill: Kill) -> dict[str, str]:
         return {

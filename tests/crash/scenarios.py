@@ -29,7 +29,9 @@ def many_sets() -> str:
 
 IMPORT = ["import", SURVEY, DATASET]
 
-Sql = Optional[str]
+# A dataset as the first version of the format had it.
+AS_VERSION_1 = "DROP TABLE history; DROP TABLE history_set; PRAGMA user_version = 1;"
+COPIES_OF_VERSION_1 = DATASET + ".v1.bak*"
 
 
 @dataclass(frozen=True)
@@ -40,11 +42,10 @@ class Scenario:
     least: int
     arguments: list[str]
     prepare: list[list[str]] = field(default_factory=lambda: [IMPORT])
-    prepare_sql: Sql = None  # then done to the dataset by hand
+    prepare_sql: Optional[str] = None  # then done to the dataset by hand
     script: Optional[list[str]] = None  # the commands of arguments that hold SCRIPT
     outputs: tuple[str, ...] = ()  # files that are complete or as before
-    kept: tuple[str, ...] = ()  # further files that the run may leave, and that must be the same at last
-    needs: Optional[str] = None  # a subcommand without which the program cannot do this
+    set_aside: Optional[str] = None  # pattern of copies of the dataset before the run, complete or absent
 
 
 def script(name: str, least: int, commands: list[str], **others) -> Scenario:
@@ -75,5 +76,22 @@ SCENARIOS = [
         ["run", DATASET, SCRIPT, "--format", "json", "--output", OUTPUT],
         script=[define("one"), "MRSET /DISPLAY NAME=ALL."],
         outputs=(OUTPUT,),
+    ),
+    Scenario("undo", 20, ["undo", DATASET], prepare=[IMPORT, run(define("kept")), run(define("undone"))]),
+    script(
+        "migrate",
+        60,
+        [define("first"), define("second")],
+        prepare=[IMPORT, run(define("old"))],
+        prepare_sql=AS_VERSION_1,
+        set_aside=COPIES_OF_VERSION_1,
+    ),
+    Scenario(
+        "migrate and replace",
+        80,
+        ["import", "--replace", WAVE_2, DATASET],
+        prepare=[IMPORT, run(define("old"))],
+        prepare_sql=AS_VERSION_1,
+        set_aside=COPIES_OF_VERSION_1,
     ),
 ]

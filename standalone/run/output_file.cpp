@@ -84,8 +84,12 @@ void OutputFile::OpenAsItIs() {
 
 void OutputFile::Commit() {
   errno = 0;
+  const bool hasFailed = !*fStream;
+  if (hasFailed) {
+    fStream->clear();  // to write what is left once more tells why it could not be
+  }
   fStream->flush();
-  if (!*fStream) {
+  if (hasFailed || !*fStream) {
     ThrowCannotWrite(fPath, errno == 0 ? "writing failed" : std::strerror(errno));
   }
   if (fTemporary) {

@@ -3,6 +3,8 @@
 #include <array>
 #include <utility>
 
+#include "standalone/text/visible.h"
+
 namespace standalone {
 namespace {
 
@@ -192,7 +194,7 @@ Json ToJson(const CommandResult& result) {
 }
 
 std::string OneLine(const Json& json) {
-  return json.dump(-1, ' ', false, Json::error_handler_t::replace);
+  return VisibleJson(json.dump(-1, ' ', false, Json::error_handler_t::replace));
 }
 
 }  // namespace standalone

@@ -59,6 +59,28 @@ std::string Visible(std::string_view text) {
   return visible;
 }
 
+std::string VisibleJson(std::string json) {
+  constexpr std::string_view kLeadBytes = "\x7F\xC2\xD8\xE2";  // of what is to be escaped
+  std::size_t offset = json.find_first_of(kLeadBytes);
+  if (offset == std::string::npos) {
+    return json;
+  }
+  std::string visible;
+  visible.reserve(json.size());
+  std::size_t begin = 0;
+  for (; offset != std::string::npos; offset = json.find_first_of(kLeadBytes, offset)) {
+    const char32_t code = CodePointAt(json, offset);
+    const std::size_t length = CharacterLength(json, offset);
+    if (IsControl(code) || BreaksOrTurnsLines(code)) {
+      visible.append(json, begin, offset - begin);
+      visible += fmt::format("\\u{:04x}", static_cast<std::uint32_t>(code));
+      begin = offset + length;
+    }
+    offset += length;
+  }
+  return visible.append(json, begin, std::string::npos);
+}
+
 std::vector<std::string> VisibleLines(std::string_view text) {
   std::vector<std::string> lines;
   std::size_t end = text.find_first_of("\r\n");

@@ -12,6 +12,10 @@ namespace standalone {
 /// of a byte that belongs to no valid character. Never holds a line break; always valid UTF-8.
 std::string Visible(std::string_view text);
 
+/// JSON with the characters that would act on a terminal, other than line breaks between its lines, as the escapes that
+/// JSON has for them, so that it says the same. The JSON is valid UTF-8; characters below 0x20 it has escaped already.
+std::string VisibleJson(std::string json);
+
 /// The lines of the text, each in its visible form; at least one. A line ends with "\n", "\r\n" or "\r".
 std::vector<std::string> VisibleLines(std::string_view text);
 

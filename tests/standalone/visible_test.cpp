@@ -33,6 +33,24 @@ TEST(Visible, CharactersThatActOnATerminalAreWrittenOut) {
   }
 }
 
+TEST(Visible, JsonEscapesWhatActsOnATerminal) {
+  struct Row {
+    std::string json;
+    std::string visible;
+  };
+  const std::vector<Row> rows = {
+      {"", ""},
+      {"{\"a\":\"\\u001b caf\u00E9\"}", "{\"a\":\"\\u001b caf\u00E9\"}"},
+      {"\x7f", "\\u007f"},
+      {"\"a\u009Bb\u00A0\u0085\"", "\"a\\u009bb\u00A0\\u0085\""},
+      {"\u061C\u0627\u202Ex\u2028\u2069", "\\u061c\u0627\\u202ex\\u2028\\u2069"},
+      {"\u2014\u200D\u20AC", "\u2014\u200D\u20AC"},
+  };
+  for (const Row& row : rows) {
+    EXPECT_EQ(VisibleJson(row.json), row.visible) << testing::PrintToString(row.json);
+  }
+}
+
 TEST(Visible, LinesEndAtEveryKindOfLineEnd) {
   struct Row {
     std::string text;

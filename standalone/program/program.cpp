@@ -16,6 +16,7 @@
 #include "standalone/program/exit_status.h"
 #include "standalone/program/signals.h"
 #include "standalone/program/subcommands.h"
+#include "standalone/program/usage.h"
 #include "standalone/text/notice.h"
 
 namespace standalone {
@@ -44,28 +45,16 @@ void PrintError(const std::string& sentence) {
   std::cerr << NoticeLine(sentence);
 }
 
-/// The sentence for what CLI11 found wrong with the arguments.
-std::string UsageSentence(const CLI::App& app, const CLI::ParseError& error) {
-  if (const std::vector<std::string> unknown = app.remaining(); !unknown.empty()) {
-    return fmt::format("{} is neither a subcommand nor an option.", unknown.front());
-  }
-  const std::vector<CLI::App*> chosen = app.get_subcommands();
-  if (chosen.empty()) {
-    return "A subcommand is missing.";
-  }
-  if (const std::vector<std::string> extras = chosen.front()->remaining(); !extras.empty()) {
-    return fmt::format("{} is not expected by mrset {}.", extras.front(), chosen.front()->get_name());
-  }
-  return std::string(error.what()) + ".";
-}
-
 /// What CLI11 throws for --help and --version is no error; all else is wrong usage.
 int EndOfParse(const CLI::App& app, const CLI::ParseError& error) {
   if (error.get_exit_code() == 0) {
     return app.exit(error, std::cout, std::cerr);
   }
-  PrintError(UsageSentence(app, error));
-  std::cerr << "Run \"mrset --help\" for the subcommands, \"mrset SUBCOMMAND --help\" for the options.\n";
+  const UsageAdvice advice = AdviceFor(app, error);
+  PrintError(advice.sentence);
+  for (const std::string& line : advice.nextStep) {
+    std::cerr << Visible(line) << '\n';
+  }
   return kUnusable;
 }
 

@@ -1,37 +1,112 @@
-Wrong use is told in one sentence, with exit status 2.
+Wrong use is told in one sentence with the next step, and exit status 2.
 
   $ . "$TESTDIR/setup.sh"
   $ mrset
   mrset: A subcommand is missing.
-  Run "mrset --help" for the subcommands, "mrset SUBCOMMAND --help" for the options.
+  To begin:
+    mrset import survey.csv survey.mrset    makes a dataset of a survey in CSV
+    mrset variables survey.mrset            lists its variables
+    mrset shell survey.mrset                takes commands
+  Run "mrset --help" for all subcommands.
   [2]
   $ mrset frobnicate
   mrset: frobnicate is neither a subcommand nor an option.
-  Run "mrset --help" for the subcommands, "mrset SUBCOMMAND --help" for the options.
+  Run "mrset --help" for the subcommands.
   [2]
+
+What is given in place of a subcommand tells what is wanted: a survey, a dataset, another file, a command.
+
+  $ mrset survey.csv
+  mrset: survey.csv is neither a subcommand nor an option.
+  To make a dataset of a survey in CSV:
+    mrset import survey.csv survey.mrset
+  [2]
+  $ mrset "my survey's.csv"
+  mrset: my survey's.csv is neither a subcommand nor an option.
+  To make a dataset of a survey in CSV:
+    mrset import 'my survey'\''s.csv' 'my survey'\''s.mrset'
+  [2]
+  $ printf 'q1,q2\n1,0\n' > tiny.csv
+  $ mrset import tiny.csv tiny.mrset
+  tiny.mrset: 2 variables, 1 case
+  $ mrset tiny.mrset
+  mrset: tiny.mrset is neither a subcommand nor an option.
+  To work with this dataset:
+    mrset shell tiny.mrset
+    mrset run tiny.mrset -c 'MRSET /DISPLAY NAME=ALL'
+  [2]
+  $ echo 'MRSET /DISPLAY NAME=ALL.' > commands.txt
+  $ mrset commands.txt
+  mrset: commands.txt is neither a subcommand nor an option.
+  To run the commands of a script, or to make a dataset of a survey in CSV:
+    mrset run survey.mrset commands.txt
+    mrset import commands.txt commands.mrset
+  [2]
+  $ mrset MRSET /DISPLAY NAME=ALL
+  mrset: MRSET is neither a subcommand nor an option.
+  A command is one argument, in single quotes, so that the shell neither splits it nor replaces $names:
+    mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
+  [2]
+
+A command that is not quoted: the shell has split it, and the name is gone.
+
+  $ mrset run tiny.mrset -c MRSET /MDGROUP NAME=$likes VARIABLES=q1
+  mrset: NAME= is not expected by mrset run.
+  A command is one argument, in single quotes, so that the shell neither splits it nor replaces $names:
+    mrset run DATASET -c 'MRSET /DISPLAY NAME=ALL'
+  [2]
+
+Arguments that are missing, too many or of no use.
+
   $ mrset run
   mrset: DATASET is required.
-  Run "mrset --help" for the subcommands, "mrset SUBCOMMAND --help" for the options.
+  Example:
+    mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
+  Run "mrset run --help" for its options.
   [2]
   $ mrset run x.mrset --formt json -c MRSET
   mrset: --formt is not expected by mrset run.
-  Run "mrset --help" for the subcommands, "mrset SUBCOMMAND --help" for the options.
+  Run "mrset run --help" for its options.
   [2]
   $ mrset run x.mrset --format xml -c MRSET
   mrset: --format: xml is none of text, json, html, markdown, csv.
-  Run "mrset --help" for the subcommands, "mrset SUBCOMMAND --help" for the options.
+  Example:
+    mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
+  Run "mrset run --help" for its options.
+  [2]
+  $ mrset run x.mrset --format
+  mrset: --format needs a value.
+  Example:
+    mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
+  Run "mrset run --help" for its options.
+  [2]
+  $ mrset run x.mrset -c
+  mrset: --command needs a value.
+  Example:
+    mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
+  Run "mrset run --help" for its options.
+  [2]
+  $ mrset run x.mrset -c MRSET --output a --output b
+  mrset: --output can be given once only.
+  Example:
+    mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
+  Run "mrset run --help" for its options.
   [2]
   $ mrset run x.mrset y.script z.script
   mrset: z.script is not expected by mrset run.
-  Run "mrset --help" for the subcommands, "mrset SUBCOMMAND --help" for the options.
+  Run "mrset run --help" for its options.
   [2]
   $ mrset import only.csv
   mrset: DATASET is required.
-  Run "mrset --help" for the subcommands, "mrset SUBCOMMAND --help" for the options.
+  Example:
+    mrset import --schema survey.schema.json survey.csv survey.mrset
+  Run "mrset import --help" for its options.
   [2]
   $ mrset sets
   mrset: DATASET is required.
-  Run "mrset --help" for the subcommands, "mrset SUBCOMMAND --help" for the options.
+  Example:
+    mrset sets survey.mrset --format json
+  Run "mrset sets --help" for its options.
   [2]
 
 Help and version are results.

@@ -18,6 +18,7 @@
 #include "standalone/program/subcommands.h"
 #include "standalone/program/usage.h"
 #include "standalone/text/notice.h"
+#include "standalone/text/visible.h"
 
 namespace standalone {
 namespace {

@@ -87,7 +87,7 @@ What cannot be compared.
   [2]
   $ mrset diff a.mrset
   mrset: B is required.
-  Run "mrset --help" for the subcommands, "mrset SUBCOMMAND --help" for the options.
+  Run "mrset diff --help" for its options.
   [2]
   $ echo x > x.mrset; mrset diff x.mrset a.mrset
   mrset: x.mrset is not a dataset.

@@ -334,5 +334,7 @@ Colour is for terminals.
                                                       q3
   $ mrset sets s.mrset --color sometimes
   mrset: --color: sometimes is none of auto, always, never.
-  Run "mrset --help" for the subcommands, "mrset SUBCOMMAND --help" for the options.
+  Example:
+    mrset sets survey.mrset --format json
+  Run "mrset sets --help" for its options.
   [2]

@@ -83,15 +83,21 @@ There is no such version.
   [2]
   $ mrset undo s.mrset --to -1
   mrset: --to: -1 is no number of a version.
-  Run "mrset --help" for the subcommands, "mrset SUBCOMMAND --help" for the options.
+  Example:
+    mrset undo survey.mrset --to 3
+  Run "mrset undo --help" for its options.
   [2]
   $ mrset undo s.mrset --to 1.5
   mrset: --to: 1.5 is no number of a version.
-  Run "mrset --help" for the subcommands, "mrset SUBCOMMAND --help" for the options.
+  Example:
+    mrset undo survey.mrset --to 3
+  Run "mrset undo --help" for its options.
   [2]
   $ mrset undo s.mrset --to ''
   mrset: --to:  is no number of a version.
-  Run "mrset --help" for the subcommands, "mrset SUBCOMMAND --help" for the options.
+  Example:
+    mrset undo survey.mrset --to 3
+  Run "mrset undo --help" for its options.
   [2]
   $ small fresh.mrset; mrset undo fresh.mrset --to 1
   mrset: fresh.mrset has no version 1: its sets were not changed yet, and are version 0.

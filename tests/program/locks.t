@@ -94,19 +94,27 @@ What is no time:
 
   $ define '$c' --lock-timeout soon
   mrset: --lock-timeout: soon is no whole number of seconds.
-  Run "mrset --help" for the subcommands, "mrset SUBCOMMAND --help" for the options.
+  Example:
+    mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
+  Run "mrset run --help" for its options.
   [2]
   $ define '$c' --lock-timeout -1
   mrset: --lock-timeout: -1 is no whole number of seconds.
-  Run "mrset --help" for the subcommands, "mrset SUBCOMMAND --help" for the options.
+  Example:
+    mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
+  Run "mrset run --help" for its options.
   [2]
   $ define '$c' --lock-timeout 1.5
   mrset: --lock-timeout: 1.5 is no whole number of seconds.
-  Run "mrset --help" for the subcommands, "mrset SUBCOMMAND --help" for the options.
+  Example:
+    mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
+  Run "mrset run --help" for its options.
   [2]
   $ define '$c' --lock-timeout 9999999999
   mrset: --lock-timeout: 9999999999 is no whole number of seconds.
-  Run "mrset --help" for the subcommands, "mrset SUBCOMMAND --help" for the options.
+  Example:
+    mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
+  Run "mrset run --help" for its options.
   [2]
 
 A relaxed run leaves the same.

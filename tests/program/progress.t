@@ -27,14 +27,16 @@ A run whose results go elsewhere. Another process keeps the dataset locked for a
   $ lock; on_terminal "$two > results" | drawn; wait
   
   Running: N of N commands, N/s, N s left
+  
 
   $ lock; on_terminal "$two --output results" | drawn; wait
   
   Running: N of N commands, N/s, N s left
+  
 
 Results on the terminal itself show how the run gets on.
 
-  $ lock; on_terminal "$two" | drawn; wait
+  $ lock; NO_COLOR=1 on_terminal "$two" | drawn; wait
   1> MRSET /MCGROUP NAME=$a VARIABLES=t1 t2
   
   2> MRSET /DELETE NAME=ALL

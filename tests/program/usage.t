@@ -124,6 +124,7 @@ Help and version are results.
   Subcommands:
     import                      Read a survey from CSV into a dataset
     run                         Run commands on a dataset
+    shell                       Type commands on a dataset, with help and completion
     sets                        List a dataset's multiple response sets
     variables                   List a dataset's variables
     log                         List the changes of a dataset's sets

@@ -2,6 +2,9 @@
 
 #include <gmock/gmock.h>
 
+#include <string>
+#include <vector>
+
 #include "backend/mrset/mrset.h"
 
 namespace bench {
@@ -32,6 +35,13 @@ std::vector<Effect> EffectsOf(const Workload& workload, RunCommand runCommand) {
   return effects;
 }
 
+std::string NameOf(const testing::TestParamInfo<Workload>& info) {
+  const Workload& workload = info.param;
+  return std::to_string(workload.sets) + "SetsOf" + std::to_string(workload.variables) +
+         (workload.labels == Labels::kEach ? "Labelled" : "") + (workload.asRange ? "InARange" : "") +
+         (workload.display ? "Displayed" : "");
+}
+
 class FloorOf : public testing::TestWithParam<Workload> {};
 
 // Without this, what is measured against the floor means nothing.
@@ -53,7 +63,8 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(Workload{1, 12, Labels::kEach, false, true}, Workload{1, 12, Labels::kEach, false, false},
                     Workload{1, 2, Labels::kEach, true, true}, Workload{1, 12, Labels::kNone, false, false},
                     Workload{1, 100, Labels::kEach, true, false}, Workload{10, 12, Labels::kEach, false, false},
-                    Workload{30, 3, Labels::kNone, true, false}));
+                    Workload{30, 3, Labels::kNone, true, false}),
+    NameOf);
 
 }  // namespace
 }  // namespace bench

@@ -29,8 +29,7 @@ bool Write(const char* path, double wall, const rusage& usage) {
   if (report == nullptr) {
     return false;
   }
-  std::fprintf(report, "%.6f %.6f %.6f %ld\n", wall, Seconds(usage.ru_utime), Seconds(usage.ru_stime),
-               usage.ru_maxrss);
+  std::fprintf(report, "%.6f %.6f %.6f %ld\n", wall, Seconds(usage.ru_utime), Seconds(usage.ru_stime), usage.ru_maxrss);
   return std::fclose(report) == 0;
 }
 

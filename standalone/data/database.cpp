@@ -30,7 +30,8 @@ void RefuseFileLogic(sqlite3* connection) {
   sqlite3_db_config(connection, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
 }
 
-// Of the call that has just failed. Where it failed at the end of a transaction, SQLite itself does not keep the number.
+// Of the call that has just failed. Where it failed at the end of a transaction, SQLite itself does not keep the
+// number.
 std::string SystemReason(sqlite3* connection) {
   const int last = errno;
   const int kept = sqlite3_system_errno(connection);

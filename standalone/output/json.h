@@ -18,7 +18,8 @@ Item ItemFromJson(const Json& json);
 /// A command's result in the documented form.
 Json ToJson(const CommandResult& result);
 
-/// The JSON on one line, with characters that would act on a terminal escaped; text that is not valid UTF-8 is shown with U+FFFD in its place.
+/// The JSON on one line, with characters that would act on a terminal escaped; text that is not valid UTF-8 is shown
+/// with U+FFFD in its place.
 std::string OneLine(const Json& json);
 
 }  // namespace standalone

@@ -72,10 +72,10 @@ void RegisterBoth(const std::string& goal, std::size_t size, const Workload& wor
 
 void RegisterAll() {
   RegisterBoth("typical", 12, {1, 12, Labels::kEach, false, true});
-  for (const std::size_t sets : {10, 100, 1000, 3000}) {
+  for (const std::size_t sets : {10U, 100U, 1000U, 3000U}) {
     RegisterBoth("sets", sets, {sets, 12, Labels::kEach, false, false});
   }
-  for (const std::size_t variables : {100, 1000, 10000, 100000}) {
+  for (const std::size_t variables : {100U, 1000U, 10000U, 100000U}) {
     RegisterBoth("variables", variables, {1, variables, Labels::kNone, true, false});
     RegisterBoth("labelled", variables, {1, variables, Labels::kEach, true, false});
   }

@@ -2,12 +2,24 @@
 
 #include <gmock/gmock.h>
 
+#include <ostream>
 #include <string>
 #include <vector>
 
 #include "backend/mrset/mrset.h"
 
 namespace bench {
+static std::string NameOf(const Workload& workload) {
+  return std::to_string(workload.sets) + (workload.sets == 1 ? "SetOf" : "SetsOf") +
+         std::to_string(workload.variables) + (workload.labels == Labels::kEach ? "Labelled" : "") +
+         (workload.asRange ? "InARange" : "") + (workload.display ? "Displayed" : "");
+}
+
+// Found by GoogleTest beside the type.
+static void PrintTo(const Workload& workload, std::ostream* stream) {
+  *stream << NameOf(workload);
+}
+
 namespace {
 
 using testing::IsEmpty;
@@ -35,13 +47,6 @@ std::vector<Effect> EffectsOf(const Workload& workload, RunCommand runCommand) {
   return effects;
 }
 
-std::string NameOf(const testing::TestParamInfo<Workload>& info) {
-  const Workload& workload = info.param;
-  return std::to_string(workload.sets) + "SetsOf" + std::to_string(workload.variables) +
-         (workload.labels == Labels::kEach ? "Labelled" : "") + (workload.asRange ? "InARange" : "") +
-         (workload.display ? "Displayed" : "");
-}
-
 class FloorOf : public testing::TestWithParam<Workload> {};
 
 // Without this, what is measured against the floor means nothing.
@@ -64,7 +69,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Workload{1, 2, Labels::kEach, true, true}, Workload{1, 12, Labels::kNone, false, false},
                     Workload{1, 100, Labels::kEach, true, false}, Workload{10, 12, Labels::kEach, false, false},
                     Workload{30, 3, Labels::kNone, true, false}),
-    NameOf);
+    [](const auto& info) { return NameOf(info.param); });
 
 }  // namespace
 }  // namespace bench

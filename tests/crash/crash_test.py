@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Kills the program at everything it does to a file, and looks at what is left.
 
-  crash_test.py --program MRSET --shim LIBRARY [--kill group|process|power] [--long]
+  crash_test.py --program MRSET --shim LIBRARY [--kill group|process|power] [--long] [--every K]
   crash_test.py --program MRSET --shim LIBRARY --kill KIND --scenario NAME --at N --moment before|middle|after [--seed S]
 
 The second form repeats one kill, shows it, and keeps the folder it left. docs/durability.md says what is held.
@@ -183,11 +183,11 @@ class Sweep:
             trial = Trial(Program(self.options.program, self.options.shim), self.scenario, Path(place).resolve())
             at = 1
             while self.sweep_operation(trial, at):
-                at += 1
+                at += self.options.every
                 if at > MOST_OPERATIONS:
                     raise Failure(f"{self.scenario.name}: the sweep does not end")
             self.operations = at - 1
-        if self.operations < self.scenario.least:
+        if self.operations + self.options.every - 1 < self.scenario.least:
             raise Failure(f"{self.scenario.name}: only {self.operations} operations, at least {self.scenario.least}")
 
     def sweep_operation(self, trial: Trial, at: int) -> bool:
@@ -275,6 +275,7 @@ def main() -> int:
     parser.add_argument("--at", type=int)
     parser.add_argument("--moment", choices=("before", "middle", "after"), default="before")
     parser.add_argument("--seed", type=int, default=0)
+    parser.add_argument("--every", type=int, default=1, metavar="K", help="only at each Kth operation")
     parser.add_argument("--long", action="store_true", help="all moments and 20 seeds where power is lost")
     options = parser.parse_args()
     return repeat_one(options) if options.at else run_suite(options)

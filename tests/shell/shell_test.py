@@ -48,7 +48,7 @@ class ShellTest(unittest.TestCase):
             "LC_ALL": "C.UTF-8",
             "NO_COLOR": "1",
         }
-        for name in ("ASAN_OPTIONS", "UBSAN_OPTIONS", "LLVM_PROFILE_FILE"):
+        for name in ("ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS", "LLVM_PROFILE_FILE"):
             if name in os.environ:
                 self.environment[name] = os.environ[name]
         with open(self.path("s.json"), "w", encoding="utf-8") as file:

@@ -1,0 +1,70 @@
+#!/usr/bin/env python3
+"""Runs the examples of a document with cram and compares what they print, letter by letter.
+
+examples.py DOCUMENT            fails, with a diff whose line numbers are the document's, where anything differs
+examples.py --update DOCUMENT   writes what is printed into a document in Markdown
+Environment: MRSET_PROGRAM, CRAM3 and CMARK are the programs.
+"""
+
+import os
+import subprocess
+import sys
+import tempfile
+
+from blocks import DocumentError, examples_of
+from transcript import to_document, to_transcript
+
+HERE = os.path.dirname(os.path.abspath(__file__))
+
+
+def run_cram(folder, transcript, *options):
+    inherited = {name: value for name, value in os.environ.items() if name != 'CRAM'}  # which cram takes for options
+    environment = dict(inherited, DOCS_SETUP=os.path.join(HERE, 'setup.sh'),
+                       EXAMPLES=os.path.join(HERE, '..', '..', 'examples'))
+    return subprocess.run([os.environ['CRAM3'], '--shell=/bin/bash', *options, transcript], env=environment, cwd=folder,
+                          stdout=subprocess.PIPE, stderr=subprocess.STDOUT, stdin=subprocess.DEVNULL, check=False)
+
+
+def run(path, update):
+    """Returns whether the examples print what the document says, or have been made to."""
+    with open(path, encoding='utf-8') as document:
+        lines = document.read().split('\n')
+    blocks = examples_of(path)
+    commands = sum(line.startswith('$ ') for block in blocks for line in block.lines)
+    if commands == 0:
+        print(f'{path}: no examples, and no block that should be one')
+        return True
+    transcript = to_transcript(path, lines, blocks)
+    with tempfile.TemporaryDirectory() as folder:
+        name = os.path.basename(path) + '.t'
+        with open(os.path.join(folder, name), 'w', encoding='utf-8') as file:
+            file.write('\n'.join(transcript))
+        result = run_cram(folder, name, *(['-y', '-i'] if update else []))
+        if update:
+            with open(os.path.join(folder, name), encoding='utf-8') as file:
+                patched = file.read().split('\n')
+            with open(path, 'w', encoding='utf-8') as document:
+                document.write('\n'.join(to_document(lines, transcript, patched)))
+            return True
+    # Cram calls a run that ends with status 80 skipped, and that a success.
+    if result.returncode != 0 or b'# Ran 1 tests, 0 skipped, 0 failed.' not in result.stdout:
+        sys.stdout.write(result.stdout.decode(errors='replace'))
+        return False
+    print(f'{path}: {commands} examples')
+    return True
+
+
+def main(arguments):
+    update = arguments[:1] == ['--update']
+    paths = arguments[1:] if update else arguments
+    if not paths:
+        sys.exit(__doc__)
+    try:
+        return 0 if all([run(path, update) for path in paths]) else 1
+    except DocumentError as error:
+        print(error)
+        return 1
+
+
+if __name__ == '__main__':
+    sys.exit(main(sys.argv[1:]))

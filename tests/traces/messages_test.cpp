@@ -6,9 +6,11 @@
 #include <algorithm>
 #include <cctype>
 #include <iostream>
+#include <iterator>
 #include <regex>
 #include <set>
 
+#include "tests/traces/golden.h"
 #include "tests/traces/rows.h"
 #include "tests/traces/source_scan.h"
 #include "tests/traces/trace_texts.h"
@@ -225,13 +227,101 @@ TEST(Messages, AreAllProvokedWithTheirLevelAndArguments) {
             << " never issued\n";
 }
 
-TEST(Messages, NoneIsIssuedThatTheSourcesDoNotHold) {
-  std::set<std::string> known;
+/// Each with its level.
+std::set<std::string> MessagesOfTheModule() {
+  std::set<std::string> messages;
   for (const KnownLiteral& literal : LiteralsOfTheModule()) {
     if (IsMessage(literal.use)) {
-      known.insert(LevelOf(literal.use) + ": " + literal.text);
+      messages.insert(LevelOf(literal.use) + ": " + literal.text);
     }
   }
+  return messages;
+}
+
+/// A text of the manual as a pattern: "<set>" and its like stand for the arguments, in their order.
+std::string AsPattern(const std::string& shown) {
+  std::string pattern;
+  int arguments = 0;
+  for (std::size_t at = 0; at < shown.size(); ++at) {
+    if (shown[at] == '<') {
+      pattern += "^" + std::to_string(++arguments);
+      at = shown.find('>', at);
+    } else {
+      pattern += shown[at];
+    }
+  }
+  return pattern;
+}
+
+/// The level that the manual's text on a message begins with; empty where it does not say one.
+std::string LevelInManual(const std::string& line) {
+  static const std::regex kLevel(R"(\*\*(Error|Warning)\.\*\* .+)");
+  std::smatch found;
+  return !std::regex_match(line, found, kLevel) ? "" : found[1] == "Error" ? "error" : "warning";
+}
+
+/// Some messages under headings that follow each other, and the text that they share.
+struct ManualSection {
+  std::vector<std::string> patterns;
+  std::string level;
+  std::vector<std::string> lines;
+};
+
+std::vector<ManualSection> SectionsOfTheManual() {
+  const std::string heading = "### `";
+  std::vector<ManualSection> sections;
+  for (const std::string& line : ReadLines(ProjectPath("docs/manual/messages.md"))) {
+    if (line.compare(0, heading.size(), heading) == 0) {
+      if (sections.empty() || !sections.back().lines.empty()) {
+        sections.emplace_back();
+      }
+      sections.back().patterns.push_back(AsPattern(line.substr(heading.size(), line.size() - heading.size() - 1)));
+    } else if (!sections.empty() && !line.empty()) {
+      sections.back().lines.push_back(line);
+    }
+  }
+  for (ManualSection& section : sections) {
+    section.level = section.lines.empty() ? "" : LevelInManual(section.lines.front());
+  }
+  return sections;
+}
+
+TEST(Messages, StandInTheManualWithTheirLevelsAndNoOthers) {
+  std::multiset<std::string> messages;
+  for (const ManualSection& section : SectionsOfTheManual()) {
+    for (const std::string& pattern : section.patterns) {
+      messages.insert(section.level + ": " + pattern);
+    }
+  }
+  const std::set<std::string> known = MessagesOfTheModule();
+  std::vector<std::string> missing;
+  std::vector<std::string> superfluous;
+  std::set_difference(known.begin(), known.end(), messages.begin(), messages.end(), std::back_inserter(missing));
+  std::set_difference(messages.begin(), messages.end(), known.begin(), known.end(), std::back_inserter(superfluous));
+  EXPECT_THAT(missing, testing::IsEmpty());
+  EXPECT_THAT(superfluous, testing::IsEmpty());
+}
+
+/// Whether an example of the section prints the message; the names of a list stand behind its text.
+bool IsInExample(const ManualSection& section, const std::string& pattern) {
+  const std::string level = section.level == "error" ? "Error" : "Warning";
+  const std::regex shown = Shown({level, pattern, {}, {}});
+  return std::any_of(section.lines.begin(), section.lines.end(), [&](const std::string& line) {
+    return std::regex_search(line, shown, std::regex_constants::match_continuous);
+  });
+}
+
+TEST(Messages, OfTheManualHaveAnExampleUnlessTheProgramDoesNotShowThem) {
+  for (const ManualSection& section : SectionsOfTheManual()) {
+    const bool isShown = section.lines.front().find("Not shown by `mrset`") == std::string::npos;
+    for (const std::string& pattern : section.patterns) {
+      EXPECT_EQ(IsInExample(section, pattern), isShown) << pattern;
+    }
+  }
+}
+
+TEST(Messages, NoneIsIssuedThatTheSourcesDoNotHold) {
+  const std::set<std::string> known = MessagesOfTheModule();
   for (const IssuedMessage& message : TextsOfAllGoldens().messages) {
     EXPECT_EQ(known.count(message.level + ": " + message.pattern), 1U) << message.level << ": " << message.pattern;
   }

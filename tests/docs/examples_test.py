@@ -4,10 +4,12 @@
 import contextlib
 import io
 import os
+import re
 import tempfile
 import unittest
 
 import examples
+import transcript
 
 GOOD = '''# A document
 
@@ -117,6 +119,22 @@ class Examples(unittest.TestCase):
         self.assertTrue(self.check(fixed)[0])
         self.assertEqual(fixed.splitlines()[:11], GOOD.replace('Brötchen', 'ö').splitlines()[:11])
         self.assertEqual(self.check(GOOD, update=True)[2], GOOD)
+
+    def test_empty_lines_of_commands(self):
+        text = "# A document\n\n```console\n$ cat <<'END'\n> a\n>\n> b\n> END\na\n\nb\n```\n"
+        self.assertTrue(self.check(text)[0])
+        self.assertEqual(self.check(text, update=True)[2], text)
+        self.assert_fails(text.replace('>\n', ''), '@@ ')
+
+    def test_the_report_of_an_assertion_is_a_pattern_in_line_and_spelling(self):
+        report = "Fatal: mrset: backend/mrset/mrset.cpp:{}: void F(const Text{}, Sets{}): Assertion `!a.b()' failed.{}"
+        line = transcript.expected('', report.format(7, '&', '&', ''))
+        pattern = re.compile(line[:-len(' (re)')] + r'\Z')
+        self.assertTrue(pattern.match(report.format(123, ' &', ' &', '')))
+        self.assertTrue(pattern.match(report.format(7, '&', '&', '')))
+        self.assertFalse(pattern.match(report.format('x', '&', '&', '')))
+        self.assertFalse(pattern.match(report.format(7, '*', '&', '')))
+        self.assertFalse(pattern.match(report.format(7, '&', '&', '.')))
 
     def test_man_pages(self):
         self.assertTrue(self.check(PAGE, 'page.1')[0])

@@ -24,9 +24,10 @@ def to_transcript(path, lines, blocks):
     transcript = [PROSE + line for line in lines]
     transcript[0] = INDENT + '$ . "$DOCS_SETUP"'
     for block in blocks:
-        for offset, line in enumerate(block.lines):
-            number = block.first + offset
-            transcript[number - 1] = INDENT + (line if line[:2] in ('$ ', '> ') else expected(f'{path}:{number}', line))
+        for number, line in enumerate(block.lines, block.first):
+            line_of_command = '> ' if line == '>' else line
+            transcript[number - 1] = INDENT + (line_of_command if line_of_command[:2] in ('$ ', '> ')
+                                               else expected(f'{path}:{number}', line))
     return transcript
 
 

@@ -29,10 +29,14 @@ class Block:
     lines: list  # its content, as in the document
 
 
-def examples_of(path):
+def lines_of(path):
+    """The lines of a file, whose last line ends."""
+    with open(path, encoding='utf-8') as file:
+        return file.read().removesuffix('\n').split('\n')
+
+
+def examples_of(path, lines):
     """The blocks that are run. Raises DocumentError where a block breaks the rules."""
-    with open(path, encoding='utf-8') as document:
-        lines = document.read().split('\n')
     blocks = roff_blocks(path, lines) if path.endswith('.1') else markdown_blocks(path, lines)
     for block in blocks:
         if block.first == 1 or not block.lines or not block.lines[0].startswith('$ '):

@@ -11,7 +11,7 @@ import subprocess
 import sys
 import tempfile
 
-from blocks import DocumentError, examples_of
+from blocks import DocumentError, examples_of, lines_of
 from transcript import to_document, to_transcript
 
 HERE = os.path.dirname(os.path.abspath(__file__))
@@ -27,9 +27,8 @@ def run_cram(folder, transcript, *options):
 
 def run(path, update):
     """Returns whether the examples print what the document says, or have been made to."""
-    with open(path, encoding='utf-8') as document:
-        lines = document.read().split('\n')
-    blocks = examples_of(path)
+    lines = lines_of(path)
+    blocks = examples_of(path, lines)
     commands = sum(line.startswith('$ ') for block in blocks for line in block.lines)
     if commands == 0:
         print(f'{path}: no examples, and no block that should be one')
@@ -38,13 +37,12 @@ def run(path, update):
     with tempfile.TemporaryDirectory() as folder:
         name = os.path.basename(path) + '.t'
         with open(os.path.join(folder, name), 'w', encoding='utf-8') as file:
-            file.write('\n'.join(transcript))
+            file.write('\n'.join(transcript) + '\n')
         result = run_cram(folder, name, *(['-y', '-i'] if update else []))
         if update:
-            with open(os.path.join(folder, name), encoding='utf-8') as file:
-                patched = file.read().split('\n')
+            patched = lines_of(os.path.join(folder, name))
             with open(path, 'w', encoding='utf-8') as document:
-                document.write('\n'.join(to_document(lines, transcript, patched)))
+                document.write('\n'.join(to_document(lines, transcript, patched)) + '\n')
             return True
     # Cram calls a run that ends with status 80 skipped, and that a success.
     if result.returncode != 0 or b'# Ran 1 tests, 0 skipped, 0 failed.' not in result.stdout:

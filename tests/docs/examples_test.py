@@ -89,6 +89,10 @@ class Examples(unittest.TestCase):
     def test_times_are_a_pattern_and_nothing_else_is(self):
         self.assertTrue(self.check(self.replace('12:00:00', '23:59:59'))[0])
         self.assert_fails(self.replace('12:00:00', '23:59'), '23:59')
+        line = transcript.expected('', '[{"time":"2026-01-31T12:00:00Z","n":1},{"time":"2026-01-31T12:00:01Z"}]')
+        pattern = re.compile(line[:-len(' (re)')] + r'\Z')
+        self.assertTrue(pattern.match('[{"time":"2027-02-28T23:59:59Z","n":1},{"time":"2027-02-28T23:59:59Z"}]'))
+        self.assertFalse(pattern.match('[{"time":"2027-02-28T23:59:59Z","n":2},{"time":"2027-02-28T23:59:59Z"}]'))
 
     def test_the_exit_status_counts(self):
         self.assert_fails(self.replace('[2]\n', ''), '+  [2]')
@@ -132,6 +136,7 @@ class Examples(unittest.TestCase):
         pattern = re.compile(line[:-len(' (re)')] + r'\Z')
         self.assertTrue(pattern.match(report.format(123, ' &', ' &', '')))
         self.assertTrue(pattern.match(report.format(7, '&', '&', '')))
+        self.assertEqual(line, transcript.expected('', report.format(9, ' &', ' &', '')))
         self.assertFalse(pattern.match(report.format('x', '&', '&', '')))
         self.assertFalse(pattern.match(report.format(7, '*', '&', '')))
         self.assertFalse(pattern.match(report.format(7, '&', '&', '.')))

@@ -10,13 +10,14 @@ ANNOTATION = re.compile(r' \((re|glob|esc|no-eol)\)$')
 
 # What varies from run to run or from compiler to compiler, and all that may stand in its place. Nothing else is a
 # pattern: every other letter is compared.
-VARYING = (
-    # the time of a change, as `mrset log` shows it
-    (re.compile(r'^( +\d+  )\d{4}-\d\d-\d\d \d\d:\d\d:\d\d  '), r'\d{4}-\d\d-\d\d \d\d:\d\d:\d\d  '),
+TIMES = (
+    # of a change, as `mrset log` shows it
+    (re.compile(r'(^ +\d+  )\d{4}-\d\d-\d\d \d\d:\d\d:\d\d(?=  )'), r'\d{4}-\d\d-\d\d \d\d:\d\d:\d\d'),
     (re.compile(r'("time":)"\d{4}-\d\d-\d\dT\d\d:\d\d:\d\dZ"'), r'"\d{4}-\d\d-\d\dT\d\d:\d\d:\d\dZ"'),
-    # the line of a failed assertion
-    (re.compile(r'^(Fatal: mrset: backend/mrset/mrset[a-z]*\.cpp:)\d+(?=: )'), r'\d+'),
 )
+# The line number of a failed assertion; compilers write "Record &" or "Record&" in the signature behind it.
+ASSERTION = re.compile(r'(^Fatal: mrset: backend/mrset/mrset[a-z]*\.cpp:)\d+(?=: )')
+REFERENCE = re.compile(r'(\\ )?(\\[&*])(?=,|\\\))')
 
 
 def to_transcript(path, lines, blocks):
@@ -35,18 +36,22 @@ def expected(place, line):
     """A line of output as cram expects it."""
     if ANNOTATION.search(line):
         raise DocumentError(f'{place}: output must not end as an annotation of the transcript does')
-    for varying, pattern in VARYING:
-        found = varying.search(line)
-        if found:
-            begin = line[:found.end(1)]
-            end = re.sub(r'[ ]?([&*])(?=[,)])', r'\1', line[found.end():])
-            return as_bytes(re.escape(begin) + pattern + with_either_spelling(re.escape(end))) + ' (re)'
+    for time, pattern in TIMES:
+        if time.search(line):
+            return as_bytes(escaped_but(time, pattern, line)) + ' (re)'
+    if ASSERTION.search(line):
+        return REFERENCE.sub(r' ?\2', escaped_but(ASSERTION, r'\d+', line)) + ' (re)'
     return line if line.isascii() else as_bytes(line.replace('\\', '\\\\')) + ' (esc)'
 
 
-def with_either_spelling(pattern):
-    """Compilers write "Record &record" or "Record&" in the signature of a failed assertion."""
-    return re.sub(r'\\([&*])(?=,|\\\))', r' ?\\\1', pattern)
+def escaped_but(varying, pattern, line):
+    """A pattern for the line in which only what varies, behind its first group, may differ."""
+    at = 0
+    escaped = ''
+    for found in varying.finditer(line):
+        escaped += re.escape(line[at:found.end(1)]) + pattern
+        at = found.end()
+    return escaped + re.escape(line[at:])
 
 
 def as_bytes(text):

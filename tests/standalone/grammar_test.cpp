@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <regex>
+#include <set>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -42,6 +46,45 @@ TEST(Grammar, KeywordsWithValuesBelongToTheirSubcommands) {
   for (const Row& row : rows) {
     EXPECT_EQ(KeywordWithValue(row.subcommand, row.word).value_or(""), row.keyword) << row.subcommand << row.word;
   }
+}
+
+/// What the manual's tables say of a subcommand's keywords: the subcommand, the keyword, and the words that can be its
+/// value.
+std::multiset<std::string> KeywordsInManual() {
+  const std::regex heading("### ([A-Z]+)");
+  const std::regex row(R"(\| `([A-Z]+)=` \| ([^|]*) \|.*)");
+  const std::regex word("`([A-Z]+)`");
+  std::multiset<std::string> keywords;
+  std::string subcommand;
+  std::ifstream manual(MRSET_MANUAL_OF_COMMANDS);
+  for (std::string line; std::getline(manual, line);) {
+    std::smatch found;
+    if (std::regex_match(line, found, heading)) {
+      subcommand = found[1];
+    } else if (std::regex_match(line, found, row)) {
+      std::string keyword = subcommand + " " + found[1].str();
+      const std::string value = found[2];
+      for (std::sregex_iterator at(value.begin(), value.end(), word); at != std::sregex_iterator(); ++at) {
+        keyword += " " + (*at)[1].str();
+      }
+      keywords.insert(keyword);
+    }
+  }
+  return keywords;
+}
+
+TEST(Grammar, KeywordsAreThoseOfTheManual) {
+  std::multiset<std::string> keywords;
+  for (const SubcommandRule& rule : MrsetSubcommands()) {
+    for (const Keyword& keyword : rule.keywords) {
+      std::string text = std::string(rule.name) + " " + std::string(keyword.name);
+      for (const std::string_view option : keyword.options) {
+        text += " " + std::string(option);
+      }
+      keywords.insert(keyword.value == ValueKind::kSetNames ? text + " ALL" : text);
+    }
+  }
+  EXPECT_EQ(KeywordsInManual(), keywords);
 }
 
 }  // namespace

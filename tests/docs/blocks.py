@@ -17,6 +17,7 @@ FORMS = ('json', 'cmake', 'cpp', 'syntax')
 # What a line of a ```sh block begins with; comments stand behind it.
 SET_UP = re.compile(r'(scripts/(demo|test|bench|coverage|mutate)|git|cd|cp|cmake|ctest|export)( |$)')
 PROGRAM = re.compile(r'(^|[/\s;|&])mrset\s')
+COMMAND = re.compile(r'\s*MRSET\s+/?\w', re.IGNORECASE)
 
 
 class DocumentError(Exception):
@@ -66,7 +67,7 @@ def check_block_that_is_not_run(place, kind, lines):
     if kind not in (*FORMS, 'sh'):
         raise DocumentError(f'{place}: a block of {kind} is neither run nor among the forms that need not be')
     for line in lines:
-        if line.startswith('$ ') or PROGRAM.search(line):
+        if line.startswith('$ ') or PROGRAM.search(line) or COMMAND.match(line):
             raise DocumentError(f'{place}: this command is not run, since its block is no ```console: {line}')
         if kind == 'sh' and line and not SET_UP.match(line):
             raise DocumentError(f'{place}: a ```sh block only sets up, builds or tests: {line}')

@@ -111,6 +111,7 @@ class Examples(unittest.TestCase):
                               ('```sh\nbuild/bin/mrset --version\n```', 'is not run'),
                               ('```sh\ncmake . && build/mrset sets x\n```', 'is not run'),
                               ('```sh\nls\n```', 'only sets up'), ('```json\n$ mrset --version\n```', 'is not run'),
+                              ('```syntax\nMRSET /DISPLAY NAME=ALL.\n```', 'is not run'),
                               ('```mrset\nMRSET /DISPLAY NAME=ALL.\n```', 'neither run'),
                               ('- item\n  ```console\n  $ true\n  ```', 'must not be indented'),
                               ('```console\nmrset 0.1.0\n```', 'must begin with'), ('```console\n```', 'must begin with'),

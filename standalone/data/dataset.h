@@ -89,6 +89,10 @@ struct VersionRange {
 /// How many changes a dataset keeps.
 inline constexpr std::int64_t kKeptChanges = 1000;
 
+/// Whether the file begins as datasets do; false where it cannot be read. It may still be damaged, or of a newer
+/// format.
+bool IsDatasetFile(const std::string& path);
+
 /// A dataset that exists: the dictionary, read as it is touched, the sets in their order, and the cases. Positions of
 /// variables count from 0. Every function throws DatasetError when the file cannot be used. What reads begins a
 /// command, not exclusive, where none has begun.

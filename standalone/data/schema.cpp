@@ -3,14 +3,19 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
+#include <cstddef>
 #include <cstring>
+#include <fstream>
+#include <string_view>
 
 namespace standalone {
 
 namespace {
 
 constexpr std::int64_t kApplicationId = 0x6d727374;  // "mrst"
+constexpr std::size_t kApplicationIdOffset = 68;     // in SQLite's header
 
 // The cells of a case are one JSON array in dictionary order: a number or null (missing) of a numeric variable, a
 // string of a string variable. `generation` counts the transactions that wrote. The positions of sets give their order
@@ -124,6 +129,15 @@ void CheckFormat(Database& database, const std::string& path) {
 }
 
 }  // namespace
+
+bool IsDatasetFile(const std::string& path) {
+  constexpr std::string_view kMagic = "SQLite format 3";
+  constexpr std::string_view kId = "mrst";
+  std::array<char, kApplicationIdOffset + kId.size()> begin{};
+  std::ifstream(path, std::ios::binary).read(begin.data(), begin.size());
+  const std::string_view header(begin.data(), begin.size());
+  return header.substr(0, kMagic.size()) == kMagic && header.substr(kApplicationIdOffset) == kId;
+}
 
 const std::vector<TableDefinition>& Tables() {
   static const std::vector<TableDefinition> tables = {

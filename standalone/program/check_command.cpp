@@ -55,7 +55,8 @@ Action DeclareCheck(CLI::App& options) {
   options.add_option("DATASET", request->datasetPath, "Dataset file")->required()->type_name("");
   AddLockTimeoutOption(options, request->datasetOptions);
   options.footer(
-      "Exit status: 0 sound, 1 something is not as it should be, 2 wrong usage, or not readable as a dataset.\n"
+      "Exit status: 0 sound, 1 something is not as it should be, 2 wrong usage, or not\n"
+      "readable as a dataset.\n"
       "Example:\n"
       "  mrset check survey.mrset\n");
   return [request] { return Check(*request); };

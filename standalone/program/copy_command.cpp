@@ -141,7 +141,8 @@ Action DeclareCopy(CLI::App& app) {
   app.add_flag("--dry-run", options->dryRun, "Show what would be copied and leave the target as it is");
   AddLockTimeoutOption(app, options->datasetOptions);
   app.footer(
-      "Exit status: 0 all sets are copied, 1 a set cannot be copied, 2 wrong usage or an unusable file.\n"
+      "Exit status: 0 all sets are copied, 1 a set cannot be copied, 2 wrong usage or\n"
+      "an unusable file.\n"
       "Examples:\n"
       "  mrset copy wave1.mrset wave2.mrset '$drinks' '$toppings'\n"
       "  mrset copy survey.mrset@3 survey.mrset '$drinks'\n");

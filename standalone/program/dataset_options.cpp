@@ -23,9 +23,7 @@ void AddLockTimeoutOption(CLI::App& app, DatasetOptions& options) {
   const auto set = [&options](const std::string& value) {
     options.lockTimeout = std::chrono::seconds(*WholeNumber(value));
   };
-  app.add_option_function<std::string>("--lock-timeout", set,
-                                       "How long to wait while another process has the dataset locked; 30 seconds "
-                                       "unless given, 0 not at all")
+  app.add_option_function<std::string>("--lock-timeout", set, "How long to wait for a locked dataset; 30 unless given")
       ->check([](const std::string& value) {
         return WholeNumber(value) ? std::string() : value + " is no whole number of seconds";
       })

@@ -55,7 +55,8 @@ Action DeclareDiff(CLI::App& app) {
   AddFormatOption(app, {"text", kJsonFormat}, options->format);
   AddLockTimeoutOption(app, options->datasetOptions);
   app.footer(
-      "Exit status: 0 the sets are the same, 1 they differ, 2 wrong usage or an unusable file.\n"
+      "Exit status: 0 the sets are the same, 1 they differ, 2 wrong usage or an\n"
+      "unusable file.\n"
       "Examples:\n"
       "  mrset diff wave1.mrset wave2.mrset\n"
       "  mrset diff survey.mrset@3 survey.mrset\n");

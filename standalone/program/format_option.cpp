@@ -15,15 +15,20 @@ constexpr const char* kAuto = "auto";
 constexpr const char* kAlways = "always";
 constexpr const char* kNever = "never";
 
+/// The names as in "text, json or csv".
+std::string Alternatives(const std::vector<std::string>& names) {
+  return fmt::format("{} or {}", fmt::join(names.begin(), names.end() - 1, ", "), names.back());
+}
+
 /// An option whose value is one of `choices`, the first unless the user says otherwise.
-void AddChoice(CLI::App& app, const char* name, const std::vector<std::string>& choices, const char* description,
-               std::string& value) {
+void AddChoice(CLI::App& app, const char* name, const std::vector<std::string>& choices, const char* typeName,
+               const std::string& description, std::string& value) {
   value = choices.front();
   const auto isKnown = [choices](const std::string& given) {
     const bool found = std::find(choices.begin(), choices.end(), given) != choices.end();
     return found ? std::string() : fmt::format("{} is none of {}", given, fmt::join(choices, ", "));
   };
-  app.add_option(name, value, description)->check(isKnown)->type_name(fmt::format("{}", fmt::join(choices, "|")));
+  app.add_option(name, value, description)->check(isKnown)->type_name(typeName);
 }
 
 std::string_view Environment(const char* name) {
@@ -38,12 +43,12 @@ bool KnowsColours(std::string_view terminal) {
 }  // namespace
 
 void AddFormatOption(CLI::App& app, const std::vector<std::string>& names, std::string& format) {
-  AddChoice(app, "--format", names, "Form of the output: json and csv are for programs", format);
+  AddChoice(app, "--format", names, "FORMAT", fmt::format("Form of the output: {}", Alternatives(names)), format);
 }
 
 void AddFormatOptions(CLI::App& app, const std::vector<std::string>& names, FormatOptions& options) {
   AddFormatOption(app, names, options.format);
-  AddChoice(app, "--color", {kAuto, kAlways, kNever}, "Colour of text; auto: on terminals, unless NO_COLOR is set",
+  AddChoice(app, "--color", {kAuto, kAlways, kNever}, "WHEN", "When text is coloured: auto, always or never",
             options.colour);
 }
 

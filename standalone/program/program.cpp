@@ -10,10 +10,13 @@
 #include <array>
 #include <exception>
 #include <iostream>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "standalone/program/exit_status.h"
+#include "standalone/program/failure_advice.h"
+#include "standalone/program/help_formatter.h"
 #include "standalone/program/signals.h"
 #include "standalone/program/subcommands.h"
 #include "standalone/program/usage.h"
@@ -40,10 +43,16 @@ constexpr std::array<Subcommand, 11> kSubcommands = {{
 constexpr const char* kExample =
     "Example:\n"
     "  mrset import --schema survey.schema.json survey.csv survey.mrset\n"
-    "  mrset run survey.mrset -c 'MRSET /MCGROUP NAME=$pets VARIABLES=pet1 TO pet3 /DISPLAY NAME=ALL'\n";
+    "  mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'\n";
 
 void PrintError(const std::string& sentence) {
   std::cerr << NoticeLine(sentence);
+}
+
+void PrintSteps(const NextSteps& steps) {
+  for (const std::string& line : steps) {
+    std::cerr << Visible(line) << '\n';
+  }
 }
 
 /// What CLI11 throws for --help and --version is no error; all else is wrong usage.
@@ -53,17 +62,16 @@ int EndOfParse(const CLI::App& app, const CLI::ParseError& error) {
   }
   const UsageAdvice advice = AdviceFor(app, error);
   PrintError(advice.sentence);
-  for (const std::string& line : advice.nextStep) {
-    std::cerr << Visible(line) << '\n';
-  }
+  PrintSteps(advice.nextSteps);
   return kUnusable;
 }
 
-int Perform(const Action& action) {
+int Perform(const CLI::App& subcommand, const Action& action) {
   try {
     return action();
   } catch (const std::exception& error) {
     PrintError(error.what());
+    PrintSteps(AdviceOnFailure(subcommand, error.what()));
     return kUnusable;
   }
 }
@@ -80,7 +88,8 @@ void OccupyStandardDescriptors() {
 
 int ParseAndPerform(int argc, const char* const* argv) {
   CLI::App app("mrset defines, displays and deletes the multiple response sets of a survey.", "mrset");
-  app.set_version_flag("--version", "mrset " MRSET_VERSION);
+  app.set_version_flag("--version", "mrset " MRSET_VERSION, "Show the version");
+  app.formatter(std::make_shared<HelpFormatter>());
   app.set_help_flag("-h,--help", "Show this help");
   app.require_subcommand(1);
   app.footer(kExample);
@@ -94,7 +103,7 @@ int ParseAndPerform(int argc, const char* const* argv) {
   } catch (const CLI::ParseError& error) {
     return EndOfParse(app, error);
   }
-  return Perform(chosen);
+  return Perform(*app.get_subcommands().front(), chosen);
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "standalone/output/renderer.h"
@@ -20,6 +21,7 @@
 #include "standalone/program/same_file.h"
 #include "standalone/program/subcommands.h"
 #include "standalone/program/terminal.h"
+#include "standalone/program/vanished_name.h"
 #include "standalone/run/output_file.h"
 #include "standalone/run/script_source.h"
 #include "standalone/run/supervisor.h"
@@ -38,18 +40,31 @@ struct RunOptions {
   DatasetOptions datasetOptions;
 };
 
+struct RunCommandList {
+  std::vector<ScriptCommand> commands;
+  std::size_t fromScript = 0;  ///< how many of them, the first, came from the script
+};
+
 /// The commands of the script, then those of each -c.
-std::vector<ScriptCommand> ReadCommands(const RunOptions& options) {
+RunCommandList ReadCommands(const RunOptions& options) {
   std::vector<ScriptCommand> commands;
   if (options.scriptPath) {
     const std::string& path = *options.scriptPath;
     commands = SplitScript(ReadScript(path), path == "-" ? "standard input" : path);
   }
+  const std::size_t fromScript = commands.size();
   for (std::size_t index = 0; index < options.commands.size(); ++index) {
     const std::vector<ScriptCommand> more = SplitScript(options.commands[index], fmt::format("-c {}", index + 1));
     commands.insert(commands.end(), more.begin(), more.end());
   }
-  return commands;
+  return {std::move(commands), fromScript};
+}
+
+/// A result with the hint that goes with it where a shell may have changed the command.
+CommandResult WithHint(const CommandResult& result, const std::string& hint) {
+  CommandResult advised = result;
+  advised.hints.push_back(hint);
+  return advised;
 }
 
 /// Results never take the place of what they come from.
@@ -67,7 +82,9 @@ std::optional<ProgressScreen> ScreenBesideResults(const RunOptions& options) {
   return areOnTerminal ? std::nullopt : ErrorScreen();
 }
 
-ExitStatus RunAndRender(const RunOptions& options, const RunRequest& request, Renderer& renderer) {
+/// The first `fromScript` commands did not come as arguments.
+ExitStatus RunAndRender(const RunOptions& options, const RunRequest& request, std::size_t fromScript,
+                        Renderer& renderer) {
   ExitStatus status = kSuccess;
   Progress progress(ScreenBesideResults(options));
   progress.Begin({"Running", "commands", request.commands.size()});
@@ -76,7 +93,12 @@ ExitStatus RunAndRender(const RunOptions& options, const RunRequest& request, Re
     if (options.format.format == kCsvFormat) {
       progress.Clear();  // messages go to standard error
     }
-    renderer.Write(result);
+    const bool isArgument = result.number > fromScript;
+    if (const auto hint = isArgument ? HintOnVanishedName(result) : std::nullopt) {
+      renderer.Write(WithHint(result, *hint));
+    } else {
+      renderer.Write(result);
+    }
     status = std::max(status, StatusOf(result));
   });
   renderer.Finish();
@@ -138,15 +160,17 @@ ExitStatus Run(const RunOptions& options) {
     throw ScriptError(
         "There is nothing to run: give a SCRIPT, - for commands on standard input, or -c with a command.");
   }
-  const RunRequest request{options.datasetPath, ReadCommands(options), options.dryRun, options.stopOnError,
+  RunCommandList list = ReadCommands(options);
+  const RunRequest request{options.datasetPath, std::move(list.commands), options.dryRun, options.stopOnError,
                            options.datasetOptions};
   if (!options.outputPath) {
-    return RunAndRender(options, request, *MakeRenderer(options, {std::cout, OutputIsTerminal(), OutputWidth()}));
+    return RunAndRender(options, request, list.fromScript,
+                        *MakeRenderer(options, {std::cout, OutputIsTerminal(), OutputWidth()}));
   }
   CheckOutputPath(options, *options.outputPath);
   OutputFile file(*options.outputPath);
   const ExitStatus status =
-      RunAndRender(options, request, *MakeRenderer(options, {file.Stream(), false, kDefaultWidth}));
+      RunAndRender(options, request, list.fromScript, *MakeRenderer(options, {file.Stream(), false, kDefaultWidth}));
   file.Commit();
   return status;
 }
@@ -157,20 +181,19 @@ Action DeclareRun(CLI::App& app) {
   const auto options = std::make_shared<RunOptions>();
   app.add_option("DATASET", options->datasetPath, "Dataset file")->required()->type_name("");
   app.add_option("SCRIPT", options->scriptPath, "File of commands; - for standard input")->type_name("");
-  app.add_option("-c,--command", options->commands,
-                 "A command to run, after those of SCRIPT; its final period may be left out")
+  app.add_option("-c,--command", options->commands, "Command to run, after SCRIPT; may lack its period")
       ->type_name("COMMAND")
       ->allow_extra_args(false);
   AddFormatOptions(app, FormatNames(kFormats), options->format);
   app.add_option("--output", options->outputPath, "Write the results to this file")->type_name("FILE");
-  app.add_flag("--dry-run", options->dryRun, "Show what the commands would do and leave the dataset as it is");
+  app.add_flag("--dry-run", options->dryRun, "Show what would be done; leave the dataset as it is");
   app.add_flag("--stop-on-error", options->stopOnError, "Run no command after one that fails");
   app.add_flag("--relaxed", options->datasetOptions.relaxed,
-               "Do not wait until what a command saved is on the disk: faster. A program that is killed still loses "
-               "nothing, but a power failure or a crash of the system can damage the dataset beyond repair");
+               "Faster, but a power failure or a crash of the system can damage the dataset beyond repair");
   AddLockTimeoutOption(app, options->datasetOptions);
   app.footer(
-      "Exit status: 0 no error, 1 an error message, 2 wrong usage or an unusable file, 3 an aborted command.\n"
+      "Exit status: 0 no error, 1 an error message, 2 wrong usage or an unusable file,\n"
+      "3 an aborted command.\n"
       "Example:\n"
       "  mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'\n");
   return [options] { return Run(*options); };

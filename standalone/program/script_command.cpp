@@ -117,8 +117,8 @@ Action DeclareScript(CLI::App& app) {
                "Begin by deleting all sets of the dataset on which the script runs");
   AddLockTimeoutOption(app, options->datasetOptions);
   app.footer(
-      "Exit status: 0 all sets are written, 1 a set cannot be written as a command, 2 wrong usage or an unusable "
-      "file.\n"
+      "Exit status: 0 all sets are written, 1 a set cannot be written as a command,\n"
+      "2 wrong usage or an unusable file.\n"
       "Example:\n"
       "  mrset script survey.mrset --output sets.script\n"
       "  mrset run other.mrset sets.script\n");

@@ -232,8 +232,10 @@ Action DeclareShell(CLI::App& app) {
   app.add_option("DATASET", options->datasetPath, "Dataset file")->required()->type_name("");
   AddLockTimeoutOption(app, options->datasetOptions);
   app.footer(
-      "At a terminal: Tab completes, Ctrl-R searches the history, help says more. Exit status 0.\n"
-      "Elsewhere: runs the commands on standard input as they come; exit status as of mrset run.\n"
+      "At a terminal: Tab completes, Ctrl-R searches the history, help says more.\n"
+      "Exit status 0.\n"
+      "Elsewhere: runs the commands on standard input as they come; exit status as of\n"
+      "mrset run.\n"
       "Example:\n"
       "  mrset shell survey.mrset\n");
   return [options] { return RunShell(*options); };

@@ -58,7 +58,7 @@ Action DeclareUndo(CLI::App& options) {
   options
       .add_option_function<std::string>(
           "--to", [request](const std::string& value) { request->to = WholeNumber(value); },
-          "Go back to version N, the sets as change N left them, instead of undoing the last change")
+          "Go back to the sets as change N left them, instead of undoing the last change")
       ->check([](const std::string& value) {
         return WholeNumber(value) ? std::string() : value + " is no number of a version";
       })
@@ -66,7 +66,8 @@ Action DeclareUndo(CLI::App& options) {
   AddLockTimeoutOption(options, request->datasetOptions);
   options.footer(
       "Undoing is itself a change: to undo twice brings the sets back.\n"
-      "Exit status: 0 done, 1 there is nothing to undo, 2 wrong usage, no such version or an unusable file.\n"
+      "Exit status: 0 done, 1 nothing to undo, 2 wrong usage, no such version or an\n"
+      "unusable file.\n"
       "Example:\n"
       "  mrset undo survey.mrset --to 3\n");
   return [request] { return UndoAndSay(request->datasetPath, request->datasetOptions, request->to); };

@@ -3,14 +3,15 @@
 
 #include <CLI/App.hpp>
 #include <string>
-#include <vector>
+
+#include "standalone/program/next_steps.h"
 
 namespace standalone {
 
 /// What to say to arguments that cannot be.
 struct UsageAdvice {
-  std::string sentence;               ///< what is wrong
-  std::vector<std::string> nextStep;  ///< what to do about it, in lines
+  std::string sentence;  ///< what is wrong
+  NextSteps nextSteps;   ///< what to do about it
 };
 
 /// The advice for what CLI11 found wrong with the arguments.

@@ -199,12 +199,18 @@ What is no dataset:
 
   $ mrset check missing.mrset
   mrset: missing.mrset does not exist.
+  To make it of a survey in CSV:
+    mrset import survey.csv missing.mrset
   [2]
   $ echo text > text.mrset; mrset check text.mrset
   mrset: text.mrset is not a dataset.
+  To make a dataset of a survey in CSV:
+    mrset import survey.csv survey.mrset
   [2]
   $ sqlite3 other.mrset 'CREATE TABLE t(x)'; mrset check other.mrset
   mrset: other.mrset is not a dataset.
+  To make a dataset of a survey in CSV:
+    mrset import survey.csv survey.mrset
   [2]
   $ make > /dev/null 2>&1; sqlite3 s.mrset 'PRAGMA user_version = 3'; mrset check s.mrset
   mrset: s.mrset was made by a newer version of the program.

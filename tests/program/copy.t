@@ -98,9 +98,13 @@ What cannot be copied at all.
   [2]
   $ mrset copy a.mrset missing.mrset
   mrset: missing.mrset does not exist.
+  To make it of a survey in CSV:
+    mrset import survey.csv missing.mrset
   [2]
   $ mrset copy missing.mrset a.mrset
   mrset: missing.mrset does not exist.
+  To make it of a survey in CSV:
+    mrset import survey.csv missing.mrset
   [2]
 
 Help.
@@ -110,18 +114,21 @@ Help.
   Usage: mrset copy [OPTIONS] SOURCE TARGET [SET...]
   
   Positionals:
-    SOURCE REQUIRED             Dataset file from which sets are taken, or DATASET@N: its sets as change N left them
-    TARGET REQUIRED             Dataset file into which they are copied
-    SET ...                     Names of the sets to copy; without any, all
+    SOURCE                  Dataset file from which sets are taken, or DATASET@N:
+                            its sets as change N left them
+    TARGET                  Dataset file into which they are copied
+    SET                     Names of the sets to copy; without any, all
   
   Options:
-    -h,--help                   Show this help
-    --skip-incomplete           Leave out the sets whose variables the target lacks and copy the others
-    --dry-run                   Show what would be copied and leave the target as it is
-    --lock-timeout SECONDS      How long to wait while another process has the dataset locked; 30 seconds unless given, 0 not at all
+    -h,--help               Show this help
+    --skip-incomplete       Leave out the sets whose variables the target lacks
+                            and copy the others
+    --dry-run               Show what would be copied and leave the target as it
+                            is
+    --lock-timeout SECONDS  How long to wait for a locked dataset; 30 unless given
   
-  Exit status: 0 all sets are copied, 1 a set cannot be copied, 2 wrong usage or an unusable file.
+  Exit status: 0 all sets are copied, 1 a set cannot be copied, 2 wrong usage or
+  an unusable file.
   Examples:
     mrset copy wave1.mrset wave2.mrset '$drinks' '$toppings'
     mrset copy survey.mrset@3 survey.mrset '$drinks'
-  

@@ -64,6 +64,8 @@ A version of a dataset's sets stands behind "@": what that change left.
   [2]
   $ mrset diff missing.mrset@1 b.mrset
   mrset: missing.mrset does not exist.
+  To make it of a survey in CSV:
+    mrset import survey.csv missing.mrset
   [2]
 
 A file of that very name comes first.
@@ -76,21 +78,32 @@ A file of that very name comes first.
   [1]
   $ rm b.mrset@1; mrset diff b.mrset@one b.mrset; mrset diff @1 b.mrset; mrset diff b.mrset@ b.mrset
   mrset: b.mrset@one does not exist.
+  Did you mean b.mrset?
   mrset: @1 does not exist.
+  To make it of a survey in CSV:
+    mrset import survey.csv @1
   mrset: b.mrset@ does not exist.
+  Did you mean b.mrset?
   [2]
 
 What cannot be compared.
 
   $ mrset diff a.mrset missing.mrset
   mrset: missing.mrset does not exist.
+  To make it of a survey in CSV:
+    mrset import survey.csv missing.mrset
   [2]
   $ mrset diff a.mrset
   mrset: B is required.
+  Examples:
+    mrset diff wave1.mrset wave2.mrset
+    mrset diff survey.mrset@3 survey.mrset
   Run "mrset diff --help" for its options.
   [2]
   $ echo x > x.mrset; mrset diff x.mrset a.mrset
   mrset: x.mrset is not a dataset.
+  To make a dataset of a survey in CSV:
+    mrset import survey.csv survey.mrset
   [2]
 
 Help.
@@ -100,16 +113,17 @@ Help.
   Usage: mrset diff [OPTIONS] A B
   
   Positionals:
-    A REQUIRED                  Dataset file, or DATASET@N: its sets as change N left them; 0 is before the first
-    B REQUIRED                  Dataset file to compare with it, likewise
+    A                       Dataset file, or DATASET@N: its sets as change N left
+                            them; 0 is before the first
+    B                       Dataset file to compare with it, likewise
   
   Options:
-    -h,--help                   Show this help
-    --format text|json          Form of the output: json and csv are for programs
-    --lock-timeout SECONDS      How long to wait while another process has the dataset locked; 30 seconds unless given, 0 not at all
+    -h,--help               Show this help
+    --format FORMAT         Form of the output: text or json
+    --lock-timeout SECONDS  How long to wait for a locked dataset; 30 unless given
   
-  Exit status: 0 the sets are the same, 1 they differ, 2 wrong usage or an unusable file.
+  Exit status: 0 the sets are the same, 1 they differ, 2 wrong usage or an
+  unusable file.
   Examples:
     mrset diff wave1.mrset wave2.mrset
     mrset diff survey.mrset@3 survey.mrset
-  

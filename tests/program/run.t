@@ -165,6 +165,8 @@ A dry run shows all of it, the later commands upon the earlier ones, and leaves 
   $ echo before > kept.txt
   $ mrset run missing.mrset --output kept.txt -c 'MRSET /DISPLAY NAME=ALL'
   mrset: missing.mrset does not exist.
+  To make it of a survey in CSV:
+    mrset import survey.csv missing.mrset
   [2]
   $ cat kept.txt
   before
@@ -224,6 +226,8 @@ A script without commands.
   $ mrset run s.mrset empty.script
   $ mrset run missing.mrset empty.script
   mrset: missing.mrset does not exist.
+  To make it of a survey in CSV:
+    mrset import survey.csv missing.mrset
   [2]
 
 A script that cannot be read.
@@ -240,6 +244,9 @@ A script that cannot be read.
   [2]
   $ mrset run s.mrset
   mrset: There is nothing to run: give a SCRIPT, - for commands on standard input, or -c with a command.
+    mrset run s.mrset commands.script
+    mrset run s.mrset -c 'MRSET /DISPLAY NAME=ALL'
+    mrset shell s.mrset
   [2]
 
 Tables fit the 80 columns of a line where there is no terminal.

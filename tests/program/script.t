@@ -133,6 +133,8 @@ The dataset is only read, and never overwritten by its script.
   [2]
   $ mrset script missing.mrset
   mrset: missing.mrset does not exist.
+  To make it of a survey in CSV:
+    mrset import survey.csv missing.mrset
   [2]
   $ mrset script s.mrset --output no/such/file '$red'
   mrset: The output file no/such/file cannot be written: No such file or directory.
@@ -158,17 +160,19 @@ Help.
   Usage: mrset script [OPTIONS] DATASET [SET...]
   
   Positionals:
-    DATASET REQUIRED            Dataset file, or DATASET@N: its sets as change N left them
-    SET ...                     Names of the sets to write; without any, all
+    DATASET                 Dataset file, or DATASET@N: its sets as change N left
+                            them
+    SET                     Names of the sets to write; without any, all
   
   Options:
-    -h,--help                   Show this help
-    --output FILE               Write the script to this file
-    --delete-all                Begin by deleting all sets of the dataset on which the script runs
-    --lock-timeout SECONDS      How long to wait while another process has the dataset locked; 30 seconds unless given, 0 not at all
+    -h,--help               Show this help
+    --output FILE           Write the script to this file
+    --delete-all            Begin by deleting all sets of the dataset on which the
+                            script runs
+    --lock-timeout SECONDS  How long to wait for a locked dataset; 30 unless given
   
-  Exit status: 0 all sets are written, 1 a set cannot be written as a command, 2 wrong usage or an unusable file.
+  Exit status: 0 all sets are written, 1 a set cannot be written as a command,
+  2 wrong usage or an unusable file.
   Example:
     mrset script survey.mrset --output sets.script
     mrset run other.mrset sets.script
-  

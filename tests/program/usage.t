@@ -10,19 +10,19 @@ Wrong use is told in one sentence with the next step, and exit status 2.
   Run "mrset --help" for all subcommands.
   [2]
   $ mrset frobnicate
-  mrset: frobnicate is neither a subcommand nor an option.
+  mrset: frobnicate is no subcommand.
   Run "mrset --help" for the subcommands.
   [2]
 
 What is given in place of a subcommand tells what is wanted: a survey, a dataset, another file, a command.
 
   $ mrset survey.csv
-  mrset: survey.csv is neither a subcommand nor an option.
+  mrset: survey.csv is no subcommand.
   To make a dataset of a survey in CSV:
     mrset import survey.csv survey.mrset
   [2]
   $ mrset "my survey's.csv"
-  mrset: my survey's.csv is neither a subcommand nor an option.
+  mrset: my survey's.csv is no subcommand.
   To make a dataset of a survey in CSV:
     mrset import 'my survey'\''s.csv' 'my survey'\''s.mrset'
   [2]
@@ -30,30 +30,289 @@ What is given in place of a subcommand tells what is wanted: a survey, a dataset
   $ mrset import tiny.csv tiny.mrset
   tiny.mrset: 2 variables, 1 case
   $ mrset tiny.mrset
-  mrset: tiny.mrset is neither a subcommand nor an option.
+  mrset: tiny.mrset is no subcommand.
   To work with this dataset:
     mrset shell tiny.mrset
     mrset run tiny.mrset -c 'MRSET /DISPLAY NAME=ALL'
   [2]
   $ echo 'MRSET /DISPLAY NAME=ALL.' > commands.txt
   $ mrset commands.txt
-  mrset: commands.txt is neither a subcommand nor an option.
+  mrset: commands.txt is no subcommand.
   To run the commands of a script, or to make a dataset of a survey in CSV:
     mrset run survey.mrset commands.txt
     mrset import commands.txt commands.mrset
   [2]
   $ mrset MRSET /DISPLAY NAME=ALL
-  mrset: MRSET is neither a subcommand nor an option.
-  A command is one argument, in single quotes, so that the shell neither splits it nor replaces $names:
+  mrset: MRSET is no subcommand.
+  A command stands behind -c, in single quotes: so the shell neither splits it nor replaces $names.
     mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
   [2]
 
 A command that is not quoted: the shell has split it, and the name is gone.
 
+  $ mrset run tiny.mrset MRSET /DISPLAY NAME=ALL
+  mrset: /DISPLAY is not expected by mrset run.
+  A command stands behind -c, in single quotes: so the shell neither splits it nor replaces $names.
+    mrset run tiny.mrset -c 'MRSET /DISPLAY NAME=ALL'
+  [2]
+  $ mrset run tiny.mrset 'MRSET /DISPLAY NAME=ALL'
+  mrset: The script MRSET /DISPLAY NAME=ALL cannot be read: No such file or directory.
+  A command stands behind -c, in single quotes: so the shell neither splits it nor replaces $names.
+    mrset run tiny.mrset -c 'MRSET /DISPLAY NAME=ALL'
+  [2]
+  $ mrset run tiny.mrset /DISPLAY
+  mrset: The script /DISPLAY cannot be read: No such file or directory.
+  A command stands behind -c, in single quotes: so the shell neither splits it nor replaces $names.
+    mrset run tiny.mrset -c 'MRSET /DISPLAY NAME=ALL'
+  [2]
+  $ mrset run tiny.mrset /none/DISPLAY
+  mrset: The script /none/DISPLAY cannot be read: No such file or directory.
+  [2]
   $ mrset run tiny.mrset -c MRSET /MDGROUP NAME=$likes VARIABLES=q1
   mrset: NAME= is not expected by mrset run.
-  A command is one argument, in single quotes, so that the shell neither splits it nor replaces $names:
-    mrset run DATASET -c 'MRSET /DISPLAY NAME=ALL'
+  A command stands behind -c, in single quotes: so the shell neither splits it nor replaces $names.
+    mrset run tiny.mrset -c 'MRSET /DISPLAY NAME=ALL'
+  [2]
+
+A command in double quotes: the shell has replaced the names. The hint is given only where a name is missing in a
+command that is an argument.
+
+  $ unset likes pets
+  $ mrset run tiny.mrset -c "MRSET /MDGROUP NAME=$likes VARIABLES=q1 q2 VALUE=1" -c "MRSET /MCGROUP VARIABLES=q1 q2 NAME=$likes"
+  1> MRSET /MDGROUP NAME= VARIABLES=q1 q2 VALUE=1
+  Error: The MRSET name VARIABLES must start with $.
+    -c 1, line 1, column 22:
+      MRSET /MDGROUP NAME= VARIABLES=q1 q2 VALUE=1
+                           ^^^^^^^^^
+  hint: no name stands behind NAME=: a shell replaces $names in a command that is not in single quotes
+  
+  2> MRSET /MCGROUP VARIABLES=q1 q2 NAME=
+  Error: Unexpected MRSET name value end of command was found.
+    -c 2, line 1, column 37:
+      MRSET /MCGROUP VARIABLES=q1 q2 NAME=
+                                          ^
+  hint: no name stands behind NAME=: a shell replaces $names in a command that is not in single quotes
+  [1]
+  $ mrset run tiny.mrset -c "MRSET /MCGROUP NAME=$likes /DISPLAY NAME=ALL" -c "MRS /DIS NAM = [$likes $pets]" --format json
+  {"command":1,"line":1,"text":"MRSET /MCGROUP NAME= /DISPLAY NAME=ALL","procedure":"Multiple Response Set","status":"error","items":[{"kind":"message","level":"error","text":"Unexpected MRSET name value / was found.","line":1,"column":22,"length":1}],"source":"-c 1","hints":["no name stands behind NAME=: a shell replaces $names in a command that is not in single quotes"]}
+  {"command":2,"line":1,"text":"MRS /DIS NAM = [ ]","procedure":"Multiple Response Set","status":"ok","items":[{"kind":"message","level":"warning","text":"No MRSET to display"}],"source":"-c 2","hints":["no name stands behind NAME=: a shell replaces $names in a command that is not in single quotes"]}
+  [1]
+  $ mrset run tiny.mrset -c "MRSET /DELETE NAME=[$likes]" 2>&1 | numberless
+  1> MRSET /DELETE NAME=[]
+  Fatal: mrset: backend/mrset/mrsetapply.cpp:LINE: void DeleteMRSets(const MRSetSubcommand&, VARIABLESETS&): Assertion `!subcmd.fNames.empty()' failed.
+  hint: no name stands behind NAME=: a shell replaces $names in a command that is not in single quotes
+  The command was aborted; the dataset is as it was before it.
+  [3]
+  $ mrset run tiny.mrset -c 'MRSET /MCGROUP NAME=likes VARIABLES=q1 q2' -c 'MRSET /DISPLAY NAME=$likes' -c 'MRSET /MCGROUP NAME=$a LABEL= VARIABLES=q1 q2' -c 'MRSET /MCGROUP LABEL="NAME=" VARIABLES=' -c 'MRSET NAME= ' -c 'MRSET /DELETE NAME=['
+  1> MRSET /MCGROUP NAME=likes VARIABLES=q1 q2
+  Error: The MRSET name likes must start with $.
+    -c 1, line 1, column 21:
+      MRSET /MCGROUP NAME=likes VARIABLES=q1 q2
+                          ^^^^^
+  
+  2> MRSET /DISPLAY NAME=$likes
+  Error: Square bracket expected.
+    -c 2, line 1, column 21:
+      MRSET /DISPLAY NAME=$likes
+                          ^^^^^^
+  
+  3> MRSET /MCGROUP NAME=$a LABEL= VARIABLES=q1 q2
+  Error: A quoted label string was expected. Found VARIABLES ..
+    -c 3, line 1, column 31:
+      MRSET /MCGROUP NAME=$a LABEL= VARIABLES=q1 q2
+                                    ^^^^^^^^^
+  
+  4> MRSET /MCGROUP LABEL="NAME=" VARIABLES=
+  Error: MCGROUP has no name.
+    -c 4, line 1, column 8:
+      MRSET /MCGROUP LABEL="NAME=" VARIABLES=
+             ^^^^^^^
+  Error: MCGROUP  has no variable names.
+    -c 4, line 1, column 8:
+      MRSET /MCGROUP LABEL="NAME=" VARIABLES=
+             ^^^^^^^
+  
+  5> MRSET NAME=
+  Error: Invalid MRSET subcommand. Found NAME ..
+    -c 5, line 1, column 7:
+      MRSET NAME= 
+            ^^^^
+  
+  6> MRSET /DELETE NAME=[
+  Error: Square bracket expected.
+    -c 6, line 1, column 21:
+      MRSET /DELETE NAME=[
+                          ^
+  [1]
+  $ echo "MRSET /DISPLAY NAME=$likes" > vanished.script
+  $ mrset run tiny.mrset vanished.script
+  1> MRSET /DISPLAY NAME=
+  Error: Square bracket expected.
+    vanished.script, line 1, column 21:
+      MRSET /DISPLAY NAME=
+                          ^
+  [1]
+  $ echo "MRSET /DISPLAY NAME=$likes" | mrset run tiny.mrset -
+  1> MRSET /DISPLAY NAME=
+  Error: Square bracket expected.
+    standard input, line 1, column 21:
+      MRSET /DISPLAY NAME=
+                          ^
+  [1]
+
+A word that is misspelt.
+
+  $ mrset sest tiny.mrset
+  mrset: sest is no subcommand.
+  Did you mean sets?
+  Run "mrset --help" for the subcommands.
+  [2]
+  $ mrset Sets tiny.mrset
+  mrset: Sets is no subcommand.
+  Did you mean sets?
+  Run "mrset --help" for the subcommands.
+  [2]
+  $ mrset vars tiny.mrset
+  mrset: vars is no subcommand.
+  Run "mrset --help" for the subcommands.
+  [2]
+  $ mrset var tiny.mrset
+  mrset: var is no subcommand.
+  Did you mean variables?
+  Run "mrset --help" for the subcommands.
+  [2]
+  $ mrset s tiny.mrset
+  mrset: s is no subcommand.
+  Run "mrset --help" for the subcommands.
+  [2]
+  $ mrset --hepl
+  mrset: --hepl is no option of mrset itself.
+  Did you mean --help?
+  Run "mrset --help" for the subcommands.
+  [2]
+  $ mrset --format json sets tiny.mrset
+  mrset: --format is no option of mrset itself.
+  Options of a subcommand stand behind it.
+  Run "mrset --help" for the subcommands.
+  [2]
+  $ mrset run tiny.mrset --dry -c MRSET
+  mrset: --dry is not expected by mrset run.
+  Did you mean --dry-run?
+  Run "mrset run --help" for its options.
+  [2]
+  $ mrset run tiny.mrset --formt=json -c MRSET
+  mrset: --formt=json is not expected by mrset run.
+  Did you mean --format?
+  Run "mrset run --help" for its options.
+  [2]
+  $ mrset run tiny.mrset -format json -c MRSET
+  mrset: -format is not expected by mrset run.
+  Did you mean --format?
+  Run "mrset run --help" for its options.
+  [2]
+  $ mrset run tiny.mrset --frobnicate
+  mrset: --frobnicate is not expected by mrset run.
+  Run "mrset run --help" for its options.
+  [2]
+  $ mrset run tiny.mrset -- --formt z
+  mrset: z is not expected by mrset run.
+  Run "mrset run --help" for its options.
+  [2]
+
+A dataset that is not there, or that is none.
+
+  $ mrset sets survey.mrset
+  mrset: survey.mrset does not exist.
+  To make it of a survey in CSV:
+    mrset import survey.csv survey.mrset
+  [2]
+  $ mrset sets tinny.mrset
+  mrset: tinny.mrset does not exist.
+  Did you mean tiny.mrset?
+  [2]
+  $ mrset sets tiny
+  mrset: tiny does not exist.
+  Did you mean tiny.mrset?
+  [2]
+  $ mkdir folder; cp tiny.mrset folder/breakfast.mrset; echo > folder/brekafast.mrset
+  $ mrset sets folder/brekfast.mrset
+  mrset: folder/brekfast.mrset does not exist.
+  Did you mean folder/breakfast.mrset?
+  [2]
+  $ cp tiny.mrset folder/breakfst.mrset
+  $ mrset sets folder/brekfast.mrset
+  mrset: folder/brekfast.mrset does not exist.
+  To make it of a survey in CSV:
+    mrset import survey.csv folder/brekfast.mrset
+  [2]
+  $ mrset shell folder/none/a.mrset < /dev/null
+  mrset: folder/none/a.mrset does not exist.
+  To make it of a survey in CSV:
+    mrset import survey.csv folder/none/a.mrset
+  [2]
+  $ mrset run missing.csv -c MRSET
+  mrset: missing.csv does not exist.
+  To make a dataset of a survey in CSV:
+    mrset import missing.csv missing.mrset
+  [2]
+  $ mrset run tiny.csv -c MRSET
+  mrset: tiny.csv is not a dataset.
+  To make a dataset of a survey in CSV:
+    mrset import tiny.csv tiny.mrset
+  [2]
+  $ cp tiny.csv TINY.CSV
+  $ mrset variables TINY.CSV
+  mrset: TINY.CSV is not a dataset.
+  To make a dataset of a survey in CSV:
+    mrset import TINY.CSV TINY.mrset
+  [2]
+  $ mrset run commands.txt tiny.mrset
+  mrset: commands.txt is not a dataset.
+  The dataset stands before the script:
+    mrset run tiny.mrset commands.txt
+  [2]
+  $ mrset run commands.txt vanished.script
+  mrset: commands.txt is not a dataset.
+  To make a dataset of a survey in CSV:
+    mrset import survey.csv survey.mrset
+  [2]
+  $ mrset diff tiny.mrset@0 commands.txt
+  mrset: commands.txt is not a dataset.
+  To make a dataset of a survey in CSV:
+    mrset import survey.csv survey.mrset
+  [2]
+  $ mrset copy tiny.mrset next.mrset
+  mrset: next.mrset does not exist.
+  To make it of a survey in CSV:
+    mrset import survey.csv next.mrset
+  [2]
+  $ sqlite3 other.db 'CREATE TABLE t(a)'
+  $ mrset check other.db
+  mrset: other.db is not a dataset.
+  To make a dataset of a survey in CSV:
+    mrset import survey.csv survey.mrset
+  [2]
+  $ mrset sets folder
+  mrset: folder is a directory.
+  [2]
+  $ mrset folder
+  mrset: folder is no subcommand.
+  Run "mrset --help" for the subcommands.
+  [2]
+
+Nothing to run.
+
+  $ mrset run tiny.mrset
+  mrset: There is nothing to run: give a SCRIPT, - for commands on standard input, or -c with a command.
+    mrset run tiny.mrset commands.script
+    mrset run tiny.mrset -c 'MRSET /DISPLAY NAME=ALL'
+    mrset shell tiny.mrset
+  [2]
+  $ mrset run 'my tiny.mrset'
+  mrset: There is nothing to run: give a SCRIPT, - for commands on standard input, or -c with a command.
+    mrset run 'my tiny.mrset' commands.script
+    mrset run 'my tiny.mrset' -c 'MRSET /DISPLAY NAME=ALL'
+    mrset shell 'my tiny.mrset'
   [2]
 
 Arguments that are missing, too many or of no use.
@@ -66,6 +325,7 @@ Arguments that are missing, too many or of no use.
   [2]
   $ mrset run x.mrset --formt json -c MRSET
   mrset: --formt is not expected by mrset run.
+  Did you mean --format?
   Run "mrset run --help" for its options.
   [2]
   $ mrset run x.mrset --format xml -c MRSET
@@ -118,26 +378,25 @@ Help and version are results.
   Usage: mrset [OPTIONS] SUBCOMMAND
   
   Options:
-    --version                   Display program version information and exit
-    -h,--help                   Show this help
+    --version               Show the version
+    -h,--help               Show this help
   
   Subcommands:
-    import                      Read a survey from CSV into a dataset
-    run                         Run commands on a dataset
-    shell                       Type commands on a dataset, with help and completion
-    sets                        List a dataset's multiple response sets
-    variables                   List a dataset's variables
-    log                         List the changes of a dataset's sets
-    undo                        Go back to the sets as they were
-    check                       Verify that a dataset is sound
-    script                      Write the commands that make a dataset's sets
-    diff                        Compare the sets of two datasets
-    copy                        Copy sets from one dataset to another
+    import                  Read a survey from CSV into a dataset
+    run                     Run commands on a dataset
+    shell                   Type commands on a dataset, with help and completion
+    sets                    List a dataset's multiple response sets
+    variables               List a dataset's variables
+    log                     List the changes of a dataset's sets
+    undo                    Go back to the sets as they were
+    check                   Verify that a dataset is sound
+    script                  Write the commands that make a dataset's sets
+    diff                    Compare the sets of two datasets
+    copy                    Copy sets from one dataset to another
   
   Example:
     mrset import --schema survey.schema.json survey.csv survey.mrset
-    mrset run survey.mrset -c 'MRSET /MCGROUP NAME=$pets VARIABLES=pet1 TO pet3 /DISPLAY NAME=ALL'
-  
+    mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
   $ mrset --help > /dev/full
   mrset: Standard output cannot be written.
   [2]
@@ -146,120 +405,116 @@ Help and version are results.
   Usage: mrset import [OPTIONS] DATA DATASET
   
   Positionals:
-    DATA REQUIRED               Survey: CSV, UTF-8, with a header row
-    DATASET REQUIRED            Dataset file to make
+    DATA                    Survey: CSV, UTF-8, with a header row
+    DATASET                 Dataset file to make
   
   Options:
-    -h,--help                   Show this help
-    --schema CODEBOOK           Codebook of the survey: Table Schema, JSON
-    --replace                   Replace the variables and cases of a dataset that exists; its sets are kept
-    --lock-timeout SECONDS      How long to wait while another process has the dataset locked; 30 seconds unless given, 0 not at all
+    -h,--help               Show this help
+    --schema CODEBOOK       Codebook of the survey: Table Schema, JSON
+    --replace               Replace the variables and cases of a dataset that
+                            exists; its sets are kept
+    --lock-timeout SECONDS  How long to wait for a locked dataset; 30 unless given
   
   Example:
     mrset import --schema survey.schema.json survey.csv survey.mrset
-  
   $ mrset run --help
   Run commands on a dataset
   Usage: mrset run [OPTIONS] DATASET [SCRIPT]
   
   Positionals:
-    DATASET REQUIRED            Dataset file
-    SCRIPT                      File of commands; - for standard input
+    DATASET                 Dataset file
+    SCRIPT                  File of commands; - for standard input
   
   Options:
-    -h,--help                   Show this help
-    -c,--command COMMAND ...    A command to run, after those of SCRIPT; its final period may be left out
-    --format text|json|html|markdown|csv
-                                Form of the output: json and csv are for programs
-    --color auto|always|never   Colour of text; auto: on terminals, unless NO_COLOR is set
-    --output FILE               Write the results to this file
-    --dry-run                   Show what the commands would do and leave the dataset as it is
-    --stop-on-error             Run no command after one that fails
-    --relaxed                   Do not wait until what a command saved is on the disk: faster. A program that is killed still loses nothing, but a power failure or a crash of the system can damage the dataset beyond repair
-    --lock-timeout SECONDS      How long to wait while another process has the dataset locked; 30 seconds unless given, 0 not at all
+    -h,--help               Show this help
+    -c,--command COMMAND    Command to run, after SCRIPT; may lack its period
+    --format FORMAT         Form of the output: text, json, html, markdown or csv
+    --color WHEN            When text is coloured: auto, always or never
+    --output FILE           Write the results to this file
+    --dry-run               Show what would be done; leave the dataset as it is
+    --stop-on-error         Run no command after one that fails
+    --relaxed               Faster, but a power failure or a crash of the system
+                            can damage the dataset beyond repair
+    --lock-timeout SECONDS  How long to wait for a locked dataset; 30 unless given
   
-  Exit status: 0 no error, 1 an error message, 2 wrong usage or an unusable file, 3 an aborted command.
+  Exit status: 0 no error, 1 an error message, 2 wrong usage or an unusable file,
+  3 an aborted command.
   Example:
     mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
-  
   $ mrset sets --help
   List a dataset's multiple response sets
   Usage: mrset sets [OPTIONS] DATASET
   
   Positionals:
-    DATASET REQUIRED            Dataset file
+    DATASET                 Dataset file
   
   Options:
-    -h,--help                   Show this help
-    --format text|json|markdown|csv
-                                Form of the output: json and csv are for programs
-    --color auto|always|never   Colour of text; auto: on terminals, unless NO_COLOR is set
-    --lock-timeout SECONDS      How long to wait while another process has the dataset locked; 30 seconds unless given, 0 not at all
+    -h,--help               Show this help
+    --format FORMAT         Form of the output: text, json, markdown or csv
+    --color WHEN            When text is coloured: auto, always or never
+    --lock-timeout SECONDS  How long to wait for a locked dataset; 30 unless given
   
   Example:
     mrset sets survey.mrset --format json
-  
   $ mrset variables --help
   List a dataset's variables
   Usage: mrset variables [OPTIONS] DATASET
   
   Positionals:
-    DATASET REQUIRED            Dataset file
+    DATASET                 Dataset file
   
   Options:
-    -h,--help                   Show this help
-    --format text|json|markdown|csv
-                                Form of the output: json and csv are for programs
-    --color auto|always|never   Colour of text; auto: on terminals, unless NO_COLOR is set
-    --lock-timeout SECONDS      How long to wait while another process has the dataset locked; 30 seconds unless given, 0 not at all
+    -h,--help               Show this help
+    --format FORMAT         Form of the output: text, json, markdown or csv
+    --color WHEN            When text is coloured: auto, always or never
+    --lock-timeout SECONDS  How long to wait for a locked dataset; 30 unless given
   
   Example:
     mrset variables survey.mrset --format csv
-  
   $ mrset log --help
   List the changes of a dataset's sets
   Usage: mrset log [OPTIONS] DATASET
   
   Positionals:
-    DATASET REQUIRED            Dataset file
+    DATASET                 Dataset file
   
   Options:
-    -h,--help                   Show this help
-    --format text|json          Form of the output: json and csv are for programs
-    --lock-timeout SECONDS      How long to wait while another process has the dataset locked; 30 seconds unless given, 0 not at all
+    -h,--help               Show this help
+    --format FORMAT         Form of the output: text or json
+    --lock-timeout SECONDS  How long to wait for a locked dataset; 30 unless given
   
   Example:
     mrset log survey.mrset
-  
   $ mrset undo --help
   Go back to the sets as they were
   Usage: mrset undo [OPTIONS] DATASET
   
   Positionals:
-    DATASET REQUIRED            Dataset file
+    DATASET                 Dataset file
   
   Options:
-    -h,--help                   Show this help
-    --to N                      Go back to version N, the sets as change N left them, instead of undoing the last change
-    --lock-timeout SECONDS      How long to wait while another process has the dataset locked; 30 seconds unless given, 0 not at all
+    -h,--help               Show this help
+    --to N                  Go back to the sets as change N left them, instead of
+                            undoing the last change
+    --lock-timeout SECONDS  How long to wait for a locked dataset; 30 unless given
   
   Undoing is itself a change: to undo twice brings the sets back.
-  Exit status: 0 done, 1 there is nothing to undo, 2 wrong usage, no such version or an unusable file.
+  Exit status: 0 done, 1 nothing to undo, 2 wrong usage, no such version or an
+  unusable file.
   Example:
     mrset undo survey.mrset --to 3
-  
   $ mrset check --help
   Verify that a dataset is sound
   Usage: mrset check [OPTIONS] DATASET
   
   Positionals:
-    DATASET REQUIRED            Dataset file
+    DATASET                 Dataset file
   
   Options:
-    -h,--help                   Show this help
-    --lock-timeout SECONDS      How long to wait while another process has the dataset locked; 30 seconds unless given, 0 not at all
+    -h,--help               Show this help
+    --lock-timeout SECONDS  How long to wait for a locked dataset; 30 unless given
   
-  Exit status: 0 sound, 1 something is not as it should be, 2 wrong usage, or not readable as a dataset.
+  Exit status: 0 sound, 1 something is not as it should be, 2 wrong usage, or not
+  readable as a dataset.
   Example:
     mrset check survey.mrset
-  

@@ -27,6 +27,8 @@ expect "$scratch/sets.json" program <<'JSON'
 {"sets":[{"name":"$t","type":"category","label":"","countedValue":"","labelFromVariable":false,"categoryLabelsFromCountedValue":false,"variables":["topping1","topping2","topping3","topping4"]}]}
 JSON
 
+mandoc -T lint -W warning "$scratch/moved/share/man/man1/mrset.1"
+
 # The host's sources are copied away, so that their includes of host/ find the installed one.
 mkdir -p "$scratch/user/tests"
 cp -r "$root/tests/host" "$scratch/user/tests/"

@@ -27,7 +27,13 @@ expect "$scratch/sets.json" program <<'JSON'
 {"sets":[{"name":"$t","type":"category","label":"","countedValue":"","labelFromVariable":false,"categoryLabelsFromCountedValue":false,"variables":["topping1","topping2","topping3","topping4"]}]}
 JSON
 
-mandoc -T lint -W warning "$scratch/moved/share/man/man1/mrset.1"
+share=$scratch/moved/share
+mandoc -T lint -W warning "$share/man/man1/mrset.1"
+bash --norc -c 'source "$1/bash-completion/completions/mrset"; complete -p mrset' bash "$share" > "$scratch/complete.txt"
+expect "$scratch/complete.txt" 'completion of bash' <<< 'complete -F _mrset mrset'
+zsh -f -c 'fpath=("$1/zsh/site-functions" $fpath); autoload -Uz compinit; compinit -u -D; print $_comps[mrset]' zsh \
+  "$share" > "$scratch/complete.txt"
+expect "$scratch/complete.txt" 'completion of zsh' <<< '_mrset'
 
 # The host's sources are copied away, so that their includes of host/ find the installed one.
 mkdir -p "$scratch/user/tests"

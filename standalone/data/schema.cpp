@@ -133,6 +133,10 @@ void CheckFormat(Database& database, const std::string& path) {
 bool IsDatasetFile(const std::string& path) {
   constexpr std::string_view kMagic = "SQLite format 3";
   constexpr std::string_view kId = "mrst";
+  struct stat status = {};
+  if (stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) {
+    return false;  // to open anything else might wait for somebody
+  }
   std::array<char, kApplicationIdOffset + kId.size()> begin{};
   std::ifstream(path, std::ios::binary).read(begin.data(), begin.size());
   const std::string_view header(begin.data(), begin.size());

@@ -79,7 +79,8 @@ bool IsPieceOfCommand(const std::string& argument) {
 }
 
 NextSteps StepsToImport(const std::string& survey) {
-  const std::string dataset = std::filesystem::path(survey).replace_extension(".mrset").string();
+  const std::string sameName = std::filesystem::path(survey).replace_extension(".mrset").string();
+  const std::string dataset = sameName == survey ? "survey.mrset" : sameName;
   return {"To make a dataset of a survey in CSV:",
           fmt::format("  mrset import {} {}", ShellWord(survey), ShellWord(dataset))};
 }

@@ -23,7 +23,7 @@ bool IsNameOfCsv(std::string_view path);
 /// Whether the argument is a command, or a part of one: "MRSET", "/DISPLAY", "NAME=".
 bool IsPieceOfCommand(const std::string& argument);
 
-/// Makes a dataset of a survey in CSV, under a name of its own.
+/// Makes a dataset of a survey in CSV, under another name.
 NextSteps StepsToImport(const std::string& survey);
 
 /// Gives a command to a dataset.

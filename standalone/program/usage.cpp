@@ -107,7 +107,7 @@ NextSteps StepsOnExtra(const CLI::App& subcommand, const std::string& word) {
   if (subcommand.get_name() == "run" && IsPieceOfCommand(word)) {
     return StepsToQuote(subcommand["DATASET"]->as<std::string>());
   }
-  NextSteps steps = word[0] == '-' ? StepsToNearest(WithoutValue(word), OptionsOf(subcommand)) : NextSteps();
+  NextSteps steps = word[0] == '-' ? StepsToNearest(WithoutValue(word), OptionsOf(subcommand)) : ExampleOf(subcommand);
   steps.push_back(StepToHelp(subcommand.get_name()));
   return steps;
 }

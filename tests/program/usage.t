@@ -216,6 +216,8 @@ A word that is misspelt.
   [2]
   $ mrset run tiny.mrset -- --formt z
   mrset: z is not expected by mrset run.
+  Example:
+    mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
   Run "mrset run --help" for its options.
   [2]
 
@@ -292,6 +294,21 @@ A dataset that is not there, or that is none.
   To make a dataset of a survey in CSV:
     mrset import survey.csv survey.mrset
   [2]
+  $ mkfifo pipe.mrset tinny.mrset
+  $ timeout 10 mrset sets pipe.mrset
+  mrset: pipe.mrset is not a dataset.
+  [2]
+  $ timeout 10 mrset pipe.mrset
+  mrset: pipe.mrset is no subcommand.
+  To run the commands of a script, or to make a dataset of a survey in CSV:
+    mrset run survey.mrset pipe.mrset
+    mrset import pipe.mrset survey.mrset
+  [2]
+  $ timeout 10 mrset sets tinnny.mrset
+  mrset: tinnny.mrset does not exist.
+  To make it of a survey in CSV:
+    mrset import survey.csv tinnny.mrset
+  [2]
   $ mrset sets folder
   mrset: folder is a directory.
   [2]
@@ -354,7 +371,15 @@ Arguments that are missing, too many or of no use.
   [2]
   $ mrset run x.mrset y.script z.script
   mrset: z.script is not expected by mrset run.
+  Example:
+    mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
   Run "mrset run --help" for its options.
+  [2]
+  $ mrset import tiny.csv tiny.schema.json tiny.mrset
+  mrset: tiny.mrset is not expected by mrset import.
+  Example:
+    mrset import --schema survey.schema.json survey.csv survey.mrset
+  Run "mrset import --help" for its options.
   [2]
   $ mrset import only.csv
   mrset: DATASET is required.

@@ -69,7 +69,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Workload{1, 2, Labels::kEach, true, true}, Workload{1, 12, Labels::kNone, false, false},
                     Workload{1, 100, Labels::kEach, true, false}, Workload{10, 12, Labels::kEach, false, false},
                     Workload{30, 3, Labels::kNone, true, false}),
-    [](const auto& info) { return NameOf(info.param); });
+    [](const auto& row) { return NameOf(row.param); });
 
 }  // namespace
 }  // namespace bench

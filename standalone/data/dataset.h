@@ -136,6 +136,7 @@ class Dataset {
   /// Hands over the cells of the cases in their order, each a JSON array as DatasetWriter stores it, until `visit`
   /// returns false.
   void VisitCases(const std::function<bool(std::string_view cells)>& visit);
+
   using VisitName = std::function<bool(int position, const std::string& name)>;
 
   /// Visits the variables from position `from` on whose names begin so without regard to case, in the order of the

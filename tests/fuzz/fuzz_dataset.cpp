@@ -1,5 +1,6 @@
-// A damaged dataset into everything that opens one: reading it, saving sets, commands of the module on it and the
-// replacement of its contents. Each does its work or fails with a DatasetError; no other file is left behind.
+// A damaged dataset into everything that opens one: reading it, saving sets, commands of the module on it, its history,
+// a check, and the replacement of its contents. Each does its work or fails with a DatasetError; no other file is left
+// behind.
 
 #include <array>
 #include <string>
@@ -8,9 +9,11 @@
 
 #include "backend/mrset/mrset.h"
 #include "standalone/data/dataset.h"
+#include "standalone/data/dataset_check.h"
 #include "standalone/host/session.h"
 #include "standalone/language/tokenizer.h"
 #include "standalone/output/json.h"
+#include "standalone/output/log_text.h"
 #include "standalone/output/sets_json.h"
 #include "tests/fuzz/check.h"
 #include "tests/fuzz/dataset_image.h"
@@ -87,6 +90,47 @@ void ReplaceContents(const std::string& path) {
   writer.Commit();
 }
 
+void ReadHistory(const std::string& path) {
+  Dataset dataset(path);
+  const standalone::VersionRange versions = dataset.Versions();
+  for (const std::int64_t version : {versions.first, versions.first + (versions.last - versions.first) / 2}) {
+    for (const standalone::StoredSet& set : dataset.SetsOfVersion(version)) {
+      Check(!set.name.empty(), "a set has a name");
+    }
+  }
+  dataset.ForEachChange([](const standalone::Change& change) {
+    Check(!standalone::OneLine(standalone::ToJson(change)).empty(), "a change can be shown");
+  });
+}
+
+void GoBack(const std::string& path) {
+  Dataset dataset(path);
+  const std::vector<standalone::StoredSet> before = dataset.SetsOfVersion(0);
+  Check(dataset.SaveSets(before, "undo") == Dataset::Saved::kDone, "nobody else writes");
+  Check(dataset.Sets() == before, "the sets are those of the version");
+}
+
+/// A dataset in which a check finds nothing can be read and changed.
+void CheckWhole(const std::string& path) {
+  bool isSound = true;
+  standalone::CheckReport report;
+  report.finding = [&isSound](const std::string& sentence) {
+    Check(!sentence.empty() && sentence.back() == '.', "a finding is a sentence");
+    isSound = false;
+  };
+  report.remark = [](const std::string&) {};
+  standalone::CheckDataset(path, {}, report);
+  try {
+    if (isSound) {
+      ReadAll(path);
+      ReadHistory(path);
+      SaveChangedSets(path);
+    }
+  } catch (const standalone::DatasetError& error) {
+    Fail(error.what());
+  }
+}
+
 void Act(unsigned choice, const std::string& path) {
   constexpr std::array<std::string_view, 6> kCommands = {
       "MRSET /DISPLAY NAME=ALL",
@@ -99,6 +143,12 @@ void Act(unsigned choice, const std::string& path) {
     SaveChangedSets(path);
   } else if (choice == 1) {
     ReplaceContents(path);
+  } else if (choice == 8) {
+    ReadHistory(path);
+  } else if (choice == 9) {
+    GoBack(path);
+  } else if (choice == 10) {
+    CheckWhole(path);
   } else {
     RunCommand(path, kCommands[choice % kCommands.size()]);
   }
@@ -121,7 +171,7 @@ void Try(std::string_view input) {
   Folder().Clear();
   Folder().Write(kDataset, bytes);
   AllowDatasetError([&path] { ReadAll(path); });
-  AllowDatasetError([&] { Act(choice / 2U % 8U, path); });
+  AllowDatasetError([&] { Act(choice / 2U % 11U, path); });
   AllowDatasetError([&path] { ReadAll(path); });
   CheckFolder();
 }

@@ -1,6 +1,7 @@
 #include "tests/fuzz/output_checks.h"
 
 #include <algorithm>
+#include <optional>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -10,9 +11,11 @@
 #include "standalone/output/excerpt.h"
 #include "standalone/output/json.h"
 #include "standalone/output/renderer.h"
+#include "standalone/output/table_writer.h"
 #include "standalone/output/text_table.h"
 #include "standalone/text/unicode.h"
 #include "tests/fuzz/check.h"
+#include "tests/fuzz/plain_csv.h"
 #include "tests/fuzz/script_oracle.h"
 
 namespace fuzz {
@@ -117,6 +120,48 @@ void CheckRenderers(const standalone::CommandResult& result, std::size_t width) 
   std::ostringstream json;
   standalone::MakeJsonRenderer(json)->Write(result);
   Check(Json::parse(json.str()).is_object(), "a result is an object");
+  Check(!ActsOnTerminal(json.str()), "JSON does not act on a terminal");
+}
+
+/// A page links nothing but its own places and has neither pictures nor scripts, whatever texts stand in it.
+void CheckPage(const standalone::CommandResult& result) {
+  std::ostringstream stream;
+  const auto renderer = standalone::MakeHtmlRenderer(stream, {result.text, true});
+  renderer->Write(result);
+  renderer->Finish();
+  const std::string page = stream.str();
+  Check(!ActsOnTerminal(page), "a page does not act on a terminal");
+  for (const char* element : {"<script", "<img", "<iframe", "<link"}) {
+    Check(page.find(element) == std::string::npos, "texts in a page are inert");
+  }
+  for (std::size_t at = page.find("<a "); at != std::string::npos; at = page.find("<a ", at + 1)) {
+    Check(page.compare(at, 10, "<a href=\"#") == 0, "a page leads nowhere else");
+  }
+}
+
+void CheckMarkdown(const standalone::CommandResult& result) {
+  std::ostringstream stream;
+  standalone::MakeMarkdownRenderer(stream)->Write(result);
+  Check(!ActsOnTerminal(stream.str()), "Markdown does not act on a terminal");
+}
+
+/// A row for each of the table's, all as long as the header.
+void CheckCsv(const standalone::CommandResult& result, const standalone::Table& table,
+              standalone::CsvCharacters characters) {
+  std::ostringstream stream;
+  std::ostringstream messages;
+  standalone::MakeCsvRenderer(stream, messages, characters)->Write(result);
+  const std::optional<Rows> rows = ReadPlainCsv(stream.str());
+  Check(rows && rows->size() == 1 + table.rows.size(), "a row of CSV for each of a table");
+  for (const std::vector<std::string>& row : *rows) {
+    Check(row.size() == rows->front().size(), "rows of CSV are as long as their header");
+  }
+  Check(!ActsOnTerminal(messages.str()), "messages do not act on a terminal");
+  if (characters == standalone::CsvCharacters::kVisible) {
+    std::string text = stream.str();
+    text.erase(std::remove(text.begin(), text.end(), '\r'), text.end());
+    Check(!ActsOnTerminal(text), "CSV for a terminal does not act on it");
+  }
 }
 
 /// Some characters of the text on one line, or none.
@@ -158,6 +203,10 @@ void CheckOutput(std::string_view text, std::size_t width) {
   result.hints = {std::string(text)};
   CheckExcerpt(result, *message.place, width);
   CheckRenderers(result, width);
+  CheckPage(result);
+  CheckMarkdown(result);
+  CheckCsv(result, table, standalone::CsvCharacters::kAsTheyAre);
+  CheckCsv(result, table, standalone::CsvCharacters::kVisible);
 }
 
 void CheckForeignJson(std::string_view text) {

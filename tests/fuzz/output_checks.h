@@ -6,8 +6,8 @@
 
 namespace fuzz {
 
-/// Fills templates, tables and messages with the lines of the text and renders them for a terminal of that width and as
-/// JSON; ends the process where that does not keep its contract.
+/// Fills templates, tables and messages with the lines of the text and renders them for a terminal of that width and in
+/// every other form; ends the process where that does not keep its contract.
 void CheckOutput(std::string_view text, std::size_t width);
 
 /// Any text that is JSON is an item or is refused.

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 #include <sqlite3.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -17,6 +18,7 @@ namespace standalone {
 namespace {
 
 constexpr const char* kMoved = " was moved or deleted by another program.";
+constexpr const char* kNoPermission = " cannot be written: there is no permission to write it or its folder.";
 
 // A plain name such as ":memory:" or "file:x?mode=memory" means something else to SQLite than a file of that name.
 std::string AsFilePath(const std::string& path) {
@@ -32,11 +34,10 @@ void RefuseFileLogic(sqlite3* connection) {
 
 // Of the call that has just failed. Where it failed at the end of a transaction, SQLite itself does not keep the
 // number.
-std::string SystemReason(sqlite3* connection) {
+int SystemErrno(sqlite3* connection) {
   const int last = errno;
   const int kept = sqlite3_system_errno(connection);
-  const int number = kept == 0 ? last : kept;
-  return number == 0 ? "input or output failed" : std::strerror(number);
+  return kept == 0 ? last : kept;
 }
 
 using Clock = std::chrono::steady_clock;
@@ -94,6 +95,7 @@ class Database::Implementation {
  private:
   [[noreturn]] void Fail(int result) const;
   std::string LockedSentence() const;
+  std::string SystemFailure(int number) const;
   bool Wait(int count);
 
   Clock::time_point fWaitBegan;
@@ -125,6 +127,15 @@ std::string Database::Implementation::LockedSentence() const {
                            InSeconds(fLockTimeout));
 }
 
+/// What stands behind the name. Permission may be taken away at any moment of a write; a file that can still be read
+/// cannot be written then.
+std::string Database::Implementation::SystemFailure(int number) const {
+  if (number == EACCES && access(fPath.c_str(), R_OK) == 0) {
+    return kNoPermission;
+  }
+  return fmt::format(" cannot be read or written: {}.", number == 0 ? "input or output failed" : std::strerror(number));
+}
+
 void Database::Implementation::Fail(int result) const {
   const int extended = fConnection == nullptr ? result : sqlite3_extended_errcode(fConnection);
   if (extended == SQLITE_READONLY_DBMOVED) {
@@ -141,12 +152,12 @@ void Database::Implementation::Fail(int result) const {
       throw DatasetError(fName + " is not a dataset.");
     case SQLITE_PERM:
     case SQLITE_READONLY:
-      throw ReadOnlyError(fName + " cannot be written: there is no permission to write it or its folder.");
+      throw ReadOnlyError(fName + kNoPermission);
     case SQLITE_FULL:
       throw DatasetError(fName + " cannot be written: the disk is full.");
     case SQLITE_IOERR:
     case SQLITE_CANTOPEN:
-      throw DatasetError(fName + " cannot be read or written: " + SystemReason(fConnection) + ".");
+      throw DatasetError(fName + SystemFailure(SystemErrno(fConnection)));
     case SQLITE_NOMEM:
       throw DatasetError(fName + " cannot be used: the memory does not suffice.");
     case SQLITE_TOOBIG:

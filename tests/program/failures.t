@@ -101,7 +101,7 @@ Permission that is taken away while a script runs, from somebody who depends on 
   $ chmod a-w "$place" "$place/s.mrset"; wait $!
   [2]
   $ cat error.txt; last=$(tail -1 out.txt | sed "s/.*LABEL='\([0-9]*\)'.*/\1/"); mrset sets "$place/s.mrset" --format json | grep -o "\"label\":\"$last\"" | sed "s/$last/LAST/"
-  mrset: s.mrset cannot be read or written: Permission denied.
+  mrset: s.mrset cannot be written: there is no permission to write it or its folder.
   "label":"LAST"
   $ by_somebody bin/mrset run s.mrset -c 'MRSET /DELETE NAME=ALL'
   mrset: s.mrset cannot be written: there is no permission to write it or its folder.

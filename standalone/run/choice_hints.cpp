@@ -51,15 +51,27 @@ bool IsCounted(const SetTally& tally, const CaseCell& cell) {
   return text != nullptr && Trimmed(*text) == tally.countedText;
 }
 
+/// Values that differ only in blanks at their ends are one.
+CaseCell WithoutTrailingBlanks(CaseCell cell) {
+  if (auto* text = std::get_if<std::string>(&cell)) {
+    text->erase(text->find_last_not_of(' ') + 1);
+  }
+  return cell;
+}
+
 void AddValue(VariableTally& variable, const CaseCell& cell) {
   const bool isMissing = std::holds_alternative<std::monostate>(cell);
+  if (isMissing || variable.hasMoreValues) {
+    return;
+  }
+  CaseCell value = WithoutTrailingBlanks(cell);
   const auto end = variable.values.end();
-  if (isMissing || variable.hasMoreValues || std::find(variable.values.begin(), end, cell) != end) {
+  if (std::find(variable.values.begin(), end, value) != end) {
     return;
   }
   variable.hasMoreValues = variable.values.size() == kMostShown;
   if (!variable.hasMoreValues) {
-    variable.values.push_back(cell);
+    variable.values.push_back(std::move(value));
   }
 }
 

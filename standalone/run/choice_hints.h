@@ -15,7 +15,8 @@ namespace standalone {
 class ChoiceHints {
  public:
   /// The hints after a command that found the sets `before` and leaves `after`: for each set that it made, either that
-  /// no case holds the counted value, with values that there are, or which variables no case has chosen.
+  /// no case holds the counted value, with values that there are, without blanks at their ends, or which variables no
+  /// case has chosen.
   std::vector<std::string> On(Dataset& dataset, const std::vector<StoredSet>& before,
                               const std::vector<StoredSet>& after);
 

@@ -30,7 +30,7 @@ TEST_F(ChoiceHintsTest, TellWhatTheCasesHold) {
       {"VARIABLES=t1 t2 VALUE='blue'", {}},
       {"VARIABLES=t1 t2 VALUE=' blue'", {}},
       {"VARIABLES=t1 t2 VALUE='red'", {"no case has chosen t2 of $a"}},
-      {"VARIABLES=t1 t2 VALUE='Red'", {"no case has the counted value Red of $a: t1 has 'blue ', 'red'"}},
+      {"VARIABLES=t1 t2 VALUE='Red'", {"no case has the counted value Red of $a: t1 has 'blue', 'red'"}},
   };
   for (const Row& row : rows) {
     EXPECT_EQ(Run("MRSET /MDGROUP NAME=$a " + row.definition).hints, row.hints) << row.definition;
@@ -95,6 +95,13 @@ TEST_F(ChoiceHintsTest, ListsAreShortened) {
             Texts{"no case has the counted value z of $s: v0 has 'a', 'b', 'c', 'd', 'e', '" + std::string(40, 'f') +
                   "...'"});
   EXPECT_EQ(HintsOn(hints, "wide.mrset", "a", 9), Texts{});
+}
+
+TEST_F(ChoiceHintsTest, ValuesThatDifferInBlanksAtTheirEndsAreOne) {
+  WriteCases("padded.mrset", 2, {"x", "x  ", "y ", "", "  ", " x"});
+  ChoiceHints hints;
+  EXPECT_EQ(HintsOn(hints, "padded.mrset", "z", 2),
+            Texts{"no case has the counted value z of $s: v0 has '', ' x', 'x', 'y'"});
 }
 
 TEST_F(ChoiceHintsTest, ManyVariablesThatNobodyChoseAreCounted) {

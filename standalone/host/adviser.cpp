@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <iterator>
 
-#include "standalone/language/grammar.h"
 #include "standalone/language/keywords.h"
 #include "standalone/language/nearest_name.h"
 #include "standalone/text/unicode.h"
@@ -15,6 +14,8 @@ namespace {
 
 /// A dictionary with more variables is not searched: that would take longer than the command.
 constexpr int kMostVariablesSearched = 100'000;
+
+constexpr std::string_view kCountedValueKeyword = "VALUE";
 
 std::string NeedsEquals(std::string_view keyword) {
   return fmt::format("the keyword {} needs \"=\" behind it", keyword);
@@ -80,30 +81,103 @@ std::optional<std::string> Adviser::OnKeyword(std::size_t token) const {
 }
 
 /// The module looks for keywords only where one may stand. So if the token before this one is a keyword that takes a
-/// value, and is no value itself, "=" must follow.
+/// value, and is no value itself, "=" must follow. Where the same keyword has its "=", this one may be one too many.
 std::optional<std::string> Adviser::OnMissingEquals(std::size_t token) const {
   const std::vector<Token>& tokens = fReading.Tokens();
   const bool mayMiss = token > 1 && fReading.TriedLast(token - 1) && tokens[token].symbol != kEqualsSymbol &&
                        tokens[token - 2].symbol != kEqualsSymbol;
-  const std::optional<std::string_view> keyword = mayMiss ? KeywordWithValueAt(token - 1) : std::nullopt;
-  return keyword ? std::optional(NeedsEquals(*keyword)) : std::nullopt;
-}
-
-std::optional<std::string> Adviser::OnUnknownVariable(std::size_t token) {
-  const std::optional<std::string_view> keyword = KeywordWithValueAt(token);
-  const std::optional<std::string> name = NearestVariable(fReading.Tokens()[token].text);
-  if (keyword && !name) {
-    return NeedsEquals(*keyword);
-  }
-  return name && !keyword ? std::optional(DidYouMean(*name)) : std::nullopt;
-}
-
-std::optional<std::string_view> Adviser::KeywordWithValueAt(std::size_t token) const {
-  const std::vector<Token>& tokens = fReading.Tokens();
-  if (!IsWord(tokens[token])) {
+  const Keyword* keyword = mayMiss ? KeywordAt(token - 1) : nullptr;
+  if (keyword == nullptr || !ValuesOf(*keyword, fReading.SubcommandOf(token - 1)).empty()) {
     return std::nullopt;
   }
-  return KeywordWithValue(ToUpper(tokens[fReading.SubcommandOf(token)].text), ToUpper(tokens[token].text));
+  return NeedsEquals(keyword->name);
+}
+
+std::optional<std::string> Adviser::OnUnknownVariable(std::size_t token, const ListTokens& list) {
+  try {
+    const Keyword* keyword = KeywordAt(token);
+    const bool lacksEquals = keyword != nullptr && LacksOnlyEquals(*keyword, token, list);
+    const std::optional<std::string> name = FittingVariable(token, list);
+    if (lacksEquals && !name) {
+      return NeedsEquals(keyword->name);
+    }
+    return name && !lacksEquals ? std::optional(DidYouMean(*name)) : std::nullopt;
+  } catch (const DatasetError&) {
+    return std::nullopt;  // no hint is worth a failed command
+  }
+}
+
+std::optional<std::string> Adviser::OnEnd() const {
+  const std::optional<std::size_t> subcommand = fReading.EmptySubcommand();
+  const SubcommandRule* rule = subcommand ? FindSubcommand(ToUpper(fReading.Tokens()[*subcommand].text)) : nullptr;
+  return rule == nullptr
+             ? std::nullopt
+             : std::optional(fmt::format("{} has no keywords: nothing of this command was carried out", rule->name));
+}
+
+const Keyword* Adviser::KeywordAt(std::size_t token) const {
+  const std::vector<Token>& tokens = fReading.Tokens();
+  const SubcommandRule* rule = FindSubcommand(ToUpper(tokens[fReading.SubcommandOf(token)].text));
+  return rule != nullptr && IsWord(tokens[token]) ? FindKeyword(*rule, ToUpper(tokens[token].text)) : nullptr;
+}
+
+/// What stands behind the keyword and its "=" in the subcommand that begins at a token, each time.
+std::vector<std::size_t> Adviser::ValuesOf(const Keyword& keyword, std::size_t subcommand) const {
+  const std::vector<Token>& tokens = fReading.Tokens();
+  const SubcommandRule* rule = FindSubcommand(ToUpper(tokens[subcommand].text));
+  const std::size_t end = rule == nullptr ? subcommand : fReading.EndOfSubcommand(subcommand);
+  std::vector<std::size_t> values;
+  for (std::size_t token = subcommand + 1; token + 1 < end; ++token) {
+    const bool mayBeKeyword = tokens[token + 1].symbol == kEqualsSymbol && IsWord(tokens[token]);
+    const Keyword* found = mayBeKeyword ? FindKeyword(*rule, ToUpper(tokens[token].text)) : nullptr;
+    if (found == &keyword) {
+      values.push_back(token + 2);
+    }
+  }
+  return values;
+}
+
+/// Whether a word of a list cannot but be meant as a keyword: behind it stands what only that keyword takes, and
+/// nothing else of the list.
+bool Adviser::LacksOnlyEquals(const Keyword& keyword, std::size_t token, const ListTokens& list) {
+  const std::vector<Token>& tokens = fReading.Tokens();
+  const std::size_t value = token + 1;
+  const bool endsRange = token > list.begin && IsRangeWord(tokens[token - 1]);
+  if (endsRange || !CanBeginValue(keyword, tokens[value]) || !ValuesOf(keyword, fReading.SubcommandOf(token)).empty()) {
+    return false;
+  }
+  switch (keyword.value) {
+    case ValueKind::kNewSetName:  // no variable's name begins as it does
+      return value < list.end;
+    case ValueKind::kOption:
+      return value + 1 == list.end && fDataset.FindVariable(tokens[value].text) < 0;
+    default:
+      return true;
+  }
+}
+
+/// A word that names a subcommand may rather lack its "/".
+std::optional<std::string> Adviser::FittingVariable(std::size_t token, const ListTokens& list) {
+  const std::vector<Token>& tokens = fReading.Tokens();
+  const bool namesSubcommand = FindSubcommand(ToUpper(tokens[token].text)) != nullptr;
+  const std::optional<std::string> name = namesSubcommand ? std::nullopt : NearestVariable(tokens[token].text);
+  const bool fits = name && FitsInList(fDataset, tokens, list, token, fDataset.FindVariable(*name),
+                                       KindOfCountedValue(fReading.SubcommandOf(token)));
+  return fits ? name : std::nullopt;
+}
+
+/// Nothing where there is no counted value, or several.
+std::optional<VariableKind> Adviser::KindOfCountedValue(std::size_t subcommand) const {
+  const std::vector<Token>& tokens = fReading.Tokens();
+  const SubcommandRule* rule = FindSubcommand(ToUpper(tokens[subcommand].text));
+  const Keyword* keyword = rule == nullptr ? nullptr : FindKeyword(*rule, kCountedValueKeyword);
+  const std::vector<std::size_t> values =
+      keyword == nullptr ? std::vector<std::size_t>() : ValuesOf(*keyword, subcommand);
+  if (values.size() != 1 || !CanBeginValue(*keyword, tokens[values.front()])) {
+    return std::nullopt;
+  }
+  const bool isNumber = tokens[values.front()].type == TokenSequenceBase::kNumber;
+  return isNumber ? VariableKind::kNumeric : VariableKind::kString;
 }
 
 std::optional<std::string> Adviser::NearestVariable(const std::string& name) {
@@ -111,19 +185,19 @@ std::optional<std::string> Adviser::NearestVariable(const std::string& name) {
     return std::nullopt;
   }
   NearestName nearest(name);
-  try {
-    fDataset.VisitVariableNames([&](std::string_view candidate) { nearest.Offer(candidate); });
-  } catch (const DatasetError&) {
-    return std::nullopt;  // no hint is worth a failed command
-  }
+  fDataset.VisitVariableNames([&](std::string_view candidate) { nearest.Offer(candidate); });
   return nearest.Result();
 }
 
+/// A set that was meant twice would be missing once.
 std::optional<std::string> Adviser::OnSets(const std::vector<std::string>& names) {
+  std::vector<std::optional<std::string>> nearest;
+  std::transform(names.begin(), names.end(), std::back_inserter(nearest),
+                 [&](const std::string& name) { return NearestSet(name); });
   std::vector<std::string> hints;
-  for (const std::string& name : names) {
-    if (const std::optional<std::string> nearest = NearestSet(name)) {
-      hints.push_back(names.size() == 1 ? *nearest : fmt::format("{} for {}", *nearest, name));
+  for (std::size_t index = 0; index < names.size(); ++index) {
+    if (nearest[index] && std::count(nearest.begin(), nearest.end(), nearest[index]) == 1) {
+      hints.push_back(names.size() == 1 ? *nearest[index] : fmt::format("{} for {}", *nearest[index], names[index]));
     }
   }
   return hints.empty() ? std::nullopt : std::optional(DidYouMean(fmt::format("{}", fmt::join(hints, ", "))));
@@ -150,7 +224,7 @@ std::optional<std::string> Adviser::NearestSet(const std::string& name) {
   }
   const std::optional<std::string> found = nearest.Result();
   const std::string setName = "$" + found.value_or("");
-  return found && !fReading.HoldsWord(setName) ? std::optional(setName) : std::nullopt;
+  return found && !fReading.HoldsName(setName) ? std::optional(setName) : std::nullopt;
 }
 
 bool Adviser::IsStored(const std::string& setName) const {

@@ -9,6 +9,8 @@
 #include "host/variable_sets.h"
 #include "standalone/data/dataset.h"
 #include "standalone/host/command_reading.h"
+#include "standalone/host/proposed_variable.h"
+#include "standalone/language/grammar.h"
 
 namespace standalone {
 
@@ -30,13 +32,20 @@ class Adviser {
   std::optional<std::string> OnMessage(const std::vector<std::string>& quoted);
 
   /// On a word in a list of variables that is the name of none.
-  std::optional<std::string> OnUnknownVariable(std::size_t token);
+  std::optional<std::string> OnUnknownVariable(std::size_t token, const ListTokens& list);
+
+  /// On a command that ended without saving.
+  std::optional<std::string> OnEnd() const;
 
  private:
   std::optional<std::string> OnKeyword(std::size_t token) const;
   std::optional<std::string> OnMissingEquals(std::size_t token) const;
   std::optional<std::string> OnSets(const std::vector<std::string>& names);
-  std::optional<std::string_view> KeywordWithValueAt(std::size_t token) const;
+  const Keyword* KeywordAt(std::size_t token) const;
+  std::vector<std::size_t> ValuesOf(const Keyword& keyword, std::size_t subcommand) const;
+  bool LacksOnlyEquals(const Keyword& keyword, std::size_t token, const ListTokens& list);
+  std::optional<std::string> FittingVariable(std::size_t token, const ListTokens& list);
+  std::optional<VariableKind> KindOfCountedValue(std::size_t subcommand) const;
   std::optional<std::string> NearestVariable(const std::string& name);
   std::optional<std::string> NearestSet(const std::string& name);
   bool IsStored(const std::string& setName) const;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "standalone/language/keywords.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {
@@ -17,8 +18,12 @@ std::string ValueKey(std::string_view value) {
   return "'" + std::string(value);
 }
 
-std::string KeyOf(const Token& token) {
-  return token.type == TokenSequenceBase::kString ? WordKey(token.text) : ValueKey(token.text);
+bool IsWord(const Token& token) {
+  return token.type == TokenSequenceBase::kString;
+}
+
+bool Names(const Token& token, std::string_view keyword) {
+  return IsWord(token) && NamesKeyword(ToUpper(token.text), keyword);
 }
 
 }  // namespace
@@ -31,6 +36,7 @@ void CommandReading::TryKeyword(std::string_view token, std::string_view keyword
   if (!TriedLast(*current)) {
     fTried = Tried{*current, {}, false};
   }
+  fHasMessage = false;
   fTried->isNamed = fTried->isNamed || isNamed;
   fTried->keywords.emplace_back(keyword);
 }
@@ -47,16 +53,17 @@ std::optional<std::size_t> CommandReading::TokenJustRead() const {
   return fHasEnded || (current && fCursor->wentBack) ? std::nullopt : current;
 }
 
-std::optional<std::size_t> CommandReading::TokenOfMessage(std::string_view quoted) const {
+std::optional<std::size_t> CommandReading::TokenOfMessage(const std::string& quoted) const {
   if (fHasEnded) {
-    return OnlyToken(quoted, 0, fTokens.size());
+    const std::vector<std::size_t> names = TwoTokens(WordKey(quoted), 0, fTokens.size());
+    return names.size() == 1 ? std::optional(names.front()) : std::nullopt;
   }
   const std::optional<std::size_t> current = CurrentToken();
   if (!current || !fCursor->wentBack) {
     return current;
   }
   const std::size_t keyword = SubcommandOf(*current);
-  const std::optional<std::size_t> culprit = OnlyToken(quoted, keyword + 1, *current + 1);
+  const std::optional<std::size_t> culprit = TokenQuoted(quoted, keyword + 1, *current + 1);
   return culprit ? culprit : keyword;
 }
 
@@ -70,37 +77,83 @@ std::size_t CommandReading::SubcommandOf(std::size_t token) const {
     return fLastSubcommand->second;
   }
   std::size_t begin = token;
-  while (begin > 0 && fTokens[begin].symbol != kSlashSymbol) {
+  while (begin > 0 && !BeginsSubcommand(begin)) {
     --begin;
   }
   fLastSubcommand = {token, std::min(begin + 1, fTokens.size() - 1)};
   return fLastSubcommand->second;
 }
 
-bool CommandReading::HoldsWord(std::string_view word) const {
-  return !TokensWith(WordKey(word)).empty();
+std::size_t CommandReading::EndOfSubcommand(std::size_t keyword) const {
+  std::size_t end = keyword + 1;
+  while (end + 1 < fTokens.size() && !BeginsSubcommand(end)) {
+    ++end;
+  }
+  return std::min(end, fTokens.size() - 1);
 }
 
-std::optional<std::size_t> CommandReading::OnlyToken(std::string_view text, std::size_t begin, std::size_t end) const {
-  std::vector<std::size_t> found;
-  for (const std::string& key : {WordKey(text), ValueKey(text)}) {
-    const std::vector<std::size_t>& all = TokensWith(key);
-    const auto first = std::lower_bound(all.begin(), all.end(), begin);
-    std::copy_n(first, std::min<std::ptrdiff_t>(2, std::lower_bound(first, all.end(), end) - first),
-                std::back_inserter(found));
+/// The module takes a quoted "/" for a symbol, but where a value is expected.
+bool CommandReading::BeginsSubcommand(std::size_t token) const {
+  const bool isQuoted = fTokens[token].type == TokenSequenceBase::kQuotedString;
+  return fTokens[token].symbol == kSlashSymbol ||
+         (isQuoted && fTokens[token].text == "/" && fTokens[token - 1].symbol != kEqualsSymbol);
+}
+
+/// For any other reason there would have been a message behind the last keyword that was recognised.
+std::optional<std::size_t> CommandReading::EmptySubcommand() const {
+  const bool isSilent = !fHasEnded && fTried && fTried->isNamed && !fHasMessage;
+  const bool isEmpty = isSilent && fTried->token + 1 < fTokens.size() && BeginsSubcommand(fTried->token + 1);
+  return isEmpty ? std::optional(fTried->token) : std::nullopt;
+}
+
+bool CommandReading::HoldsName(std::string_view name) const {
+  return !TokensWith(WordKey(name)).empty();
+}
+
+/// A text that is only a counted value may be quoted as the name of a variable that lies within a range.
+std::optional<std::size_t> CommandReading::TokenQuoted(const std::string& text, std::size_t begin,
+                                                       std::size_t end) const {
+  const std::vector<std::size_t> names = TwoTokens(WordKey(text), begin, end);
+  const std::vector<std::size_t> values = TwoTokens(ValueKey(text), begin, end);
+  if (names.size() + values.size() != 1) {
+    return std::nullopt;
   }
-  return found.size() == 1 ? std::optional(found.front()) : std::nullopt;
+  if (!names.empty()) {
+    return names.front();
+  }
+  return fIsVariable(text) ? std::nullopt : std::optional(values.front());
+}
+
+/// The first tokens with that key, two at most.
+std::vector<std::size_t> CommandReading::TwoTokens(const std::string& key, std::size_t begin, std::size_t end) const {
+  const std::vector<std::size_t>& all = TokensWith(key);
+  const auto first = std::lower_bound(all.begin(), all.end(), begin);
+  const auto last = std::lower_bound(first, all.end(), end);
+  return {first, first + std::min<std::ptrdiff_t>(2, last - first)};
 }
 
 const std::vector<std::size_t>& CommandReading::TokensWith(const std::string& key) const {
   static const std::vector<std::size_t> kNone;
   if (fTokensByKey.empty()) {
     for (std::size_t token = 0; token + 1 < fTokens.size(); ++token) {
-      fTokensByKey[KeyOf(fTokens[token])].push_back(token);
+      if (const std::optional<std::string> found = KeyOf(token)) {
+        fTokensByKey[*found].push_back(token);
+      }
     }
   }
-  const auto found = fTokensByKey.find(key);
-  return found == fTokensByKey.end() ? kNone : found->second;
+  const auto entry = fTokensByKey.find(key);
+  return entry == fTokensByKey.end() ? kNone : entry->second;
+}
+
+/// Under which the token is found as a name or a counted value; nothing when it is neither.
+std::optional<std::string> CommandReading::KeyOf(std::size_t token) const {
+  const bool isValue = token > 1 && fTokens[token - 1].symbol == kEqualsSymbol;
+  if (!IsWord(fTokens[token])) {
+    return isValue && Names(fTokens[token - 2], "VALUE") ? std::optional(ValueKey(fTokens[token].text)) : std::nullopt;
+  }
+  const bool isKeyword = fTokens[token + 1].symbol == kEqualsSymbol;
+  const bool isName = !isValue || Names(fTokens[token - 2], "NAME") || Names(fTokens[token - 2], "VARIABLES");
+  return isName && !isKeyword ? std::optional(WordKey(fTokens[token].text)) : std::nullopt;
 }
 
 }  // namespace standalone

@@ -37,7 +37,7 @@ Session::Session(Dataset& dataset, const ScriptCommand& command, const std::vect
                  const std::vector<StoredSet>& sets, const OutputSink& sink)
     : fDataset(dataset),
       fCommand(command),
-      fReading(tokens),
+      fReading(tokens, [&dataset](const std::string& name) { return dataset.FindVariable(name) >= 0; }),
       fSets(ToVariableSets(sets)),
       fAdviser(fReading, dataset, fSets),
       fSink(sink),
@@ -72,14 +72,16 @@ void Session::IssueMessage(Level level, const std::string& text, const std::vect
     message.place = PlaceOf(*token);
   }
   message.hint = fAdviser.OnMessage(quoted);
+  fReading.NoteMessage();
   Issue(message);
 }
 
-void Session::IssueProblem(const ListProblem& problem) {
+void Session::IssueProblem(const ListProblem& problem, const ListTokens& list) {
   Message message{Level::kError, problem.sentence, PlaceOf(problem.token)};
   if (problem.isUnknown) {
-    message.hint = fAdviser.OnUnknownVariable(problem.token);
+    message.hint = fAdviser.OnUnknownVariable(problem.token, list);
   }
+  fReading.NoteMessage();
   Issue(message);
 }
 

@@ -67,7 +67,10 @@ class Session {
   void IssueMessage(Level level, const std::string& text, const std::vector<Argument>& arguments);
 
   /// Issues what is wrong with a variable list.
-  void IssueProblem(const ListProblem& problem);
+  void IssueProblem(const ListProblem& problem, const ListTokens& list);
+
+  /// The host's hint on a command that came to its end without saving; nothing where its messages say enough.
+  std::optional<std::string> HintAtEnd() const { return fAdviser.OnEnd(); }
 
  private:
   Place PlaceOf(std::size_t token);

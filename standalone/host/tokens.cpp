@@ -92,7 +92,7 @@ bool ExistingVarList(const ZEVA_DataSource& /*dataSource*/, TokenSequenceBase& t
   const std::optional<standalone::ListProblem> problem =
       ReadVariableList(session.Tokens(), begin, last, LookupIn(session.Data()), indices);
   if (problem) {
-    session.IssueProblem(*problem);
+    session.IssueProblem(*problem, {begin, last});
   }
   return !problem;
 }

@@ -16,25 +16,10 @@ bool IsWord(const Token& token) {
   return token.type == TokenSequenceBase::kString;
 }
 
-// The words are in upper case.
-
-const SubcommandRule* FindSubcommand(std::string_view word) {
-  const std::vector<SubcommandRule>& rules = MrsetSubcommands();
-  const auto found = std::find_if(rules.begin(), rules.end(),
-                                  [&](const SubcommandRule& rule) { return NamesKeyword(word, rule.name); });
-  return found == rules.end() ? nullptr : &*found;
-}
-
 bool Names(std::string_view word, const Keyword& keyword) {
   return keyword.name == kLabelSource
              ? word.substr(0, kLabelSourceLetters) == kLabelSource.substr(0, kLabelSourceLetters)
              : NamesKeyword(word, keyword.name);
-}
-
-const Keyword* FindKeyword(const SubcommandRule& rule, std::string_view word) {
-  const auto found = std::find_if(rule.keywords.begin(), rule.keywords.end(),
-                                  [&](const Keyword& keyword) { return Names(word, keyword); });
-  return found == rule.keywords.end() ? nullptr : &*found;
 }
 
 /// The word that the token is, in upper case; empty, which names nothing, for any other token.
@@ -142,17 +127,11 @@ bool Follower::ReadValue(const Keyword& keyword) {
     case ValueKind::kNewSetName:
       return IsWord(fTokens[fNext++]);
     case ValueKind::kText:
-      return fTokens[fNext++].type == TokenSequenceBase::kQuotedString;
-    case ValueKind::kCountedValue: {
-      const TokenSequenceBase::TokenType type = fTokens[fNext++].type;
-      return type == TokenSequenceBase::kNumber || type == TokenSequenceBase::kQuotedString;
-    }
+    case ValueKind::kCountedValue:
     case ValueKind::kOption:
       break;
   }
-  const std::string word = WordOf(fTokens[fNext++]);
-  return std::any_of(keyword.options.begin(), keyword.options.end(),
-                     [&](std::string_view option) { return NamesKeyword(word, option); });
+  return CanBeginValue(keyword, fTokens[fNext++]);
 }
 
 bool Follower::ReadSetNames(const Keyword& keyword) {
@@ -216,10 +195,38 @@ Expectation ExpectedBehind(const std::vector<Token>& tokens, std::size_t count) 
   return Follower(tokens, count).Follow();
 }
 
-std::optional<std::string_view> KeywordWithValue(std::string_view subcommand, std::string_view word) {
-  const SubcommandRule* rule = FindSubcommand(subcommand);
-  const Keyword* keyword = rule == nullptr ? nullptr : FindKeyword(*rule, word);
-  return keyword == nullptr ? std::nullopt : std::optional(keyword->name);
+const SubcommandRule* FindSubcommand(std::string_view word) {
+  const std::vector<SubcommandRule>& rules = MrsetSubcommands();
+  const auto found = std::find_if(rules.begin(), rules.end(),
+                                  [&](const SubcommandRule& rule) { return NamesKeyword(word, rule.name); });
+  return found == rules.end() ? nullptr : &*found;
+}
+
+const Keyword* FindKeyword(const SubcommandRule& rule, std::string_view word) {
+  const auto found = std::find_if(rule.keywords.begin(), rule.keywords.end(),
+                                  [&](const Keyword& keyword) { return Names(word, keyword); });
+  return found == rule.keywords.end() ? nullptr : &*found;
+}
+
+bool CanBeginValue(const Keyword& keyword, const Token& token) {
+  const bool isQuoted = token.type == TokenSequenceBase::kQuotedString;
+  switch (keyword.value) {
+    case ValueKind::kNewSetName:
+      return IsWord(token) && token.text[0] == '$';
+    case ValueKind::kSetNames:
+      return token.symbol == kOpeningBracketSymbol || token.symbol == kAllSymbol;
+    case ValueKind::kText:
+      return isQuoted;
+    case ValueKind::kCountedValue:
+      return isQuoted || token.type == TokenSequenceBase::kNumber;
+    case ValueKind::kVariables:
+      return IsWord(token) && token.text[0] != '$';
+    case ValueKind::kOption:
+      break;
+  }
+  const std::string word = WordOf(token);
+  return std::any_of(keyword.options.begin(), keyword.options.end(),
+                     [&](std::string_view option) { return NamesKeyword(word, option); });
 }
 
 bool IsRangeWord(const Token& token) {

@@ -64,9 +64,16 @@ struct Expectation {
 /// What can follow the first `count` tokens of a command; the end of the command is none of them.
 Expectation ExpectedBehind(const std::vector<Token>& tokens, std::size_t count);
 
-/// The keyword with "=" and a value that a word names in a subcommand of MRSET; nothing when it names none there. Both
-/// words are in upper case and may be shortened.
-std::optional<std::string_view> KeywordWithValue(std::string_view subcommand, std::string_view word);
+// Words are in upper case and may be shortened.
+
+/// The subcommand that a word names; null when it names none.
+const SubcommandRule* FindSubcommand(std::string_view word);
+
+/// The keyword with "=" and a value that a word names in a subcommand; null when it names none there.
+const Keyword* FindKeyword(const SubcommandRule& rule, std::string_view word);
+
+/// Whether a value of the keyword can begin with the token.
+bool CanBeginValue(const Keyword& keyword, const Token& token);
 
 /// Whether the token is the word TO of a list of variables.
 bool IsRangeWord(const Token& token);

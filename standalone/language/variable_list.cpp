@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <unordered_set>
 
-#include "standalone/text/unicode.h"
+#include "standalone/language/grammar.h"
 
 namespace standalone {
 namespace {
@@ -112,7 +112,7 @@ bool ListReader::IsWord(std::size_t index) const {
 }
 
 bool ListReader::IsTo(std::size_t index) const {
-  return IsWord(index) && CompareNoCase(fTokens[index].text, "TO") == 0;
+  return index < fEnd && IsRangeWord(fTokens[index]);
 }
 
 std::string ListReader::RangeWithoutBeginning() const {
@@ -121,6 +121,17 @@ std::string ListReader::RangeWithoutBeginning() const {
 }
 
 }  // namespace
+
+std::vector<ListItem> ListItems(const std::vector<Token>& tokens, std::size_t begin, std::size_t end) {
+  std::vector<ListItem> items;
+  for (std::size_t index = begin; index < end; ++index) {
+    const std::size_t first = index;
+    const bool isRange = !IsRangeWord(tokens[first]) && first + 2 < end && IsRangeWord(tokens[first + 1]);
+    index += isRange ? 2 : 0;
+    items.push_back({first, index});
+  }
+  return items;
+}
 
 std::optional<ListProblem> ReadVariableList(const std::vector<Token>& tokens, std::size_t begin, std::size_t end,
                                             const VariableLookup& lookup, std::vector<int>& positions) {

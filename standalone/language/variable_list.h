@@ -18,6 +18,15 @@ struct VariableLookup {
   std::function<std::string(int position)> name;     ///< name of the variable at a position
 };
 
+/// One item of a variable list: a name, or a range from one name to another. Tokens by index.
+struct ListItem {
+  std::size_t first = 0;
+  std::size_t last = 0;  ///< of a single name, the same as `first`
+};
+
+/// The items in the tokens [begin, end), right or wrong; a TO that makes no range is an item by itself.
+std::vector<ListItem> ListItems(const std::vector<Token>& tokens, std::size_t begin, std::size_t end);
+
 /// What is wrong with a variable list.
 struct ListProblem {
   std::string sentence;    ///< names the culprit

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <optional>
 #include <utility>
 
 #include "standalone/host/adviser.h"
@@ -90,6 +91,9 @@ bool CommandRunner::TryRun(const ScriptCommand& command, const std::vector<Token
   Session session(fDataset, command, tokens, before, fSink);
   fMrset();
   if (!session.SavedSets()) {
+    if (const std::optional<std::string> hint = session.HintAtEnd()) {
+      fTell(HintGiven{*hint});
+    }
     fDataset.EndCommand();
     return true;
   }

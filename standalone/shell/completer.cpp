@@ -7,6 +7,7 @@
 
 #include "standalone/language/blanks.h"
 #include "standalone/language/grammar.h"
+#include "standalone/language/variable_list.h"
 #include "standalone/shell/help.h"
 #include "standalone/shell/shell_command.h"
 #include "standalone/text/unicode.h"
@@ -369,11 +370,9 @@ void Completer::AddCountedValues(const Expectation& expectation) {
 
 std::vector<Range> Completer::RangesOf(std::size_t begin, std::size_t end) {
   std::vector<Range> ranges;
-  for (std::size_t index = begin; index < end; ++index) {
-    const int first = fSource.FindVariable(fTokens[index].text);
-    const bool isRange = index + 2 < end && IsRangeWord(fTokens[index + 1]);
-    index += isRange ? 2 : 0;
-    const int last = isRange ? fSource.FindVariable(fTokens[index].text) : first;
+  for (const ListItem& item : ListItems(fTokens, begin, end)) {
+    const int first = fSource.FindVariable(fTokens[item.first].text);
+    const int last = item.last == item.first ? first : fSource.FindVariable(fTokens[item.last].text);
     if (first >= 0 && last >= first) {
       ranges.emplace_back(first, last);
     }

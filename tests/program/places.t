@@ -103,6 +103,27 @@ A long line is cut around the place.
                                            ^^
   [1]
 
+A label that says what a message says is not what the message is about.
+
+  $ mrset run s.mrset --dry-run -c 'MRSET /MDGROUP NAME=$d LABEL="t1" VARIABLES=q1 TO t2 VALUE=1' -c 'MRSET /MCGROUP NAME=$x VARIABLES=q1 q2 LABEL="$y" /DELETE NAME=[$y]'
+  1> MRSET /MDGROUP NAME=$d LABEL="t1" VARIABLES=q1 TO t2 VALUE=1
+  Warning: CountVal 1 label different in the variables.
+    -c 1, line 1, column 60:
+      MRSET /MDGROUP NAME=$d LABEL="t1" VARIABLES=q1 TO t2 VALUE=1
+                                                                 ^
+  Warning: CountVal 1 label different in the variables.
+  Error: t1 variable has a different type.
+    -c 1, line 1, column 8:
+      MRSET /MDGROUP NAME=$d LABEL="t1" VARIABLES=q1 TO t2 VALUE=1
+             ^^^^^^^
+  
+  2> MRSET /MCGROUP NAME=$x VARIABLES=q1 q2 LABEL="$y" /DELETE NAME=[$y]
+  Warning: $y MRSET can not be found in the dataset.
+    -c 2, line 1, column 65:
+      MRSET /MCGROUP NAME=$x VARIABLES=q1 q2 LABEL="$y" /DELETE NAME=[$y]
+                                                                      ^^
+  [1]
+
 JSON: characters, from 1; a length of 0 is the end of the command.
 
   $ printf 'MRSET /MCGROUP NAME=$a LABEL="日本語" VARIABLES=q1 été.\nMRSET\n /DISLPAY.\nMRSET\n .' > json.script
@@ -152,3 +173,16 @@ A hint that would not be sure is none: other digits, several names that are as n
 
   $ mrset run s.mrset -c 'MRSET /MCGROUP NAME=$x VARIABLES=q1 q4' -c 'MRSET /MGROUP NAME=$x' -c 'MRSET /DELETE NAME=[$some] /DISPLAY NAME=[$soem]' | grep hint
   [1]
+
+Nor is a keyword that has its "=", a variable that is in the list, or one of the other kind.
+
+  $ mrset run s.mrset -c 'MRSET /MDGROUP NAME=$d VARIABLES=q1 value q2 VALUE=1' -c 'MRSET /MDGROUP NAME=$d LABEL="x" VARIABLES=q1 q2 lab VALUE=1' | grep hint
+  [1]
+
+A subcommand without keywords ends the command without a message. The hint says so.
+
+  $ mrset run s.mrset -c 'MRSET /MDGROUP /DISPLAY NAME=ALL'
+  1> MRSET /MDGROUP /DISPLAY NAME=ALL
+  hint: MDGROUP has no keywords: nothing of this command was carried out
+  $ mrset run s.mrset -c 'MRSET /MDGROUP /DISPLAY NAME=ALL' --format json
+  {"command":1,"line":1,"text":"MRSET /MDGROUP /DISPLAY NAME=ALL","procedure":"Multiple Response Set","status":"ok","items":[],"source":"-c 1","hints":["MDGROUP has no keywords: nothing of this command was carried out"]}

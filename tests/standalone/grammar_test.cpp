@@ -44,7 +44,35 @@ TEST(Grammar, KeywordsWithValuesBelongToTheirSubcommands) {
       {"OTHER", "NAME", ""},
   };
   for (const Row& row : rows) {
-    EXPECT_EQ(KeywordWithValue(row.subcommand, row.word).value_or(""), row.keyword) << row.subcommand << row.word;
+    const SubcommandRule* rule = FindSubcommand(row.subcommand);
+    const Keyword* keyword = rule == nullptr ? nullptr : FindKeyword(*rule, row.word);
+    EXPECT_EQ(keyword == nullptr ? "" : keyword->name, row.keyword) << row.subcommand << row.word;
+  }
+}
+
+TEST(Grammar, ValuesBelongToTheirKeywords) {
+  struct Row {
+    std::string_view subcommand;
+    std::string_view keyword;
+    std::string values;  ///< of those tried
+  };
+  const std::string all = "$a q1 'x' 5 [ ALL = VARLABEL varlabels COU";
+  const std::vector<Row> rows = {
+      {"MDGROUP", "NAME", "$a "},
+      {"MDGROUP", "LABEL", "'x' "},
+      {"MDGROUP", "LABELSOURCE", "VARLABEL "},
+      {"MDGROUP", "CATEGORYLABELS", "VARLABEL varlabels COU "},
+      {"MDGROUP", "VALUE", "'x' 5 "},
+      {"MCGROUP", "VARIABLES", "q1 VARLABEL varlabels COU "},
+      {"DELETE", "NAME", "[ ALL "},
+  };
+  for (const Row& row : rows) {
+    std::string values;
+    for (const Token& token : Tokenize(all)) {
+      const bool isValue = CanBeginValue(*FindKeyword(*FindSubcommand(row.subcommand), row.keyword), token);
+      values += isValue ? all.substr(token.offset, token.length) + " " : "";
+    }
+    EXPECT_EQ(values, row.values) << row.subcommand << " " << row.keyword;
   }
 }
 

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <cctype>
+#include <optional>
 #include <random>
 #include <string>
 #include <vector>
 
+#include "standalone/data/dataset.h"
 #include "tests/standalone/command_run.h"
 
 namespace standalone {
@@ -76,6 +78,13 @@ TEST_F(Hints, TellWhereEqualsIsMissing) {
       {"MRSET /MDGROUP NAME=$a VARIABLES=q1 q2 VALUE 1", "the keyword VALUE needs \"=\" behind it"},
       {"MRSET /MDGROUP VARIABLES=q1 q2 val 1 NAME=$a", "the keyword VALUE needs \"=\" behind it"},
       {"MRSET /MCGROUP VARIABLES=q1 q2 NAME $a", "the keyword NAME needs \"=\" behind it"},
+      {"MRSET /MCGROUP VARIABLES=q1 q2 NAME $a LABEL='x'", "the keyword NAME needs \"=\" behind it"},
+      {"MRSET /MDGROUP VARIABLES=t1 t2 VALUE 'red' NAME=$a", "the keyword VALUE needs \"=\" behind it"},
+      {"MRSET /MDGROUP NAME=$a VARIABLES=q1 q2 CAT COUNTED VALUE=1",
+       "the keyword CATEGORYLABELS needs \"=\" behind it"},
+      {"MRSET /MDGROUP NAME=$a VARIABLES=q1 q2 LABELSOURCE VARLABEL", "the keyword LABELSOURCE needs \"=\" behind it"},
+      {"MRSET /MDGROUP NAME=$b VARIABLES=q2 q3 VALUE=1 /MDGROUP NAME=$a VARIABLES=q1 q2 VALUE 1",
+       "the keyword VALUE needs \"=\" behind it"},
   });
 }
 
@@ -89,6 +98,20 @@ TEST_F(Hints, TellOfNoEqualsWhereNoneIsMissing) {
       {"MRSET /DISPLAY NAME=$a", ""},
       {"MRSET /MCGROUP NAME=$a VARIABLES=q1 q2 VALUE 1", ""},    // MCGROUP has no VALUE
       {"MRSET /MCGROUP NAME=$a VARIABLES=q1 q2 LABEL 'x'", ""},  // the variable labels may be meant
+      {"MRSET /MDGROUP NAME=$a VARIABLES=q1 value q2 VALUE=1", ""},
+      {"MRSET /MDGROUP VALUE=1 NAME=$a VARIABLES=q1 q2 val 1", ""},
+      {"MRSET /MDGROUP NAME=$a LABEL='a' VARIABLES=q1 q2 lab VALUE=1", ""},
+      {"MRSET /MDGROUP NAME=$a VARIABLES=q1 q2 lab VALUE=1", ""},
+      {"MRSET /MDGROUP NAME=$a VARIABLES=cat q1 VALUE=1", ""},
+      {"MRSET /MDGROUP NAME=$a VARIABLES=lab q1 VALUE=1", ""},
+      {"MRSET /MDGROUP NAME=$a VARIABLES=q1 val VALUE=1", ""},
+      {"MRSET /MDGROUP VARIABLES=q1 q2 NAME q3 VALUE=1", ""},
+      {"MRSET /MDGROUP VARIABLES=q1 q2 NAME $a=1", ""},
+      {"MRSET /MDGROUP NAME=$a VARIABLES=q1 TO VALUE 1", ""},
+      {"MRSET /MDGROUP NAME=$a VARIABLES=q1 CAT VARLABELS q2 VALUE=1", ""},
+      {"MRSET /MDGROUP NAME=$a VARIABLES=q1 q2 CAT 'x' VALUE=1", ""},
+      {"MRSET /MDGROUP NAME NAME=$a VARIABLES=q1 q2 VALUE=1", ""},
+      {"MRSET /MDGROUP NAME=$a VALUE VARIABLES=q1 q2 VALUE=1", ""},
   });
 }
 
@@ -105,6 +128,91 @@ TEST_F(Hints, ProposeTheNearestVariable) {
   });
 }
 
+/// The dataset with numeric drink1 to drink5, then strings topping1 to topping4, then numeric minutes and deletes.
+class HintsOnLists : public Hints {
+ protected:
+  HintsOnLists() {
+    DatasetWriter writer(kFile, true);
+    std::vector<Variable> variables;
+    for (const char* name : {"drink1", "drink2", "drink3", "drink4", "drink5"}) {
+      variables.push_back({name, 0, std::nullopt, {}});
+    }
+    for (const char* name : {"topping1", "topping2", "topping3", "topping4"}) {
+      variables.push_back({name, 5, std::nullopt, {}});
+    }
+    variables.push_back({"minutes", 0, std::nullopt, {}});
+    variables.push_back({"deletes", 0, std::nullopt, {}});
+    writer.SetVariables(variables);
+    writer.AddCase({"1", "1", "1", "1", "1", "a", "a", "a", "a", "1", "1"});
+    writer.Commit();
+  }
+
+  static void ExpectOnLists(const std::vector<Row>& rows) {
+    for (const Row& row : rows) {
+      EXPECT_EQ(HintOn("MRSET /MDGROUP NAME=$a VARIABLES=" + row.command), row.hint) << row.command;
+    }
+  }
+};
+
+TEST_F(HintsOnLists, ProposeNoVariableThatIsListed) {
+  ExpectOnLists({
+      {"drink1 drink2 drnk3 VALUE=1", "did you mean drink3?"},
+      {"drink1 drink2 drnk2 VALUE=1", ""},
+      {"drnk2 drink1 DRINK2 VALUE=1", ""},
+      {"drink1 TO drink5 drnk3 VALUE=1", ""},
+      {"drnk3 drink1 TO drink5 VALUE=1", ""},
+      {"drink1 TO drink2 drnk3 drink4 TO drink5 VALUE=1", "did you mean drink3?"},
+      {"drink2 drink1 TO drnk5 VALUE=1", ""},
+      {"drink5 drnk2 TO drink4 VALUE=1", "did you mean drink2?"},
+      {"drink3 drnk2 TO drink4 VALUE=1", ""},
+      {"drnk2 TO nosuch drink2 VALUE=1", ""},
+      {"drnk1 drnk2 drink3 VALUE=1", "did you mean drink1?"},
+      {"drnk1 nosuch TO drink1 VALUE=1", ""},
+      {"drnk1 drink1 TO nosuch VALUE=1", ""},
+      {"drnk1 TO drnk2 drink3 VALUE=1", "did you mean drink1?"},
+  });
+}
+
+TEST_F(HintsOnLists, ProposeNoVariableOfAnotherKind) {
+  ExpectOnLists({
+      {"drink1 toppin1 VALUE=1", ""},
+      {"toppin1 drink1 VALUE=1", ""},
+      {"topping1 TO toppin3 VALUE='a'", "did you mean topping3?"},
+      {"topping1 minuts VALUE='a'", ""},
+      {"topping1 TO topping3 minuts VALUE='a'", ""},
+      {"drink1 TO minuts VALUE=1", ""},  // which would take in the strings between
+      {"drink1 TO toppin2 VALUE=1", ""},
+      {"drink1 toppin1 VALUE='a'", ""},
+      {"drink1 minuts VALUE='a'", "did you mean minutes?"},
+      {"toppin1 nosuch VALUE=1", ""},  // the counted value alone tells the kind
+      {"toppin1 nosuch VALUE='a'", "did you mean topping1?"},
+      {"minuts nosuch VALUE='a'", ""},
+      {"minuts nosuch VALUE=1", "did you mean minutes?"},
+      {"minuts nosuch VALUE=1 VALUE='a'", "did you mean minutes?"},
+      {"minuts nosuch VALUE=x", "did you mean minutes?"},
+      {"minuts nosuch", "did you mean minutes?"},
+  });
+  EXPECT_EQ(HintOn("MRSET /MCGROUP NAME=$a VARIABLES=toppin1 topping2"), "did you mean topping1?");
+  EXPECT_EQ(HintOn("MRSET /MCGROUP NAME=$a VARIABLES=toppin1 drink2"), "");
+}
+
+TEST_F(HintsOnLists, ProposeNoReversedRange) {
+  ExpectOnLists({
+      {"drink3 TO drnk1 VALUE=1", ""},
+      {"drnk3 TO drink1 VALUE=1", ""},
+      {"drink3 TO drnk3 VALUE=1", ""},
+      {"drnk3 TO drink5 VALUE=1", "did you mean drink3?"},
+      {"drink3 TO drnk5 VALUE=1", "did you mean drink5?"},
+  });
+}
+
+TEST_F(HintsOnLists, ProposeNoVariableForASubcommand) {
+  ExpectOnLists({
+      {"drink1 drink2 DELETE NAME=[$a]", ""},
+      {"drink1 drink2 DELETS VALUE=1", "did you mean deletes?"},
+  });
+}
+
 TEST_F(Hints, ProposeTheNearestSet) {
   Run("MRSET /MCGROUP NAME=$likes VARIABLES=q1 q2 /MCGROUP NAME=$Colours VARIABLES=t1 t2", false);
   Expect({
@@ -113,6 +221,8 @@ TEST_F(Hints, ProposeTheNearestSet) {
       {"MRSET /DISPLAY NAME=[$lieks $none $colors]", "did you mean $likes for $lieks, $Colours for $colors?"},
       {"MRSET /DISPLAY NAME=[$none]", ""},
       {"MRSET /DISPLAY NAME=[likes]", ""},
+      {"MRSET /DISPLAY NAME=[$lieks $liks $colors]", "did you mean $Colours for $colors?"},
+      {"MRSET /DISPLAY NAME=[$lieks $lieks]", ""},
   });
 }
 
@@ -126,6 +236,49 @@ TEST_F(Hints, ProposeNoSetThatTheCommandItselfMayHaveChanged) {
       {"MRSET /DISPLAY NAME=ALL /DELETE NAME=[$lieks]", ""},  // cautious: there is a DELETE and an ALL
       {"MRSET /DELETE NAME=[$other] /DISPLAY NAME=[$lieks]", "did you mean $likes?"},
   });
+}
+
+using HintsOfTheCommand = CommandRunTest;
+
+// The module gives such a command up without a message.
+TEST_F(HintsOfTheCommand, NameTheSubcommandWithoutKeywords) {
+  struct CommandRow {
+    std::string command;
+    std::vector<std::string> hints;
+  };
+  const auto isEmpty = [](const std::string& name) {
+    return std::vector<std::string>{name + " has no keywords: nothing of this command was carried out"};
+  };
+  const std::string define = "MRSET /MCGROUP NAME=$a VARIABLES=q1 q2 ";
+  const std::vector<CommandRow> rows = {
+      {"MRSET /MDGROUP /DISPLAY NAME=ALL", isEmpty("MDGROUP")},
+      {"MRSET MDG /", isEmpty("MDGROUP")},
+      {"MRSET /mcg\n/DISPLAY NAME=ALL", isEmpty("MCGROUP")},
+      {define + "/DIS / DELETE NAME=ALL", isEmpty("DISPLAY")},
+      {define + "/DISPLAY NAME=ALL /DELETE / DELETE", isEmpty("DELETE")},
+      {define + "/DISPLAY '/' DISPLAY NAME=ALL", isEmpty("DISPLAY")},
+      {"MRSET /MDGROUP NAME=$a VARIABLES=q1 q3 VALUE=0.5 /MCGROUP /DISPLAY NAME=ALL", isEmpty("MCGROUP")},
+      {"MRSET /MDGROUP LABEL='/' DISPLAY / DELETE", {}},  // a message says why
+      {"MRSET /MDGROUP x=1 /DISPLAY NAME=ALL", {}},
+      {"MRSET /MDGROUP NAME=$a /DISPLAY NAME=ALL", {}},
+      {"MRSET /DISPLAY NAME=ALL /", {}},
+      {"MRSET / /DISPLAY", {}},
+      {"MRSET /DISPLAY", {}},
+      {"MRSET /DISPLAY ALL /DISPLAY", {}},
+      {"MRSET /DISPLAY NAME=]", {}},
+      {"MRSET /DISPLAY NAME=[] /DISPLAY NAME=ALL", {}},
+      {define + "/DISPLAY NAME=ALL", {}},
+  };
+  for (const CommandRow& row : rows) {
+    EXPECT_EQ(Run(row.command).hints, row.hints) << row.command;
+  }
+}
+
+TEST_F(HintsOfTheCommand, OnASubcommandWithoutKeywordsComesWithNothingDone) {
+  const Told told = Run("MRSET /MCGROUP NAME=$a VARIABLES=q1 q2 /DISPLAY /DISPLAY NAME=ALL", false);
+  EXPECT_EQ(told.hints.size(), 1U);
+  EXPECT_TRUE(told.items.empty());
+  EXPECT_TRUE(Dataset(kFile).Sets().empty());
 }
 
 TEST_F(Hints, DoNotSearchForNamesWithoutEnd) {

@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "standalone/data/dataset.h"
 #include "tests/standalone/command_run.h"
 
 namespace standalone {
@@ -123,11 +125,49 @@ TEST_F(MessagesOnASubcommand, StandAtTheOnlyTokenThatTheyQuoteElseAtItsKeyword) 
        "No countedval label for variable q3..."},
       {"MRSET /MDGROUP NAME=$a VALUE=1 VARIABLES=q1 <q3>", "Duplicate label found for variable q3."},
       {"MRSET /MDGROUP NAME=$a VALUE=<1> VARIABLES=q1 q2", "CountVal 1 label different in the variables."},
-      {"MRSET /<MDGROUP> NAME=$a VALUE=1 LABEL='1' VARIABLES=q1 q2", "CountVal 1 label different in the variables."},
+      {"MRSET /MDGROUP NAME=$a VALUE=<1> LABEL='1' VARIABLES=q1 q2", "CountVal 1 label different in the variables."},
       {"MRSET /MDGROUP NAME=<$a> VALUE='1' VARIABLES=q2 q3", "$a:variables are numbers and countedval is string."},
       {"MRSET /MDGROUP NAME=<$a> VALUE=1 VARIABLES=t1 t2", "$a:variables are string and countedval is number."},
       {"MRSET /MDGROUP NAME=<$a> VALUE=1 VARIABLES=q2 q3 LABELSOURCE=VARLABEL",
        "$a:LABELSOURCE=VARLABEL requires CATEGORYLABELS=COUNTEDVALUES..."},
+  });
+}
+
+// Neither a label nor a keyword nor its option is ever quoted.
+TEST_F(MessagesOnASubcommand, StandAtNoTokenThatTheyCannotQuote) {
+  Expect({
+      {"MRSET /<MCGROUP> NAME=$a LABEL='t1' VARIABLES=q1 TO t2", "t1 variable has a different type."},
+      {"MRSET /MCGROUP NAME=<$a> LABEL='$a'", "MCGROUP $a has no variable names."},
+      {"MRSET /MDGROUP NAME=$a VALUE=1 LABEL='q3' VARIABLES=q1 <q3>", "Duplicate label found for variable q3."},
+      {"MRSET /<MDGROUP> NAME=$a VALUE='$a' VARIABLES=q2 q3", "$a:variables are numbers and countedval is string."},
+      {"MRSET /<MDGROUP> NAME=$a VALUE='t1' VARIABLES=region TO t2", "t1 variable has a different type."},
+      {"MRSET /MDGROUP NAME=$a VALUE=1 VARIABLES=q2 q3 '/' <MDGROUP> LABEL='x'", "MDGROUP has no name."},
+  });
+}
+
+/// Variables with the names of keywords and options.
+class MessagesOnVariablesNamedLikeKeywords : public Rows {
+ protected:
+  MessagesOnVariablesNamedLikeKeywords() {
+    DatasetWriter writer(kFile, true);
+    writer.SetVariables({{"t1", 5, std::nullopt, {}},
+                         {"label", 0, std::nullopt, {}},
+                         {"t2", 5, std::nullopt, {}},
+                         {"varlabels", 0, std::nullopt, {}},
+                         {"t3", 5, std::nullopt, {}}});
+    writer.Commit();
+  }
+};
+
+TEST_F(MessagesOnVariablesNamedLikeKeywords, StandAtTheirNamesAlone) {
+  Expect({
+      {"MRSET /<MCGROUP> NAME=$a LABEL='x' VARIABLES=t1 TO t2", "label variable has a different type."},
+      {"MRSET /MCGROUP NAME=$a LABEL='x' VARIABLES=t1 <label> t2", "label variable has a different type."},
+      {"MRSET /<MDGROUP> NAME=$a CATEGORYLABELS=VARLABELS VARIABLES=t2 TO t3 VALUE='x'",
+       "varlabels variable has a different type."},
+      {"MRSET /MDGROUP NAME=$a CATEGORYLABELS=VARLABELS VARIABLES=t2 <varlabels> VALUE='x'",
+       "varlabels variable has a different type."},
+      {"MRSET /MDGROUP NAME=$a VARIABLES=<label> VALUE='x' LABEL='label'", "Only one variable label was found."},
   });
 }
 
@@ -139,6 +179,10 @@ TEST_F(MessagesOfTheApplyPhase, StandAtTheOnlyTokenThatTheyQuoteElseNowhere) {
       {"MRSET /DISPLAY NAME=[$a]", "No MRSET to display"},
       {"MRSET /DELETE NAME=[<$a>]", "$a MRSET can not be found in the dataset."},
       {"MRSET /DELETE NAME=[$a] /DELETE NAME=[$A]", "$a MRSET can not be found in the dataset."},
+      {"MRSET /MCGROUP NAME=$x VARIABLES=q1 q2 LABEL='$a' /DELETE NAME=[<$a>]",
+       "$a MRSET can not be found in the dataset."},
+      {"MRSET /MDGROUP NAME=$x VARIABLES=t1 t2 VALUE='$a' /DELETE NAME=[<$a>]",
+       "$a MRSET can not be found in the dataset."},
       {"MRSET /MCGROUP NAME=$x VARIABLES=q1 q2 /DISPLAY NAME=[$x <$a> $b]",
        "One or more of the sets specified do not exist... $a, $b"},
   });

@@ -4,6 +4,7 @@
 
 #include <numeric>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "standalone/text/unicode.h"
@@ -42,6 +43,26 @@ void ExpectLists(const std::vector<Row>& rows) {
     EXPECT_EQ(problem ? problem->sentence : "", row.sentence);
     EXPECT_EQ(problem.has_value(), !row.sentence.empty());
     EXPECT_EQ(positions, row.positions);
+  }
+}
+
+TEST(VariableList, IsSplitIntoItemsRightOrWrong) {
+  const std::vector<std::pair<std::string, std::vector<std::pair<std::size_t, std::size_t>>>> rows = {
+      {"", {}},
+      {"q1 q2", {{0, 0}, {1, 1}}},
+      {"q1 TO q3 q5", {{0, 2}, {3, 3}}},
+      {"q1 q2 to nosuch", {{0, 0}, {1, 3}}},
+      {"q1 TO", {{0, 0}, {1, 1}}},
+      {"TO q1 TO q2", {{0, 0}, {1, 3}}},
+      {"TO TO q1", {{0, 0}, {1, 1}, {2, 2}}},
+  };
+  for (const auto& [list, expected] : rows) {
+    const std::vector<Token> tokens = Tokenize(list);
+    std::vector<std::pair<std::size_t, std::size_t>> items;
+    for (const ListItem& item : ListItems(tokens, 0, tokens.size() - 1)) {
+      items.emplace_back(item.first, item.last);
+    }
+    EXPECT_EQ(items, expected) << list;
   }
 }
 

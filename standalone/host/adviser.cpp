@@ -77,7 +77,46 @@ std::optional<std::string> Adviser::OnKeyword(std::size_t token) const {
     return std::nullopt;
   }
   const std::optional<std::string> keyword = NearestKeyword(word.text, fReading.KeywordsTriedAt(token));
-  return keyword ? std::optional(DidYouMean(*keyword)) : std::nullopt;
+  if (!keyword) {
+    return std::nullopt;
+  }
+  const bool suits =
+      fReading.SubcommandOf(token) == token ? TakesKeywordsOf(*keyword, token) : TakesValueOf(*keyword, token);
+  return suits ? std::optional(DidYouMean(*keyword)) : std::nullopt;
+}
+
+/// Whether a subcommand has all the keywords that stand in what another word begins; what is no keyword anywhere may be
+/// misspelt.
+bool Adviser::TakesKeywordsOf(const std::string& subcommand, std::size_t token) const {
+  const std::vector<Token>& tokens = fReading.Tokens();
+  const SubcommandRule* proposed = FindSubcommand(subcommand);
+  const std::size_t end = fReading.EndOfSubcommand(token);
+  for (std::size_t index = token + 1; proposed != nullptr && index + 1 < end; ++index) {
+    const bool isKeyword = IsWord(tokens[index]) && tokens[index + 1].symbol == kEqualsSymbol;
+    const std::string word = isKeyword ? ToUpper(tokens[index].text) : "";
+    const std::vector<SubcommandRule>& rules = MrsetSubcommands();
+    const bool isTakenByAny = isKeyword && std::any_of(rules.begin(), rules.end(), [&](const SubcommandRule& rule) {
+                                return FindKeyword(rule, word) != nullptr;
+                              });
+    if (isTakenByAny && FindKeyword(*proposed, word) == nullptr) {
+      return false;
+    }
+  }
+  return true;
+}
+
+/// Whether a keyword takes the value behind another word; what no keyword of the subcommand takes may itself be wrong.
+bool Adviser::TakesValueOf(const std::string& keyword, std::size_t token) const {
+  const std::vector<Token>& tokens = fReading.Tokens();
+  const SubcommandRule* rule = FindSubcommand(ToUpper(tokens[fReading.SubcommandOf(token)].text));
+  const Keyword* proposed = rule == nullptr ? nullptr : FindKeyword(*rule, keyword);
+  if (proposed == nullptr || tokens[token + 1].symbol != kEqualsSymbol) {
+    return true;
+  }
+  const Token& value = tokens[token + 2];
+  return CanBeginValue(*proposed, value) ||
+         std::none_of(rule->keywords.begin(), rule->keywords.end(),
+                      [&](const Keyword& other) { return CanBeginValue(other, value); });
 }
 
 /// The module looks for keywords only where one may stand. So if the token before this one is a keyword that takes a

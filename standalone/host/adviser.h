@@ -39,6 +39,8 @@ class Adviser {
 
  private:
   std::optional<std::string> OnKeyword(std::size_t token) const;
+  bool TakesKeywordsOf(const std::string& subcommand, std::size_t token) const;
+  bool TakesValueOf(const std::string& keyword, std::size_t token) const;
   std::optional<std::string> OnMissingEquals(std::size_t token) const;
   std::optional<std::string> OnSets(const std::vector<std::string>& names);
   const Keyword* KeywordAt(std::size_t token) const;

@@ -42,6 +42,10 @@ TEST_F(Hints, ProposeTheNearestKeyword) {
       {"MRSET /MDGRUOP NAME=$a", "did you mean MDGROUP?"},
       {"MRSET /MDGROUP VARAIBLES=q1 q2", "did you mean VARIABLES?"},
       {"MRSET /MCGROUP NME=$a", "did you mean NAME?"},
+      {"MRSET /MCGROUP NME=", "did you mean NAME?"},
+      {"MRSET /MDGROUP VALEU=1", "did you mean VALUE?"},
+      {"MRSET /MGCROUP NAME=$a VARIABLES=q1 q2", "did you mean MCGROUP?"},
+      {"MRSET /MDGRUOP NMAE=$a VALUE=1 /DISPLAY NAME=ALL", "did you mean MDGROUP?"},
       {"MRSET /MCGROUP VA=q1 q2", "did you mean VARIABLES?"},
       {"MRSET /MDGROUP CATEGORYLABELS=VARLABLES", "did you mean VARLABELS?"},
       {"MRSET /MDGROUP CATEGORYLABELS=CONTEDVALUE", "did you mean COUNTEDVALUES?"},
@@ -58,6 +62,10 @@ TEST_F(Hints, ProposeNoKeywordWhereNoneIsClearlyMeant) {
       {"MRSET /DE5LETE NAME=ALL", ""},
       {"MRSET /MGROUP NAME=$a", ""},  // as near to MDGROUP as to MCGROUP
       {"MRSET /MDGROUP VA=1", ""},
+      {"MRSET /MGCROUP NAME=$a VARIABLES=q1 q2 VALUE=1", ""},  // MCGROUP has no VALUE
+      {"MRSET /DISLPAY VARIABLES=q1 q2", ""},
+      {"MRSET /MDGROUP VALEU=q1 q2", ""},
+      {"MRSET /MDGROUP LABLE=$a", ""},
       {"MRSET /DISPLAY 'NAEM'=ALL", ""},
       {"MRSET /DISPLAY LABEL=ALL", ""},
       {"MRSET /MCGROUP NAME=$a VALUE=1", ""},

@@ -27,7 +27,7 @@ fs::path TemporaryFolder() {
 
 [[noreturn]] void ThrowCannotKeep(int error) {
   throw std::runtime_error(
-      fmt::format("The page cannot be kept in {}: {}.", TemporaryFolder().string(), std::strerror(error)));
+      fmt::format("The output cannot be kept in {}: {}.", TemporaryFolder().string(), std::strerror(error)));
 }
 
 /// A file that is open and has no name any more.
@@ -62,6 +62,25 @@ void Spool::CopyTo(std::ostream& stream) {
   if (std::ferror(fFile.get()) != 0) {
     ThrowCannotKeep(errno);
   }
+}
+
+/// Failures of the spool reach whoever writes.
+SpoolStream::SpoolStream() : std::ostream(nullptr) {
+  rdbuf(&fBuffer);
+  exceptions(badbit);
+}
+
+SpoolStream::Buffer::int_type SpoolStream::Buffer::overflow(int_type character) {
+  if (!traits_type::eq_int_type(character, traits_type::eof())) {
+    const char c = traits_type::to_char_type(character);
+    spool.Append({&c, 1});
+  }
+  return traits_type::not_eof(character);
+}
+
+std::streamsize SpoolStream::Buffer::xsputn(const char* text, std::streamsize size) {
+  spool.Append({text, static_cast<std::size_t>(size)});
+  return size;
 }
 
 }  // namespace standalone

@@ -2,8 +2,9 @@
 #define STANDALONE_OUTPUT_SPOOL_H
 
 #include <cstdio>
-#include <iosfwd>
 #include <memory>
+#include <ostream>
+#include <streambuf>
 #include <string_view>
 
 namespace standalone {
@@ -22,6 +23,25 @@ class Spool {
 
  private:
   std::unique_ptr<std::FILE, int (*)(std::FILE*)> fFile;
+};
+
+/// A stream into a spool. Writing throws as Spool::Append() does.
+class SpoolStream : public std::ostream {
+ public:
+  SpoolStream();
+
+  /// Writes all that was written here.
+  void CopyTo(std::ostream& stream) { fBuffer.spool.CopyTo(stream); }
+
+ private:
+  struct Buffer : std::streambuf {
+    int_type overflow(int_type character) override;
+    std::streamsize xsputn(const char* text, std::streamsize size) override;
+
+    Spool spool;
+  };
+
+  Buffer fBuffer;
 };
 
 }  // namespace standalone

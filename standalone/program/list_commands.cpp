@@ -6,10 +6,13 @@
 #include <array>
 #include <iostream>
 #include <memory>
+#include <ostream>
 #include <string>
+#include <vector>
 
 #include "standalone/data/dataset.h"
 #include "standalone/output/sets_json.h"
+#include "standalone/output/spool.h"
 #include "standalone/output/table_writer.h"
 #include "standalone/program/dataset_options.h"
 #include "standalone/program/format_option.h"
@@ -26,9 +29,9 @@ struct ListRequest {
   DatasetOptions datasetOptions;
 };
 
-void WriteSetsTable(Dataset& dataset, TableWriter& writer) {
+void WriteSetsTable(const std::vector<StoredSet>& sets, TableWriter& writer) {
   writer.Begin(SetsHeading());
-  for (const StoredSet& set : dataset.Sets()) {
+  for (const StoredSet& set : sets) {
     writer.Add(SetRow(set));
   }
   writer.End();
@@ -42,40 +45,32 @@ void WriteVariablesTable(Dataset& dataset, TableWriter& writer) {
   writer.End();
 }
 
-void WriteSetsJson(Dataset& dataset) {
-  std::cout << OneLine({{"sets", ToJson(dataset.Sets())}}) << '\n';
-}
-
 /// Written one by one: a dictionary may be large.
-void WriteVariablesJson(Dataset& dataset) {
-  std::cout << "{\"variables\":[";
+void WriteVariablesJson(Dataset& dataset, std::ostream& stream) {
+  stream << "{\"variables\":[";
   for (int position = 0; position < dataset.VariableCount(); ++position) {
-    std::cout << (position == 0 ? "" : ",") << OneLine(ToJson(dataset.VariableAt(position)));
+    stream << (position == 0 ? "" : ",") << OneLine(ToJson(dataset.VariableAt(position)));
   }
-  std::cout << "]}\n";
-}
-
-std::string AbsenceOfVariables(Dataset& /*dataset*/) {
-  return {};  // a dataset has one at least
+  stream << "]}\n";
 }
 
 /// One form of a list as a table; json has a form of its own for each list.
 struct ListFormat {
   const char* name;
   bool isForPeople;
-  std::unique_ptr<TableWriter> (*makeWriter)(const FormatOptions& options);
+  std::unique_ptr<TableWriter> (*makeWriter)(std::ostream& stream, const FormatOptions& options);
 };
 
-std::unique_ptr<TableWriter> MakeText(const FormatOptions& options) {
-  return MakeTextTableWriter(std::cout, OutputWidth(), ChosenColour(options, OutputIsTerminal()));
+std::unique_ptr<TableWriter> MakeText(std::ostream& stream, const FormatOptions& options) {
+  return MakeTextTableWriter(stream, OutputWidth(), ChosenColour(options, OutputIsTerminal()));
 }
 
-std::unique_ptr<TableWriter> MakeMarkdown(const FormatOptions& /*options*/) {
-  return MakeMarkdownTableWriter(std::cout);
+std::unique_ptr<TableWriter> MakeMarkdown(std::ostream& stream, const FormatOptions& /*options*/) {
+  return MakeMarkdownTableWriter(stream);
 }
 
-std::unique_ptr<TableWriter> MakeCsv(const FormatOptions& /*options*/) {
-  return MakeCsvTableWriter(std::cout, OutputIsTerminal() ? CsvCharacters::kVisible : CsvCharacters::kAsTheyAre);
+std::unique_ptr<TableWriter> MakeCsv(std::ostream& stream, const FormatOptions& /*options*/) {
+  return MakeCsvTableWriter(stream, OutputIsTerminal() ? CsvCharacters::kVisible : CsvCharacters::kAsTheyAre);
 }
 
 constexpr std::array<ListFormat, 4> kFormats = {{
@@ -85,29 +80,47 @@ constexpr std::array<ListFormat, 4> kFormats = {{
     {"csv", false, MakeCsv},
 }};
 
+// Both read all before they write the first byte: who reads the output may pause, and a dataset that is being read
+// cannot be written by anyone.
+
+void WriteSets(Dataset& dataset, const FormatOptions& options) {
+  const std::vector<StoredSet> sets = dataset.Sets();
+  dataset.EndCommand();
+  const ListFormat& format = FormatNamed(kFormats, options.format);
+  if (format.makeWriter == nullptr) {
+    std::cout << OneLine({{"sets", ToJson(sets)}}) << '\n';
+  } else if (const std::string absence = AbsenceOfSets(sets); format.isForPeople && !absence.empty()) {
+    std::cout << absence << '\n';
+  } else {
+    WriteSetsTable(sets, *format.makeWriter(std::cout, options));
+  }
+}
+
+void WriteVariables(Dataset& dataset, const FormatOptions& options) {
+  const ListFormat& format = FormatNamed(kFormats, options.format);
+  SpoolStream spool;
+  if (format.makeWriter == nullptr) {
+    WriteVariablesJson(dataset, spool);
+  } else {
+    WriteVariablesTable(dataset, *format.makeWriter(spool, options));
+  }
+  dataset.EndCommand();
+  spool.CopyTo(std::cout);
+}
+
 /// One list of what a dataset holds.
 struct List {
   const char* example;
-  std::string (*absence)(Dataset& dataset);  ///< what people read in place of an empty table; empty where it is not
-  void (*writeTable)(Dataset& dataset, TableWriter& writer);
-  void (*writeJson)(Dataset& dataset);
+  void (*write)(Dataset& dataset, const FormatOptions& options);  ///< a command of the dataset has begun
 };
 
-constexpr List kSets = {"mrset sets survey.mrset --format json", AbsenceOfSets, WriteSetsTable, WriteSetsJson};
-constexpr List kVariables = {"mrset variables survey.mrset --format csv", AbsenceOfVariables, WriteVariablesTable,
-                             WriteVariablesJson};
+constexpr List kSets = {"mrset sets survey.mrset --format json", WriteSets};
+constexpr List kVariables = {"mrset variables survey.mrset --format csv", WriteVariables};
 
 ExitStatus Write(const List& list, const ListRequest& request) {
   Dataset dataset(request.datasetPath, request.datasetOptions);
   dataset.BeginCommand(false);
-  const ListFormat& format = FormatNamed(kFormats, request.format.format);
-  if (format.makeWriter == nullptr) {
-    list.writeJson(dataset);
-  } else if (const std::string absence = list.absence(dataset); format.isForPeople && !absence.empty()) {
-    std::cout << absence << '\n';
-  } else {
-    list.writeTable(dataset, *format.makeWriter(request.format));
-  }
+  list.write(dataset, request.format);
   return kSuccess;
 }
 

@@ -52,8 +52,8 @@ TableRow VariableRow(const Variable& variable) {
   return {variable.name, {TextCell(type), TextCell(variable.label.value_or("")), ListCell(std::move(valueLabels))}};
 }
 
-std::string AbsenceOfSets(Dataset& dataset) {
-  return dataset.Sets().empty() ? "The dataset has no multiple response sets." : "";
+std::string AbsenceOfSets(const std::vector<StoredSet>& sets) {
+  return sets.empty() ? "The dataset has no multiple response sets." : "";
 }
 
 }  // namespace standalone

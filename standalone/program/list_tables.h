@@ -2,6 +2,7 @@
 #define STANDALONE_PROGRAM_LIST_TABLES_H
 
 #include <string>
+#include <vector>
 
 #include "standalone/data/dataset.h"
 #include "standalone/output/items.h"
@@ -17,7 +18,7 @@ Table VariablesHeading();
 TableRow VariableRow(const Variable& variable);
 
 /// What people read in place of an empty table of sets; empty where it is not.
-std::string AbsenceOfSets(Dataset& dataset);
+std::string AbsenceOfSets(const std::vector<StoredSet>& sets);
 
 }  // namespace standalone
 

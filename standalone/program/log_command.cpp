@@ -45,6 +45,7 @@ ExitStatus Log(const LogRequest& request) {
 
 void WriteLog(Dataset& dataset) {
   const VersionRange versions = dataset.Versions();
+  dataset.EndCommand();
   if (versions.first == versions.last) {
     std::cout << "The dataset keeps no change of its sets.\n";
   }

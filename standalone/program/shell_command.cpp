@@ -7,6 +7,7 @@
 #include <CLI/Formatter.hpp>
 #include <algorithm>
 #include <iostream>
+#include <iterator>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -85,6 +86,9 @@ class DatasetActions : public ShellActions {
 
   ExitStatus Do(const ShellCommand& command);
   ExitStatus ShowHelp(const std::string& topic);
+
+  // These end the command that reads the dataset before they write: a terminal may be stopped, and the dataset is not
+  // to be locked as long as it is.
   ExitStatus ShowSets(Dataset& dataset);
   ExitStatus ShowVariables(Dataset& dataset, const std::string& pattern);
   ExitStatus Undo(const std::string& number);
@@ -160,16 +164,15 @@ ExitStatus DatasetActions::ShowHelp(const std::string& topic) {
 }
 
 ExitStatus DatasetActions::ShowSets(Dataset& dataset) {
-  if (const std::string absence = AbsenceOfSets(dataset); !absence.empty()) {
+  const std::vector<StoredSet> sets = dataset.Sets();
+  dataset.EndCommand();
+  if (const std::string absence = AbsenceOfSets(sets); !absence.empty()) {
     std::cout << absence << '\n';
     return kSuccess;
   }
-  const std::unique_ptr<TableWriter> writer = MakeTextTableWriter(std::cout, OutputWidth(), OutputColour());
-  writer->Begin(SetsHeading());
-  for (const StoredSet& set : dataset.Sets()) {
-    writer->Add(SetRow(set));
-  }
-  writer->End();
+  Table table = SetsHeading();
+  std::transform(sets.begin(), sets.end(), std::back_inserter(table.rows), SetRow);
+  MakeTextTableWriter(std::cout, OutputWidth(), OutputColour())->Write(table);
   return kSuccess;
 }
 
@@ -180,15 +183,16 @@ ExitStatus DatasetActions::ShowVariables(Dataset& dataset, const std::string& pa
   }
   const bool isCut = positions.size() > kMostListed;
   positions.resize(std::min(positions.size(), kMostListed));
-  const std::unique_ptr<TableWriter> writer = MakeTextTableWriter(std::cout, OutputWidth(), OutputColour());
-  writer->Begin(VariablesHeading());
+  Table table = VariablesHeading();
   for (const int position : positions) {
-    writer->Add(VariableRow(dataset.VariableAt(position)));
+    table.rows.push_back(VariableRow(dataset.VariableAt(position)));
   }
-  writer->End();
+  const auto count = static_cast<std::size_t>(dataset.VariableCount());
+  dataset.EndCommand();
+  MakeTextTableWriter(std::cout, OutputWidth(), OutputColour())->Write(table);
   if (isCut) {
     std::cout << fmt::format("These are {} of the dataset's {}; a pattern such as q* shows fewer.\n", kMostListed,
-                             Counted(static_cast<std::size_t>(dataset.VariableCount()), "variable"));
+                             Counted(count, "variable"));
   }
   return kSuccess;
 }

@@ -234,11 +234,11 @@ It is complete or absent, also on standard output.
   $ test -e none.html
   [1]
   $ TMPDIR=/proc mrset run s.mrset all.script --format html
-  mrset: The page cannot be kept in /proc: No such file or directory.
+  mrset: The output cannot be kept in /proc: No such file or directory.
   [2]
   $ for i in $(seq 20); do echo 'MRSET /DISPLAY NAME=ALL.'; done > long.script
   $ (trap '' XFSZ; ulimit -f 4; TMPDIR=. mrset run s.mrset long.script --format html)
-  mrset: The page cannot be kept in .: File too large.
+  mrset: The output cannot be kept in .: File too large.
   [2]
   $ ls *.html .*.tmp mrset-* 2> /dev/null
   sets.html

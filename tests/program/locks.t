@@ -90,6 +90,37 @@ They wait while it is written.
   [2]
   $ release
 
+Nobody waits for a reader of the output who pauses: all is read before the first byte is written, which has come out of
+the pipe here, while more than the pipe holds is still to come.
+
+  $ name=a_variable_whose_name_is_as_long_as_the_name_of_one_may_be
+  $ { seq -f "$name%g" 1500 | paste -sd,; seq 1500 | paste -sd,; } > wide.csv; mrset import wide.csv w.mrset
+  w.mrset: 1500 variables, 1 case
+  $ mrset run w.mrset -c "MRSET /MCGROUP NAME=\$wide VARIABLES=${name}1 TO ${name}1500" > /dev/null
+  $ mkfifo paused; : > input; count=0
+  $ while_paused() {
+  >   "$@" > paused < input & exec 7< paused; head -c 1 <&7 > /dev/null; count=$((count + 1))
+  >   mrset run w.mrset -c 'MRSET /MCGROUP NAME=$s'$count" VARIABLES=${name}1 ${name}2" --lock-timeout 0 | cut -d ' ' -f 1-4
+  >   test "$(wc -c <&7)" -gt 65536 || echo 'The pipe held all of it.'; exec 7<&-; wait
+  > }
+  $ for list in sets variables; do for format in text json markdown csv; do while_paused mrset $list w.mrset --format $format; done; done
+  1> MRSET /MCGROUP NAME=$s1
+  1> MRSET /MCGROUP NAME=$s2
+  1> MRSET /MCGROUP NAME=$s3
+  1> MRSET /MCGROUP NAME=$s4
+  1> MRSET /MCGROUP NAME=$s5
+  1> MRSET /MCGROUP NAME=$s6
+  1> MRSET /MCGROUP NAME=$s7
+  1> MRSET /MCGROUP NAME=$s8
+  $ while_paused mrset script w.mrset
+  1> MRSET /MCGROUP NAME=$s9
+  $ while_paused mrset run w.mrset -c 'MRSET /DISPLAY NAME=ALL'
+  1> MRSET /MCGROUP NAME=$s10
+  $ for command in sets variables 'MRSET /DISPLAY NAME=ALL.'; do echo "$command" > input; while_paused mrset shell w.mrset; done
+  1> MRSET /MCGROUP NAME=$s11
+  1> MRSET /MCGROUP NAME=$s12
+  1> MRSET /MCGROUP NAME=$s13
+
 What is no time:
 
   $ define '$c' --lock-timeout soon

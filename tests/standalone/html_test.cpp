@@ -294,7 +294,7 @@ std::string PageIn(const char* folder) {
 }
 
 TEST(HtmlRenderer, WaitsInTheFolderForTemporaryFiles) {
-  EXPECT_EQ(PageIn("/proc"), "The page cannot be kept in /proc: No such file or directory.");
+  EXPECT_EQ(PageIn("/proc"), "The output cannot be kept in /proc: No such file or directory.");
   EXPECT_EQ(PageIn("/no/such/folder"), Page({Result("A", {})}));
 }
 

@@ -53,7 +53,8 @@ class Checker {
 
   template <typename... Parts>
   void Finding(fmt::format_string<Parts...> text, Parts&&... parts) {
-    fReport.finding(fmt::format(text, std::forward<Parts>(parts)...));
+    const fmt::string_view kind = text;
+    fReport.finding({kind.data(), kind.size()}, fmt::format(text, std::forward<Parts>(parts)...));
   }
 
   void CompareCount(const char* what, std::string_view storedSql, std::string_view countedSql);
@@ -69,7 +70,8 @@ class Checker {
 void Checker::Run() {
   fVersion = FormatVersion(fDatabase);
   if (fVersion < kFormatVersion) {
-    fReport.remark(fmt::format("The format version is {}: the next change brings it to {}.", fVersion, kFormatVersion));
+    fReport.remark("version",
+                   fmt::format("The format version is {}: the next change brings it to {}.", fVersion, kFormatVersion));
   }
   Perform("The file", &Checker::Integrity);
   Perform("The schema", &Checker::Schema);
@@ -98,7 +100,7 @@ void Checker::Row(const char* what, std::int64_t number, Check check) {
   try {
     check();
   } catch (const DamagedError&) {
-    Finding("{} {} has a value that cannot be.", what, number);
+    fReport.finding(what, fmt::format("{} {} has a value that cannot be.", what, number));
   }
 }
 
@@ -279,7 +281,7 @@ void Checker::SetVariables() {
     } else if (rows.Integer(1) != expected) {
       Finding("The variables of the set {} are not numbered one after another.", setName);
     } else if (const std::string name = rows.Text(2); !IsVariable(name)) {
-      fReport.remark(fmt::format("The set {} has the variable {}, which no longer exists.", setName, name));
+      fReport.remark("variable", fmt::format("The set {} has the variable {}, which no longer exists.", setName, name));
     }
   }
 }

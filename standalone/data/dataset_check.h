@@ -4,18 +4,23 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <string_view>
 
 #include "standalone/data/dataset.h"
 
 namespace standalone {
 
-/// What a check of a dataset tells, each a sentence, as it goes on.
+/// What a check of a dataset tells, each a sentence, as it goes on: whoever is told keeps the dataset from being
+/// written meanwhile. Sentences of one kind say the same of different things.
 struct CheckReport {
-  std::function<void(const std::string& sentence)> finding;  ///< something that no sound dataset has
-  std::function<void(const std::string& sentence)> remark;   ///< something that is allowed, but worth knowing
+  using ShowProgress = std::function<void(std::uint64_t checked, std::uint64_t all)>;
+  using Tell = std::function<void(std::string_view kind, const std::string& sentence)>;
+
+  Tell finding;  ///< something that no sound dataset has
+  Tell remark;   ///< something that is allowed, but worth knowing
 
   /// How many of the cases were checked; called for each of them, may be empty.
-  std::function<void(std::uint64_t checked, std::uint64_t all)> progress = {};
+  ShowProgress progress = {};
 };
 
 /// Verifies one state of a dataset: the file's integrity, its tables, the dictionary, sets and cases, what they refer

@@ -146,6 +146,52 @@ The cases:
   s.mrset: 1 finding.
   [1]
 
+Of one kind the first ten are told, and how many others there are:
+
+  $ rm s.mrset; make > /dev/null; { echo q1,q2; seq -f '%g,0' 14; } > many.csv; mrset import --replace many.csv s.mrset
+  s.mrset: 2 variables, 14 cases
+  $ sqlite3 s.mrset "UPDATE cases SET position = position + 100 WHERE position >= 3; UPDATE cases SET cells = '[' WHERE position >= 103"
+  $ mrset check s.mrset
+  Remark: The set $b has the variable q3, which no longer exists.
+  The position of a case is 103 instead of 3.
+  The position of a case is 104 instead of 4.
+  The position of a case is 105 instead of 5.
+  The position of a case is 106 instead of 6.
+  The position of a case is 107 instead of 7.
+  The position of a case is 108 instead of 8.
+  The position of a case is 109 instead of 9.
+  The position of a case is 110 instead of 10.
+  The position of a case is 111 instead of 11.
+  The position of a case is 112 instead of 12.
+  ... and 1 more such finding.
+  The case at position 103 is not sound: it is no JSON array.
+  The case at position 104 is not sound: it is no JSON array.
+  The case at position 105 is not sound: it is no JSON array.
+  The case at position 106 is not sound: it is no JSON array.
+  The case at position 107 is not sound: it is no JSON array.
+  The case at position 108 is not sound: it is no JSON array.
+  The case at position 109 is not sound: it is no JSON array.
+  The case at position 110 is not sound: it is no JSON array.
+  The case at position 111 is not sound: it is no JSON array.
+  The case at position 112 is not sound: it is no JSON array.
+  ... and 1 more such finding.
+  s.mrset: 22 findings.
+  [1]
+  $ sqlite3 s.mrset "DELETE FROM cases; UPDATE meta SET case_count = 0; INSERT INTO mr_set_variable SELECT id, 3 + value, 'v' || value FROM generate_series(0, 11), mr_set WHERE name = '\$b'"
+  $ mrset check s.mrset
+  Remark: The set $b has the variable q3, which no longer exists.
+  Remark: The set $b has the variable v0, which no longer exists.
+  Remark: The set $b has the variable v1, which no longer exists.
+  Remark: The set $b has the variable v2, which no longer exists.
+  Remark: The set $b has the variable v3, which no longer exists.
+  Remark: The set $b has the variable v4, which no longer exists.
+  Remark: The set $b has the variable v5, which no longer exists.
+  Remark: The set $b has the variable v6, which no longer exists.
+  Remark: The set $b has the variable v7, which no longer exists.
+  Remark: The set $b has the variable v8, which no longer exists.
+  Remark: ... and 3 more such remarks.
+  s.mrset is sound.
+
 The history:
 
   $ damaged 'DELETE FROM history WHERE number = 2'

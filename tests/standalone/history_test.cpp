@@ -46,8 +46,8 @@ void Save(Dataset& dataset, const Sets& sets, const std::string& command) {
 std::vector<std::string> FindingsOf(const std::string& path) {
   std::vector<std::string> findings;
   CheckReport report;
-  report.finding = [&](const std::string& sentence) { findings.push_back(sentence); };
-  report.remark = [](const std::string&) {};
+  report.finding = [&](std::string_view /*kind*/, const std::string& sentence) { findings.push_back(sentence); };
+  report.remark = [](std::string_view /*kind*/, const std::string&) {};
   CheckDataset(path, {}, report);
   return findings;
 }

@@ -3,7 +3,9 @@
 #include <histedit.h>
 #include <langinfo.h>
 #include <locale.h>
+#include <poll.h>
 #include <signal.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -31,6 +33,12 @@ constexpr const char* kAbandonMark = "^C";
 /// Keys that the editor is told to press, once the cursor has come to where they are to act.
 constexpr const char* kListKeys = "\033\t";
 constexpr const char* kEndOfLineKey = "\n";
+
+/// Whether more keys wait behind the one that was pressed, as they do in pasted text. The editor reads them one by one.
+bool KeysWait() {
+  pollfd keys = {STDIN_FILENO, POLLIN, 0};
+  return poll(&keys, 1, 0) > 0 && (keys.revents & POLLIN) != 0;
+}
 
 /// How many characters of the editor the text is.
 int CharacterCount(std::string_view text) {
@@ -63,6 +71,7 @@ class LineEditor::Implementation {
 
   void BindKeys();
   unsigned char CompleteTyped();
+  unsigned char InsertTab();
   unsigned char List();
   unsigned char GoToEnd(int& passed, const char* keys);
   void Show(const Completion& completion);
@@ -143,7 +152,7 @@ LineEditor::Implementation& LineEditor::Implementation::Of(EditLine* editor) {
 }
 
 unsigned char LineEditor::Implementation::CompleteWord(EditLine* editor, int /*key*/) {
-  return Of(editor).CompleteTyped();
+  return KeysWait() ? Of(editor).InsertTab() : Of(editor).CompleteTyped();
 }
 
 unsigned char LineEditor::Implementation::ListCandidates(EditLine* editor, int /*key*/) {
@@ -163,6 +172,12 @@ unsigned char LineEditor::Implementation::CompleteTyped() {
   }
   el_deletestr(fEditor, CharacterCount(typed.substr(completion.begin)));
   el_insertstr(fEditor, completion.insertion.c_str());
+  return CC_REFRESH;
+}
+
+/// A tab that was pasted stays what it is.
+unsigned char LineEditor::Implementation::InsertTab() {
+  el_insertstr(fEditor, "\t");
   return CC_REFRESH;
 }
 

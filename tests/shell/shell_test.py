@@ -3,6 +3,7 @@
 MRSET_PROGRAM names the program. With --update the recording in docs/ is written instead of compared.
 """
 
+import json
 import os
 import re
 import select
@@ -163,8 +164,24 @@ class Completion(ShellTest):
     def test_tab_without_a_dataset_is_harmless(self):
         terminal = self.shell()
         os.unlink(self.dataset)
-        terminal.type("MRSET /DISPLAY NAME=[" + TAB + "x")
+        terminal.type("MRSET /DISPLAY NAME=[" + TAB)
+        terminal.wait_for_input(PROMPT + "MRSET /DISPLAY NAME=[")
+        terminal.type("x")
         terminal.wait_for_input(PROMPT + "MRSET /DISPLAY NAME=[x")
+
+    def test_tabs_in_pasted_text_complete_nothing(self):
+        self.define("$drinks")
+        terminal = self.shell()
+        terminal.type("MRSET\t/MCGROUP\tNAME=$d\tVARIABLES=drink1\tdrink2\tLABEL='a\tb'." + ENTER)
+        terminal.wait_for("LABEL='a")
+        terminal.wait_for_input(PROMPT)
+        terminal.type("MRSET /MDGROUP\tNAME=$e" + ENTER + "\tVARIABLES=drink1 TO\tdrink3 VALUE=1\t." + ENTER)
+        terminal.wait_for("\n" + MORE)
+        terminal.wait_for_input(PROMPT)
+        stored = json.loads(self.run_program("sets", self.dataset, "--format", "json").stdout)["sets"]
+        self.assertEqual([(one["name"], one["label"], one["variables"]) for one in stored],
+                         [("$drinks", "Drinks", ["drink1", "drink2", "drink3"]),
+                          ("$d", "a\tb", ["drink1", "drink2"]), ("$e", "", ["drink1", "drink2", "drink3"])])
 
 
 class Editing(ShellTest):
@@ -537,15 +554,19 @@ class Recording(ShellTest):
         terminal.wait_for("display  mcgroup  mdgroup\n" + PROMPT + "mrset /")
         terminal.type("md" + TAB)
         terminal.wait_for_input(PROMPT + "mrset /mdgroup ")
-        terminal.type("name=$drinks var" + TAB + "dr" + TAB + TAB)
+        for keys, shown in (("name=$drinks var", "name=$drinks variables="), ("dr", "variables=drink")):
+            terminal.type(keys + TAB)
+            terminal.wait(lambda: terminal.cursor_line()[0].endswith(shown))
+        terminal.type(TAB)
         terminal.wait_for("drink4  drink5\n")
         terminal.enter("1 TO drink3")
         terminal.wait_for_input(MORE)
         terminal.enter("/display name=[$drinks].")
         terminal.wait_for("has no counted value")
         terminal.wait_for_input(PROMPT)
-        terminal.type(UP + LEFT * 25 + " val" + TAB + TAB)
+        terminal.type(UP + LEFT * 25 + " val" + TAB)
         terminal.wait(lambda: " value=" in terminal.cursor_line()[0])
+        terminal.type(TAB)
         terminal.type("1")
         terminal.wait(lambda: " value=1" in terminal.cursor_line()[0])
         terminal.type(ENTER)

@@ -54,6 +54,19 @@ std::size_t TypingErrors(const std::u32string& first, const std::u32string& seco
   return last.back();
 }
 
+/// The words that are the word but for case, or begin with it.
+std::vector<std::string> Continuations(const std::string& word, const std::vector<std::string>& words) {
+  constexpr std::size_t kShortest = 2;
+  std::vector<std::string> found;
+  const std::size_t letters = word.find_first_not_of('-') == std::string::npos ? 0 : word.size();
+  if (letters >= kShortest) {
+    std::copy_if(words.begin(), words.end(), std::back_inserter(found), [&](const std::string& candidate) {
+      return CompareNoCase(candidate.substr(0, word.size()), word) == 0;
+    });
+  }
+  return found;
+}
+
 }  // namespace
 
 NearestName::NearestName(std::string_view name) : fErrors(kMostErrors + 1) {
@@ -88,6 +101,18 @@ void NearestName::Offer(std::string_view candidate) {
 
 std::optional<std::string> NearestName::Result() const {
   return fHasRival ? std::nullopt : fBest;
+}
+
+std::optional<std::string> MeantWord(const std::string& word, const std::vector<std::string>& words) {
+  const std::vector<std::string> continuations = Continuations(word, words);
+  if (continuations.size() == 1) {
+    return continuations.front();
+  }
+  NearestName nearest(word);
+  for (const std::string& candidate : words) {
+    nearest.Offer(candidate);
+  }
+  return nearest.Result();
 }
 
 }  // namespace standalone

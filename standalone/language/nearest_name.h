@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace standalone {
 
@@ -28,6 +29,10 @@ class NearestName {
   std::optional<std::string> fBest;
   bool fHasRival = false;
 };
+
+/// The one of `words` that was meant by a word that is none of them: the only one that begins with it, else the
+/// nearest. Without regard to case.
+std::optional<std::string> MeantWord(const std::string& word, const std::vector<std::string>& words);
 
 }  // namespace standalone
 

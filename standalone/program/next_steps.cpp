@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <iterator>
 #include <system_error>
 
 #include "standalone/language/grammar.h"
@@ -14,31 +13,6 @@
 
 namespace standalone {
 namespace {
-
-/// The words that are the word but for case, or begin with it.
-std::vector<std::string> Continuations(const std::string& word, const std::vector<std::string>& words) {
-  constexpr std::size_t kShortest = 2;
-  std::vector<std::string> found;
-  const std::size_t letters = word.find_first_not_of('-') == std::string::npos ? 0 : word.size();
-  if (letters >= kShortest) {
-    std::copy_if(words.begin(), words.end(), std::back_inserter(found), [&](const std::string& candidate) {
-      return CompareNoCase(candidate.substr(0, word.size()), word) == 0;
-    });
-  }
-  return found;
-}
-
-std::optional<std::string> Nearest(const std::string& word, const std::vector<std::string>& words) {
-  const std::vector<std::string> continuations = Continuations(word, words);
-  if (continuations.size() == 1) {
-    return continuations.front();
-  }
-  NearestName nearest(word);
-  for (const std::string& candidate : words) {
-    nearest.Offer(candidate);
-  }
-  return nearest.Result();
-}
 
 /// Whether the word, which is in upper case, is "/" and a subcommand of MRSET.
 bool NamesSubcommand(const std::string& word) {
@@ -91,7 +65,7 @@ NextSteps StepsToQuote(const std::string& dataset, const std::string& command) {
 }
 
 NextSteps StepsToNearest(const std::string& word, const std::vector<std::string>& words) {
-  const std::optional<std::string> nearest = Nearest(word, words);
+  const std::optional<std::string> nearest = MeantWord(word, words);
   return nearest ? NextSteps{fmt::format("Did you mean {}?", *nearest)} : NextSteps{};
 }
 

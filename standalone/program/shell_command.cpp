@@ -74,6 +74,7 @@ class DatasetActions : public ShellActions {
 
   void Run(const ScriptCommand& command) override;
   void Perform(const ShellCommand& command) override;
+  void Say(const std::string& sentence) override;
 
   /// Ends the run; the exit status of all that was done.
   ExitStatus Finish();
@@ -123,6 +124,11 @@ void DatasetActions::Perform(const ShellCommand& command) {
     Complain(kUnusable, error);
   }
   std::cout.flush();
+}
+
+void DatasetActions::Say(const std::string& sentence) {
+  std::cout.flush();
+  std::cerr << NoticeLine(sentence);
 }
 
 ExitStatus DatasetActions::Finish() {
@@ -206,8 +212,7 @@ ExitStatus DatasetActions::Undo(const std::string& number) {
 }
 
 void DatasetActions::Complain(ExitStatus status, const std::exception& error) {
-  std::cout.flush();
-  std::cerr << NoticeLine(error.what());
+  Say(error.what());
   Take(status);
 }
 

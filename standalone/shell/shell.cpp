@@ -51,12 +51,39 @@ void Shell::TakeLine(std::string_view line) {
     }
     return;
   }
+  AddLine(line);
+}
+
+/// A person is told at once what would else show only when the command is complete.
+void Shell::AddLine(std::string_view line) {
+  const bool isFresh = !fCollector.IsOpen();
   const std::optional<ScriptCommand> command = fCollector.AddLine(line);
+  if (fCollector.IsOpen() && !fInput.IsScript()) {
+    isFresh ? RefuseWhatIsNoCommand() : RemarkOnShellCommand(line);
+  }
   if (!fCollector.IsOpen()) {
     EndEntry();
   }
   if (command) {
     fActions.Run(*command);
+  }
+}
+
+void Shell::RefuseWhatIsNoCommand() {
+  fHasRemarked = false;
+  if (const std::optional<std::string> refusal = RefusalOfUnknownCommand(fCollector.OpenText())) {
+    fCollector.Abandon();
+    fActions.Say(*refusal);
+  }
+}
+
+/// The line stays a part of the command: it may be the name of a variable.
+void Shell::RemarkOnShellCommand(std::string_view line) {
+  const std::optional<ShellCommand> meant = ReadShellCommand(line);
+  if (meant && meant->IsAsMeant() && !fHasRemarked) {
+    fHasRemarked = true;
+    fActions.Say(
+        "The command above is not complete, and this line is a part of it: a period ends it, Ctrl-C gives it up.");
   }
 }
 

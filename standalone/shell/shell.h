@@ -18,6 +18,9 @@ class ShellActions {
 
   /// Any but those that end the shell.
   virtual void Perform(const ShellCommand& command) = 0;
+
+  /// Says a sentence to the person who types.
+  virtual void Say(const std::string& sentence) = 0;
 };
 
 /// Reads lines and has the commands in them done, each as soon as it is complete.
@@ -33,13 +36,17 @@ class Shell {
  private:
   void Take(std::string_view text);
   void TakeLine(std::string_view line);
+  void AddLine(std::string_view line);
+  void RefuseWhatIsNoCommand();
+  void RemarkOnShellCommand(std::string_view line);
   void EndEntry();
 
   ShellInput& fInput;
   ShellActions& fActions;
   std::string fSource;
   CommandCollector fCollector;
-  std::string fEntry;  // the lines since the last fresh one
+  std::string fEntry;         // the lines since the last fresh one
+  bool fHasRemarked = false;  // on the open command
   bool fHasEnded = false;
 };
 

@@ -1,9 +1,14 @@
 #include "standalone/shell/shell_command.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <cstddef>
 
 #include "standalone/language/blanks.h"
+#include "standalone/language/grammar.h"
+#include "standalone/language/keywords.h"
+#include "standalone/language/nearest_name.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {
@@ -24,6 +29,21 @@ std::string_view WithoutPeriod(std::string_view text) {
     text.remove_suffix(1);
   }
   return WithoutBlanks(text);
+}
+
+/// The first word; what is behind a "/", "=" or quote is not of it.
+std::string FirstWord(std::string_view text) {
+  const auto isEnd = [](char c) { return IsBlank(c) || std::string_view("/=[]'\"").find(c) != std::string_view::npos; };
+  const auto end = std::find_if(text.begin() + 1, text.end(), isEnd);
+  return std::string(text.begin(), end);
+}
+
+std::vector<std::string> AllCommands() {
+  std::vector<std::string> names = {std::string(kMrsetCommand)};
+  for (const ShellCommandRule& rule : ShellCommands()) {
+    names.emplace_back(rule.name);
+  }
+  return names;
 }
 
 }  // namespace
@@ -52,6 +72,23 @@ std::optional<ShellCommand> ReadShellCommand(std::string_view line) {
     return std::nullopt;
   }
   return ShellCommand{&*rule, std::string(WithoutBlanks(line.substr(wordEnd)))};
+}
+
+bool ShellCommand::IsAsMeant() const {
+  return rule->argument.empty() ? argument.empty() : std::none_of(argument.begin(), argument.end(), IsBlank);
+}
+
+std::optional<std::string> RefusalOfUnknownCommand(std::string_view openText) {
+  const std::string word = FirstWord(openText);
+  if (word[0] == '*' || NamesKeyword(ToUpper(word), kMrsetCommand)) {
+    return std::nullopt;
+  }
+  constexpr std::size_t kQuotedBytes = 60;
+  const std::string_view quoted = PrefixOfWholeCharacters(word, kQuotedBytes);
+  const std::optional<std::string> meant = MeantWord(word, AllCommands());
+  return meant ? fmt::format("There is no command {}; did you mean {}?", quoted, *meant)
+               : fmt::format("There is no command {}; one begins with MRSET, or is one of those that help shows.",
+                             quoted);
 }
 
 }  // namespace standalone

@@ -25,10 +25,17 @@ const std::vector<ShellCommandRule>& ShellCommands();
 struct ShellCommand {
   const ShellCommandRule* rule;
   std::string argument;  ///< the rest of the line without the blanks around it and the final period
+
+  /// Whether it has what may follow it, at most one word.
+  bool IsAsMeant() const;
 };
 
 /// The shell's command that the first word of the line names, in any case; nothing for any other line.
 std::optional<ShellCommand> ReadShellCommand(std::string_view line);
+
+/// What to say where the command that begins so is neither MRSET nor a comment, and can never run: one sentence, with
+/// the command that was meant where one is near. Nothing where it may run.
+std::optional<std::string> RefusalOfUnknownCommand(std::string_view openText);
 
 }  // namespace standalone
 

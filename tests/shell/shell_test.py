@@ -472,6 +472,21 @@ class Commands(ShellTest):
             terminal.wait_for_input(PROMPT)
         self.assertEqual(self.sets(), [])
 
+    def test_what_is_no_command_is_answered_at_once(self):
+        terminal = self.shell(columns=120)
+        for word, answer in (("set", "mrset: There is no command set; did you mean sets?"),
+                             ("foo now", "mrset: There is no command foo; one begins with MRSET")):
+            terminal.type(word + ENTER)
+            terminal.wait_for(answer)
+            terminal.wait_for_input(PROMPT)
+        terminal.type("MRSET" + ENTER + "quit" + ENTER)
+        terminal.wait_for("mrset: The command above is not complete, and this line is a part of it: a period ends it,")
+        terminal.wait_for_input(MORE)
+        terminal.type(ctrl("c"))
+        terminal.wait_for_input(PROMPT)
+        terminal.type("quit" + ENTER)
+        self.assert_ends(terminal)
+
     def test_no_text_of_the_data_acts_on_the_terminal(self):
         terminal = self.shell(columns=120)
         terminal.enter("variables gr")
@@ -567,6 +582,7 @@ class Recording(ShellTest):
         terminal.type(UP + LEFT * 25 + " val" + TAB)
         terminal.wait(lambda: " value=" in terminal.cursor_line()[0])
         terminal.type(TAB)
+        terminal.wait(lambda: "\n0  1\n" in terminal.text() and " value=" in terminal.cursor_line()[0])
         terminal.type("1")
         terminal.wait(lambda: " value=1" in terminal.cursor_line()[0])
         terminal.type(ENTER)

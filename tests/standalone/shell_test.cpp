@@ -19,6 +19,9 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
+constexpr const char* kRemark =
+    "say The command above is not complete, and this line is a part of it: a period ends it, Ctrl-C gives it up.";
+
 Typed Text(const std::string& text) {
   return {Typed::Kind::kText, text};
 }
@@ -50,6 +53,8 @@ class Script : public ShellInput, public ShellActions {
     notes.push_back("perform " + std::string(command.rule->name) + " " + command.argument);
   }
 
+  void Say(const std::string& sentence) override { notes.push_back("say " + sentence); }
+
   Texts notes;
   Texts remembered;
 
@@ -74,44 +79,84 @@ void ExpectNotes(bool isScript, const std::vector<Row>& rows) {
 }
 
 TEST(Shell, RunsEachCommandWhenItIsComplete) {
-  ExpectNotes(
-      false,
-      {
-          {{}, {">"}, {}},
-          {{Text("A.")}, {">", "run 1 A", ">"}, {"A."}},
-          {{Text("A"), Text("B."), Text("C.")}, {">", "-> A", "run 1 A\nB", ">", "run 1 C", ">"}, {"A\nB.", "C."}},
-          {{Text("A"), Text("")}, {">", "-> A", "run 1 A", ">"}, {"A"}},
-          {{Text("A\nB.\nC.\nD")}, {">", "run 1 A\nB", "run 3 C", "-> D"}, {"A\nB.", "C."}},
-          {{Text(""), Text("* A"), Text("B.")}, {">", ">", "-> * A", ">"}, {"* A\nB."}},
-      });
+  ExpectNotes(false,
+              {
+                  {{}, {">"}, {}},
+                  {{Text("MRSET.")}, {">", "run 1 MRSET", ">"}, {"MRSET."}},
+                  {{Text("MRSET"), Text("B."), Text("C.")},
+                   {">", "-> MRSET", "run 1 MRSET\nB", ">", "run 1 C", ">"},
+                   {"MRSET\nB.", "C."}},
+                  {{Text("MRSET"), Text("")}, {">", "-> MRSET", "run 1 MRSET", ">"}, {"MRSET"}},
+                  {{Text("MRSET\nB.\nC.\nmrs")}, {">", "run 1 MRSET\nB", "run 3 C", "-> mrs"}, {"MRSET\nB.", "C."}},
+                  {{Text(""), Text("* MRSET"), Text("B.")}, {">", ">", "-> * MRSET", ">"}, {"* MRSET\nB."}},
+              });
 }
 
 TEST(Shell, KnowsItsOwnCommandsOnFreshLinesOnly) {
-  ExpectNotes(
-      false,
-      {
-          {{Text("sets"), Text("help MDG.")},
-           {">", "perform sets ", ">", "perform help MDG", ">"},
-           {"sets", "help MDG."}},
-          {{Text("A"), Text("sets"), Text("quit.")},
-           {">", "-> A", "-> A\nsets", "run 1 A\nsets\nquit", ">"},
-           {"A\nsets\nquit."}},
-          {{Text("quit"), Text("A.")}, {">"}, {"quit"}},
-          {{Text("Exit."), Text("A.")}, {">"}, {"Exit."}},
-          {{Text("quit soon"), Text("A.")}, {">", "perform quit soon", ">", "run 1 A", ">"}, {"quit soon", "A."}},
-          {{Text("quit\nA.")}, {">"}, {"quit"}},
-      });
-}
-
-TEST(Shell, ForgetsACommandThatIsGivenUpButKeepsItsText) {
   ExpectNotes(false, {
-                         {{Text("A"), Abandoned("B"), Text("C.")}, {">", "-> A", ">", "run 1 C", ">"}, {"A\nB", "C."}},
-                         {{Abandoned(""), Abandoned("  ")}, {">", ">", ">"}, {}},
+                         {{Text("sets"), Text("help MDG.")},
+                          {">", "perform sets ", ">", "perform help MDG", ">"},
+                          {"sets", "help MDG."}},
+                         {{Text("MRSET"), Text("sets"), Text("quit.")},
+                          {">", "-> MRSET", kRemark, "-> MRSET\nsets", "run 1 MRSET\nsets\nquit", ">"},
+                          {"MRSET\nsets\nquit."}},
+                         {{Text("quit"), Text("MRSET.")}, {">"}, {"quit"}},
+                         {{Text("Exit."), Text("MRSET.")}, {">"}, {"Exit."}},
+                         {{Text("quit soon"), Text("MRSET.")},
+                          {">", "perform quit soon", ">", "run 1 MRSET", ">"},
+                          {"quit soon", "MRSET."}},
+                         {{Text("quit\nA.")}, {">"}, {"quit"}},
                      });
 }
 
+TEST(Shell, ForgetsACommandThatIsGivenUpButKeepsItsText) {
+  ExpectNotes(
+      false,
+      {
+          {{Text("MRSET"), Abandoned("B"), Text("C.")}, {">", "-> MRSET", ">", "run 1 C", ">"}, {"MRSET\nB", "C."}},
+          {{Abandoned(""), Abandoned("  ")}, {">", ">", ">"}, {}},
+      });
+}
+
 TEST(Shell, DoesNotRunWhatIsOpenWhenAPersonLeaves) {
-  ExpectNotes(false, {{{Text("A")}, {">", "-> A"}, {}}});
+  ExpectNotes(false, {{{Text("MRSET")}, {">", "-> MRSET"}, {}}});
+}
+
+TEST(Shell, RefusesAtOnceWhatIsNoCommand) {
+  const std::string others = "; one begins with MRSET, or is one of those that help shows.";
+  ExpectNotes(
+      false,
+      {
+          {{Text("set"), Text("sets")},
+           {">", "say There is no command set; did you mean sets?", ">", "perform sets ", ">"},
+           {"set", "sets"}},
+          {{Text(" foo bar")}, {">", "say There is no command foo" + others, ">"}, {" foo bar"}},
+          {{Text("/DISPLAY NAME=ALL")}, {">", "say There is no command /DISPLAY" + others, ">"}, {"/DISPLAY NAME=ALL"}},
+          {{Text("MRSTE/DISPLAY")},
+           {">", "say There is no command MRSTE; did you mean MRSET?", ">"},
+           {"MRSTE/DISPLAY"}},
+          {{Text("mr")}, {">", "say There is no command mr; did you mean MRSET?", ">"}, {"mr"}},
+          {{Text("foo\nMRSET")}, {">", "say There is no command foo" + others, "-> MRSET"}, {"foo"}},
+          {{Text("foo.")}, {">", "run 1 foo", ">"}, {"foo."}},
+          {{Text("/* foo")}, {">", ">"}, {"/* foo"}},
+          {{Text("/* foo */ MRS/DISPLAY")}, {">", "-> MRS/DISPLAY"}, {}},
+          {{Text("* foo")}, {">", "-> * foo"}, {}},
+      });
+}
+
+TEST(Shell, RemarksOnceOnItsOwnCommandsWithinACommand) {
+  ExpectNotes(false, {
+                         {{Text("MRSET"), Text("help mdg"), Text("quit"), Abandoned(""), Text("MRS"), Text("undo")},
+                          {">", "-> MRSET", kRemark, "-> MRSET\nhelp mdg", "-> MRSET\nhelp mdg\nquit", ">", "-> MRS",
+                           kRemark, "-> MRS\nundo"},
+                          {"MRSET\nhelp mdg\nquit"}},
+                         {{Text("MRSET"), Text("log n1"), Text("variables q1 q2"), Text("sets.")},
+                          {">", "-> MRSET", "-> MRSET\nlog n1", "-> MRSET\nlog n1\nvariables q1 q2",
+                           "run 1 MRSET\nlog n1\nvariables q1 q2\nsets", ">"},
+                          {"MRSET\nlog n1\nvariables q1 q2\nsets."}},
+                     });
+  ExpectNotes(true, {{{Text("MRSET"), Text("quit")}, {">", "-> MRSET", "-> MRSET\nquit", "run 1 MRSET\nquit"}, {}},
+                     {{Text("foo"), Text("bar")}, {">", "-> foo", "-> foo\nbar", "run 1 foo\nbar"}, {}}});
 }
 
 TEST(Shell, ReadsAScriptToItsEnd) {

@@ -25,7 +25,9 @@ void CheckDestination(const std::string& path, bool replace, const DatasetOption
     return;
   }
   if (!replace) {
-    throw DatasetError(path + " exists already; --replace replaces its variables and cases and keeps its sets.");
+    throw DatasetError(path + (IsDatasetFile(path)
+                                   ? " exists already; --replace replaces its variables and cases and keeps its sets."
+                                   : " exists already and is no dataset that can be read; give another name."));
   }
   if (OpenDataset(path, options)->IsReadOnly()) {
     throw DatasetError(path + " cannot be written: there is no permission to write it or its folder.");

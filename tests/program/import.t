@@ -90,8 +90,11 @@ A dataset that exists is refused.
   mrset: p.mrset exists already; --replace replaces its variables and cases and keeps its sets.
   [2]
   $ cmp p.mrset before.mrset
+  $ : > none.mrset; mrset import plain.csv none.mrset
+  mrset: none.mrset exists already and is no dataset that can be read; give another name.
+  [2]
   $ echo text > t.txt; mrset import plain.csv t.txt; cat t.txt
-  mrset: t.txt exists already; --replace replaces its variables and cases and keeps its sets.
+  mrset: t.txt exists already and is no dataset that can be read; give another name.
   text
 
 --replace keeps the sets; what lost its variables shows it.
@@ -236,5 +239,5 @@ An unwritable place.
   mrset: no/such/x.mrset cannot be written: No such file or directory.
   [2]
   $ mrset import ok.csv ..
-  mrset: .. exists already; --replace replaces its variables and cases and keeps its sets.
+  mrset: .. exists already and is no dataset that can be read; give another name.
   [2]

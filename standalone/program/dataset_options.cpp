@@ -12,6 +12,19 @@
 #include "standalone/text/notice.h"
 
 namespace standalone {
+namespace {
+
+/// What is wrong with a number of seconds; empty where nothing is.
+std::string ComplaintOn(const std::string& seconds) {
+  if (WholeNumber(seconds)) {
+    return {};
+  }
+  const bool isNumber = !seconds.empty() && seconds.find_first_not_of("0123456789") == std::string::npos;
+  return seconds + (isNumber ? " has more than nine digits; 999999999 seconds is the longest wait"
+                             : " is no whole number of seconds");
+}
+
+}  // namespace
 
 void AddLockTimeoutOption(CLI::App& app, DatasetOptions& options) {
   // Once, though several connections to one dataset may wait.
@@ -24,9 +37,7 @@ void AddLockTimeoutOption(CLI::App& app, DatasetOptions& options) {
     options.lockTimeout = std::chrono::seconds(*WholeNumber(value));
   };
   app.add_option_function<std::string>("--lock-timeout", set, "How long to wait for a locked dataset; 30 unless given")
-      ->check([](const std::string& value) {
-        return WholeNumber(value) ? std::string() : value + " is no whole number of seconds";
-      })
+      ->check(ComplaintOn)
       ->type_name("SECONDS");
 }
 

@@ -142,7 +142,7 @@ What is no time:
   Run "mrset run --help" for its options.
   [2]
   $ define '$c' --lock-timeout 9999999999
-  mrset: --lock-timeout: 9999999999 is no whole number of seconds.
+  mrset: --lock-timeout: 9999999999 has more than nine digits; 999999999 seconds is the longest wait.
   Example:
     mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
   Run "mrset run --help" for its options.

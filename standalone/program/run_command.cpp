@@ -17,6 +17,7 @@
 #include "standalone/program/command_status.h"
 #include "standalone/program/dataset_options.h"
 #include "standalone/program/format_option.h"
+#include "standalone/program/output_option.h"
 #include "standalone/program/progress.h"
 #include "standalone/program/same_file.h"
 #include "standalone/program/subcommands.h"
@@ -185,7 +186,7 @@ Action DeclareRun(CLI::App& app) {
       ->type_name("COMMAND")
       ->allow_extra_args(false);
   AddFormatOptions(app, FormatNames(kFormats), options->format);
-  app.add_option("--output", options->outputPath, "Write the results to this file")->type_name("FILE");
+  AddOutputOption(app, "Write the results to this file", options->outputPath);
   app.add_flag("--dry-run", options->dryRun, "Show what would be done; leave the dataset as it is");
   app.add_flag("--stop-on-error", options->stopOnError, "Run no command after one that fails");
   app.add_flag("--relaxed", options->datasetOptions.relaxed,

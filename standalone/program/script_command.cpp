@@ -15,6 +15,7 @@
 #include "standalone/data/dataset.h"
 #include "standalone/program/dataset_operand.h"
 #include "standalone/program/dataset_options.h"
+#include "standalone/program/output_option.h"
 #include "standalone/program/same_file.h"
 #include "standalone/program/subcommands.h"
 #include "standalone/run/output_file.h"
@@ -112,7 +113,7 @@ Action DeclareScript(CLI::App& app) {
       ->required()
       ->type_name("");
   app.add_option("SET", options->names, "Names of the sets to write; without any, all")->type_name("");
-  app.add_option("--output", options->outputPath, "Write the script to this file")->type_name("FILE");
+  AddOutputOption(app, "Write the script to this file", options->outputPath);
   app.add_flag("--delete-all", options->deleteAll,
                "Begin by deleting all sets of the dataset on which the script runs");
   AddLockTimeoutOption(app, options->datasetOptions);

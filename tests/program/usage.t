@@ -363,6 +363,32 @@ Arguments that are missing, too many or of no use.
     mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
   Run "mrset run --help" for its options.
   [2]
+  $ for path in --output= '--output -' '--output= --dry-run' '--output ./-'; do mrset run x.mrset $path -c MRSET 2>&1 | sed -n 1p; done
+  mrset: --output: -c looks like an option; a file of that name is ./-c.
+  mrset: --output: - is the name of no file; without --output the results go to standard output.
+  mrset: --output: --dry-run looks like an option; a file of that name is ./--dry-run.
+  mrset: x.mrset does not exist.
+  [2]
+  $ mrset run x.mrset -c MRSET --output ''
+  mrset: --output: the name of the file is empty; without --output the results go to standard output.
+  Example:
+    mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
+  Run "mrset run --help" for its options.
+  [2]
+  $ mrset script x.mrset --output -
+  mrset: --output: - is the name of no file; without --output the results go to standard output.
+  Example:
+    mrset script survey.mrset --output sets.script
+    mrset run other.mrset sets.script
+  Run "mrset script --help" for its options.
+  [2]
+  $ mrset script x.mrset --output=
+  mrset: --output needs a value.
+  Example:
+    mrset script survey.mrset --output sets.script
+    mrset run other.mrset sets.script
+  Run "mrset script --help" for its options.
+  [2]
   $ mrset run x.mrset -c MRSET --output a --output b
   mrset: --output can be given once only.
   Example:

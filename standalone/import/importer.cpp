@@ -1,6 +1,8 @@
 #include "standalone/import/importer.h"
 
+#include <fcntl.h>
 #include <fmt/format.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <memory>
@@ -71,6 +73,11 @@ std::size_t WriteCases(CsvReader& reader, std::vector<Column>& columns, const st
   return count;
 }
 
+std::unique_ptr<InputFile> OpenSurvey(const std::string& path) {
+  return path == "-" ? std::make_unique<InputFile>(SurveyName(path), fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0))
+                     : std::make_unique<InputFile>(path);
+}
+
 std::unique_ptr<CsvReader> ReadAgain(InputFile& file, const std::vector<std::string>& header) {
   file.Rewind();
   auto reader = std::make_unique<CsvReader>(file);
@@ -84,7 +91,8 @@ std::unique_ptr<CsvReader> ReadAgain(InputFile& file, const std::vector<std::str
 
 // The data are read a second time only where a type comes from them.
 ImportSummary ImportSurvey(const ImportRequest& request) {
-  InputFile file(request.dataPath);
+  const std::unique_ptr<InputFile> survey = OpenSurvey(request.dataPath);
+  InputFile& file = *survey;
   const std::string codebookPath = request.codebookPath.value_or("");
   std::vector<CodebookField> fields;
   if (request.codebookPath) {
@@ -93,14 +101,14 @@ ImportSummary ImportSurvey(const ImportRequest& request) {
   DatasetWriter writer(request.datasetPath, request.replace, request.datasetOptions);
   file.AllowRewind(request.datasetPath);
   auto reader = std::make_unique<CsvReader>(file);
-  std::vector<Column> columns = MakeColumns(reader->Header(), request.dataPath, std::move(fields), codebookPath);
+  std::vector<Column> columns = MakeColumns(reader->Header(), file.Path(), std::move(fields), codebookPath);
   if (!AreSettled(columns)) {
     SettleTypes(*reader, columns, AdvanceOf(request, file, true));
     reader = ReadAgain(file, reader->Header());
   }
   file.ForbidRewind();
   WriteVariables(columns, writer);
-  const std::size_t cases = WriteCases(*reader, columns, request.dataPath, writer, AdvanceOf(request, file, false));
+  const std::size_t cases = WriteCases(*reader, columns, file.Path(), writer, AdvanceOf(request, file, false));
   writer.Commit();
   return {columns.size(), cases};
 }

@@ -26,7 +26,7 @@ struct ImportProgress {
 };
 
 struct ImportRequest {
-  std::string dataPath;                     ///< CSV, UTF-8, with a header row
+  std::string dataPath;                     ///< CSV, UTF-8, with a header row; "-" for standard input
   std::optional<std::string> codebookPath;  ///< Table Schema JSON
   std::string datasetPath;
   bool replace = false;  ///< replace variables and cases of a dataset that exists, keep its sets

@@ -4,8 +4,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <utility>
 
 #include "standalone/data/temporary_file.h"
 #include "standalone/import/importer.h"
@@ -20,7 +22,13 @@ bool IsSeekable(int descriptor) {
 
 }  // namespace
 
-InputFile::InputFile(const std::string& path) : fPath(path), fDescriptor(open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
+std::string SurveyName(const std::string& path) {
+  return path == "-" ? "standard input" : path;
+}
+
+InputFile::InputFile(const std::string& path) : InputFile(path, open(path.c_str(), O_RDONLY | O_CLOEXEC)) {}
+
+InputFile::InputFile(std::string name, int descriptor) : fPath(std::move(name)), fDescriptor(descriptor) {
   if (fDescriptor < 0) {
     Fail(errno == ENOENT ? "does not exist" : std::string("cannot be read: ") + std::strerror(errno));
   }
@@ -29,8 +37,9 @@ InputFile::InputFile(const std::string& path) : fPath(path), fDescriptor(open(pa
     close(fDescriptor);
     Fail("is a directory");
   }
+  fBegin = std::max<std::int64_t>(lseek(fDescriptor, 0, SEEK_CUR), 0);
   if (S_ISREG(status.st_mode)) {
-    fSize = static_cast<std::uint64_t>(status.st_size);
+    fSize = static_cast<std::uint64_t>(std::max<std::int64_t>(status.st_size - fBegin, 0));
   }
 }
 
@@ -77,7 +86,7 @@ void InputFile::AllowRewind(const std::string& neighbour) {
 void InputFile::Rewind() {
   fFromCopy = fCopy >= 0;
   fBytesRead = 0;
-  if (lseek(fFromCopy ? fCopy : fDescriptor, 0, SEEK_SET) < 0) {
+  if ((fFromCopy ? lseek(fCopy, 0, SEEK_SET) : lseek(fDescriptor, fBegin, SEEK_SET)) < 0) {
     Fail(std::string("cannot be read twice: ") + std::strerror(errno));
   }
 }

@@ -8,14 +8,21 @@
 
 namespace standalone {
 
-/// A file that is read from its beginning, a pipe too. Failures are ImportErrors that name it.
+/// What a survey is called in sentences: its path, or "standard input" for "-".
+std::string SurveyName(const std::string& path);
+
+/// A file that is read from where it stands, a pipe too. Failures are ImportErrors that name it.
 class InputFile {
  public:
   explicit InputFile(const std::string& path);
+
+  /// A file that is open already, which goes over to this.
+  InputFile(std::string name, int descriptor);
   InputFile(const InputFile&) = delete;
   InputFile& operator=(const InputFile&) = delete;
   ~InputFile();
 
+  /// The path, or the name, that it was given.
   const std::string& Path() const { return fPath; }
 
   /// Reads up to `size` bytes, one at least; 0 at the end of the file.
@@ -32,7 +39,7 @@ class InputFile {
   /// What is read from now on need not be read again: it is not copied any more.
   void ForbidRewind() { fCopying = false; }
 
-  /// Goes back to the beginning.
+  /// Goes back to where reading began.
   void Rewind();
 
  private:
@@ -45,9 +52,10 @@ class InputFile {
   int fDescriptor = -1;
   std::optional<std::uint64_t> fSize;
   std::uint64_t fBytesRead = 0;
-  int fCopy = -1;          // of what a pipe gave
-  bool fCopying = false;   // a pipe is read and may be rewound
-  bool fFromCopy = false;  // the copy is read before the rest of the pipe
+  std::int64_t fBegin = 0;  // where reading began
+  int fCopy = -1;           // of what a pipe gave
+  bool fCopying = false;    // a pipe is read and may be rewound
+  bool fFromCopy = false;   // the copy is read before the rest of the pipe
 };
 
 }  // namespace standalone

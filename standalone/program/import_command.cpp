@@ -9,6 +9,7 @@
 #include <string>
 
 #include "standalone/import/importer.h"
+#include "standalone/import/input_file.h"
 #include "standalone/program/counted.h"
 #include "standalone/program/dataset_options.h"
 #include "standalone/program/progress.h"
@@ -24,7 +25,8 @@ ImportSummary ImportWithProgress(ImportRequest request) {
   request.progress = [&](const ImportProgress& now) {
     if (begun != now.isForTypes) {
       begun = now.isForTypes;
-      progress.Begin({(now.isForTypes ? "Looking at " : "Importing ") + Visible(request.dataPath), "", now.size});
+      progress.Begin(
+          {(now.isForTypes ? "Looking at " : "Importing ") + Visible(SurveyName(request.dataPath)), "", now.size});
     }
     progress.Update(now.bytes);
   };
@@ -47,7 +49,9 @@ Action DeclareImport(CLI::App& options) {
   options.add_flag("--replace", request->replace,
                    "Replace the variables and cases of a dataset that exists; its sets are kept");
   AddLockTimeoutOption(options, request->datasetOptions);
-  options.add_option("DATA", request->dataPath, "Survey: CSV, UTF-8, with a header row")->required()->type_name("");
+  options.add_option("DATA", request->dataPath, "Survey: CSV, UTF-8, header row; - for standard input")
+      ->required()
+      ->type_name("");
   options.add_option("DATASET", request->datasetPath, "Dataset file to make")->required()->type_name("");
   options.footer("Example:\n  mrset import --schema survey.schema.json survey.csv survey.mrset\n");
   return [request] { return Import(*request); };

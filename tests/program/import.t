@@ -83,6 +83,29 @@ Without one, types and widths come from the data.
   score  numeric
   empty  string, 1 byte
 
+From standard input, named so; from where it stands.
+
+  $ cat plain.csv | mrset import - piped.mrset; mrset import - stood.mrset < plain.csv
+  piped.mrset: 4 variables, 2 cases
+  stood.mrset: 4 variables, 2 cases
+  $ { read -r; mrset import - rest.mrset; } < <(echo a line before; cat plain.csv)
+  rest.mrset: 4 variables, 2 cases
+  $ { echo a line before; cat plain.csv; } > behind.csv; { read -r; mrset import - behind.mrset; } < behind.csv
+  behind.mrset: 4 variables, 2 cases
+  $ for name in piped stood rest behind; do for table in variable cases; do sqlite3 $name.mrset "SELECT * FROM $table" | cmp - <(sqlite3 p.mrset "SELECT * FROM $table"); done; done
+  $ printf 'a,b\n1\n' | mrset import - x.mrset
+  mrset: standard input, line 2: 1 cell where the header has 2.
+  [2]
+  $ mrset import - x.mrset < /dev/null
+  mrset: standard input is empty: there is no header row.
+  [2]
+  $ mrset import - x.mrset < .
+  mrset: standard input is a directory.
+  [2]
+  $ mrset import - x.mrset <&-
+  mrset: standard input is empty: there is no header row.
+  [2]
+
 A dataset that exists is refused.
 
   $ cp p.mrset before.mrset

@@ -456,7 +456,7 @@ Help and version are results.
   Usage: mrset import [OPTIONS] DATA DATASET
   
   Positionals:
-    DATA                    Survey: CSV, UTF-8, with a header row
+    DATA                    Survey: CSV, UTF-8, header row; - for standard input
     DATASET                 Dataset file to make
   
   Options:

@@ -3,6 +3,7 @@
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
+#include <algorithm>
 #include <iostream>
 #include <memory>
 #include <optional>
@@ -16,6 +17,7 @@
 #include "standalone/program/dataset_options.h"
 #include "standalone/program/same_file.h"
 #include "standalone/program/subcommands.h"
+#include "standalone/program/told_change.h"
 #include "standalone/sets/chosen_sets.h"
 #include "standalone/sets/copy_transaction.h"
 #include "standalone/text/notice.h"
@@ -98,6 +100,12 @@ void TellOutcome(const CopiedSet& set) {
   }
 }
 
+bool HasChanged(const CopyPlan& plan) {
+  return std::any_of(plan.outcome.begin(), plan.outcome.end(), [](const CopiedSet& set) {
+    return set.outcome == CopiedSet::Outcome::kAdded || set.outcome == CopiedSet::Outcome::kReplaced;
+  });
+}
+
 void TellProblems(const CopyPlan& plan) {
   std::cout.flush();
   for (const CopiedSet& set : plan.outcome) {
@@ -121,6 +129,9 @@ ExitStatus Copy(const CopyOptions& options) {
     std::cout << Visible(options.source) << " has no multiple response sets.\n";
   } else if (options.dryRun) {
     std::cout << "A dry run: " << Visible(options.targetPath) << " is as it was.\n";
+  }
+  if (!options.dryRun && HasChanged(plan)) {
+    EnsureToldOf(fmt::format("the sets are copied into {}", options.targetPath));
   }
   TellProblems(plan);
   return plan.IsComplete() ? kSuccess : kErrors;

@@ -113,11 +113,10 @@ int RunProgram(int argc, const char* const* argv) {
   PrepareForSignals();
   const int status = ParseAndPerform(argc, argv);
   std::cout.flush();
-  if (!std::cout) {
+  if (!std::cout && status != kUnusable) {  // or else the reason was given
     PrintError("Standard output cannot be written.");
-    return kUnusable;
   }
-  return status;
+  return std::cout ? status : kUnusable;
 }
 
 }  // namespace standalone

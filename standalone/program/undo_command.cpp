@@ -12,6 +12,7 @@
 #include "standalone/program/dataset_options.h"
 #include "standalone/program/history_actions.h"
 #include "standalone/program/subcommands.h"
+#include "standalone/program/told_change.h"
 #include "standalone/program/whole_number.h"
 #include "standalone/text/notice.h"
 
@@ -49,6 +50,9 @@ ExitStatus UndoAndSay(const std::string& datasetPath, const DatasetOptions& opti
     throw DatasetError(datasetPath + " cannot be written: there is no permission to write it or its folder.");
   }
   std::cout << SentenceOf(*undone) << '\n';
+  if (undone->changed) {
+    EnsureToldOf(fmt::format("the sets of {} are those of version {} again", datasetPath, undone->target));
+  }
   return kSuccess;
 }
 

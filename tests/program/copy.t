@@ -132,3 +132,20 @@ Help.
   Examples:
     mrset copy wave1.mrset wave2.mrset '$drinks' '$toppings'
     mrset copy survey.mrset@3 survey.mrset '$drinks'
+
+A full standard output hides no change that was made.
+
+  $ small from.mrset; mrset run from.mrset -c 'MRSET /MCGROUP NAME=$full VARIABLES=t1 t2' > /dev/null; small to.mrset
+  $ mrset copy from.mrset to.mrset --dry-run > /dev/full
+  mrset: Standard output cannot be written.
+  [2]
+  $ mrset sets to.mrset
+  The dataset has no multiple response sets.
+  $ mrset copy from.mrset to.mrset > /dev/full
+  mrset: Standard output cannot be written; the change is made all the same: the sets are copied into to.mrset.
+  [2]
+  $ mrset diff from.mrset to.mrset
+  The multiple response sets are the same.
+  $ mrset copy from.mrset to.mrset > /dev/full
+  mrset: Standard output cannot be written.
+  [2]

@@ -123,3 +123,14 @@ Text that would act on a terminal is shown in a harmless form.
   $ mrset run t.mrset odd.script > /dev/null; mrset log t.mrset | timeless
       1  TIME  defined $x
          MRSET /MCGROUP NAME=$x LABEL='\x1b[2J\u202e' VARIABLES=q1 q2
+
+A full standard output hides no change that was made.
+
+  $ mrset undo t.mrset > /dev/full
+  mrset: Standard output cannot be written; the change is made all the same: the sets of t.mrset are those of version 0 again.
+  [2]
+  $ mrset sets t.mrset
+  The dataset has no multiple response sets.
+  $ mrset undo t.mrset --to 0 > /dev/full
+  mrset: Standard output cannot be written.
+  [2]

@@ -114,11 +114,11 @@ void GoBack(const std::string& path) {
 void CheckWhole(const std::string& path) {
   bool isSound = true;
   standalone::CheckReport report;
-  report.finding = [&isSound](const std::string& sentence) {
+  report.finding = [&isSound](std::string_view, const std::string& sentence) {
     Check(!sentence.empty() && sentence.back() == '.', "a finding is a sentence");
     isSound = false;
   };
-  report.remark = [](const std::string&) {};
+  report.remark = [](std::string_view, const std::string&) {};
   standalone::CheckDataset(path, {}, report);
   try {
     if (isSound) {

@@ -139,11 +139,12 @@ class Module:
         changed = folder / mutant.file
         changed.parent.mkdir(parents=True)
         changed.write_text(mutant.source)
-        # Beside it stand the others, and the tests that look for texts in them.
+        # Beside it stand the others, the tests that look for texts in them, and the manual that must name these.
         for source in SOURCES.iterdir():
             if source.name != changed.name:
                 (changed.parent / source.name).symlink_to(source)
-        (folder / "tests").symlink_to(ROOT / "tests")
+        for other in ("tests", "docs"):
+            (folder / other).symlink_to(ROOT / other)
         sources = self.sources if changed.suffix == ".h" else [Path(mutant.file)]
         return all(self._compile(source, folder, folder) for source in sources) and self.link(folder, sources)
 

@@ -20,7 +20,8 @@ namespace {
 
 constexpr std::size_t kBytesForACommand = 2'000'000;
 constexpr std::size_t kMostVariables = 10'000;
-constexpr std::size_t kMostShown = 6;  // values or variables in a hint
+constexpr int kMostInDictionary = 100'000;  // a case is read whole, whatever the set takes of it
+constexpr std::size_t kMostShown = 6;       // values or variables in a hint
 
 /// What the cases hold of one variable of a set.
 struct VariableTally {
@@ -226,7 +227,8 @@ std::vector<std::string> ChoiceHints::On(Dataset& dataset, const std::vector<Sto
   std::size_t bytesLeft = forCommand;
   try {
     std::vector<SetTally> tallies = TalliesOf(dataset, SetsMade(before, after));
-    if (!tallies.empty() && CaseTally(tallies).Read(dataset, bytesLeft)) {
+    if (!tallies.empty() && dataset.VariableCount() <= kMostInDictionary &&
+        CaseTally(tallies).Read(dataset, bytesLeft)) {
       for (const SetTally& tally : tallies) {
         if (std::optional<std::string> hint = HintOn(tally)) {
           hints.push_back(std::move(*hint));

@@ -11,7 +11,8 @@ namespace standalone {
 
 /// Hints on what the cases hold of the dichotomy sets that commands define. The cases are read only for new and changed
 /// sets, no farther than to the first case that leaves nothing to say, no more than 2 MB of them for one command, and
-/// 32 MB in all; where that is not enough, or the cases cannot be read, there is no hint.
+/// 32 MB in all, and none of more than 100,000 variables; where that is not enough, or the cases cannot be read, there
+/// is no hint.
 class ChoiceHints {
  public:
   /// The hints after a command that found the sets `before` and leaves `after`: for each set that it made, either that

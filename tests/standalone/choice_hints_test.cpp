@@ -143,6 +143,14 @@ TEST_F(ChoiceHintsTest, EndWhereTooMuchWouldBeRead) {
   EXPECT_EQ(given, 15);  // what the run has left of its 32 MB, 1.8 MB a command
 }
 
+TEST_F(ChoiceHintsTest, CasesOfVeryManyVariablesAreNotRead) {
+  WriteCases("wide.mrset", 100'000, {"b"});
+  WriteCases("wider.mrset", 100'001, {"b"});
+  ChoiceHints hints;
+  EXPECT_EQ(HintsOn(hints, "wide.mrset", "a", 2), Texts{"no case has the counted value a of $s: v0 has 'b'"});
+  EXPECT_EQ(HintsOn(hints, "wider.mrset", "a", 2), Texts{});
+}
+
 TEST_F(ChoiceHintsTest, AreSilentWhereTheCasesCannotBeRead) {
   for (const std::string cells : {"[1,2]", "nonsense", "{}"}) {
     {

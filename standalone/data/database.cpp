@@ -18,7 +18,6 @@ namespace standalone {
 namespace {
 
 constexpr const char* kMoved = " was moved or deleted by another program.";
-constexpr const char* kNoPermission = " cannot be written: there is no permission to write it or its folder.";
 
 // A plain name such as ":memory:" or "file:x?mode=memory" means something else to SQLite than a file of that name.
 std::string AsFilePath(const std::string& path) {
@@ -127,13 +126,14 @@ std::string Database::Implementation::LockedSentence() const {
                            InSeconds(fLockTimeout));
 }
 
-/// What stands behind the name. Permission may be taken away at any moment of a write; a file that can still be read
+/// Permission may be taken away at any moment of a write; a file that can still be read
 /// cannot be written then.
 std::string Database::Implementation::SystemFailure(int number) const {
   if (number == EACCES && access(fPath.c_str(), R_OK) == 0) {
-    return kNoPermission;
+    return NoPermissionSentence(fName);
   }
-  return fmt::format(" cannot be read or written: {}.", number == 0 ? "input or output failed" : std::strerror(number));
+  return fmt::format("{} cannot be read or written: {}.", fName,
+                     number == 0 ? "input or output failed" : std::strerror(number));
 }
 
 void Database::Implementation::Fail(int result) const {
@@ -152,12 +152,12 @@ void Database::Implementation::Fail(int result) const {
       throw DatasetError(fName + " is not a dataset.");
     case SQLITE_PERM:
     case SQLITE_READONLY:
-      throw ReadOnlyError(fName + kNoPermission);
+      throw ReadOnlyError(NoPermissionSentence(fName));
     case SQLITE_FULL:
       throw DatasetError(fName + " cannot be written: the disk is full.");
     case SQLITE_IOERR:
     case SQLITE_CANTOPEN:
-      throw DatasetError(fName + SystemFailure(SystemErrno(fConnection)));
+      throw DatasetError(SystemFailure(SystemErrno(fConnection)));
     case SQLITE_NOMEM:
       throw DatasetError(fName + " cannot be used: the memory does not suffice.");
     case SQLITE_TOOBIG:

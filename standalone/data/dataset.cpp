@@ -57,6 +57,10 @@ std::unique_ptr<Variable> LoadVariable(Database& database, int position) {
 
 }  // namespace
 
+std::string NoPermissionSentence(const std::string& name) {
+  return name + " cannot be written: there is no permission to write it or its folder.";
+}
+
 bool StoredSet::operator==(const StoredSet& other) const {
   return Members(*this) == Members(other);
 }

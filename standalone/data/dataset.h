@@ -20,6 +20,9 @@ class DatasetError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+/// What is wrong where a dataset that can be read cannot be written.
+std::string NoPermissionSentence(const std::string& name);
+
 struct ValueLabel {
   std::string value;  ///< of a numeric variable, the shortest text that gives the number again
   std::string label;

@@ -30,7 +30,7 @@ void CheckDestination(const std::string& path, bool replace, const DatasetOption
                                    : " exists already and is no dataset that can be read; give another name."));
   }
   if (OpenDataset(path, options)->IsReadOnly()) {
-    throw DatasetError(path + " cannot be written: there is no permission to write it or its folder.");
+    throw DatasetError(NoPermissionSentence(path));
   }
 }
 

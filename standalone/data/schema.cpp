@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstring>
 #include <fstream>
+#include <numeric>
 #include <string_view>
 
 namespace standalone {
@@ -15,7 +16,7 @@ namespace standalone {
 namespace {
 
 constexpr std::int64_t kApplicationId = 0x6d727374;  // "mrst"
-constexpr std::size_t kApplicationIdOffset = 68;     // in SQLite's header
+constexpr std::size_t kApplicationIdOffset = 68;     // in SQLite's header, big-endian
 
 // The cells of a case are one JSON array in dictionary order: a number or null (missing) of a numeric variable, a
 // string of a string variable. `generation` counts the transactions that wrote. The positions of sets give their order
@@ -132,15 +133,17 @@ void CheckFormat(Database& database, const std::string& path) {
 
 bool IsDatasetFile(const std::string& path) {
   constexpr std::string_view kMagic = "SQLite format 3";
-  constexpr std::string_view kId = "mrst";
   struct stat status = {};
   if (stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) {
     return false;  // to open anything else might wait for somebody
   }
-  std::array<char, kApplicationIdOffset + kId.size()> begin{};
+  std::array<char, kApplicationIdOffset + sizeof(std::uint32_t)> begin{};
   std::ifstream(path, std::ios::binary).read(begin.data(), begin.size());
   const std::string_view header(begin.data(), begin.size());
-  return header.substr(0, kMagic.size()) == kMagic && header.substr(kApplicationIdOffset) == kId;
+  const std::string_view id = header.substr(kApplicationIdOffset);
+  const auto append = [](std::uint32_t number, char byte) { return number << 8 | static_cast<unsigned char>(byte); };
+  return header.substr(0, kMagic.size()) == kMagic &&
+         std::accumulate(id.begin(), id.end(), std::uint32_t{0}, append) == kApplicationId;
 }
 
 const std::vector<TableDefinition>& Tables() {

@@ -21,42 +21,15 @@ std::string NeedsEquals(std::string_view keyword) {
   return fmt::format("the keyword {} needs \"=\" behind it", keyword);
 }
 
-/// The only keyword that begins with the word, which is too short to name it.
-std::optional<std::string> OnlyKeywordWith(std::string_view word, const std::vector<std::string>& keywords) {
-  constexpr std::size_t kShortest = 2;
-  const auto beginsWithWord = [&](const std::string& keyword) { return keyword.compare(0, word.size(), word) == 0; };
-  if (word.size() < kShortest || std::count_if(keywords.begin(), keywords.end(), beginsWithWord) != 1) {
-    return std::nullopt;
-  }
-  return *std::find_if(keywords.begin(), keywords.end(), beginsWithWord);
-}
-
-std::optional<std::string> NearestOf(const std::string& name, const std::vector<std::string>& candidates) {
-  NearestName nearest(name);
-  for (const std::string& candidate : candidates) {
-    nearest.Offer(candidate);
-  }
-  return nearest.Result();
-}
-
 /// What tells one set's name from another.
 std::string WithoutDollar(const std::string& setName) {
   return setName.empty() ? setName : setName.substr(1);
-}
-
-bool IsWord(const Token& token) {
-  return token.type == TokenSequenceBase::kString;
 }
 
 }  // namespace
 
 std::string DidYouMean(const std::string& name) {
   return fmt::format("did you mean {}?", name);
-}
-
-std::optional<std::string> NearestKeyword(const std::string& word, const std::vector<std::string>& keywords) {
-  const std::optional<std::string> only = OnlyKeywordWith(ToUpper(word), keywords);
-  return only ? only : NearestOf(word, keywords);
 }
 
 std::optional<std::string> Adviser::OnMessage(const std::vector<std::string>& quoted) {
@@ -76,7 +49,7 @@ std::optional<std::string> Adviser::OnKeyword(std::size_t token) const {
   if (!IsWord(word)) {
     return std::nullopt;
   }
-  const std::optional<std::string> keyword = NearestKeyword(word.text, fReading.KeywordsTriedAt(token));
+  const std::optional<std::string> keyword = MeantWord(word.text, fReading.KeywordsTriedAt(token));
   if (!keyword) {
     return std::nullopt;
   }

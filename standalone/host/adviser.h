@@ -14,9 +14,6 @@
 
 namespace standalone {
 
-/// The keyword that was meant by a word that names none of `keywords`; nothing where that is not clear.
-std::optional<std::string> NearestKeyword(const std::string& word, const std::vector<std::string>& keywords);
-
 /// The hint that proposes a name.
 std::string DidYouMean(const std::string& name);
 

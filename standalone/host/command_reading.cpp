@@ -18,10 +18,6 @@ std::string ValueKey(std::string_view value) {
   return "'" + std::string(value);
 }
 
-bool IsWord(const Token& token) {
-  return token.type == TokenSequenceBase::kString;
-}
-
 bool Names(const Token& token, std::string_view keyword) {
   return IsWord(token) && NamesKeyword(ToUpper(token.text), keyword);
 }

@@ -271,7 +271,7 @@ std::optional<double> FieldReader::NumberOf(const Json& value) const {
 
 void FieldReader::FailToFit(const Json& value) const {
   const std::string text = value.is_string() ? value.get<std::string>() : value.dump();
-  Fail(fmt::format("the category \"{}\" does not fit the type {}", PrefixOfWholeCharacters(text, 60), fTypeName));
+  Fail(fmt::format("the category \"{}\" does not fit the type {}", Shortened(text), fTypeName));
 }
 
 Json& FieldsOf(Json& codebook, const std::string& path) {

@@ -33,9 +33,7 @@ bool IsWhole(std::string_view number) {
 }
 
 std::string Quoted(std::string_view text) {
-  constexpr std::size_t kShown = 60;
-  const std::string_view shown = PrefixOfWholeCharacters(text, kShown);
-  return fmt::format("\"{}{}\"", shown, shown.size() < text.size() ? "..." : "");
+  return fmt::format("\"{}\"", Shortened(text));
 }
 
 // The column of each name, by its upper-case form.

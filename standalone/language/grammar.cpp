@@ -12,10 +12,6 @@ namespace {
 constexpr std::string_view kLabelSource = "LABELSOURCE";
 constexpr std::size_t kLabelSourceLetters = 6;  // by which alone it is recognised
 
-bool IsWord(const Token& token) {
-  return token.type == TokenSequenceBase::kString;
-}
-
 bool Names(std::string_view word, const Keyword& keyword) {
   return keyword.name == kLabelSource
              ? word.substr(0, kLabelSourceLetters) == kLabelSource.substr(0, kLabelSourceLetters)

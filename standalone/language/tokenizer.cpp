@@ -196,4 +196,15 @@ std::vector<Token> Tokenize(std::string_view command) {
   return Tokenizer(command).Read();
 }
 
+std::string Quoted(const std::string& text) {
+  const bool holdsSingle = text.find('\'') != std::string::npos;
+  const bool holdsDouble = text.find('"') != std::string::npos;
+  const char quote = holdsSingle && !holdsDouble ? '"' : '\'';
+  std::string quoted(1, quote);
+  for (const char c : text) {
+    quoted.append(c == quote ? 2 : 1, c);
+  }
+  return quoted + quote;
+}
+
 }  // namespace standalone

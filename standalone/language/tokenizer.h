@@ -31,6 +31,11 @@ struct Token {
   std::size_t length = 0;  ///< how many bytes of the command it takes, quotes included
 };
 
+/// Whether the token is a word: a name, a keyword, or what else is neither quoted nor a number or symbol.
+inline bool IsWord(const Token& token) {
+  return token.type == TokenSequenceBase::kString;
+}
+
 /// A command that cannot be read as tokens. what() is a sentence without a place; the bytes of the command that it is
 /// about begin at Offset().
 class TokenizerError : public std::runtime_error {
@@ -48,6 +53,10 @@ class TokenizerError : public std::runtime_error {
 /// The tokens of one command, the end of the command last. Throws TokenizerError for text that is not valid UTF-8, for
 /// a NUL character and for a string that is not closed on its line.
 std::vector<Token> Tokenize(std::string_view command);
+
+/// The text as a quoted string of a command: in the quotes that it does not hold itself; in single ones, doubled
+/// within, where it holds both.
+std::string Quoted(const std::string& text);
 
 }  // namespace standalone
 

@@ -108,7 +108,7 @@ Problem ListReader::NotInDataset(std::size_t token) const {
 }
 
 bool ListReader::IsWord(std::size_t index) const {
-  return index < fEnd && fTokens[index].type == TokenSequenceBase::kString;
+  return index < fEnd && standalone::IsWord(fTokens[index]);
 }
 
 bool ListReader::IsTo(std::size_t index) const {

@@ -124,7 +124,7 @@ ExitStatus Check(const CheckRequest& request) {
 
 Action DeclareCheck(CLI::App& options) {
   const auto request = std::make_shared<CheckRequest>();
-  options.add_option("DATASET", request->datasetPath, "Dataset file")->required()->type_name("");
+  AddDatasetArgument(options, request->datasetPath);
   AddLockTimeoutOption(options, request->datasetOptions);
   options.footer(
       "Exit status: 0 sound, 1 something is not as it should be, 2 wrong usage, or not\n"

@@ -26,6 +26,10 @@ std::string ComplaintOn(const std::string& seconds) {
 
 }  // namespace
 
+void AddDatasetArgument(CLI::App& app, std::string& path, const std::string& description) {
+  app.add_option("DATASET", path, description)->required()->type_name("");
+}
+
 void AddLockTimeoutOption(CLI::App& app, DatasetOptions& options) {
   // Once, though several connections to one dataset may wait.
   options.notify = [told = std::make_shared<std::set<std::string>>()](const std::string& sentence) {

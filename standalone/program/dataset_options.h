@@ -2,10 +2,14 @@
 #define STANDALONE_PROGRAM_DATASET_OPTIONS_H
 
 #include <CLI/App.hpp>
+#include <string>
 
 #include "standalone/data/dataset.h"
 
 namespace standalone {
+
+/// Adds the required argument DATASET to a subcommand.
+void AddDatasetArgument(CLI::App& app, std::string& path, const std::string& description = "Dataset file");
 
 /// Adds --lock-timeout to a subcommand. What a user should know goes to standard error as it happens.
 void AddLockTimeoutOption(CLI::App& app, DatasetOptions& options);

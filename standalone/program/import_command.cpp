@@ -52,7 +52,7 @@ Action DeclareImport(CLI::App& options) {
   options.add_option("DATA", request->dataPath, "Survey: CSV, UTF-8, header row; - for standard input")
       ->required()
       ->type_name("");
-  options.add_option("DATASET", request->datasetPath, "Dataset file to make")->required()->type_name("");
+  AddDatasetArgument(options, request->datasetPath, "Dataset file to make");
   options.footer("Example:\n  mrset import --schema survey.schema.json survey.csv survey.mrset\n");
   return [request] { return Import(*request); };
 }

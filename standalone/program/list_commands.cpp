@@ -126,7 +126,7 @@ ExitStatus Write(const List& list, const ListRequest& request) {
 
 Action DeclareList(CLI::App& app, const List& list) {
   const auto request = std::make_shared<ListRequest>();
-  app.add_option("DATASET", request->datasetPath, "Dataset file")->required()->type_name("");
+  AddDatasetArgument(app, request->datasetPath);
   AddFormatOptions(app, FormatNames(kFormats), request->format);
   AddLockTimeoutOption(app, request->datasetOptions);
   app.footer(fmt::format("Example:\n  {}\n", list.example));

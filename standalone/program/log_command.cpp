@@ -55,7 +55,7 @@ void WriteLog(Dataset& dataset) {
 
 Action DeclareLog(CLI::App& options) {
   const auto request = std::make_shared<LogRequest>();
-  options.add_option("DATASET", request->datasetPath, "Dataset file")->required()->type_name("");
+  AddDatasetArgument(options, request->datasetPath);
   AddFormatOption(options, {"text", kJsonFormat}, request->format);
   AddLockTimeoutOption(options, request->datasetOptions);
   options.footer("Example:\n  mrset log survey.mrset\n");

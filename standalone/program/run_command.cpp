@@ -6,6 +6,7 @@
 #include <CLI/Formatter.hpp>
 #include <algorithm>
 #include <array>
+#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <optional>
@@ -180,7 +181,7 @@ ExitStatus Run(const RunOptions& options) {
 
 Action DeclareRun(CLI::App& app) {
   const auto options = std::make_shared<RunOptions>();
-  app.add_option("DATASET", options->datasetPath, "Dataset file")->required()->type_name("");
+  AddDatasetArgument(app, options->datasetPath);
   app.add_option("SCRIPT", options->scriptPath, "File of commands; - for standard input")->type_name("");
   app.add_option("-c,--command", options->commands, "Command to run, after SCRIPT; may lack its period")
       ->type_name("COMMAND")

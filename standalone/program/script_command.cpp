@@ -109,9 +109,7 @@ ExitStatus Script(const ScriptOptions& options) {
 
 Action DeclareScript(CLI::App& app) {
   const auto options = std::make_shared<ScriptOptions>();
-  app.add_option("DATASET", options->dataset, "Dataset file, or DATASET@N: its sets as change N left them")
-      ->required()
-      ->type_name("");
+  AddDatasetArgument(app, options->dataset, "Dataset file, or DATASET@N: its sets as change N left them");
   app.add_option("SET", options->names, "Names of the sets to write; without any, all")->type_name("");
   AddOutputOption(app, "Write the script to this file", options->outputPath);
   app.add_flag("--delete-all", options->deleteAll,

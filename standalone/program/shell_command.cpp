@@ -238,7 +238,7 @@ ExitStatus RunShell(const ShellOptions& options) {
 
 Action DeclareShell(CLI::App& app) {
   const auto options = std::make_shared<ShellOptions>();
-  app.add_option("DATASET", options->datasetPath, "Dataset file")->required()->type_name("");
+  AddDatasetArgument(app, options->datasetPath);
   AddLockTimeoutOption(app, options->datasetOptions);
   app.footer(
       "At a terminal: Tab completes, Ctrl-R searches the history, help says more.\n"

@@ -47,7 +47,7 @@ ExitStatus UndoAndSay(const std::string& datasetPath, const DatasetOptions& opti
     return kErrors;
   }
   if (undone->changed && !undone->written) {
-    throw DatasetError(datasetPath + " cannot be written: there is no permission to write it or its folder.");
+    throw DatasetError(NoPermissionSentence(datasetPath));
   }
   std::cout << SentenceOf(*undone) << '\n';
   if (undone->changed) {
@@ -58,7 +58,7 @@ ExitStatus UndoAndSay(const std::string& datasetPath, const DatasetOptions& opti
 
 Action DeclareUndo(CLI::App& options) {
   const auto request = std::make_shared<UndoRequest>();
-  options.add_option("DATASET", request->datasetPath, "Dataset file")->required()->type_name("");
+  AddDatasetArgument(options, request->datasetPath);
   options
       .add_option_function<std::string>(
           "--to", [request](const std::string& value) { request->to = WholeNumber(value); },

@@ -16,8 +16,7 @@ bool IsSymbol(const Token& token, int symbol) {
 /// Whether the tokens from `index` on can stand behind a value, but are none that names a set.
 bool GoesOnBehindValue(const std::vector<Token>& tokens, std::size_t index) {
   const Token& token = tokens[index];
-  const bool isKeyword =
-      token.type == TokenSequenceBase::kString && token.text[0] != '$' && IsSymbol(tokens[index + 1], kEqualsSymbol);
+  const bool isKeyword = IsWord(token) && token.text[0] != '$' && IsSymbol(tokens[index + 1], kEqualsSymbol);
   return token.type == TokenSequenceBase::kEnd || IsSymbol(token, kSlashSymbol) || isKeyword;
 }
 

@@ -7,6 +7,7 @@
 
 #include "standalone/host/adviser.h"
 #include "standalone/language/keywords.h"
+#include "standalone/language/nearest_name.h"
 #include "standalone/language/place.h"
 #include "standalone/language/tokenizer.h"
 #include "standalone/text/unicode.h"
@@ -20,14 +21,7 @@ constexpr int kOptimisticTries = 3;
 constexpr const char* kMrset = "MRSET";
 
 bool NamesMrset(const Token& token) {
-  return token.type == TokenSequenceBase::kString && NamesKeyword(ToUpper(token.text), kMrset);
-}
-
-/// A text short enough to be quoted in a sentence.
-std::string Shortened(const std::string& text) {
-  constexpr std::size_t kQuotedBytes = 60;
-  const std::string_view beginning = PrefixOfWholeCharacters(text, kQuotedBytes);
-  return fmt::format("{}{}", beginning, beginning.size() < text.size() ? "..." : "");
+  return IsWord(token) && NamesKeyword(ToUpper(token.text), kMrset);
 }
 
 Place PlaceIn(const ScriptCommand& command, std::size_t offset, std::size_t size) {
@@ -39,7 +33,7 @@ Message NotACommand(const ScriptCommand& command, const Token& token) {
       Level::kError,
       fmt::format("Line {}: {} is not a command. The command here is {}.", command.line, Shortened(token.text), kMrset),
       PlaceIn(command, token.offset, token.length)};
-  if (token.type == TokenSequenceBase::kString && NearestKeyword(token.text, {kMrset})) {
+  if (IsWord(token) && MeantWord(token.text, {kMrset})) {
     message.hint = DidYouMean(kMrset);
   }
   return message;

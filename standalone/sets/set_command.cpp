@@ -75,18 +75,6 @@ Reason WhyNoVariables(const StoredSet& set) {
   return std::nullopt;
 }
 
-/// The text in the quotes that it does not hold itself; in single ones, doubled within, where it holds both.
-std::string Quoted(const std::string& text) {
-  const bool holdsSingle = text.find('\'') != std::string::npos;
-  const bool holdsDouble = text.find('"') != std::string::npos;
-  const char quote = holdsSingle && !holdsDouble ? '"' : '\'';
-  std::string quoted(1, quote);
-  for (const char c : text) {
-    quoted.append(c == quote ? 2 : 1, c);
-  }
-  return quoted + quote;
-}
-
 bool IsNumber(const std::string& text) {
   if (!WhyNotQuoted("", text) && text.find_first_of("'\"") == std::string::npos) {
     const std::vector<Token> tokens = Tokenize(text);

@@ -87,11 +87,7 @@ std::string AsCountedValue(const Variable& variable, const std::string& value) {
     const bool isWhole = value.size() > digits && value.find_first_not_of("0123456789", digits) == std::string::npos;
     return isWhole ? value : "";
   }
-  std::string quoted = "'";
-  for (const char c : value) {
-    quoted.append(c == '\'' ? 2 : 1, c);
-  }
-  return quoted + "'";
+  return Quoted(value);
 }
 
 /// A stretch of the dictionary, both ends included.
@@ -183,7 +179,7 @@ void Completer::CompleteCommand() {
   const Token last = fTokens.empty() ? Token() : fTokens.back();
   const bool isTyped = last.length != 0 && last.offset + last.length == fText.size();
   const bool isNumber = last.type == TokenSequenceBase::kNumber;
-  if (isTyped && (last.type == TokenSequenceBase::kString || last.symbol == kAllSymbol || isNumber)) {
+  if (isTyped && (IsWord(last) || last.symbol == kAllSymbol || isNumber)) {
     fTokens.pop_back();
     BeginWordAt(last.offset);
   } else if (isTyped && last.type == TokenSequenceBase::kQuotedString) {

@@ -83,8 +83,7 @@ std::optional<std::string> RefusalOfUnknownCommand(std::string_view openText) {
   if (word[0] == '*' || NamesKeyword(ToUpper(word), kMrsetCommand)) {
     return std::nullopt;
   }
-  constexpr std::size_t kQuotedBytes = 60;
-  const std::string_view quoted = PrefixOfWholeCharacters(word, kQuotedBytes);
+  const std::string quoted = Shortened(word);
   const std::optional<std::string> meant = MeantWord(word, AllCommands());
   return meant ? fmt::format("There is no command {}; did you mean {}?", quoted, *meant)
                : fmt::format("There is no command {}; one begins with MRSET, or is one of those that help shows.",

@@ -185,6 +185,12 @@ std::string_view PrefixOfWholeCharacters(std::string_view text, std::size_t byte
   return text.substr(0, bytes);
 }
 
+std::string Shortened(std::string_view text) {
+  constexpr std::size_t kQuotedBytes = 60;
+  const std::string_view beginning = PrefixOfWholeCharacters(text, kQuotedBytes);
+  return std::string(beginning) + (beginning.size() < text.size() ? "..." : "");
+}
+
 std::size_t CharacterLength(std::string_view text, std::size_t offset) {
   return IsAscii(text[offset]) ? 1 : DecodeAt(text, offset).length;
 }

@@ -29,6 +29,9 @@ int CompareNoCase(std::string_view first, std::string_view second);
 /// The longest beginning of the text that holds at most `bytes` bytes and ends with a whole character.
 std::string_view PrefixOfWholeCharacters(std::string_view text, std::size_t bytes);
 
+/// The text as a sentence quotes it: one of more than 60 bytes by its beginning and "...".
+std::string Shortened(std::string_view text);
+
 /// The number of bytes of the character at `offset`, which lies within the text (1 for a byte that begins no valid
 /// character), its code point (U+FFFD for such a byte), and whether it is a letter.
 std::size_t CharacterLength(std::string_view text, std::size_t offset);

@@ -227,7 +227,7 @@ TEST(Completer, CompletesCountedValuesFromTheLabelsOfTheVariables) {
   ExpectCompletions({
       {mdg + "drink1 TO drink3 VALUE=", {"0", "1", "2", "-1"}, mdg + "drink1 TO drink3 VALUE="},
       {mdg + "drink1 VALUE=1", {"1"}, mdg + "drink1 VALUE=1 "},
-      {mdg + "colour total VALUE=", {"'red'", "'it''s'"}, mdg + "colour total VALUE='"},
+      {mdg + "colour total VALUE=", {"'red'", "\"it's\""}, mdg + "colour total VALUE="},
       {mdg + "drink3 VALUE=", {}, mdg + "drink3 VALUE="},
       {"MRSET /MDG VALUE=", {}, "MRSET /MDG VALUE="},
       {"MRSET /MDG VALUE=1", {}, "MRSET /MDG VALUE=1"},

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
 #include <tuple>
 #include <unordered_map>
@@ -24,9 +25,9 @@ auto Members(const StoredSet& set) {
                   set.categoryLabelsFromCountedValue, set.variables);
 }
 
-bool AreSame(const std::vector<KeptSet>& kept, const std::vector<StoredSet>& sets) {
+bool AreSameLists(const std::vector<KeptSet>& kept, const SetList& sets) {
   return std::equal(kept.begin(), kept.end(), sets.begin(), sets.end(),
-                    [](const KeptSet& stored, const StoredSet& set) { return stored.set == set; });
+                    [](const KeptSet& stored, const SharedSet& set) { return AreSame(stored.set, set); });
 }
 
 int NotNegativeInt(Database& database, std::int64_t number) {
@@ -65,6 +66,28 @@ bool StoredSet::operator==(const StoredSet& other) const {
   return Members(*this) == Members(other);
 }
 
+SetList Shared(const std::vector<StoredSet>& sets) {
+  SetList shared;
+  shared.reserve(sets.size());
+  for (const StoredSet& set : sets) {
+    shared.push_back(std::make_shared<StoredSet>(set));
+  }
+  return shared;
+}
+
+std::vector<StoredSet> Copies(const SetList& sets) {
+  std::vector<StoredSet> copies;
+  copies.reserve(sets.size());
+  for (const SharedSet& set : sets) {
+    copies.push_back(*set);
+  }
+  return copies;
+}
+
+bool AreSame(const SharedSet& first, const SharedSet& second) {
+  return first == second || *first == *second;
+}
+
 // What has been read is kept from command to command as long as nobody has written, which the generation tells.
 class Dataset::Implementation {
  public:
@@ -74,15 +97,16 @@ class Dataset::Implementation {
   void Begin(bool exclusive);
   void BeginIfNone();
   void End();
-  Saved Save(const std::vector<StoredSet>& sets, const std::string& command);
+  Saved Save(const SetList& sets, const std::string& command);
 
   int VariableCount();
   const Variable& VariableAt(int position);
   int FindVariable(std::string_view name);
   void VisitVariableNames(const std::function<void(std::string_view name)>& visit);
-  void VisitCases(const std::function<bool(std::string_view cells)>& visit);
+  void VisitCases(std::int64_t from, const VisitCase& visit);
   void VisitVariables(std::string_view beginning, int from, const VisitName& visit);
   const std::vector<KeptSet>& Sets();
+  std::uint64_t Epoch();
 
   VersionRange Versions();
   std::vector<StoredSet> SetsOfVersion(std::int64_t version);
@@ -93,14 +117,15 @@ class Dataset::Implementation {
   void ForgetWhatWasRead();
   void ForgetSets();
   bool HasHistory();
-  Saved Write(const std::vector<StoredSet>& sets, const std::string& command);
-  void WriteLocked(const std::vector<StoredSet>& sets, const std::string& command);
+  Saved Write(const SetList& sets, const std::string& command);
+  void WriteLocked(const SetList& sets, const std::string& command);
 
   std::string fPath;
   std::function<void(const std::string&)> fNotify;
   std::unique_ptr<Database> fDatabase;
   bool fExclusive = false;
   std::int64_t fGeneration = 0;
+  std::uint64_t fEpoch = 0;
   std::optional<int> fVariableCount;
   std::unordered_map<int, std::unique_ptr<Variable>> fVariables;
   std::unordered_map<std::string, int> fPositions;  // by upper-case name
@@ -110,7 +135,7 @@ class Dataset::Implementation {
 void Dataset::Implementation::Begin(bool exclusive) {
   End();
   try {
-    fDatabase->Execute(exclusive ? "BEGIN IMMEDIATE" : "BEGIN");
+    Query(*fDatabase, exclusive ? "BEGIN IMMEDIATE" : "BEGIN").Run();
     const std::int64_t generation = StoredGeneration();  // the first read fixes the state that all reads see
     fDatabase->FailIfMoved();
     if (generation != fGeneration) {
@@ -135,11 +160,11 @@ void Dataset::Implementation::End() {
   fExclusive = false;
 }
 
-Dataset::Saved Dataset::Implementation::Save(const std::vector<StoredSet>& sets, const std::string& command) {
+Dataset::Saved Dataset::Implementation::Save(const SetList& sets, const std::string& command) {
   const std::vector<KeptSet>& stored = Sets();
   Saved saved = Saved::kDone;
   try {
-    const bool isNothingToWrite = AreSame(stored, sets) || (!HasHistory() && SameButForOrder(stored, sets));
+    const bool isNothingToWrite = AreSameLists(stored, sets) || (!HasHistory() && SameButForOrder(stored, sets));
     saved = isNothingToWrite ? Saved::kDone : Write(sets, command);
   } catch (const ReadOnlyError&) {
     const bool isOrderAlone = SameButForOrder(stored, sets);
@@ -157,10 +182,10 @@ Dataset::Saved Dataset::Implementation::Save(const std::vector<StoredSet>& sets,
 
 // A transaction that has read cannot wait for the right to write while another one waits for it to finish reading; so
 // it ends, and the next one checks that nothing was written in between.
-Dataset::Saved Dataset::Implementation::Write(const std::vector<StoredSet>& sets, const std::string& command) {
+Dataset::Saved Dataset::Implementation::Write(const SetList& sets, const std::string& command) {
   if (!fExclusive) {
     fDatabase->Rollback();
-    fDatabase->Execute("BEGIN IMMEDIATE");
+    Query(*fDatabase, "BEGIN IMMEDIATE").Run();
     if (StoredGeneration() != fGeneration) {
       return Saved::kConflict;
     }
@@ -169,16 +194,16 @@ Dataset::Saved Dataset::Implementation::Write(const std::vector<StoredSet>& sets
   return Saved::kDone;
 }
 
-void Dataset::Implementation::WriteLocked(const std::vector<StoredSet>& sets, const std::string& command) {
+void Dataset::Implementation::WriteLocked(const SetList& sets, const std::string& command) {
   const std::optional<std::string> migrated = Migrate(*fDatabase, fPath);
   if (migrated) {
     fSets = LoadSets(*fDatabase);  // they lie elsewhere now
   }
-  std::vector<KeptSet> written;
-  AddChange(*fDatabase, command, WriteSets(*fDatabase, *fSets, sets, written));
-  fDatabase->Execute("UPDATE meta SET generation = generation + 1");
-  fDatabase->Execute("COMMIT");
-  fSets = std::move(written);
+  SetWrite write = WriteSets(*fDatabase, *fSets, sets);
+  AddChange(*fDatabase, command, write.edits);
+  Query(*fDatabase, "UPDATE meta SET generation = generation + 1").Run();
+  Query(*fDatabase, "COMMIT").Run();
+  std::move(write).ApplyTo(*fSets);
   ++fGeneration;
   if (migrated && fNotify) {
     fNotify(*migrated);
@@ -198,6 +223,7 @@ void Dataset::Implementation::ForgetWhatWasRead() {
   fVariables.clear();
   fPositions.clear();
   fSets.reset();
+  ++fEpoch;
 }
 
 // After a failure: what lies where need not be what was read since.
@@ -255,10 +281,11 @@ void Dataset::Implementation::VisitVariableNames(const std::function<void(std::s
   }
 }
 
-void Dataset::Implementation::VisitCases(const std::function<bool(std::string_view cells)>& visit) {
+void Dataset::Implementation::VisitCases(std::int64_t from, const VisitCase& visit) {
   BeginIfNone();
-  Query row(*fDatabase, "SELECT cells FROM cases ORDER BY position");
-  while (row.Step() && visit(row.Text(0))) {
+  Query row(*fDatabase, "SELECT position, cells FROM cases WHERE position >= ? ORDER BY position");
+  row.Bind(from);
+  while (row.Step() && visit(row.Integer(0), row.Text(1))) {
   }
 }
 
@@ -285,6 +312,11 @@ const std::vector<KeptSet>& Dataset::Implementation::Sets() {
     fSets = LoadSets(*fDatabase);
   }
   return *fSets;
+}
+
+std::uint64_t Dataset::Implementation::Epoch() {
+  BeginIfNone();
+  return fEpoch;
 }
 
 VersionRange Dataset::Implementation::Versions() {
@@ -337,6 +369,10 @@ void Dataset::EndCommand() {
 }
 
 Dataset::Saved Dataset::SaveSets(const std::vector<StoredSet>& sets, const std::string& command) {
+  return fImplementation->Save(Shared(sets), command);
+}
+
+Dataset::Saved Dataset::SaveSets(const SetList& sets, const std::string& command) {
   return fImplementation->Save(sets, command);
 }
 
@@ -356,8 +392,8 @@ void Dataset::VisitVariableNames(const std::function<void(std::string_view name)
   fImplementation->VisitVariableNames(visit);
 }
 
-void Dataset::VisitCases(const std::function<bool(std::string_view cells)>& visit) {
-  fImplementation->VisitCases(visit);
+void Dataset::VisitCases(std::int64_t from, const VisitCase& visit) {
+  fImplementation->VisitCases(from, visit);
 }
 
 void Dataset::VisitVariables(std::string_view beginning, int from, const VisitName& visit) {
@@ -365,11 +401,19 @@ void Dataset::VisitVariables(std::string_view beginning, int from, const VisitNa
 }
 
 std::vector<StoredSet> Dataset::Sets() {
-  std::vector<StoredSet> sets;
-  for (const KeptSet& kept : fImplementation->Sets()) {
-    sets.push_back(kept.set);
-  }
+  return Copies(SharedSets());
+}
+
+SetList Dataset::SharedSets() {
+  const std::vector<KeptSet>& kept = fImplementation->Sets();
+  SetList sets;
+  sets.reserve(kept.size());
+  std::transform(kept.begin(), kept.end(), std::back_inserter(sets), [](const KeptSet& one) { return one.set; });
   return sets;
+}
+
+std::uint64_t Dataset::Epoch() {
+  return fImplementation->Epoch();
 }
 
 VersionRange Dataset::Versions() {

@@ -54,6 +54,16 @@ struct StoredSet {
   bool operator==(const StoredSet& other) const;
 };
 
+/// Sets that never change, so that lists share those that they have in common.
+using SharedSet = std::shared_ptr<const StoredSet>;
+using SetList = std::vector<SharedSet>;
+
+SetList Shared(const std::vector<StoredSet>& sets);
+std::vector<StoredSet> Copies(const SetList& sets);
+
+/// Whether the two hold the same; costs next to nothing where they are one.
+bool AreSame(const SharedSet& first, const SharedSet& second);
+
 /// How a dataset is used.
 struct DatasetOptions {
   /// How long a lock that another process holds is waited for; 0 is not at all.
@@ -123,6 +133,8 @@ class Dataset {
   /// that is a change, which is kept with the command's text. A file of an older format is migrated first, in the same
   /// transaction, and a copy of it set aside. Where only the order differs from that stored, and the dataset cannot be
   /// written or is of an older format, nothing is written and the result is kDone.
+  /// What is saved costs what has changed, as far as the list shares its sets with SharedSets().
+  Saved SaveSets(const SetList& sets, const std::string& command);
   Saved SaveSets(const std::vector<StoredSet>& sets, const std::string& command);
 
   int VariableCount();
@@ -136,9 +148,11 @@ class Dataset {
   /// Hands over the variables' names in dictionary order, without keeping what it reads.
   void VisitVariableNames(const std::function<void(std::string_view name)>& visit);
 
-  /// Hands over the cells of the cases in their order, each a JSON array as DatasetWriter stores it, until `visit`
-  /// returns false.
-  void VisitCases(const std::function<bool(std::string_view cells)>& visit);
+  using VisitCase = std::function<bool(std::int64_t position, std::string_view cells)>;
+
+  /// Hands over the cases from position `from` on in their order, each a JSON array as DatasetWriter stores it, until
+  /// `visit` returns false.
+  void VisitCases(std::int64_t from, const VisitCase& visit);
 
   using VisitName = std::function<bool(int position, const std::string& name)>;
 
@@ -149,6 +163,11 @@ class Dataset {
 
   /// The stored sets in their order.
   std::vector<StoredSet> Sets();
+  SetList SharedSets();
+
+  /// A number that changes with what another process writes: as long as it is the same, the variables and cases that
+  /// were read are, too.
+  std::uint64_t Epoch();
 
   VersionRange Versions();
 

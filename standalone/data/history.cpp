@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <ctime>
+#include <memory>
 #include <nlohmann/json.hpp>
 #include <utility>
 
@@ -53,7 +54,7 @@ std::int64_t LastNumber(Database& database) {
 }
 
 void AddBeforeForm(Database& database, std::int64_t number, const SetEdit& edit) {
-  const StoredSet& set = edit.before->set;
+  const StoredSet& set = *edit.before->set;
   const std::string variables = ToJsonArray(set.variables);
   Query(database, "INSERT INTO history_set VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)")
       .Bind(number)
@@ -194,13 +195,13 @@ void Rewind::UndoRow(Query& row) {
   }
   set.position = OrdinaryNumber(fDatabase, row.Integer(3));
   if (kind != ChangeKind::kMoved) {
-    set.set = BeforeForm(fDatabase, row);
+    set.set = std::make_shared<StoredSet>(BeforeForm(fDatabase, row));
   }
   Put(id, std::move(set));
 }
 
 void Rewind::Put(std::int64_t id, PlacedSet set) {
-  fDuplicates += ++fKeys[ToUpper(set.set.name)] > 1 ? 1 : 0;
+  fDuplicates += ++fKeys[ToUpper(set.set->name)] > 1 ? 1 : 0;
   fDuplicates += ++fPositions[set.position] > 1 ? 1 : 0;
   if (!fSets.emplace(id, std::move(set)).second) {
     fDatabase.FailAsDamaged();
@@ -214,7 +215,7 @@ Rewind::PlacedSet Rewind::Take(std::int64_t id) {
   }
   PlacedSet set = std::move(found->second);
   fSets.erase(found);
-  fDuplicates -= --fKeys[ToUpper(set.set.name)] > 0 ? 1 : 0;
+  fDuplicates -= --fKeys[ToUpper(set.set->name)] > 0 ? 1 : 0;
   fDuplicates -= --fPositions[set.position] > 0 ? 1 : 0;
   return set;
 }
@@ -230,7 +231,7 @@ std::vector<StoredSet> Rewind::Sets() const {
   std::vector<StoredSet> sets;
   sets.reserve(placed.size());
   for (const PlacedSet* one : placed) {
-    sets.push_back(one->set);
+    sets.push_back(*one->set);
   }
   return sets;
 }

@@ -46,7 +46,7 @@ class Rewind {
  private:
   struct PlacedSet {
     std::int64_t position = 0;
-    StoredSet set;
+    SharedSet set;
   };
 
   void UndoRow(Query& row);

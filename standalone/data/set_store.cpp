@@ -1,6 +1,8 @@
 #include "standalone/data/set_store.h"
 
 #include <algorithm>
+#include <iterator>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -15,34 +17,41 @@ namespace standalone {
 
 namespace {
 
-KeptSet SetOfRow(Database& database, Query& row) {
+/// A set that is being read, and will be kept.
+struct ReadSet {
   KeptSet kept;
-  kept.id = OrdinaryNumber(database, row.Integer(0));
-  kept.position = OrdinaryNumber(database, row.Integer(1));
-  kept.set.name = row.Text(2);
-  kept.key = ToUpper(kept.set.name);
-  kept.set.type = SetTypeOf(database, row.Integer(3));
-  kept.set.label = row.Text(4);
-  kept.set.countedValue = row.Text(5);
-  kept.set.labelFromVariable = row.Integer(6) != 0;
-  kept.set.categoryLabelsFromCountedValue = row.Integer(7) != 0;
-  return kept;
+  std::shared_ptr<StoredSet> set = std::make_shared<StoredSet>();
+};
+
+ReadSet SetOfRow(Database& database, Query& row) {
+  ReadSet read;
+  read.kept.set = read.set;
+  read.kept.id = OrdinaryNumber(database, row.Integer(0));
+  read.kept.position = OrdinaryNumber(database, row.Integer(1));
+  read.set->name = row.Text(2);
+  read.kept.key = ToUpper(read.set->name);
+  read.set->type = SetTypeOf(database, row.Integer(3));
+  read.set->label = row.Text(4);
+  read.set->countedValue = row.Text(5);
+  read.set->labelFromVariable = row.Integer(6) != 0;
+  read.set->categoryLabelsFromCountedValue = row.Integer(7) != 0;
+  return read;
 }
 
 // In a damaged file the names need not be those of the keys that the file holds apart.
-void CheckNamesDiffer(Database& database, const std::vector<KeptSet>& sets) {
+void CheckNamesDiffer(Database& database, const std::vector<ReadSet>& sets) {
   std::unordered_set<std::string_view> keys;
-  for (const KeptSet& kept : sets) {
-    if (!keys.insert(kept.key).second) {
+  for (const ReadSet& read : sets) {
+    if (!keys.insert(read.kept.key).second) {
       database.FailAsDamaged();
     }
   }
 }
 
-void LoadVariables(Database& database, std::vector<KeptSet>& sets) {
+void LoadVariables(Database& database, const std::vector<ReadSet>& sets) {
   std::unordered_map<std::int64_t, StoredSet*> setOfId;
-  for (KeptSet& kept : sets) {
-    setOfId.emplace(kept.id, &kept.set);
+  for (const ReadSet& read : sets) {
+    setOfId.emplace(read.kept.id, read.set.get());
   }
   Query rows(database, "SELECT set_id, name FROM mr_set_variable ORDER BY set_id, ordinal");
   while (rows.Step()) {
@@ -64,7 +73,7 @@ void WriteVariables(Database& database, std::int64_t id, const std::vector<std::
 }
 
 void WriteSet(Database& database, const KeptSet& kept) {
-  const StoredSet& set = kept.set;
+  const StoredSet& set = *kept.set;
   Query(database,
         "INSERT INTO mr_set VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9)"
         " ON CONFLICT (id) DO UPDATE SET position = ?2, name = ?3, name_key = ?4, type = ?5, label = ?6,"
@@ -90,13 +99,36 @@ void DeleteSet(Database& database, std::int64_t id) {
   Query(database, "DELETE FROM mr_set WHERE id = ?").Bind(id).Run();
 }
 
-/// The sets that are stored by the upper-case form of their names, each taken by the set that goes on in its place.
+/// A stretch of the stored sets and the stretch of the sets to be that stands in its place. What lies before it and
+/// behind it is as it was.
+struct Stretch {
+  std::size_t first = 0;
+  std::size_t beforeEnd = 0;
+  std::size_t afterEnd = 0;
+};
+
+Stretch ChangedStretch(const std::vector<KeptSet>& before, const SetList& after) {
+  Stretch stretch{0, before.size(), after.size()};
+  while (stretch.first < before.size() && stretch.first < after.size() &&
+         AreSame(before[stretch.first].set, after[stretch.first])) {
+    ++stretch.first;
+  }
+  while (stretch.beforeEnd > stretch.first && stretch.afterEnd > stretch.first &&
+         AreSame(before[stretch.beforeEnd - 1].set, after[stretch.afterEnd - 1])) {
+    --stretch.beforeEnd;
+    --stretch.afterEnd;
+  }
+  return stretch;
+}
+
+/// Sets that are stored by the upper-case form of their names, each taken by the set that goes on in its place.
 class SetsByKey {
  public:
-  explicit SetsByKey(const std::vector<KeptSet>& sets) {
-    for (const KeptSet& kept : sets) {
-      fSets.emplace(kept.key, &kept);
-      fNextId = std::max(fNextId, kept.id + 1);
+  using Iterator = std::vector<KeptSet>::const_iterator;
+
+  SetsByKey(Iterator begin, Iterator end) {
+    for (Iterator kept = begin; kept != end; ++kept) {
+      fSets.emplace(kept->key, &*kept);
     }
   }
 
@@ -112,11 +144,9 @@ class SetsByKey {
   }
 
   const std::unordered_map<std::string_view, const KeptSet*>& Left() const { return fSets; }
-  std::int64_t NewId() { return fNextId++; }
 
  private:
   std::unordered_map<std::string_view, const KeptSet*> fSets;
-  std::int64_t fNextId = 1;
 };
 
 /// One set of the list to be, with the set that is stored in its name, if any.
@@ -125,22 +155,55 @@ struct PlannedSet {
   KeptSet after;
 };
 
-std::vector<PlannedSet> Plan(SetsByKey& stored, const std::vector<StoredSet>& after) {
-  std::vector<PlannedSet> plan;
-  plan.reserve(after.size());
-  std::vector<std::optional<std::int64_t>> positions;
-  positions.reserve(after.size());
-  for (const StoredSet& set : after) {
-    std::string key = ToUpper(set.name);
-    const KeptSet* before = stored.Take(key);
-    positions.push_back(before == nullptr ? std::nullopt : std::make_optional(before->position));
-    plan.push_back({before, {before == nullptr ? stored.NewId() : before->id, 0, set, std::move(key)}});
+/// What is to become of a stretch.
+struct Plan {
+  std::vector<PlannedSet> sets;
+  std::vector<const KeptSet*> left;  // the stored sets that go on in no place
+};
+
+std::int64_t NewId(const std::vector<KeptSet>& sets) {
+  std::int64_t id = 1;
+  for (const KeptSet& kept : sets) {
+    id = std::max(id, kept.id + 1);
   }
-  const std::vector<std::int64_t> planned = PlanPositions(positions);
-  for (std::size_t row = 0; row < plan.size(); ++row) {
-    plan[row].after.position = planned[row];
+  return id;
+}
+
+Plan PlanSets(const std::vector<KeptSet>& before, const SetList& after, const Stretch& stretch) {
+  SetsByKey stored(before.begin() + static_cast<std::ptrdiff_t>(stretch.first),
+                   before.begin() + static_cast<std::ptrdiff_t>(stretch.beforeEnd));
+  Plan plan;
+  std::int64_t newId = NewId(before);
+  for (std::size_t row = stretch.first; row < stretch.afterEnd; ++row) {
+    std::string key = ToUpper(after[row]->name);
+    const KeptSet* kept = stored.Take(key);
+    plan.sets.push_back({kept, {kept == nullptr ? newId++ : kept->id, 0, after[row], std::move(key)}});
+  }
+  for (const auto& entry : stored.Left()) {
+    plan.left.push_back(entry.second);
   }
   return plan;
+}
+
+/// False where a set behind the stretch would have to make room.
+bool PlanPositionsWithin(const std::vector<KeptSet>& before, const Stretch& stretch, std::vector<PlannedSet>& sets) {
+  const bool hasFormer = stretch.first > 0;
+  const bool hasNext = stretch.beforeEnd < before.size();
+  std::vector<std::optional<std::int64_t>> positions;
+  if (hasFormer) {
+    positions.emplace_back(before[stretch.first - 1].position);
+  }
+  for (const PlannedSet& set : sets) {
+    positions.push_back(set.before == nullptr ? std::nullopt : std::make_optional(set.before->position));
+  }
+  if (hasNext) {
+    positions.emplace_back(before[stretch.beforeEnd].position);
+  }
+  const std::vector<std::int64_t> planned = PlanPositions(positions);
+  for (std::size_t row = 0; row < sets.size(); ++row) {
+    sets[row].after.position = planned[row + (hasFormer ? 1 : 0)];
+  }
+  return !hasNext || planned.back() == positions.back();
 }
 
 bool ChangesOrder(const std::vector<PlannedSet>& plan) {
@@ -160,7 +223,7 @@ std::optional<ChangeKind> KindOf(const PlannedSet& planned) {
   if (planned.before == nullptr) {
     return ChangeKind::kDefined;
   }
-  if (!(planned.before->set == planned.after.set)) {
+  if (!AreSame(planned.before->set, planned.after.set)) {
     return ChangeKind::kChanged;
   }
   return planned.before->position == planned.after.position ? std::nullopt : std::make_optional(ChangeKind::kMoved);
@@ -173,17 +236,21 @@ void WriteEdit(Database& database, ChangeKind kind, const PlannedSet& planned) {
     return;
   }
   WriteSet(database, after);
-  if (kind == ChangeKind::kDefined || planned.before->set.variables != after.set.variables) {
-    WriteVariables(database, after.id, after.set.variables);
+  if (kind == ChangeKind::kDefined || planned.before->set->variables != after.set->variables) {
+    WriteVariables(database, after.id, after.set->variables);
   }
 }
 
-void WritePlan(Database& database, const std::vector<PlannedSet>& plan, std::vector<SetEdit>& edits) {
-  for (const PlannedSet& planned : plan) {
+void WritePlan(Database& database, const Plan& plan, std::vector<SetEdit>& edits) {
+  for (const KeptSet* left : plan.left) {
+    DeleteSet(database, left->id);
+    edits.push_back({ChangeKind::kDeleted, left->id, left, left->set->name});
+  }
+  for (const PlannedSet& planned : plan.sets) {
     if (const std::optional<ChangeKind> kind = KindOf(planned)) {
       WriteEdit(database, *kind, planned);
       const KeptSet& named = planned.before == nullptr ? planned.after : *planned.before;
-      edits.push_back({*kind, planned.after.id, planned.before, named.set.name});
+      edits.push_back({*kind, planned.after.id, planned.before, named.set->name});
     }
   }
 }
@@ -207,44 +274,53 @@ SetType SetTypeOf(Database& database, std::int64_t number) {
 }
 
 std::vector<KeptSet> LoadSets(Database& database) {
-  std::vector<KeptSet> sets;
+  std::vector<ReadSet> read;
   {
     Query rows(database,
                "SELECT id, position, name, type, label, counted_value, label_from_variable,"
                " category_labels_from_counted_value FROM mr_set ORDER BY position, id");
     while (rows.Step()) {
-      sets.push_back(SetOfRow(database, rows));
+      read.push_back(SetOfRow(database, rows));
     }
   }
-  CheckNamesDiffer(database, sets);
-  LoadVariables(database, sets);
+  CheckNamesDiffer(database, read);
+  LoadVariables(database, read);
+  std::vector<KeptSet> sets;
+  sets.reserve(read.size());
+  for (ReadSet& one : read) {
+    sets.push_back(std::move(one.kept));
+  }
   return sets;
 }
 
-SetEdits WriteSets(Database& database, const std::vector<KeptSet>& before, const std::vector<StoredSet>& after,
-                   std::vector<KeptSet>& written) {
-  SetsByKey stored(before);
-  std::vector<PlannedSet> plan = Plan(stored, after);
-  SetEdits result;
-  for (const auto& entry : stored.Left()) {
-    const KeptSet& left = *entry.second;
-    DeleteSet(database, left.id);
-    result.edits.push_back({ChangeKind::kDeleted, left.id, &left, left.set.name});
-  }
-  WritePlan(database, plan, result.edits);
-  result.reordered = ChangesOrder(plan);
-  written.reserve(plan.size());
-  for (PlannedSet& planned : plan) {
-    written.push_back(std::move(planned.after));
-  }
-  return result;
+void SetWrite::ApplyTo(std::vector<KeptSet>& list) && {
+  const auto begin = list.begin() + static_cast<std::ptrdiff_t>(first);
+  const auto place = list.erase(begin, begin + static_cast<std::ptrdiff_t>(count));
+  list.insert(place, std::make_move_iterator(sets.begin()), std::make_move_iterator(sets.end()));
 }
 
-bool SameButForOrder(const std::vector<KeptSet>& before, const std::vector<StoredSet>& after) {
-  SetsByKey stored(before);
-  return before.size() == after.size() && std::all_of(after.begin(), after.end(), [&stored](const StoredSet& set) {
-           const KeptSet* same = stored.Take(ToUpper(set.name));
-           return same != nullptr && same->set == set;
+SetWrite WriteSets(Database& database, const std::vector<KeptSet>& before, const SetList& after) {
+  Stretch stretch = ChangedStretch(before, after);
+  Plan plan = PlanSets(before, after, stretch);
+  if (!PlanPositionsWithin(before, stretch, plan.sets)) {
+    stretch.beforeEnd = before.size();
+    stretch.afterEnd = after.size();
+    plan = PlanSets(before, after, stretch);
+    PlanPositionsWithin(before, stretch, plan.sets);
+  }
+  SetWrite write{{{}, ChangesOrder(plan.sets)}, stretch.first, stretch.beforeEnd - stretch.first, {}};
+  WritePlan(database, plan, write.edits.edits);
+  for (PlannedSet& planned : plan.sets) {
+    write.sets.push_back(std::move(planned.after));
+  }
+  return write;
+}
+
+bool SameButForOrder(const std::vector<KeptSet>& before, const SetList& after) {
+  SetsByKey stored(before.begin(), before.end());
+  return before.size() == after.size() && std::all_of(after.begin(), after.end(), [&stored](const SharedSet& set) {
+           const KeptSet* same = stored.Take(ToUpper(set->name));
+           return same != nullptr && AreSame(same->set, set);
          });
 }
 

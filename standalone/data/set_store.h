@@ -1,6 +1,7 @@
 #ifndef STANDALONE_DATA_SET_STORE_H
 #define STANDALONE_DATA_SET_STORE_H
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -14,7 +15,7 @@ namespace standalone {
 struct KeptSet {
   std::int64_t id = 0;
   std::int64_t position = 0;
-  StoredSet set;
+  SharedSet set;
   std::string key;  ///< the upper-case form of the name
 };
 
@@ -38,14 +39,23 @@ struct SetEdits {
   bool reordered = false;  ///< whether sets that stayed came into another order
 };
 
+/// What was written: the stretch of the stored sets that is replaced, and by what.
+struct SetWrite {
+  SetEdits edits;  ///< refers to the sets that were stored before
+  std::size_t first = 0;
+  std::size_t count = 0;
+  std::vector<KeptSet> sets;
+
+  /// Makes the list of those that were stored before that of those that are.
+  void ApplyTo(std::vector<KeptSet>& sets) &&;
+};
+
 /// Writes what differs between the sets that are stored and those that are to be, within the transaction of the caller.
-/// Leaves in `written` the sets as they are then stored, and returns what became of which; that refers to `before`. The
-/// names of `after` differ without regard to case.
-SetEdits WriteSets(Database& database, const std::vector<KeptSet>& before, const std::vector<StoredSet>& after,
-                   std::vector<KeptSet>& written);
+/// The names of `after` differ without regard to case.
+SetWrite WriteSets(Database& database, const std::vector<KeptSet>& before, const SetList& after);
 
 /// Whether the two lists hold the same sets in whatever order.
-bool SameButForOrder(const std::vector<KeptSet>& before, const std::vector<StoredSet>& after);
+bool SameButForOrder(const std::vector<KeptSet>& before, const SetList& after);
 
 }  // namespace standalone
 

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "standalone/host/records.h"
-#include "standalone/host/stored_sets.h"
 
 namespace {
 
@@ -33,12 +32,13 @@ CommonDictionary* CmnDic = &commonDictionary;  // NOLINT(*-avoid-non-const-globa
 
 namespace standalone {
 
-Session::Session(Dataset& dataset, const ScriptCommand& command, const std::vector<Token>& tokens,
-                 const std::vector<StoredSet>& sets, const OutputSink& sink)
+Session::Session(Dataset& dataset, const ScriptCommand& command, const std::vector<Token>& tokens, const SetList& sets,
+                 SetExchange& exchange, const OutputSink& sink)
     : fDataset(dataset),
       fCommand(command),
       fReading(tokens, [&dataset](const std::string& name) { return dataset.FindVariable(name) >= 0; }),
-      fSets(ToVariableSets(sets)),
+      fExchange(exchange),
+      fSets(exchange.Give(sets)),
       fAdviser(fReading, dataset, fSets),
       fSink(sink),
       fParentSource(std::make_unique<StoredDataSource>(*this)) {
@@ -93,7 +93,7 @@ Place Session::PlaceOf(std::size_t token) {
 }
 
 void Session::SaveSets(const VARIABLESETS& sets) {
-  fSavedSets = ToStoredSets(sets);
+  fSavedSets = fExchange.Take(sets);
 }
 
 }  // namespace standalone

@@ -12,6 +12,7 @@
 #include "standalone/data/dataset.h"
 #include "standalone/host/adviser.h"
 #include "standalone/host/command_reading.h"
+#include "standalone/host/set_exchange.h"
 #include "standalone/language/place.h"
 #include "standalone/language/script.h"
 #include "standalone/language/tokenizer.h"
@@ -34,9 +35,10 @@ struct OutputSink {
 /// it is the current one from construction to destruction.
 class Session {
  public:
-  /// All but `sets` must outlive the session. `tokens` are those of `command`; `sets` are those that it finds stored.
-  Session(Dataset& dataset, const ScriptCommand& command, const std::vector<Token>& tokens,
-          const std::vector<StoredSet>& sets, const OutputSink& sink);
+  /// All but `sets` must outlive the session. `tokens` are those of `command`; `sets` are those that it finds stored,
+  /// and go through `exchange`.
+  Session(Dataset& dataset, const ScriptCommand& command, const std::vector<Token>& tokens, const SetList& sets,
+          SetExchange& exchange, const OutputSink& sink);
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
   ~Session();
@@ -58,7 +60,7 @@ class Session {
   void SaveSets(const VARIABLESETS& sets);
 
   /// What the command saved; nothing when it did not come to that.
-  const std::optional<std::vector<StoredSet>>& SavedSets() const { return fSavedSets; }
+  const std::optional<SetList>& SavedSets() const { return fSavedSets; }
 
   void OpenProcedure(const std::string& title) { fSink.procedure(title); }
   void Issue(const Item& item) { fSink.item(item); }
@@ -79,11 +81,12 @@ class Session {
   const ScriptCommand& fCommand;
   CommandReading fReading;
   std::optional<PlaceFinder> fPlaces;  // made for the first message
-  VARIABLESETS fSets;
+  SetExchange& fExchange;
+  const VARIABLESETS& fSets;  // of the exchange: as they are stored
   Adviser fAdviser;
   const OutputSink& fSink;
   std::unique_ptr<StoredDataSource> fParentSource;
-  std::optional<std::vector<StoredSet>> fSavedSets;
+  std::optional<SetList> fSavedSets;
   std::unordered_map<int, std::unique_ptr<VariableRecord>> fVariables;
 };
 

@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <iterator>
 #include <optional>
 #include <string_view>
@@ -11,8 +10,8 @@
 #include <utility>
 #include <variant>
 
-#include "standalone/data/case_reader.h"
 #include "standalone/data/number_text.h"
+#include "standalone/run/case_tally.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {
@@ -21,120 +20,8 @@ namespace {
 constexpr std::size_t kBytesForACommand = 2'000'000;
 constexpr std::size_t kMostVariables = 10'000;
 constexpr int kMostInDictionary = 100'000;  // a case is read whole, whatever the set takes of it
-constexpr std::size_t kMostShown = 6;       // values or variables in a hint
-
-/// What the cases hold of one variable of a set.
-struct VariableTally {
-  int position;  ///< in the dictionary
-  bool isChosen = false;
-  std::vector<CaseCell> values;  // different ones, as far as they are shown
-  bool hasMoreValues = false;
-};
-
-struct SetTally {
-  const StoredSet& set;
-  double countedNumber;
-  std::string countedText;
-  std::vector<VariableTally> variables;  // as in the set
-};
-
-std::string_view Trimmed(std::string_view text) {
-  const std::size_t begin = std::min(text.find_first_not_of(' '), text.size());
-  return text.substr(begin, text.find_last_not_of(' ') + 1 - begin);
-}
-
-/// Blanks around a text do not count here, so that no hint says that a value is not there when it is, padded.
-bool IsCounted(const SetTally& tally, const CaseCell& cell) {
-  if (const auto* number = std::get_if<double>(&cell)) {
-    return *number == tally.countedNumber;
-  }
-  const auto* text = std::get_if<std::string>(&cell);
-  return text != nullptr && Trimmed(*text) == tally.countedText;
-}
-
-/// Values that differ only in blanks at their ends are one.
-CaseCell WithoutTrailingBlanks(CaseCell cell) {
-  if (auto* text = std::get_if<std::string>(&cell)) {
-    text->erase(text->find_last_not_of(' ') + 1);
-  }
-  return cell;
-}
-
-void AddValue(VariableTally& variable, const CaseCell& cell) {
-  const bool isMissing = std::holds_alternative<std::monostate>(cell);
-  if (isMissing || variable.hasMoreValues) {
-    return;
-  }
-  CaseCell value = WithoutTrailingBlanks(cell);
-  const auto end = variable.values.end();
-  if (std::find(variable.values.begin(), end, value) != end) {
-    return;
-  }
-  variable.hasMoreValues = variable.values.size() == kMostShown;
-  if (!variable.hasMoreValues) {
-    variable.values.push_back(std::move(value));
-  }
-}
-
-SetTally TallyOf(Dataset& dataset, const StoredSet& set) {
-  SetTally tally{set, std::strtod(set.countedValue.c_str(), nullptr), std::string(Trimmed(set.countedValue)), {}};
-  for (const std::string& name : set.variables) {
-    tally.variables.push_back(
-        {dataset.FindVariable(name), false, {}, false});  // it is there, or the set would not have been made
-  }
-  return tally;
-}
-
-/// Reads the cases for some sets.
-class CaseTally {
- public:
-  explicit CaseTally(std::vector<SetTally>& tallies) {
-    for (SetTally& tally : tallies) {
-      for (VariableTally& variable : tally.variables) {
-        fOpen.push_back({variable.position, &tally, &variable});
-      }
-    }
-    std::sort(fOpen.begin(), fOpen.end(), [](const Cell& a, const Cell& b) { return a.position < b.position; });
-  }
-
-  /// Whether every case was read that may matter. Takes the bytes that it reads from `bytesLeft`.
-  bool Read(Dataset& dataset, std::size_t& bytesLeft) {
-    bool isGood = true;
-    dataset.VisitCases([&](std::string_view cells) {
-      fHasCases = true;
-      isGood = cells.size() <= bytesLeft && ReadCells(cells);
-      bytesLeft -= std::min(cells.size(), bytesLeft);
-      return isGood && !fOpen.empty();
-    });
-    return isGood && fHasCases;
-  }
-
- private:
-  /// A variable of a set that no case has chosen yet.
-  struct Cell {
-    int position;
-    SetTally* set;
-    VariableTally* variable;
-  };
-
-  bool ReadCells(std::string_view cells) {
-    auto next = fOpen.begin();
-    const bool isRead = ReadCase(cells, [&](std::size_t position, const CaseCell& cell) {
-      for (; next != fOpen.end() && next->position == static_cast<int>(position); ++next) {
-        next->variable->isChosen = IsCounted(*next->set, cell);
-        AddValue(*next->variable, cell);
-      }
-      return next != fOpen.end();
-    });
-    const bool isGood = isRead && next == fOpen.end();  // else the case is too short
-    const auto isChosen = [](const Cell& cell) { return cell.variable->isChosen; };
-    fOpen.erase(std::remove_if(fOpen.begin(), fOpen.end(), isChosen), fOpen.end());
-    return isGood;
-  }
-
-  std::vector<Cell> fOpen;  // by position
-  bool fHasCases = false;
-};
+constexpr int kMostWithValues = 20'000;     // more would take too much memory
+constexpr std::size_t kMostNamesShown = 6;
 
 std::string Shown(const CaseCell& cell) {
   if (const auto* number = std::get_if<double>(&cell)) {
@@ -148,7 +35,7 @@ std::string Shown(const CaseCell& cell) {
 
 std::string ValuesOf(const StoredSet& set, const std::vector<VariableTally>& variables) {
   for (std::size_t index = 0; index < variables.size(); ++index) {
-    std::vector<CaseCell> values = variables[index].values;
+    std::vector<CaseCell> values = variables[index].values.Values();
     if (values.empty()) {
       continue;
     }
@@ -156,15 +43,15 @@ std::string ValuesOf(const StoredSet& set, const std::vector<VariableTally>& var
     std::vector<std::string> shown;
     std::transform(values.begin(), values.end(), std::back_inserter(shown), Shown);
     return fmt::format("{} has {}{}", set.variables[index], fmt::join(shown, ", "),
-                       variables[index].hasMoreValues ? " and others" : "");
+                       variables[index].values.HasMore() ? " and others" : "");
   }
   return "its variables have no values";
 }
 
 std::string List(const std::vector<std::string>& names) {
-  const auto shown = static_cast<std::ptrdiff_t>(std::min(names.size(), kMostShown));
+  const auto shown = static_cast<std::ptrdiff_t>(std::min(names.size(), kMostNamesShown));
   const std::string list = fmt::format("{}", fmt::join(names.begin(), names.begin() + shown, ", "));
-  return names.size() > kMostShown ? fmt::format("{} and {} more", list, names.size() - kMostShown) : list;
+  return names.size() > kMostNamesShown ? fmt::format("{} and {} more", list, names.size() - kMostNamesShown) : list;
 }
 
 std::optional<std::string> HintOn(const SetTally& tally) {
@@ -186,18 +73,18 @@ std::optional<std::string> HintOn(const SetTally& tally) {
 }
 
 /// The sets that a command made or changed. Most stay as they are and where they are.
-std::vector<const StoredSet*> SetsMade(const std::vector<StoredSet>& before, const std::vector<StoredSet>& after) {
+std::vector<const StoredSet*> SetsMade(const SetList& before, const SetList& after) {
   std::unordered_map<std::string_view, const StoredSet*> moved;
   std::vector<const StoredSet*> made;
   for (std::size_t index = 0; index < std::max(before.size(), after.size()); ++index) {
-    if (index < before.size() && index < after.size() && before[index] == after[index]) {
+    if (index < before.size() && index < after.size() && AreSame(before[index], after[index])) {
       continue;
     }
     if (index < before.size()) {
-      moved.emplace(before[index].name, &before[index]);
+      moved.emplace(before[index]->name, before[index].get());
     }
     if (index < after.size()) {
-      made.push_back(&after[index]);
+      made.push_back(after[index].get());
     }
   }
   const auto wasThere = [&moved](const StoredSet* set) {
@@ -212,34 +99,51 @@ std::vector<SetTally> TalliesOf(Dataset& dataset, const std::vector<const Stored
   std::vector<SetTally> tallies;
   for (const StoredSet* set : sets) {
     if (set->type == SetType::kDichotomy && set->variables.size() <= kMostVariables) {
-      tallies.push_back(TallyOf(dataset, *set));
+      tallies.emplace_back(dataset, *set);
     }
   }
   return tallies;
 }
 
+std::vector<std::string> HintsOn(const std::vector<SetTally>& tallies) {
+  std::vector<std::string> hints;
+  for (const SetTally& tally : tallies) {
+    if (std::optional<std::string> hint = HintOn(tally)) {
+      hints.push_back(std::move(*hint));
+    }
+  }
+  return hints;
+}
+
 }  // namespace
 
-std::vector<std::string> ChoiceHints::On(Dataset& dataset, const std::vector<StoredSet>& before,
-                                         const std::vector<StoredSet>& after) {
-  std::vector<std::string> hints;
+std::vector<std::string> ChoiceHints::On(const SetList& before, const SetList& after) {
   const std::size_t forCommand = std::min(kBytesForACommand, fBytesLeft);
   std::size_t bytesLeft = forCommand;
+  std::vector<std::string> hints;
   try {
-    std::vector<SetTally> tallies = TalliesOf(dataset, SetsMade(before, after));
-    if (!tallies.empty() && dataset.VariableCount() <= kMostInDictionary &&
-        CaseTally(tallies).Read(dataset, bytesLeft)) {
-      for (const SetTally& tally : tallies) {
-        if (std::optional<std::string> hint = HintOn(tally)) {
-          hints.push_back(std::move(*hint));
-        }
-      }
+    std::vector<SetTally> tallies = TalliesOf(fDataset, SetsMade(before, after));
+    if (!tallies.empty() && fDataset.VariableCount() <= kMostInDictionary && Tally(tallies, bytesLeft)) {
+      hints = HintsOn(tallies);
     }
   } catch (const DatasetError&) {
     hints.clear();  // no hint is worth a failed command
   }
   fBytesLeft -= forCommand - bytesLeft;
   return hints;
+}
+
+bool ChoiceHints::Tally(std::vector<SetTally>& tallies, std::size_t& bytesLeft) {
+  if (const std::uint64_t epoch = fDataset.Epoch(); epoch != fEpoch) {
+    fEpoch = epoch;
+    fHasRead = false;
+    fValues = CaseValues();
+  }
+  const bool isRepeated = std::exchange(fHasRead, true);
+  if (isRepeated && fDataset.VariableCount() <= kMostWithValues && fValues.Tally(fDataset, tallies, bytesLeft)) {
+    return true;
+  }
+  return TallyCases(fDataset, tallies, bytesLeft);
 }
 
 }  // namespace standalone

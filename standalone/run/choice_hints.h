@@ -2,26 +2,37 @@
 #define STANDALONE_RUN_CHOICE_HINTS_H
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
 #include "standalone/data/dataset.h"
+#include "standalone/run/case_tally.h"
+#include "standalone/run/case_values.h"
 
 namespace standalone {
 
 /// Hints on what the cases hold of the dichotomy sets that commands define. The cases are read only for new and changed
 /// sets, no farther than to the first case that leaves nothing to say, no more than 2 MB of them for one command, and
 /// 32 MB in all, and none of more than 100,000 variables; where that is not enough, or the cases cannot be read, there
-/// is no hint.
+/// is no hint. From the second command on what is read is kept, as long as nobody else writes.
 class ChoiceHints {
  public:
+  /// The dataset must outlive the hints.
+  explicit ChoiceHints(Dataset& dataset) : fDataset(dataset) {}
+
   /// The hints after a command that found the sets `before` and leaves `after`: for each set that it made, either that
   /// no case holds the counted value, with values that there are, without blanks at their ends, or which variables no
   /// case has chosen.
-  std::vector<std::string> On(Dataset& dataset, const std::vector<StoredSet>& before,
-                              const std::vector<StoredSet>& after);
+  std::vector<std::string> On(const SetList& before, const SetList& after);
 
  private:
+  bool Tally(std::vector<SetTally>& tallies, std::size_t& bytesLeft);
+
+  Dataset& fDataset;
+  std::uint64_t fEpoch = 0;  // of the dataset, in which the rest was read
+  bool fHasRead = false;
+  CaseValues fValues;
   std::size_t fBytesLeft = 32'000'000;
 };
 

@@ -81,8 +81,8 @@ void CommandRunner::RunTokens(const ScriptCommand& command, const std::vector<To
 /// False when another process changed the dataset meanwhile, so that the command must be run again.
 bool CommandRunner::TryRun(const ScriptCommand& command, const std::vector<Token>& tokens, bool exclusive) {
   fDataset.BeginCommand(exclusive);
-  const std::vector<StoredSet> before = fDryRunSets ? *fDryRunSets : fDataset.Sets();
-  Session session(fDataset, command, tokens, before, fSink);
+  const SetList before = fDryRunSets ? *fDryRunSets : fDataset.SharedSets();
+  Session session(fDataset, command, tokens, before, fExchange, fSink);
   fMrset();
   if (!session.SavedSets()) {
     if (const std::optional<std::string> hint = session.HintAtEnd()) {
@@ -102,8 +102,8 @@ bool CommandRunner::TryRun(const ScriptCommand& command, const std::vector<Token
 }
 
 /// From the state of the dataset that the command itself saw.
-void CommandRunner::GiveHints(const std::vector<StoredSet>& before, const std::vector<StoredSet>& after) {
-  for (const std::string& hint : fChoiceHints.On(fDataset, before, after)) {
+void CommandRunner::GiveHints(const SetList& before, const SetList& after) {
+  for (const std::string& hint : fChoiceHints.On(before, after)) {
     fTell(HintGiven{hint});
   }
 }

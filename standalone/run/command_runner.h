@@ -8,6 +8,7 @@
 
 #include "standalone/data/dataset.h"
 #include "standalone/host/session.h"
+#include "standalone/host/set_exchange.h"
 #include "standalone/language/script.h"
 #include "standalone/run/choice_hints.h"
 #include "standalone/run/events.h"
@@ -31,15 +32,16 @@ class CommandRunner {
  private:
   void RunTokens(const ScriptCommand& command, const std::vector<Token>& tokens);
   bool TryRun(const ScriptCommand& command, const std::vector<Token>& tokens, bool exclusive);
-  void GiveHints(const std::vector<StoredSet>& before, const std::vector<StoredSet>& after);
+  void GiveHints(const SetList& before, const SetList& after);
   void TellItem(const Item& item);
 
   Dataset fDataset;
   bool fDryRun;
-  std::optional<std::vector<StoredSet>> fDryRunSets;  // none before a command saved
+  std::optional<SetList> fDryRunSets;  // none before a command saved
+  SetExchange fExchange;
   Tell fTell;
   OutputSink fSink;
-  ChoiceHints fChoiceHints;
+  ChoiceHints fChoiceHints{fDataset};
   bool fHasError = false;         // of the command that runs
   CommandEntry fMrset = nullptr;  // loaded by the first command that needs it
 };

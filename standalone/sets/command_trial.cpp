@@ -14,14 +14,17 @@ TrialOutcome CommandTrial::Run(std::string_view script) {
                             outcome.messages.push_back(*message);
                           }
                         }};
+  SetExchange exchange;
+  SetList sets;
   for (const ScriptCommand& command : SplitScript(script)) {
     const std::vector<Token> tokens = Tokenize(command.text);
-    Session session(fDataset, command, tokens, outcome.sets, sink);
+    Session session(fDataset, command, tokens, sets, exchange, sink);
     fMrset();
     if (session.SavedSets()) {
-      outcome.sets = *session.SavedSets();
+      sets = *session.SavedSets();
     }
   }
+  outcome.sets = Copies(sets);
   return outcome;
 }
 

@@ -76,7 +76,8 @@ void RunCommand(const std::string& path, std::string_view command) {
   const standalone::ScriptCommand scriptCommand{std::string(command), 1};
   const std::vector<standalone::Token> tokens = standalone::Tokenize(command);
   dataset.BeginCommand(false);
-  standalone::Session session(dataset, scriptCommand, tokens, dataset.Sets(), sink);
+  standalone::SetExchange exchange;
+  standalone::Session session(dataset, scriptCommand, tokens, dataset.SharedSets(), exchange, sink);
   mrset_();
   if (session.SavedSets()) {
     Check(dataset.SaveSets(*session.SavedSets(), std::string(command)) == Dataset::Saved::kDone, "nobody else writes");

@@ -1,7 +1,9 @@
 #include "standalone/run/choice_hints.h"
 
 #include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -59,49 +61,64 @@ TEST_F(ChoiceHintsTest, ChangeNeitherTheSetsNorTheStatus) {
   EXPECT_EQ(Dataset(kFile).Sets().size(), 1U);
 }
 
-/// A dataset whose variables v0, v1, ... hold their number of the case's values.
-void WriteCases(const std::string& path, std::size_t variables, const Texts& values) {
-  DatasetWriter writer(path, false);
+/// A dataset with the variables v0, v1, ..., in place of one that may be there.
+void WriteCases(const std::string& path, std::size_t variables, const std::vector<Texts>& cases) {
+  DatasetWriter writer(path, std::filesystem::exists(path));
   std::vector<Variable> dictionary;
   for (std::size_t index = 0; index < variables; ++index) {
     dictionary.push_back({"v" + std::to_string(index), kWidthOfLongestValue, std::nullopt, {}});
   }
   writer.SetVariables(dictionary);
-  for (const std::string& value : values) {
-    writer.AddCase(std::vector<std::string_view>(variables, value));
+  for (const Texts& cells : cases) {
+    writer.AddCase({cells.begin(), cells.end()});
   }
   writer.Commit();
 }
 
-Texts HintsOn(ChoiceHints& hints, const std::string& path, const std::string& countedValue, std::size_t variables) {
+/// In which all variables of a case have the same value.
+void WriteEvenCases(const std::string& path, std::size_t variables, const Texts& values) {
+  std::vector<Texts> cases;
+  for (const std::string& value : values) {
+    cases.emplace_back(variables, value);
+  }
+  WriteCases(path, variables, cases);
+}
+
+/// The hints on a set of the first variables.
+Texts HintsOn(ChoiceHints& hints, const std::string& countedValue, std::size_t variables) {
   StoredSet set;
   set.name = "$s";
   set.countedValue = countedValue;
   for (std::size_t index = 0; index < variables; ++index) {
     set.variables.push_back("v" + std::to_string(index));
   }
+  return hints.On({}, Shared({set}));
+}
+
+/// The hints of a run's first command and those of its second, which are the same.
+Texts HintsOn(const std::string& path, const std::string& countedValue, std::size_t variables) {
   Dataset dataset(path);
-  return hints.On(dataset, {}, {set});
+  ChoiceHints hints(dataset);
+  const Texts first = HintsOn(hints, countedValue, variables);
+  EXPECT_EQ(HintsOn(hints, countedValue, variables), first) << path;
+  return first;
 }
 
 TEST_F(ChoiceHintsTest, ListsAreShortened) {
-  WriteCases("many.mrset", 2, {"a", "b", "c", "d", "e", "f", "g", "h"});
-  WriteCases("six.mrset", 2, {"a", "b", "c", "d", "e", std::string(50, 'f')});
-  WriteCases("wide.mrset", 9, {"a"});
-  ChoiceHints hints;
-  EXPECT_EQ(HintsOn(hints, "many.mrset", "z", 2),
+  WriteEvenCases("many.mrset", 2, {"a", "b", "c", "d", "e", "f", "g", "h"});
+  WriteEvenCases("six.mrset", 2, {"a", "b", "c", "d", "e", std::string(50, 'f')});
+  WriteEvenCases("wide.mrset", 9, {"a"});
+  EXPECT_EQ(HintsOn("many.mrset", "z", 2),
             Texts{"no case has the counted value z of $s: v0 has 'a', 'b', 'c', 'd', 'e', 'f' and others"});
-  EXPECT_EQ(HintsOn(hints, "six.mrset", "z", 2),
+  EXPECT_EQ(HintsOn("six.mrset", "z", 2),
             Texts{"no case has the counted value z of $s: v0 has 'a', 'b', 'c', 'd', 'e', '" + std::string(40, 'f') +
                   "...'"});
-  EXPECT_EQ(HintsOn(hints, "wide.mrset", "a", 9), Texts{});
+  EXPECT_EQ(HintsOn("wide.mrset", "a", 9), Texts{});
 }
 
 TEST_F(ChoiceHintsTest, ValuesThatDifferInBlanksAtTheirEndsAreOne) {
-  WriteCases("padded.mrset", 2, {"x", "x  ", "y ", "", "  ", " x"});
-  ChoiceHints hints;
-  EXPECT_EQ(HintsOn(hints, "padded.mrset", "z", 2),
-            Texts{"no case has the counted value z of $s: v0 has '', ' x', 'x', 'y'"});
+  WriteEvenCases("padded.mrset", 2, {"x", "x  ", "y ", "", "  ", " x"});
+  EXPECT_EQ(HintsOn("padded.mrset", "z", 2), Texts{"no case has the counted value z of $s: v0 has '', ' x', 'x', 'y'"});
 }
 
 TEST_F(ChoiceHintsTest, ManyVariablesThatNobodyChoseAreCounted) {
@@ -113,42 +130,90 @@ TEST_F(ChoiceHintsTest, ManyVariablesThatNobodyChoseAreCounted) {
   writer.SetVariables(dictionary);
   writer.AddCase({"a", "b", "b", "b", "b", "b", "b", "b", ""});
   writer.Commit();
-  ChoiceHints hints;
-  EXPECT_EQ(HintsOn(hints, "some.mrset", "a", 9), Texts{"no case has chosen v1, v2, v3, v4, v5, v6 and 2 more of $s"});
-  EXPECT_EQ(HintsOn(hints, "some.mrset", "a", 7), Texts{"no case has chosen v1, v2, v3, v4, v5, v6 of $s"});
+  EXPECT_EQ(HintsOn("some.mrset", "a", 9), Texts{"no case has chosen v1, v2, v3, v4, v5, v6 and 2 more of $s"});
+  EXPECT_EQ(HintsOn("some.mrset", "a", 7), Texts{"no case has chosen v1, v2, v3, v4, v5, v6 of $s"});
 }
 
 TEST_F(ChoiceHintsTest, AreSilentWithoutCasesAndWithoutValues) {
-  WriteCases("none.mrset", 2, {});
-  WriteCases("empty.mrset", 2, {""});
-  ChoiceHints hints;
-  EXPECT_EQ(HintsOn(hints, "none.mrset", "a", 2), Texts{});
-  EXPECT_EQ(HintsOn(hints, "empty.mrset", "a", 2), Texts{"no case has the counted value a of $s: v0 has ''"});
+  WriteEvenCases("none.mrset", 2, {});
+  WriteEvenCases("empty.mrset", 2, {""});
+  EXPECT_EQ(HintsOn("none.mrset", "a", 2), Texts{});
+  EXPECT_EQ(HintsOn("empty.mrset", "a", 2), Texts{"no case has the counted value a of $s: v0 has ''"});
 }
 
 TEST_F(ChoiceHintsTest, EndWhereTooMuchWouldBeRead) {
   const std::string large(900000, 'x');
-  WriteCases("two.mrset", 2, {large});
-  WriteCases("three.mrset", 2, {"x", large});
-  WriteCases("found.mrset", 2, {"a", large, large, large});
-  ChoiceHints hints;
-  EXPECT_EQ(HintsOn(hints, "three.mrset", "a", 2).size(), 1U);
-  EXPECT_EQ(HintsOn(hints, "found.mrset", "a", 2), Texts{});
-  WriteCases("over.mrset", 2, {large, large});
-  EXPECT_EQ(HintsOn(hints, "over.mrset", "a", 2), Texts{});
+  WriteEvenCases("three.mrset", 2, {"x", large});
+  WriteEvenCases("found.mrset", 2, {"a", large, large, large});
+  EXPECT_EQ(HintsOn("three.mrset", "a", 2).size(), 1U);
+  EXPECT_EQ(HintsOn("found.mrset", "a", 2), Texts{});
+  WriteEvenCases("over.mrset", 2, {large, large});
+  EXPECT_EQ(HintsOn("over.mrset", "a", 2), Texts{});
+}
+
+TEST_F(ChoiceHintsTest, ARunReadsNoMoreThan32Megabytes) {
+  WriteEvenCases("large.mrset", 2, {std::string(900000, 'x')});
+  Dataset dataset("large.mrset");
+  ChoiceHints hints(dataset);
   int given = 0;
   for (int command = 0; command < 20; ++command) {
-    given += static_cast<int>(HintsOn(hints, "two.mrset", "a", 2).size());
+    Dataset("large.mrset")
+        .SaveSets({{"$" + std::to_string(command), SetType::kCategory, "", "", false, false, {}}}, "");
+    given += static_cast<int>(HintsOn(hints, "a", 2).size());
+    dataset.EndCommand();
   }
-  EXPECT_EQ(given, 15);  // what the run has left of its 32 MB, 1.8 MB a command
+  EXPECT_EQ(given, 17);  // 1.8 MB for each, since the cases were read again after each change
+}
+
+TEST_F(ChoiceHintsTest, WhatTheCasesHoldIsReadOnceForARun) {
+  WriteEvenCases("large.mrset", 2, {std::string(900000, 'x')});
+  Dataset dataset("large.mrset");
+  ChoiceHints hints(dataset);
+  for (int command = 0; command < 40; ++command) {
+    EXPECT_EQ(HintsOn(hints, "a", 2).size(), 1U) << command;
+  }
+}
+
+TEST_F(ChoiceHintsTest, WhatWasReadIsForgottenWhenTheCasesAreReplaced) {
+  WriteEvenCases("replaced.mrset", 2, {"b"});
+  Dataset dataset("replaced.mrset");
+  ChoiceHints hints(dataset);
+  for (int command = 0; command < 3; ++command) {
+    EXPECT_EQ(HintsOn(hints, "a", 2), Texts{"no case has the counted value a of $s: v0 has 'b'"});
+  }
+  dataset.EndCommand();
+  WriteEvenCases("replaced.mrset", 2, {"c"});
+  for (int command = 0; command < 3; ++command) {
+    EXPECT_EQ(HintsOn(hints, "a", 2), Texts{"no case has the counted value a of $s: v0 has 'c'"});
+  }
+}
+
+// The first command of a run reads the cases for its sets alone, the others those values that are known.
+TEST_F(ChoiceHintsTest, ARunGivesTheHintsOfItsCommandsAlone) {
+  const bool holds = rc::check("a run gives the hints of its commands alone", [] {
+    const std::size_t variables = *rc::gen::inRange<std::size_t>(1, 6);
+    const auto value = rc::gen::map(rc::gen::inRange(0, 20), [](int number) {
+      return number < 4 ? std::string(static_cast<std::size_t>(number), ' ') : std::to_string(number % 17);
+    });
+    const auto cases = *rc::gen::container<std::vector<Texts>>(rc::gen::container<Texts>(variables, value));
+    WriteCases("random.mrset", variables, cases);
+    Dataset dataset("random.mrset");
+    ChoiceHints run(dataset);
+    for (int command = 0; command < 8; ++command) {
+      const std::string counted = *value;
+      const std::size_t used = *rc::gen::inRange<std::size_t>(1, variables + 1);
+      ChoiceHints alone(dataset);
+      RC_ASSERT(HintsOn(run, counted, used) == HintsOn(alone, counted, used));
+    }
+  });
+  EXPECT_TRUE(holds);
 }
 
 TEST_F(ChoiceHintsTest, CasesOfVeryManyVariablesAreNotRead) {
-  WriteCases("wide.mrset", 100'000, {"b"});
-  WriteCases("wider.mrset", 100'001, {"b"});
-  ChoiceHints hints;
-  EXPECT_EQ(HintsOn(hints, "wide.mrset", "a", 2), Texts{"no case has the counted value a of $s: v0 has 'b'"});
-  EXPECT_EQ(HintsOn(hints, "wider.mrset", "a", 2), Texts{});
+  WriteEvenCases("wide.mrset", 100'000, {"b"});
+  WriteEvenCases("wider.mrset", 100'001, {"b"});
+  EXPECT_EQ(HintsOn("wide.mrset", "a", 2), Texts{"no case has the counted value a of $s: v0 has 'b'"});
+  EXPECT_EQ(HintsOn("wider.mrset", "a", 2), Texts{});
 }
 
 TEST_F(ChoiceHintsTest, AreSilentWhereTheCasesCannotBeRead) {

@@ -244,6 +244,43 @@ TEST_F(DatasetTest, RemovingASetLeavesTheOthersWhereTheyAre) {
   EXPECT_EQ(NumberOf("SELECT count(*) FROM mr_set_variable"), 4);
 }
 
+TEST_F(DatasetTest, ListsShareTheSetsThatStay) {
+  MakeDataset(kFile);
+  SaveSets({SetOf("$a"), SetOf("$b")});
+  Dataset dataset(kFile);
+  SetList sets = dataset.SharedSets();
+  sets[0] = std::make_shared<StoredSet>(SetOf("$a", {"q1"}));
+  ASSERT_EQ(dataset.SaveSets(sets, kCommand), Dataset::Saved::kDone);
+  EXPECT_EQ(dataset.SharedSets(), sets);
+  EXPECT_EQ(dataset.Sets(), (std::vector<StoredSet>{SetOf("$a", {"q1"}), SetOf("$b")}));
+}
+
+// So often between the same two that the room between their positions does not suffice.
+TEST_F(DatasetTest, SetsFindRoomBetweenOthers) {
+  MakeDataset(kFile);
+  for (const std::size_t place : {0U, 1U, 2U}) {
+    std::vector<StoredSet> sets = {SetOf("$a"), SetOf("$b"), SetOf("$c")};
+    SaveSets(sets);
+    for (int count = 0; count < 50; ++count) {
+      sets.insert(sets.begin() + static_cast<std::ptrdiff_t>(place), SetOf("$new" + std::to_string(count)));
+      SaveSets(sets);
+      ASSERT_EQ(Dataset(kFile).Sets(), sets) << place << ", " << count;
+    }
+  }
+}
+
+TEST_F(DatasetTest, TheEpochTellsOfWritesElsewhere) {
+  MakeDataset(kFile);
+  Dataset dataset(kFile);
+  const std::uint64_t epoch = dataset.Epoch();
+  dataset.EndCommand();
+  ASSERT_EQ(dataset.SaveSets({SetOf("$own")}, kCommand), Dataset::Saved::kDone);
+  EXPECT_EQ(dataset.Epoch(), epoch);
+  dataset.EndCommand();
+  SaveSets({SetOf("$other")});
+  EXPECT_NE(dataset.Epoch(), epoch);
+}
+
 TEST_F(DatasetTest, EveryWriteRaisesTheGeneration) {
   MakeDataset(kFile);
   EXPECT_EQ(NumberOf("SELECT generation FROM meta"), 1);

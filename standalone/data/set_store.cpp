@@ -127,7 +127,7 @@ class SetsByKey {
   using Iterator = std::vector<KeptSet>::const_iterator;
 
   SetsByKey(Iterator begin, Iterator end) {
-    for (Iterator kept = begin; kept != end; ++kept) {
+    for (auto kept = begin; kept != end; ++kept) {
       fSets.emplace(kept->key, &*kept);
     }
   }

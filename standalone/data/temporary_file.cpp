@@ -37,7 +37,7 @@ std::string FolderOf(const std::string& path) {
 }
 
 /// The paths of the temporary files that exist, for the handler of a signal: it may read nothing but such atomics.
-std::array<std::atomic<const char*>, 8> filesToRemove{};
+std::array<std::atomic<const char*>, 8> filesToRemove{};  // NOLINT(*-avoid-non-const-global-variables)
 
 void Exchange(const char* old, const char* replacement) {
   for (std::atomic<const char*>& slot : filesToRemove) {
@@ -85,8 +85,9 @@ void RemoveThoseLeftBehind(const std::string& folder) {
     return;
   }
   while (const dirent* entry = readdir(entries)) {
-    if (IsTemporaryName(entry->d_name)) {
-      RemoveIfLeftBehind(folder + entry->d_name);
+    const std::string name = &entry->d_name[0];
+    if (IsTemporaryName(name)) {
+      RemoveIfLeftBehind(folder + name);
     }
   }
   closedir(entries);

@@ -1,6 +1,8 @@
 #include "standalone/output/json.h"
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 #include <utility>
 
 #include "standalone/text/visible.h"
@@ -22,11 +24,8 @@ constexpr std::array kStatuses = {Named<Status>{Status::kOk, "ok"}, Named<Status
 
 template <typename Value, std::size_t kSize>
 const char* NameOf(const std::array<Named<Value>, kSize>& table, Value value) {
-  std::size_t i = 0;
-  while (i + 1 < kSize && table[i].value != value) {
-    ++i;
-  }
-  return table[i].name;
+  const auto isNamed = [value](const Named<Value>& named) { return named.value == value; };
+  return std::find_if(table.begin(), std::prev(table.end()), isNamed)->name;
 }
 
 [[noreturn]] void Refuse(const Json& json, const std::string& reason) {

@@ -20,13 +20,14 @@ constexpr auto kFirstDraw = std::chrono::milliseconds(500);
 constexpr auto kBetweenDraws = std::chrono::milliseconds(250);
 
 std::string Bytes(double bytes) {
-  constexpr const char* kUnits[] = {"kB", "MB", "GB"};
   double amount = bytes / 1000;
-  std::size_t unit = 0;
-  for (; amount >= 999.95 && unit + 1 < std::size(kUnits); ++unit) {
+  for (const char* unit : {"kB", "MB"}) {
+    if (amount < 999.95) {
+      return fmt::format("{:.1f} {}", amount, unit);
+    }
     amount /= 1000;
   }
-  return fmt::format("{:.1f} {}", amount, kUnits[unit]);
+  return fmt::format("{:.1f} GB", amount);
 }
 
 std::string Duration(double seconds) {

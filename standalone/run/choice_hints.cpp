@@ -28,7 +28,7 @@ std::string Shown(const CaseCell& cell) {
     return ShortestNumber(*number);
   }
   constexpr std::size_t kShownBytes = 40;
-  const std::string& text = std::get<std::string>(cell);
+  const auto& text = std::get<std::string>(cell);
   const std::string_view shown = PrefixOfWholeCharacters(text, kShownBytes);
   return fmt::format("'{}{}'", shown, shown.size() < text.size() ? "..." : "");
 }

@@ -172,7 +172,7 @@ class Supervisor {
     }
     fAborted.insert(index);
     result.status = Status::kAborted;
-    result.items.push_back(Message{Level::kFatal, ended->LastWords()});
+    result.items.emplace_back(Message{Level::kFatal, ended->LastWords()});
     return result;
   }
 

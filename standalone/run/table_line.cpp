@@ -1,6 +1,7 @@
 #include "standalone/run/table_line.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <optional>
 #include <stdexcept>
@@ -13,7 +14,7 @@ namespace {
 using Texts = std::vector<std::string>;
 
 // What a character that would end a field or the line is written as, behind a backslash.
-constexpr std::pair<char, char> kEscapes[] = {{'\t', 't'}, {'\n', 'n'}, {'\\', '\\'}};
+constexpr std::array kEscapes = {std::pair('\t', 't'), std::pair('\n', 'n'), std::pair('\\', '\\')};
 
 constexpr char kFieldEnd = '\t';
 

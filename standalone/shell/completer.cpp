@@ -179,13 +179,14 @@ void Completer::CompleteCommand() {
   const Token last = fTokens.empty() ? Token() : fTokens.back();
   const bool isTyped = last.length != 0 && last.offset + last.length == fText.size();
   const bool isNumber = last.type == TokenSequenceBase::kNumber;
+  if (EndsInComment(fText, last.offset + last.length)) {
+    return;
+  }
   if (isTyped && (IsWord(last) || last.symbol == kAllSymbol || isNumber)) {
     fTokens.pop_back();
     BeginWordAt(last.offset);
   } else if (isTyped && last.type == TokenSequenceBase::kQuotedString) {
     return;  // the quote may be the first of a doubled one
-  } else if (EndsInComment(fText, last.offset + last.length)) {
-    return;
   } else {
     BeginWordAt(fText.size());
   }

@@ -17,7 +17,7 @@ std::string HistoryPath();
 class HistoryFile {
  public:
   static constexpr std::size_t kMostEntries = 1000;
-  static constexpr std::size_t kLongestEntry = 64 * 1024;  ///< bytes; a longer one is not kept
+  static constexpr std::size_t kLongestEntry = 65'536;  ///< bytes; a longer one is not kept
 
   /// `path` may be empty: then nothing is kept.
   explicit HistoryFile(std::string path) : fPath(std::move(path)) {}

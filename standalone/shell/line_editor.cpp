@@ -46,6 +46,11 @@ int CharacterCount(std::string_view text) {
       std::count_if(text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
 }
 
+EditLine* MakeEditor() {
+  UseUtf8();  // which the editor asks for when it is made
+  return el_init("mrset", stdin, stdout, stderr);
+}
+
 }  // namespace
 
 class LineEditor::Implementation {
@@ -86,9 +91,7 @@ class LineEditor::Implementation {
 };
 
 LineEditor::Implementation::Implementation(const std::vector<std::string>& history, Complete complete)
-    : fComplete(std::move(complete)), fHistory(history_init()) {
-  UseUtf8();
-  fEditor = el_init("mrset", stdin, stdout, stderr);
+    : fComplete(std::move(complete)), fHistory(history_init()), fEditor(MakeEditor()) {
   if (fEditor == nullptr || fHistory == nullptr) {
     throw std::runtime_error("The terminal cannot be used to edit lines.");
   }

@@ -35,7 +35,7 @@ std::string_view WithoutPeriod(std::string_view text) {
 std::string FirstWord(std::string_view text) {
   const auto isEnd = [](char c) { return IsBlank(c) || std::string_view("/=[]'\"").find(c) != std::string_view::npos; };
   const auto end = std::find_if(text.begin() + 1, text.end(), isEnd);
-  return std::string(text.begin(), end);
+  return {text.begin(), end};
 }
 
 std::vector<std::string> AllCommands() {

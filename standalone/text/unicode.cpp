@@ -4,6 +4,7 @@
 #include <unicode/utf8.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <cstring>
 
@@ -11,7 +12,7 @@ namespace standalone {
 namespace {
 
 constexpr std::size_t kLongestCharacter = 4;
-constexpr char kReplacement[] = "\xEF\xBF\xBD";
+constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
 constexpr char32_t kReplacementCode = 0xFFFD;
 
 /// One character of a text. A byte that begins no valid character is one of its own, with a negative code.
@@ -71,10 +72,11 @@ void AppendUpper(std::string& upper, std::string_view written, UChar32 code) {
     upper += written;
     return;
   }
-  char bytes[kLongestCharacter];
+  std::array<char, kLongestCharacter> bytes{};
   std::size_t length = 0;
-  U8_APPEND_UNSAFE(bytes, length, mapped);
-  upper.append(bytes, length);
+  char* begin = bytes.data();
+  U8_APPEND_UNSAFE(begin, length, mapped);
+  upper.append(begin, length);
 }
 
 bool IsSoftHyphen(UChar32 code) {

@@ -285,7 +285,7 @@ void Dataset::Implementation::VisitCases(std::int64_t from, const VisitCase& vis
   BeginIfNone();
   Query row(*fDatabase, "SELECT position, cells FROM cases WHERE position >= ? ORDER BY position");
   row.Bind(from);
-  while (row.Step() && visit(row.Integer(0), row.Text(1))) {
+  while (row.Step() && visit(OrdinaryNumber(*fDatabase, row.Integer(0)), row.Text(1))) {
   }
 }
 

@@ -17,7 +17,7 @@ namespace standalone {
 
 namespace {
 
-/// A set that is being read, and will be kept.
+/// A set while it is read; then it never changes again.
 struct ReadSet {
   KeptSet kept;
   std::shared_ptr<StoredSet> set = std::make_shared<StoredSet>();
@@ -185,7 +185,7 @@ Plan PlanSets(const std::vector<KeptSet>& before, const SetList& after, const St
   return plan;
 }
 
-/// False where a set behind the stretch would have to make room.
+/// False where a set beside the stretch would have to make room.
 bool PlanPositionsWithin(const std::vector<KeptSet>& before, const Stretch& stretch, std::vector<PlannedSet>& sets) {
   const bool hasFormer = stretch.first > 0;
   const bool hasNext = stretch.beforeEnd < before.size();
@@ -203,7 +203,7 @@ bool PlanPositionsWithin(const std::vector<KeptSet>& before, const Stretch& stre
   for (std::size_t row = 0; row < sets.size(); ++row) {
     sets[row].after.position = planned[row + (hasFormer ? 1 : 0)];
   }
-  return !hasNext || planned.back() == positions.back();
+  return (!hasFormer || planned.front() == positions.front()) && (!hasNext || planned.back() == positions.back());
 }
 
 bool ChangesOrder(const std::vector<PlannedSet>& plan) {
@@ -293,25 +293,24 @@ std::vector<KeptSet> LoadSets(Database& database) {
   return sets;
 }
 
-void SetWrite::ApplyTo(std::vector<KeptSet>& list) && {
-  const auto begin = list.begin() + static_cast<std::ptrdiff_t>(first);
-  const auto place = list.erase(begin, begin + static_cast<std::ptrdiff_t>(count));
-  list.insert(place, std::make_move_iterator(sets.begin()), std::make_move_iterator(sets.end()));
+void SetWrite::ApplyTo(std::vector<KeptSet>& stored) && {
+  const auto begin = stored.begin() + static_cast<std::ptrdiff_t>(first);
+  const auto place = stored.erase(begin, begin + static_cast<std::ptrdiff_t>(count));
+  stored.insert(place, std::make_move_iterator(replacement.begin()), std::make_move_iterator(replacement.end()));
 }
 
 SetWrite WriteSets(Database& database, const std::vector<KeptSet>& before, const SetList& after) {
   Stretch stretch = ChangedStretch(before, after);
   Plan plan = PlanSets(before, after, stretch);
   if (!PlanPositionsWithin(before, stretch, plan.sets)) {
-    stretch.beforeEnd = before.size();
-    stretch.afterEnd = after.size();
+    stretch = {0, before.size(), after.size()};
     plan = PlanSets(before, after, stretch);
     PlanPositionsWithin(before, stretch, plan.sets);
   }
   SetWrite write{{{}, ChangesOrder(plan.sets)}, stretch.first, stretch.beforeEnd - stretch.first, {}};
   WritePlan(database, plan, write.edits.edits);
   for (PlannedSet& planned : plan.sets) {
-    write.sets.push_back(std::move(planned.after));
+    write.replacement.push_back(std::move(planned.after));
   }
   return write;
 }

@@ -39,15 +39,15 @@ struct SetEdits {
   bool reordered = false;  ///< whether sets that stayed came into another order
 };
 
-/// What was written: the stretch of the stored sets that is replaced, and by what.
+/// What was written: the stretch of the stored sets that was replaced, and by what.
 struct SetWrite {
-  SetEdits edits;  ///< refers to the sets that were stored before
-  std::size_t first = 0;
-  std::size_t count = 0;
-  std::vector<KeptSet> sets;
+  SetEdits edits;         ///< refers to the sets that were stored before, so not to be used behind ApplyTo()
+  std::size_t first = 0;  ///< where the stretch begins
+  std::size_t count = 0;  ///< how many sets it had
+  std::vector<KeptSet> replacement;
 
-  /// Makes the list of those that were stored before that of those that are.
-  void ApplyTo(std::vector<KeptSet>& sets) &&;
+  /// Replaces the stretch in the list of the sets that were stored before.
+  void ApplyTo(std::vector<KeptSet>& stored) &&;
 };
 
 /// Writes what differs between the sets that are stored and those that are to be, within the transaction of the caller.

@@ -82,7 +82,7 @@ class Session {
   CommandReading fReading;
   std::optional<PlaceFinder> fPlaces;  // made for the first message
   SetExchange& fExchange;
-  const VARIABLESETS& fSets;  // of the exchange: as they are stored
+  const VARIABLESETS& fSets;  // as the command finds them stored, of the exchange
   Adviser fAdviser;
   const OutputSink& fSink;
   std::unique_ptr<StoredDataSource> fParentSource;

@@ -1,7 +1,11 @@
 #include "standalone/host/set_exchange.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
 #include <utility>
 
 namespace standalone {
@@ -45,48 +49,73 @@ bool IsFormOf(const VariableSet& form, const StoredSet& stored) {
          form.GetVariableNames(VariableSet::kAsStored) == stored.variables;
 }
 
+/// Finds the sets that stay. Most do so in their order; the others are looked up by their names.
+class GivenSets {
+ public:
+  explicit GivenSets(const SetList& sets) : fSets(sets) {}
+
+  /// The set of that form; null where there is none.
+  SharedSet Find(const VariableSet& form) {
+    std::size_t index = fNext;
+    if (!IsAt(index, form)) {
+      index = fFound < fSets.size() ? IndexOf(form.GetName(VariableSet::kAsStored)) : fSets.size();
+    }
+    if (!IsAt(index, form)) {
+      return nullptr;
+    }
+    ++fFound;
+    fNext = index + 1;
+    return fSets[index];
+  }
+
+ private:
+  bool IsAt(std::size_t index, const VariableSet& form) const {
+    return index < fSets.size() && IsFormOf(form, *fSets[index]);
+  }
+
+  std::size_t IndexOf(const std::string& name) {
+    if (fIndices.empty()) {
+      for (std::size_t index = 0; index < fSets.size(); ++index) {
+        fIndices.emplace(fSets[index]->name, index);
+      }
+    }
+    const auto found = fIndices.find(name);
+    return found == fIndices.end() ? fSets.size() : found->second;
+  }
+
+  const SetList& fSets;
+  std::size_t fNext = 0;   // behind the one that was found last
+  std::size_t fFound = 0;  // how many were
+  std::unordered_map<std::string_view, std::size_t> fIndices;
+};
+
 }  // namespace
 
 const VARIABLESETS& SetExchange::Give(const SetList& sets) {
-  std::size_t same = 0;
-  while (same < sets.size() && same < fSets.size() && sets[same] == fSets[same]) {
-    ++same;
+  const auto differing = std::mismatch(fSets.begin(), fSets.end(), sets.begin(), sets.end()).first;
+  const auto same = static_cast<std::size_t>(differing - fSets.begin());
+  std::unordered_map<SharedSet, VariableSet> rest;  // of the forms that there are
+  for (std::size_t index = same; index < fSets.size(); ++index) {
+    rest.emplace(fSets[index], std::move(fForms[index]));
   }
-  fSets.resize(same);
+  fSets.erase(differing, fSets.end());
   fForms.erase(fForms.begin() + static_cast<std::ptrdiff_t>(same), fForms.end());
-  for (; same < sets.size(); ++same) {
-    fForms.push_back(ToForm(*sets[same]));
-    fSets.push_back(sets[same]);
+  for (std::size_t index = same; index < sets.size(); ++index) {
+    const auto kept = rest.extract(sets[index]);
+    fForms.push_back(kept.empty() ? ToForm(*sets[index]) : std::move(kept.mapped()));
+    fSets.push_back(sets[index]);
   }
   return fForms;
 }
 
-// A command seldom does more than add, replace or drop a set here and there, so that a set that has stayed is looked
-// for where the one before it was left, or one further on.
-SetList SetExchange::Take(const VARIABLESETS& forms) {
-  const SetList given = std::exchange(fSets, {});
-  VARIABLESETS givenForms = std::exchange(fForms, {});
+SetList SetExchange::Take(const VARIABLESETS& forms) const {
+  GivenSets given(fSets);
   SetList sets;
-  VARIABLESETS kept;
   sets.reserve(forms.size());
-  kept.reserve(forms.size());
-  std::size_t next = 0;
-  const auto stayed = [&](const VariableSet& form, std::size_t index) {
-    return index < given.size() && IsFormOf(form, *given[index]);
-  };
   for (const VariableSet& form : forms) {
-    const std::size_t index = stayed(form, next) ? next : next + 1;
-    if (index == next || stayed(form, index)) {
-      sets.push_back(given[index]);
-      kept.push_back(std::move(givenForms[index]));
-      next = index + 1;
-    } else {
-      sets.push_back(std::make_shared<StoredSet>(ToStored(form)));
-      kept.push_back(form);
-    }
+    SharedSet set = given.Find(form);
+    sets.push_back(set != nullptr ? std::move(set) : std::make_shared<StoredSet>(ToStored(form)));
   }
-  fSets = sets;
-  fForms = std::move(kept);
   return sets;
 }
 

@@ -10,15 +10,14 @@ namespace standalone {
 /// that only what differs from the list before is made anew.
 class SetExchange {
  public:
-  /// The form of the sets; until the next call.
+  /// The form of the sets; valid until the next call of Give().
   const VARIABLESETS& Give(const SetList& sets);
 
-  /// The sets of that form, which are then the ones that were given. Those that were given and have stayed are shared
-  /// with the list that was.
-  SetList Take(const VARIABLESETS& forms);
+  /// The sets of that form. Those that were given last and have stayed are the same sets, not only equal ones.
+  SetList Take(const VARIABLESETS& forms) const;
 
  private:
-  // The same sets in the two forms.
+  // The sets that were given last, in the two forms.
   SetList fSets;
   VARIABLESETS fForms;
 };

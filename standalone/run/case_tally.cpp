@@ -102,9 +102,11 @@ bool TallyCases(Dataset& dataset, std::vector<SetTally>& tallies, std::size_t& b
   std::vector<OpenVariable> open = OpenVariables(tallies);
   bool isGood = true;
   bool hasCases = false;
+  std::size_t bytes = 0;
   dataset.VisitCases(0, [&](std::int64_t /*position*/, std::string_view cells) {
     hasCases = true;
-    isGood = cells.size() <= bytesLeft && TallyCase(cells, open);
+    bytes += cells.size();
+    isGood = bytes <= kMostBytesOfCases && cells.size() <= bytesLeft && TallyCase(cells, open);
     bytesLeft -= std::min(cells.size(), bytesLeft);
     return isGood && !open.empty();
   });

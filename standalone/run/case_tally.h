@@ -33,7 +33,7 @@ class ValueList {
 
 /// What the cases hold of one variable of a set.
 struct VariableTally {
-  int position = 0;  ///< in the dictionary
+  int position = 0;  ///< in the dictionary; -1 for one that is not there
   bool isChosen = false;
   ValueList values;  ///< at most kMostShownValues; all of them, where the variable is not chosen
 };
@@ -42,7 +42,7 @@ inline constexpr std::size_t kMostShownValues = 6;
 
 /// What the cases hold of one dichotomy set.
 struct SetTally {
-  /// The set must outlive the tally, and its variables be in the dataset.
+  /// The set must outlive the tally.
   SetTally(Dataset& dataset, const StoredSet& set);
 
   /// Blanks around a text do not count here, so that no hint says that a value is not there when it is, padded.
@@ -56,8 +56,11 @@ struct SetTally {
   std::string_view fCountedText;
 };
 
+/// How much of the cases is looked at, from the first on.
+inline constexpr std::size_t kMostBytesOfCases = 2'000'000;
+
 /// Reads the cases for some sets, no farther than to the first case that leaves nothing to say. Whether every case was
-/// read that may matter, and there is one. Takes the bytes that it reads from `bytesLeft`.
+/// read that may matter, and there is one. Takes the bytes that it reads from `bytesLeft`, and ends where these do.
 bool TallyCases(Dataset& dataset, std::vector<SetTally>& tallies, std::size_t& bytesLeft);
 
 /// A variable of a set that no case has chosen yet.

@@ -9,50 +9,58 @@ constexpr std::size_t kMostKept = 12;
 
 }  // namespace
 
-bool CaseValues::Tally(Dataset& dataset, std::vector<SetTally>& tallies, std::size_t& bytesLeft) {
+CaseValues::Answer CaseValues::Tally(Dataset& dataset, std::vector<SetTally>& tallies, std::size_t& bytesLeft) {
   fValues.resize(static_cast<std::size_t>(dataset.VariableCount()));
   std::vector<OpenVariable> open = OpenVariables(tallies);
-  TallyKnown(open);
-  if (!ReadOn(dataset, open, bytesLeft)) {
-    return false;
+  if (!TallyKnown(open)) {
+    return Answer::kUnknown;
+  }
+  if (open.empty()) {
+    return Answer::kGood;
+  }
+  if (const Answer answer = ReadOn(dataset, open, bytesLeft); answer != Answer::kGood) {
+    return answer;
   }
   for (const OpenVariable& one : open) {
-    const ValueList& values = fValues[static_cast<std::size_t>(one.position)];
-    if (values.HasMore()) {
-      return false;
-    }
-    one.variable->values = values.ShortenedTo(kMostShownValues);
+    one.variable->values = ValuesOf(one).ShortenedTo(kMostShownValues);
   }
-  return fNextCase > 0;
+  return fNextCase > 0 ? Answer::kGood : Answer::kNone;
 }
 
-void CaseValues::TallyKnown(std::vector<OpenVariable>& open) const {
+/// False where a variable may have been chosen in a value that was not kept.
+bool CaseValues::TallyKnown(std::vector<OpenVariable>& open) const {
   for (const OpenVariable& one : open) {
-    const std::vector<CaseCell>& values = fValues[static_cast<std::size_t>(one.position)].Values();
+    const std::vector<CaseCell>& values = ValuesOf(one).Values();
     one.variable->isChosen =
         std::any_of(values.begin(), values.end(), [&one](const CaseCell& value) { return one.set->IsCounted(value); });
   }
   DropChosen(open);
+  return std::none_of(open.begin(), open.end(), [this](const OpenVariable& one) { return ValuesOf(one).HasMore(); });
 }
 
-bool CaseValues::ReadOn(Dataset& dataset, std::vector<OpenVariable>& open, std::size_t& bytesLeft) {
-  if (open.empty() || fHasAllCases) {
-    return true;
+CaseValues::Answer CaseValues::ReadOn(Dataset& dataset, std::vector<OpenVariable>& open, std::size_t& bytesLeft) {
+  if (fHasAllCases || fIsAtLimit) {
+    return fHasAllCases ? Answer::kGood : Answer::kNone;
   }
-  bool isGood = true;
+  Answer answer = Answer::kGood;
   dataset.VisitCases(fNextCase, [&](std::int64_t position, std::string_view cells) {
-    const bool isInBounds = cells.size() <= bytesLeft;
+    fIsAtLimit = fBytes + cells.size() > kMostBytesOfCases;
+    const bool isInBounds = !fIsAtLimit && cells.size() <= bytesLeft;
     bytesLeft -= std::min(cells.size(), bytesLeft);
-    isGood = isInBounds && AddCase(cells, open);
-    fNextCase = isGood ? position + 1 : fNextCase;
-    return isGood && !open.empty();
+    if (!isInBounds || !AddCase(cells, open)) {
+      answer = isInBounds ? Answer::kUnknown : Answer::kNone;
+      return false;
+    }
+    fBytes += cells.size();
+    fNextCase = position + 1;
+    return !open.empty();
   });
-  fHasAllCases = isGood && !open.empty();
-  return isGood;
+  fHasAllCases = answer == Answer::kGood && !open.empty();
+  return answer;
 }
 
-/// False where the case cannot be read or has not a cell for each variable. Its first cells may be kept then: it fails
-/// again when it is read again.
+/// False where the case cannot be read or has not a cell for each variable. Its first cells are kept then, to no harm:
+/// it fails again when it is read again.
 bool CaseValues::AddCase(std::string_view cells, std::vector<OpenVariable>& open) {
   auto next = open.begin();
   std::size_t count = 0;
@@ -69,6 +77,10 @@ bool CaseValues::AddCase(std::string_view cells, std::vector<OpenVariable>& open
   });
   DropChosen(open);
   return isRead && count == fValues.size();
+}
+
+const ValueList& CaseValues::ValuesOf(const OpenVariable& variable) const {
+  return fValues[static_cast<std::size_t>(variable.position)];
 }
 
 }  // namespace standalone

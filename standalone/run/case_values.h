@@ -11,22 +11,30 @@
 
 namespace standalone {
 
-/// The values that each variable has in the cases, so that these are read once for all the sets of a run. They are read
-/// as far as sets have asked for.
+/// The values that each variable has in the cases, kept so that these are not read anew for each set. They are read as
+/// far as sets have asked for.
 class CaseValues {
  public:
-  /// As TallyCases(), but for the cases that are known. False also where a variable that no case may have chosen has
-  /// more values than are kept.
-  bool Tally(Dataset& dataset, std::vector<SetTally>& tallies, std::size_t& bytesLeft);
+  enum class Answer {
+    kGood,    ///< as TallyCases(): true
+    kNone,    ///< as TallyCases(): false
+    kUnknown  ///< the cases must be read: one of them is no case, or a variable has more values than are kept
+  };
+
+  /// Does what TallyCases() does, from what is known, reading on where that does not suffice.
+  Answer Tally(Dataset& dataset, std::vector<SetTally>& tallies, std::size_t& bytesLeft);
 
  private:
-  void TallyKnown(std::vector<OpenVariable>& open) const;
-  bool ReadOn(Dataset& dataset, std::vector<OpenVariable>& open, std::size_t& bytesLeft);
+  bool TallyKnown(std::vector<OpenVariable>& open) const;
+  Answer ReadOn(Dataset& dataset, std::vector<OpenVariable>& open, std::size_t& bytesLeft);
   bool AddCase(std::string_view cells, std::vector<OpenVariable>& open);
+  const ValueList& ValuesOf(const OpenVariable& variable) const;
 
   std::vector<ValueList> fValues;  // by position of the variable
   std::int64_t fNextCase = 0;
+  std::size_t fBytes = 0;  // of the cases that were read
   bool fHasAllCases = false;
+  bool fIsAtLimit = false;
 };
 
 }  // namespace standalone

@@ -17,7 +17,6 @@
 namespace standalone {
 namespace {
 
-constexpr std::size_t kBytesForACommand = 2'000'000;
 constexpr std::size_t kMostVariables = 10'000;
 constexpr int kMostInDictionary = 100'000;  // a case is read whole, whatever the set takes of it
 constexpr int kMostWithValues = 20'000;     // more would take too much memory
@@ -95,11 +94,19 @@ std::vector<const StoredSet*> SetsMade(const SetList& before, const SetList& aft
   return made;
 }
 
+bool IsOfVariablesThatAre(const SetTally& tally) {
+  return std::all_of(tally.variables.begin(), tally.variables.end(),
+                     [](const VariableTally& variable) { return variable.position >= 0; });
+}
+
 std::vector<SetTally> TalliesOf(Dataset& dataset, const std::vector<const StoredSet*>& sets) {
   std::vector<SetTally> tallies;
   for (const StoredSet* set : sets) {
     if (set->type == SetType::kDichotomy && set->variables.size() <= kMostVariables) {
-      tallies.emplace_back(dataset, *set);
+      SetTally tally(dataset, *set);
+      if (IsOfVariablesThatAre(tally)) {
+        tallies.push_back(std::move(tally));
+      }
     }
   }
   return tallies;
@@ -118,32 +125,31 @@ std::vector<std::string> HintsOn(const std::vector<SetTally>& tallies) {
 }  // namespace
 
 std::vector<std::string> ChoiceHints::On(const SetList& before, const SetList& after) {
-  const std::size_t forCommand = std::min(kBytesForACommand, fBytesLeft);
-  std::size_t bytesLeft = forCommand;
   std::vector<std::string> hints;
   try {
     std::vector<SetTally> tallies = TalliesOf(fDataset, SetsMade(before, after));
-    if (!tallies.empty() && fDataset.VariableCount() <= kMostInDictionary && Tally(tallies, bytesLeft)) {
+    if (!tallies.empty() && fDataset.VariableCount() <= kMostInDictionary && Tally(tallies)) {
       hints = HintsOn(tallies);
     }
   } catch (const DatasetError&) {
     hints.clear();  // no hint is worth a failed command
   }
-  fBytesLeft -= forCommand - bytesLeft;
   return hints;
 }
 
-bool ChoiceHints::Tally(std::vector<SetTally>& tallies, std::size_t& bytesLeft) {
+bool ChoiceHints::Tally(std::vector<SetTally>& tallies) {
   if (const std::uint64_t epoch = fDataset.Epoch(); epoch != fEpoch) {
     fEpoch = epoch;
     fHasRead = false;
     fValues = CaseValues();
   }
   const bool isRepeated = std::exchange(fHasRead, true);
-  if (isRepeated && fDataset.VariableCount() <= kMostWithValues && fValues.Tally(fDataset, tallies, bytesLeft)) {
-    return true;
+  auto answer = CaseValues::Answer::kUnknown;
+  if (isRepeated && fDataset.VariableCount() <= kMostWithValues) {
+    answer = fValues.Tally(fDataset, tallies, fBytesLeft);
   }
-  return TallyCases(fDataset, tallies, bytesLeft);
+  return answer == CaseValues::Answer::kUnknown ? TallyCases(fDataset, tallies, fBytesLeft)
+                                                : answer == CaseValues::Answer::kGood;
 }
 
 }  // namespace standalone

@@ -13,9 +13,10 @@
 namespace standalone {
 
 /// Hints on what the cases hold of the dichotomy sets that commands define. The cases are read only for new and changed
-/// sets, no farther than to the first case that leaves nothing to say, no more than 2 MB of them for one command, and
-/// 32 MB in all, and none of more than 100,000 variables; where that is not enough, or the cases cannot be read, there
-/// is no hint. From the second command on what is read is kept, as long as nobody else writes.
+/// sets, no farther than to the first case that leaves nothing to say and not beyond the first 2 MB of them, 32 MB in
+/// all for a run, and none of more than 100,000 variables; where that is not enough, or the cases cannot be read, there
+/// is no hint. From the second command on what is read is kept, of up to 20,000 variables, as long as nobody else
+/// writes.
 class ChoiceHints {
  public:
   /// The dataset must outlive the hints.
@@ -27,7 +28,7 @@ class ChoiceHints {
   std::vector<std::string> On(const SetList& before, const SetList& after);
 
  private:
-  bool Tally(std::vector<SetTally>& tallies, std::size_t& bytesLeft);
+  bool Tally(std::vector<SetTally>& tallies);
 
   Dataset& fDataset;
   std::uint64_t fEpoch = 0;  // of the dataset, in which the rest was read

@@ -11,6 +11,7 @@
 #include "standalone/data/dataset.h"
 #include "standalone/data/dataset_check.h"
 #include "standalone/host/session.h"
+#include "standalone/host/set_exchange.h"
 #include "standalone/language/tokenizer.h"
 #include "standalone/output/json.h"
 #include "standalone/output/log_text.h"

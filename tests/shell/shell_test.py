@@ -150,7 +150,9 @@ class Completion(ShellTest):
         terminal = self.shell()
         terminal.type("MRSET /MDGROUP NAME=$a" + ENTER)
         terminal.wait_for_input(MORE)
-        terminal.type("  VARIABLES=drink1 drink2" + ENTER + "va" + TAB)
+        terminal.enter("  VARIABLES=drink1 drink2")
+        terminal.wait_for_input(MORE)
+        terminal.type("va" + TAB)
         terminal.wait_for_input(MORE + "value=")
         terminal.type(TAB)
         terminal.wait_for_input(MORE + "value=1 ")
@@ -165,6 +167,7 @@ class Completion(ShellTest):
         terminal = self.shell()
         os.unlink(self.dataset)
         terminal.type("MRSET /DISPLAY NAME=[" + TAB)
+        terminal.wait(lambda: b"\a" in terminal.raw)  # so that no key waits behind the tab, as in pasted text
         terminal.wait_for_input(PROMPT + "MRSET /DISPLAY NAME=[")
         terminal.type("x")
         terminal.wait_for_input(PROMPT + "MRSET /DISPLAY NAME=[x")

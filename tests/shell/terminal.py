@@ -22,7 +22,7 @@ def ctrl(letter):
 
 
 class Terminal:
-    """The deadline is only for what never comes; nothing waits for time to pass."""
+    """The deadline is only for what never comes; no result depends on time."""
 
     SECONDS = 60
 
@@ -90,8 +90,17 @@ class Terminal:
         """Until the cursor's line holds exactly this, a prompt included."""
         self.wait(lambda: self.cursor_line() == (typed, behind))
 
+    def wait_for_editor(self):
+        """Until the program reads keys. What is typed while it does something else the terminal would show by itself."""
+        deadline = time.monotonic() + self.SECONDS
+        while termios.tcgetattr(self._master)[3] & termios.ICANON:
+            if time.monotonic() > deadline:
+                raise AssertionError("The program reads no keys. The screen:\n" + self.text())
+            time.sleep(0.001)
+
     def enter(self, line):
         """Types a line behind what stands on the cursor's, and ends it once it is shown."""
+        self.wait_for_editor()
         self.type(line)
         self.wait(lambda: self.cursor_line()[0].endswith(line) and len(self.cursor_line()[0]) > len(line))
         row = self.screen.cursor.y, len(self.screen.history.top)

@@ -95,12 +95,14 @@ Texts HintsOn(ChoiceHints& hints, const std::string& countedValue, std::size_t v
   return hints.On({}, Shared({set}));
 }
 
-/// The hints of a run's first command and those of its second, which are the same.
+/// The hints of a run's first command and those of the next ones, which are the same.
 Texts HintsOn(const std::string& path, const std::string& countedValue, std::size_t variables) {
   Dataset dataset(path);
   ChoiceHints hints(dataset);
   const Texts first = HintsOn(hints, countedValue, variables);
-  EXPECT_EQ(HintsOn(hints, countedValue, variables), first) << path;
+  for (int command = 2; command < 6; ++command) {
+    EXPECT_EQ(HintsOn(hints, countedValue, variables), first) << path << ", command " << command;
+  }
   return first;
 }
 
@@ -149,6 +151,27 @@ TEST_F(ChoiceHintsTest, EndWhereTooMuchWouldBeRead) {
   EXPECT_EQ(HintsOn("found.mrset", "a", 2), Texts{});
   WriteEvenCases("over.mrset", 2, {large, large});
   EXPECT_EQ(HintsOn("over.mrset", "a", 2), Texts{});
+}
+
+TEST_F(ChoiceHintsTest, AreTheSameInEveryCommandHoweverMuchThereIsToRead) {
+  const std::string quarter(250000, ' ');
+  Texts many;  // values, in 1.9 MB
+  for (char letter = 'a'; letter < 't'; ++letter) {
+    many.push_back(letter + std::string(50000, 'x'));
+  }
+  WriteEvenCases("values.mrset", 2, many);
+  EXPECT_EQ(HintsOn("values.mrset", "a", 2).size(), 1U);
+  EXPECT_EQ(HintsOn("values.mrset", many.back(), 2), Texts{});
+  WriteEvenCases("over.mrset", 2, Texts(5, "b" + quarter));
+  EXPECT_EQ(HintsOn("over.mrset", "a", 2), Texts{});
+  EXPECT_EQ(HintsOn("over.mrset", "b", 2), Texts{});
+  WriteEvenCases("within.mrset", 2, Texts(3, "b" + quarter));
+  EXPECT_EQ(HintsOn("within.mrset", "a", 2).size(), 1U);
+}
+
+TEST_F(ChoiceHintsTest, AreSilentOnVariablesThatAreNotThere) {
+  WriteEvenCases("two.mrset", 2, {"b"});
+  EXPECT_EQ(HintsOn("two.mrset", "a", 3), Texts{});
 }
 
 TEST_F(ChoiceHintsTest, ARunReadsNoMoreThan32Megabytes) {

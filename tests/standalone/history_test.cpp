@@ -169,6 +169,28 @@ TEST_F(HistoryTest, WhatIsKeptOfAChangeFollowsWhatItTouches) {
   EXPECT_EQ(dataset.SetsOfVersion(1).size(), static_cast<std::size_t>(kSets));
 }
 
+// So often between the same two that the room between their positions does not suffice.
+TEST_F(HistoryTest, SetsFindRoomBetweenOthers) {
+  Dataset dataset(kFile, Relaxed());
+  for (const std::ptrdiff_t place : {0, 1, 2}) {
+    Sets sets = {SetOf("$a"), SetOf("$b"), SetOf("$c")};
+    Save(dataset, {}, "none");
+    Save(dataset, sets, "three");
+    const std::int64_t version = dataset.Versions().last;
+    for (int count = 0; count < 50; ++count) {
+      sets.insert(sets.begin() + place, SetOf("$new" + std::to_string(count)));
+      Save(dataset, sets, "one more");
+      ASSERT_EQ(Dataset(kFile).Sets(), sets) << place << ", " << count;
+    }
+    for (int count = 50; count > 0; --count) {
+      EXPECT_EQ(dataset.SetsOfVersion(version + count), sets) << place << ", " << count;
+      sets.erase(sets.begin() + place);
+    }
+    dataset.EndCommand();
+    EXPECT_THAT(FindingsOf(kFile), IsEmpty());
+  }
+}
+
 TEST_F(HistoryTest, AHistoryThatCannotBeIsOneSentence) {
   Dataset dataset(kFile);
   Save(dataset, {SetOf("$a"), SetOf("$b")}, "one");

@@ -61,7 +61,11 @@ TEST(SetExchange, SetsThatStayAreShared) {
                                    {SetOf("$a"), SetOf("$b", "other"), SetOf("$c")},
                                    {SetOf("$b"), SetOf("$c")},
                                    {SetOf("$a"), SetOf("$c")},
-                                   {SetOf("$a"), SetOf("$b")}};
+                                   {SetOf("$a"), SetOf("$b")},
+                                   {SetOf("$c")},
+                                   {SetOf("$c"), SetOf("$b"), SetOf("$a")},
+                                   {SetOf("$c"), SetOf("$new"), SetOf("$a")},
+                                   {}};
   for (const Sets& edited : edits) {
     SetExchange exchange;
     exchange.Give(given);

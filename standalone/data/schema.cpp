@@ -127,6 +127,9 @@ void CheckFormat(Database& database, const std::string& path) {
     throw DatasetError(path + " was made by a newer version of the program.");
   }
   FormatVersion(database);
+  if (database.IsReadOnly() && eaccess(path.c_str(), W_OK) == 0) {
+    database.FailAsDamaged();  // it is the header that forbids to write, and this program makes none that does
+  }
 }
 
 }  // namespace

@@ -413,6 +413,14 @@ TEST_F(DatasetTest, WhatIsNoDatasetIsRefusedInOneSentence) {
   EXPECT_EQ(SentenceOf([] { Dataset(":memory:"); }), ":memory: does not exist.");
 }
 
+TEST_F(DatasetTest, AHeaderThatForbidsWritingIsDamage) {
+  MakeDataset(kFile);
+  std::string bytes = Read(kFile);
+  bytes[18] = 16;  // the format of what may write the file
+  Write(kFile, bytes);
+  EXPECT_EQ(SentenceOfReading(), "survey.mrs is damaged.");
+}
+
 TEST_F(DatasetTest, AnotherKindOfDatabaseIsRefused) {
   Write(kFile, "");
   Tamper("CREATE TABLE meta(generation)");

@@ -46,7 +46,7 @@ class Checker {
   void Cases();
   void History();
   void ChangeNumbers(const VersionRange& versions);
-  void ChangeTimes();
+  void Changes(const VersionRange& versions);
 
   template <typename Check>
   void Row(const char* what, std::int64_t number, Check check);
@@ -307,7 +307,7 @@ void Checker::Cases() {
 void Checker::History() {
   const VersionRange versions = KeptVersions(fDatabase);
   ChangeNumbers(versions);
-  ChangeTimes();
+  Changes(versions);
   Rewind rewind(fDatabase, LoadSets(fDatabase));
   for (std::int64_t number = versions.last; number > versions.first; --number) {
     try {
@@ -339,13 +339,12 @@ void Checker::ChangeNumbers(const VersionRange& versions) {
   }
 }
 
-void Checker::ChangeTimes() {
-  Query rows(fDatabase, "SELECT number, time, command FROM history ORDER BY number");
-  while (rows.Step()) {
-    Row("Change", rows.Integer(0), [&] {
-      rows.Text(2);
-      if (!IsTimeOfChange(rows.Text(1))) {
-        Finding("Change {} has the time {}, which is none.", rows.Integer(0), rows.Text(1));
+void Checker::Changes(const VersionRange& versions) {
+  for (std::int64_t number = versions.first + 1; number <= versions.last; ++number) {
+    Row("Change", number, [&] {
+      const std::optional<Change> change = ChangeBefore(fDatabase, number + 1);
+      if (change && !IsTimeOfChange(change->time)) {
+        Finding("Change {} has the time {}, which is none.", number, change->time);
       }
     });
   }

@@ -145,8 +145,8 @@ class Maker:
 
     def make(self):
         for index, token in enumerate(self.tokens):
-            for rule in (self._operator, self._operand, self._constant, self._condition, self._message, self._arguments, self._c_string,
-                         self._assertion, self._directive):
+            for rule in (self._operator, self._operand, self._constant, self._condition, self._message, self._arguments,
+                         self._c_string, self._assertion, self._directive):
                 rule(index, token)
         self._statements()
         return self.mutants

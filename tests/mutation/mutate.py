@@ -31,9 +31,9 @@ MEMORY_BYTES = 2 << 30
 SHORTEST_TIMEOUT = 20.0
 TIMEOUT_FACTOR = 10.0
 
-# What a mutant must pass, the quickest first. The last compares the texts of its sources with those that the tests know,
-# and so sees a message that is never issued and an assertion that cannot fail. The other tests of trace_tests sweep faults, which takes minutes,
-# or are not about the module.
+# What a mutant must pass, the quickest first. The last compares the texts of its sources with those that the tests
+# know, and so sees a message that is never issued and an assertion that cannot fail. The other tests of trace_tests
+# sweep faults, which takes minutes, or are not about the module.
 STAGES = [
     ("unit tests", "module_tests", "-*DeathTest*"),
     ("assertion reports", "trace_tests", "CallsBeforeAnAssertion.*:AssertionReport.*"),
@@ -157,8 +157,8 @@ class Module:
     def link(self, folder, changed):
         objects = [(folder if source in changed else self.objects) / f"{source.stem}.o" for source in self.sources]
         # Symbolic: the tests' copies of inline functions must not take the place of the mutant's.
-        return subprocess.run(["g++", "-shared", f"-Wl,-soname,{self.LIBRARY}", "-Wl,-Bsymbolic", *objects, "-o", folder / self.LIBRARY],
-                              capture_output=True).returncode == 0
+        command = ["g++", "-shared", f"-Wl,-soname,{self.LIBRARY}", "-Wl,-Bsymbolic", *objects]
+        return subprocess.run([*command, "-o", folder / self.LIBRARY], capture_output=True).returncode == 0
 
 
 def all_mutants():

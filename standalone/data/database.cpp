@@ -126,8 +126,7 @@ std::string Database::Implementation::LockedSentence() const {
                            InSeconds(fLockTimeout));
 }
 
-/// Permission may be taken away at any moment of a write; a file that can still be read
-/// cannot be written then.
+/// Permission may be taken away at any moment of a write; a file that can still be read cannot be written then.
 std::string Database::Implementation::SystemFailure(int number) const {
   if (number == EACCES && access(fPath.c_str(), R_OK) == 0) {
     return NoPermissionSentence(fName);

@@ -210,6 +210,7 @@ TEST_F(HistoryTest, AHistoryThatCannotBeIsOneSentence) {
                                             "UPDATE history_set SET name = NULL WHERE kind = 1 AND history = 1",
                                             "UPDATE history_set SET name = CAST(x'24FF' AS TEXT) WHERE kind = 1",
                                             "UPDATE history SET command = CAST(x'FF' AS TEXT) WHERE number = 1",
+                                            "UPDATE history SET command = CAST(x'FF' AS TEXT) WHERE number = 2",
                                             "UPDATE history_set SET name = '$same' WHERE history = 2",
                                             "UPDATE history_set SET type = 7 WHERE history = 2",
                                             "UPDATE history_set SET label = char(0) WHERE history = 2",

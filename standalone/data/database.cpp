@@ -5,12 +5,16 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstring>
 #include <thread>
 #include <unordered_map>
 #include <utility>
 
+#include "standalone/data/database_files.h"
+#include "standalone/data/folder.h"
+#include "standalone/data/interrupt.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {
@@ -19,16 +23,28 @@ namespace {
 
 constexpr const char* kMoved = " was moved or deleted by another program.";
 
-// A plain name such as ":memory:" or "file:x?mode=memory" means something else to SQLite than a file of that name.
-std::string AsFilePath(const std::string& path) {
-  return path.empty() || path[0] == '/' ? path : "./" + path;
-}
-
 void RefuseFileLogic(sqlite3* connection) {
   sqlite3_db_config(connection, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
   sqlite3_db_config(connection, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
   sqlite3_db_config(connection, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
   sqlite3_db_config(connection, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
+}
+
+/// What this program's own statements never come near.
+constexpr std::array<std::pair<int, int>, 7> kLimits = {{
+    {SQLITE_LIMIT_SQL_LENGTH, 10'000},
+    {SQLITE_LIMIT_COLUMN, 100},
+    {SQLITE_LIMIT_EXPR_DEPTH, 100},
+    {SQLITE_LIMIT_FUNCTION_ARG, 20},
+    {SQLITE_LIMIT_ATTACHED, 1},
+    {SQLITE_LIMIT_TRIGGER_DEPTH, 1},
+    {SQLITE_LIMIT_VARIABLE_NUMBER, 100},
+}};
+
+void SetLimits(sqlite3* connection) {
+  for (const auto& [limit, value] : kLimits) {
+    sqlite3_limit(connection, limit, value);
+  }
 }
 
 // Of the call that has just failed. Where it failed at the end of a transaction, SQLite itself does not keep the
@@ -57,7 +73,8 @@ std::string InSeconds(std::chrono::milliseconds time) {
 
 class Database::Implementation {
  public:
-  Implementation(std::string path, std::string name) : fPath(std::move(path)), fName(std::move(name)) {}
+  Implementation(const std::string& path, std::string name)
+      : fSqlitePath(path), fPath(path), fName(std::move(name)) {}
   Implementation(const Implementation&) = delete;
   Implementation& operator=(const Implementation&) = delete;
   ~Implementation() {
@@ -85,17 +102,29 @@ class Database::Implementation {
   /// SQLite calls it where a lock is held: whether to try again.
   static int WaitForLock(void* self, int count) { return static_cast<Implementation*>(self)->Wait(count) ? 1 : 0; }
 
+  /// SQLite calls it while a statement runs: whether to give that up.
+  static int GoesTooFar(void* self) { return static_cast<Implementation*>(self)->MustStop() ? 1 : 0; }
+
+  void WatchProgress(bool isWatched) {
+    constexpr int kStepsBetween = 10'000;
+    sqlite3_progress_handler(fConnection, kStepsBetween, isWatched ? GoesTooFar : nullptr, this);
+  }
+
   sqlite3* fConnection = nullptr;
+  DatabasePath fSqlitePath;
+  std::optional<DatabasePath> fAttachedPath;
   std::string fPath;
   std::string fName;
   std::chrono::milliseconds fLockTimeout{0};
   std::function<void(const std::string&)> fNotify;
+  std::optional<int> fWorkLeft;  // where it is limited
 
  private:
   [[noreturn]] void Fail(int result) const;
   std::string LockedSentence() const;
   std::string SystemFailure(int number) const;
   bool Wait(int count);
+  bool MustStop();
 
   Clock::time_point fWaitBegan;
   bool fWaitIsTold = false;
@@ -108,7 +137,7 @@ bool Database::Implementation::Wait(int count) {
     fWaitIsTold = false;
   }
   const auto waited = Clock::now() - fWaitBegan;
-  if (waited >= fLockTimeout) {
+  if (waited >= fLockTimeout || IsInterrupted()) {
     return false;
   }
   if (waited >= kSilentWait && !fWaitIsTold && fNotify) {
@@ -117,6 +146,10 @@ bool Database::Implementation::Wait(int count) {
   }
   std::this_thread::sleep_for(std::min<Clock::duration>(PauseBeforeTry(count), fLockTimeout - waited));
   return true;
+}
+
+bool Database::Implementation::MustStop() {
+  return IsInterrupted() || (fWorkLeft && --*fWorkLeft < 0);
 }
 
 std::string Database::Implementation::LockedSentence() const {
@@ -136,6 +169,12 @@ std::string Database::Implementation::SystemFailure(int number) const {
 }
 
 void Database::Implementation::Fail(int result) const {
+  if (const std::string refusal = TakeRefusal(); !refusal.empty()) {
+    throw DatasetError(fName + refusal);
+  }
+  if (IsInterrupted() && (result == SQLITE_INTERRUPT || result == SQLITE_BUSY)) {
+    throw InterruptedError(fName + ": interrupted.");
+  }
   const int extended = fConnection == nullptr ? result : sqlite3_extended_errcode(fConnection);
   if (extended == SQLITE_READONLY_DBMOVED) {
     throw DatasetError(fName + kMoved);
@@ -158,7 +197,7 @@ void Database::Implementation::Fail(int result) const {
     case SQLITE_CANTOPEN:
       throw DatasetError(SystemFailure(SystemErrno(fConnection)));
     case SQLITE_NOMEM:
-      throw DatasetError(fName + " cannot be used: the memory does not suffice.");
+      throw DatasetError(fName + " cannot be used: there is not enough memory.");
     case SQLITE_TOOBIG:
       throw DatasetError(fName + " cannot be written: a case or text is longer than 1,000,000,000 bytes.");
     default:  // what is left comes of a schema or a value that this program does not write
@@ -167,13 +206,15 @@ void Database::Implementation::Fail(int result) const {
 }
 
 Database::Database(const std::string& path, std::string name)
-    : fImplementation(std::make_unique<Implementation>(AsFilePath(path), std::move(name))) {
+    : fImplementation(std::make_unique<Implementation>(path, std::move(name))) {
   // Without SQLITE_OPEN_CREATE; SQLite itself falls back to reading where writing is not permitted.
-  const int result =
-      sqlite3_open_v2(fImplementation->fPath.c_str(), &fImplementation->fConnection, SQLITE_OPEN_READWRITE, nullptr);
+  const int result = sqlite3_open_v2(fImplementation->fSqlitePath.ForSqlite().c_str(), &fImplementation->fConnection,
+                                     SQLITE_OPEN_READWRITE, DatabaseFileSystem());
   fImplementation->Check(result);
   sqlite3_busy_handler(fImplementation->fConnection, Implementation::WaitForLock, fImplementation.get());
   RefuseFileLogic(fImplementation->fConnection);
+  SetLimits(fImplementation->fConnection);
+  fImplementation->WatchProgress(true);
   SetLockTimeout(std::chrono::seconds(30));
   Execute("PRAGMA cell_size_check = ON");
 }
@@ -190,7 +231,24 @@ void Database::Execute(const char* sql) {
 }
 
 void Database::Attach(const std::string& path, const char* schema) {
-  Query(*this, "ATTACH ? AS ?").Bind(AsFilePath(path)).Bind(schema).Run();
+  const DatabasePath& attached = fImplementation->fAttachedPath.emplace(path);
+  Query(*this, "ATTACH ? AS ?").Bind(attached.ForSqlite()).Bind(schema).Run();
+}
+
+// Nothing may interrupt it half way: after the point of no return that would be told as a failure.
+std::optional<std::string> Database::Commit() {
+  TakeUnsyncedReason();  // of a journal that was rolled back
+  fImplementation->WatchProgress(false);
+  const int result = sqlite3_exec(fImplementation->fConnection, "COMMIT", nullptr, nullptr, nullptr);
+  fImplementation->WatchProgress(true);
+  fImplementation->Check(result);
+  const std::string reason = TakeUnsyncedReason();
+  return reason.empty() ? std::nullopt : std::make_optional(UnsyncedSentence(fImplementation->fName, reason));
+}
+
+void Database::LimitWork(bool isLimited) {
+  constexpr int kWorkOfSoundFile = 100;  // a million of SQLite's steps: some ten thousand times what a schema takes
+  fImplementation->fWorkLeft = isLimited ? std::make_optional(kWorkOfSoundFile) : std::nullopt;
 }
 
 // From a second connection: one that holds the right to write cannot be copied from. The file is not read past SQLite,
@@ -199,7 +257,8 @@ void Database::CopyInto(const std::string& path) const {
   const Database source(fImplementation->fPath, fImplementation->fName);
   const Database copy(path, path);
   const Implementation& target = *copy.fImplementation;
-  sqlite3_exec(target.fConnection, "PRAGMA synchronous = OFF", nullptr, nullptr, nullptr);
+  // Without a journal, which would be a second file to remove where the copying is cut off.
+  sqlite3_exec(target.fConnection, "PRAGMA journal_mode = MEMORY; PRAGMA synchronous = OFF", nullptr, nullptr, nullptr);
   sqlite3_backup* backup = sqlite3_backup_init(target.fConnection, "main", source.fImplementation->fConnection, "main");
   if (backup == nullptr) {
     target.Check(sqlite3_errcode(target.fConnection));
@@ -226,7 +285,9 @@ bool Database::InTransaction() const {
 
 void Database::Rollback() noexcept {
   if (InTransaction()) {
+    fImplementation->WatchProgress(false);
     sqlite3_exec(fImplementation->fConnection, "ROLLBACK", nullptr, nullptr, nullptr);
+    fImplementation->WatchProgress(true);
   }
 }
 

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -16,6 +17,12 @@ namespace standalone {
 
 /// The dataset, or the folder it lies in, gives no permission to write.
 class ReadOnlyError : public DatasetError {
+ public:
+  using DatasetError::DatasetError;
+};
+
+/// A transaction ended with an error, and whether it is in the file cannot be read.
+class UnknownOutcomeError : public DatasetError {
  public:
   using DatasetError::DatasetError;
 };
@@ -42,6 +49,13 @@ class Database {
 
   /// Runs fixed SQL, which may be several statements without parameters.
   void Execute(const char* sql);
+
+  /// Ends the transaction with its changes, which stand then. Returns the sentence on a folder that could not be
+  /// synchronised after that, or else nothing. Where this throws, the changes need not be undone if the system failed.
+  std::optional<std::string> Commit();
+
+  /// A file that takes more work than a sound one ever does from now on is damaged; false lifts that again.
+  void LimitWork(bool isLimited);
 
   /// Adds another file under a schema's name.
   void Attach(const std::string& path, const char* schema);

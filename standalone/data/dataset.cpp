@@ -9,8 +9,10 @@
 #include <unordered_map>
 #include <utility>
 
+#include "standalone/data/commit.h"
 #include "standalone/data/database.h"
 #include "standalone/data/history.h"
+#include "standalone/data/interrupt.h"
 #include "standalone/data/migration.h"
 #include "standalone/data/schema.h"
 #include "standalone/data/set_store.h"
@@ -92,7 +94,7 @@ bool AreSame(const SharedSet& first, const SharedSet& second) {
 class Dataset::Implementation {
  public:
   Implementation(const std::string& path, const DatasetOptions& options)
-      : fPath(path), fNotify(options.notify), fDatabase(OpenDataset(path, options)) {}
+      : fPath(path), fOptions(options), fDatabase(OpenDataset(path, options)) {}
 
   void Begin(bool exclusive);
   void BeginIfNone();
@@ -113,15 +115,16 @@ class Dataset::Implementation {
   void ForEachChange(const std::function<void(const Change&)>& handOver);
 
  private:
-  std::int64_t StoredGeneration();
   void ForgetWhatWasRead();
   void ForgetSets();
   bool HasHistory();
+  Saved SaveOrder(const SetList& sets, const std::string& command);
+  void EndSaveOfOrder();
   Saved Write(const SetList& sets, const std::string& command);
   void WriteLocked(const SetList& sets, const std::string& command);
 
   std::string fPath;
-  std::function<void(const std::string&)> fNotify;
+  DatasetOptions fOptions;
   std::unique_ptr<Database> fDatabase;
   bool fExclusive = false;
   std::int64_t fGeneration = 0;
@@ -136,7 +139,7 @@ void Dataset::Implementation::Begin(bool exclusive) {
   End();
   try {
     Query(*fDatabase, exclusive ? "BEGIN IMMEDIATE" : "BEGIN").Run();
-    const std::int64_t generation = StoredGeneration();  // the first read fixes the state that all reads see
+    const std::int64_t generation = GenerationOf(*fDatabase);  // the first read fixes the state that all reads see
     fDatabase->FailIfMoved();
     if (generation != fGeneration) {
       ForgetWhatWasRead();
@@ -162,22 +165,44 @@ void Dataset::Implementation::End() {
 
 Dataset::Saved Dataset::Implementation::Save(const SetList& sets, const std::string& command) {
   const std::vector<KeptSet>& stored = Sets();
-  Saved saved = Saved::kDone;
+  if (AreSameLists(stored, sets)) {
+    End();
+    return Saved::kUnchanged;
+  }
+  if (SameButForOrder(stored, sets)) {
+    return SaveOrder(sets, command);
+  }
   try {
-    const bool isNothingToWrite = AreSameLists(stored, sets) || (!HasHistory() && SameButForOrder(stored, sets));
-    saved = isNothingToWrite ? Saved::kDone : Write(sets, command);
-  } catch (const ReadOnlyError&) {
-    const bool isOrderAlone = SameButForOrder(stored, sets);
-    ForgetSets();
-    if (!isOrderAlone) {
-      throw;
-    }
+    const Saved saved = Write(sets, command);
+    End();
+    return saved;
   } catch (...) {
     ForgetSets();
     throw;
   }
+}
+
+// Whoever displays sets asked for no change: what keeps their order from being written is no concern of theirs.
+Dataset::Saved Dataset::Implementation::SaveOrder(const SetList& sets, const std::string& command) {
+  const bool mayWait = fExclusive;
+  try {
+    fDatabase->SetLockTimeout(mayWait ? fOptions.lockTimeout : std::chrono::milliseconds(0), fOptions.notify);
+    const Saved saved = HasHistory() ? Write(sets, command) : Saved::kUnchanged;
+    EndSaveOfOrder();
+    return saved == Saved::kConflict ? Saved::kUnchanged : saved;
+  } catch (const DatasetError& error) {
+    EndSaveOfOrder();
+    fSets.reset();
+    if (mayWait && dynamic_cast<const ReadOnlyError*>(&error) == nullptr) {
+      throw;
+    }
+    return Saved::kUnchanged;
+  }
+}
+
+void Dataset::Implementation::EndSaveOfOrder() {
   End();
-  return saved;
+  fDatabase->SetLockTimeout(fOptions.lockTimeout, fOptions.notify);
 }
 
 // A transaction that has read cannot wait for the right to write while another one waits for it to finish reading; so
@@ -186,7 +211,7 @@ Dataset::Saved Dataset::Implementation::Write(const SetList& sets, const std::st
   if (!fExclusive) {
     fDatabase->Rollback();
     Query(*fDatabase, "BEGIN IMMEDIATE").Run();
-    if (StoredGeneration() != fGeneration) {
+    if (GenerationOf(*fDatabase) != fGeneration) {
       return Saved::kConflict;
     }
   }
@@ -202,20 +227,14 @@ void Dataset::Implementation::WriteLocked(const SetList& sets, const std::string
   SetWrite write = WriteSets(*fDatabase, *fSets, sets);
   AddChange(*fDatabase, command, write.edits);
   Query(*fDatabase, "UPDATE meta SET generation = generation + 1").Run();
-  Query(*fDatabase, "COMMIT").Run();
-  std::move(write).ApplyTo(*fSets);
+  const std::optional<std::string> unconfirmed = CommitGeneration(*fDatabase, fGeneration + 1);
   ++fGeneration;
-  if (migrated && fNotify) {
-    fNotify(*migrated);
+  std::move(write).ApplyTo(*fSets);
+  for (const std::optional<std::string>& sentence : {migrated, unconfirmed}) {
+    if (sentence && fOptions.notify) {
+      fOptions.notify(*sentence);
+    }
   }
-}
-
-std::int64_t Dataset::Implementation::StoredGeneration() {
-  Query query(*fDatabase, "SELECT generation FROM meta");
-  if (!query.Step()) {
-    fDatabase->FailAsDamaged();
-  }
-  return query.Integer(0);
 }
 
 void Dataset::Implementation::ForgetWhatWasRead() {
@@ -345,6 +364,9 @@ std::vector<StoredSet> Dataset::Implementation::SetsOfVersion(std::int64_t versi
 void Dataset::Implementation::ForEachChange(const std::function<void(const Change&)>& handOver) {
   std::optional<Change> change;
   do {
+    if (IsInterrupted()) {
+      throw InterruptedError(fPath + ": interrupted.");
+    }
     BeginIfNone();
     const std::int64_t end = change ? change->number : std::numeric_limits<std::int64_t>::max();
     change = HasHistory() ? ChangeBefore(*fDatabase, end) : std::nullopt;

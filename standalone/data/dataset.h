@@ -125,14 +125,15 @@ class Dataset {
   void EndCommand();
 
   enum class Saved {
-    kDone,     ///< the sets are on the disk, or were the same already
-    kConflict  ///< another process changed the dataset since the command began: nothing is written
+    kDone,       ///< the sets are on the disk
+    kUnchanged,  ///< nothing is written: they were the same already, or only their order differs and cannot be kept
+    kConflict    ///< nothing is written: another process changed the dataset since the command began
   };
 
   /// Ends a command that leaves these sets, in this order, in one transaction; where they differ from those stored,
   /// that is a change, which is kept with the command's text. A file of an older format is migrated first, in the same
-  /// transaction, and a copy of it set aside. Where only the order differs from that stored, and the dataset cannot be
-  /// written or is of an older format, nothing is written and the result is kDone.
+  /// transaction, and a copy of it set aside. An order alone is kept where that takes neither a wait nor a migration,
+  /// and never fails a command that is not exclusive.
   /// What is saved costs what has changed, as far as the list shares its sets with SharedSets().
   Saved SaveSets(const SetList& sets, const std::string& command);
   Saved SaveSets(const std::vector<StoredSet>& sets, const std::string& command);

@@ -1,11 +1,17 @@
+#include <fmt/format.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
+#include <optional>
+#include <string_view>
 #include <utility>
 
 #include "standalone/data/case_text.h"
+#include "standalone/data/commit.h"
 #include "standalone/data/database.h"
 #include "standalone/data/dataset.h"
+#include "standalone/data/folder.h"
 #include "standalone/data/migration.h"
 #include "standalone/data/schema.h"
 #include "standalone/data/temporary_file.h"
@@ -20,8 +26,32 @@ bool Exists(const std::string& path) {
   return lstat(path.c_str(), &status) == 0;
 }
 
+/// A dataset needs names for its companions, too.
+void CheckNameFits(const std::string& path) {
+  constexpr std::size_t kLongestCompanionEnding = std::string_view("-journal").size();
+  const long longest = pathconf(FolderOf(path).c_str(), _PC_NAME_MAX);
+  const std::size_t slash = path.rfind('/');
+  const std::size_t size = slash == std::string::npos ? path.size() : path.size() - slash - 1;
+  if (longest > 0 && size + kLongestCompanionEnding > static_cast<std::size_t>(longest)) {
+    throw DatasetError(fmt::format("{} cannot be the name of a dataset: it has {} bytes, and {} are the most here.", path,
+                                   size, static_cast<std::size_t>(longest) - kLongestCompanionEnding));
+  }
+}
+
+/// SQLite would take what another dataset left under the name for a part of the new one.
+void CheckIsAlone(const std::string& path) {
+  for (const char* ending : {"-journal", "-wal", "-shm"}) {
+    if (Exists(path + ending)) {
+      throw DatasetError(fmt::format(
+          "{0} cannot be made: {0}{1} was left of another dataset of that name; move it away or delete it.", path, ending));
+    }
+  }
+}
+
 void CheckDestination(const std::string& path, bool replace, const DatasetOptions& options) {
   if (!Exists(path)) {
+    CheckNameFits(path);
+    CheckIsAlone(path);
     return;
   }
   if (!replace) {
@@ -46,10 +76,17 @@ void WriteVariable(Database& database, std::int64_t position, const Variable& va
   }
 }
 
+void Tell(const DatasetOptions& options, const std::optional<std::string>& sentence) {
+  if (sentence && options.notify) {
+    options.notify(*sentence);
+  }
+}
+
 // In one transaction of the dataset itself: a command that runs meanwhile sees the old or the new and loses no set.
 void ReplaceContents(const std::string& path, const std::string& newContents, const DatasetOptions& options) {
   const std::unique_ptr<Database> database = OpenDataset(path, options);
   database->Execute("BEGIN IMMEDIATE");
+  const std::int64_t generation = GenerationOf(*database) + 1;
   const std::optional<std::string> migrated = Migrate(*database, path);
   // After the beginning: else the transaction would write to both files, which needs a third one to commit, and a kill
   // could leave that behind.
@@ -62,11 +99,9 @@ void ReplaceContents(const std::string& path, const std::string& newContents, co
       "INSERT INTO main.value_label SELECT * FROM new.value_label;"
       "INSERT INTO main.cases SELECT * FROM new.cases;"
       "UPDATE main.meta SET generation = generation + 1, (variable_count, case_count) ="
-      " (SELECT variable_count, case_count FROM new.meta);"
-      "COMMIT;");
-  if (migrated && options.notify) {
-    options.notify(*migrated);
-  }
+      " (SELECT variable_count, case_count FROM new.meta)");
+  Tell(options, CommitGeneration(*database, generation));
+  Tell(options, migrated);
 }
 
 }  // namespace
@@ -163,7 +198,8 @@ void DatasetWriter::Implementation::Commit() {
   if (fReplace && Exists(fPath)) {
     ReplaceContents(fPath, fFile.Path(), fOptions);
   } else {
-    fFile.PutInPlace();
+    CheckIsAlone(fPath);
+    Tell(fOptions, fFile.PutInPlace());
   }
 }
 

@@ -1,14 +1,18 @@
 #include "standalone/data/schema.h"
 
+#include <fmt/format.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstddef>
 #include <cstring>
 #include <fstream>
 #include <numeric>
+#include <set>
+#include <string>
 #include <string_view>
 
 namespace standalone {
@@ -119,6 +123,62 @@ std::int64_t IntegerOf(Database& database, std::string_view sql) {
   return query.Integer(0);
 }
 
+// Made by SQLite itself for UNIQUE, and so without SQL.
+bool IsIndexOfTable(const std::string& type, const std::string& name) {
+  return type == "index" && (name == "sqlite_autoindex_variable_1" || name == "sqlite_autoindex_mr_set_1");
+}
+
+[[noreturn]] void FailAsForeign(const std::string& path, const std::string& type, const std::string& name) {
+  throw DamagedError(fmt::format("{} is damaged: the {} {} does not belong to a dataset.", path, type, name));
+}
+
+const TableDefinition* FindTable(const std::string& name, std::int64_t version) {
+  const auto found = std::find_if(Tables().begin(), Tables().end(), [&](const TableDefinition& table) {
+    return table.name == name && table.since <= version;
+  });
+  return found == Tables().end() ? nullptr : &*found;
+}
+
+void CheckSchemaRow(Query& row, const std::string& path, std::int64_t version) {
+  const std::string type = row.Text(0);
+  const std::string name = row.Text(1);
+  if (IsIndexOfTable(type, name) && row.IsNull(2)) {
+    return;
+  }
+  const TableDefinition* table = type == "table" ? FindTable(name, version) : nullptr;
+  if (table == nullptr) {
+    FailAsForeign(path, type, name);
+  }
+  if (row.IsNull(2) || row.Text(2) != table->sql) {
+    throw DamagedError(fmt::format("{} is damaged: the table {} is not defined as it should be.", path, name));
+  }
+}
+
+// Word for word: a CHECK or a generated column of a stranger computes what it likes, for as long as it likes.
+void CheckSchema(Database& database, const std::string& path) {
+  database.LimitWork(true);
+  database.Execute("BEGIN");  // version and tables are those of one state
+  const std::int64_t version = FormatVersion(database);
+  std::set<std::string> missing;
+  for (const TableDefinition& table : Tables()) {
+    if (table.since <= version) {
+      missing.insert(table.name);
+    }
+  }
+  {
+    Query rows(database, "SELECT type, name, sql FROM sqlite_schema");
+    while (rows.Step()) {
+      CheckSchemaRow(rows, path, version);
+      missing.erase(rows.Text(1));
+    }
+  }
+  if (!missing.empty()) {
+    throw DamagedError(fmt::format("{} is damaged: the table {} is missing.", path, *missing.begin()));
+  }
+  database.Rollback();
+  database.LimitWork(false);
+}
+
 void CheckFormat(Database& database, const std::string& path) {
   if (IntegerOf(database, "PRAGMA application_id") != kApplicationId) {
     throw DatasetError(path + " is not a dataset.");
@@ -126,7 +186,7 @@ void CheckFormat(Database& database, const std::string& path) {
   if (IntegerOf(database, "PRAGMA user_version") > kFormatVersion) {
     throw DatasetError(path + " was made by a newer version of the program.");
   }
-  FormatVersion(database);
+  CheckSchema(database, path);
   if (database.IsReadOnly() && eaccess(path.c_str(), W_OK) == 0) {
     database.FailAsDamaged();  // it is the header that forbids to write, and this program makes none that does
   }

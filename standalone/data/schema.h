@@ -29,7 +29,8 @@ void CreateSchema(Database& database);
 std::int64_t FormatVersion(Database& database);
 
 /// Opens a dataset that exists: what is committed is on the disk, unless the options are relaxed. Throws one sentence
-/// where the path is not a file that can be read, is not a dataset, is damaged, or was made by a newer version.
+/// where the path is not a file that can be read, is not a dataset, is damaged, was made by a newer version, or has
+/// other tables, or anything else in its schema, than this program makes: nothing of the file is read before that.
 std::unique_ptr<Database> OpenDataset(const std::string& path, const DatasetOptions& options = {});
 
 }  // namespace standalone

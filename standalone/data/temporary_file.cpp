@@ -7,6 +7,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <cerrno>
@@ -16,17 +17,14 @@
 #include <random>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "standalone/data/database.h"
+#include "standalone/data/folder.h"
 
 namespace standalone {
 
 namespace {
-
-std::string FolderOf(const std::string& path) {
-  const std::size_t slash = path.rfind('/');
-  return slash == std::string::npos ? "./" : path.substr(0, slash + 1);
-}
 
 [[noreturn]] void FailToWrite(const std::string& path, int number) {
   const std::string sentence = path + " cannot be written: " + std::strerror(number) + ".";
@@ -34,6 +32,15 @@ std::string FolderOf(const std::string& path) {
     throw ReadOnlyError(sentence);
   }
   throw DatasetError(sentence);
+}
+
+/// The same as of the file that is replaced; nothing for its group where this file has another one.
+void TakePermissions(int descriptor, const struct stat& replaced) {
+  constexpr mode_t kPermissions = 07777;
+  struct stat own = {};
+  const bool hasGroup = (fstat(descriptor, &own) == 0 && own.st_gid == replaced.st_gid) ||
+                        fchown(descriptor, static_cast<uid_t>(-1), replaced.st_gid) == 0;
+  fchmod(descriptor, replaced.st_mode & (hasGroup ? kPermissions : kPermissions & ~mode_t{S_IRWXG}));
 }
 
 /// The paths of the temporary files that exist, for the handler of a signal: it may read nothing but such atomics.
@@ -59,10 +66,22 @@ constexpr std::string_view kPrefix = ".mrset-";
 constexpr std::string_view kSuffix = ".tmp";
 constexpr std::size_t kNumberDigits = 8;
 
+constexpr std::string_view kCompanion = "-journal";
+
 bool IsTemporaryName(std::string_view name) {
   return name.size() == kPrefix.size() + kNumberDigits + kSuffix.size() && name.substr(0, kPrefix.size()) == kPrefix &&
          name.substr(kPrefix.size() + kNumberDigits) == kSuffix &&
          name.find_first_not_of("0123456789abcdef", kPrefix.size()) == kPrefix.size() + kNumberDigits;
+}
+
+/// Empty for a name that does not end so.
+std::string_view WithoutCompanionEnding(std::string_view name) {
+  const std::size_t length = name.size() - std::min(name.size(), kCompanion.size());
+  return name.substr(length) == kCompanion ? name.substr(0, length) : std::string_view();
+}
+
+bool IsOwnRegularFile(const struct stat& status) {
+  return S_ISREG(status.st_mode) && status.st_uid == geteuid();
 }
 
 // Whoever made the file holds a lock on it for as long as it has this name.
@@ -72,11 +91,21 @@ void RemoveIfLeftBehind(const std::string& path) {
     return;
   }
   struct stat status = {};
-  const bool isOurs = fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) && status.st_uid == geteuid();
+  const bool isOurs = fstat(descriptor, &status) == 0 && IsOwnRegularFile(status);
   if (isOurs && flock(descriptor, LOCK_EX | LOCK_NB) == 0 && IsNamed(path, descriptor)) {
     unlink(path.c_str());
   }
   close(descriptor);
+}
+
+/// The journal of a temporary file that is not there any more.
+void RemoveCompanionLeftBehind(const std::string& path) {
+  struct stat status = {};
+  const std::string file(WithoutCompanionEnding(path));
+  if (lstat(file.c_str(), &status) != 0 && errno == ENOENT && lstat(path.c_str(), &status) == 0 &&
+      IsOwnRegularFile(status)) {
+    unlink(path.c_str());
+  }
 }
 
 void RemoveThoseLeftBehind(const std::string& folder) {
@@ -84,13 +113,17 @@ void RemoveThoseLeftBehind(const std::string& folder) {
   if (entries == nullptr) {
     return;
   }
+  std::vector<std::string> companions;
   while (const dirent* entry = readdir(entries)) {
     const std::string name = &entry->d_name[0];
     if (IsTemporaryName(name)) {
       RemoveIfLeftBehind(folder + name);
+    } else if (IsTemporaryName(WithoutCompanionEnding(name))) {
+      companions.push_back(folder + name);
     }
   }
   closedir(entries);
+  std::for_each(companions.begin(), companions.end(), RemoveCompanionLeftBehind);
 }
 
 struct LockedFile {
@@ -98,12 +131,25 @@ struct LockedFile {
   int descriptor;
 };
 
+/// What may be read of a file that is to be replaced is all that may be read of the one beside it.
+mode_t ModeBeside(const std::string& destination) {
+  constexpr mode_t kNewFile = 0666;
+  constexpr mode_t kOwnerWrites = S_IRUSR | S_IWUSR;
+  struct stat replaced = {};
+  if (stat(destination.c_str(), &replaced) != 0) {
+    return kNewFile;
+  }
+  const mode_t groupMay = replaced.st_gid == getegid() ? kNewFile : kNewFile & ~mode_t{S_IRWXG};
+  return (replaced.st_mode & groupMay) | kOwnerWrites;
+}
+
 LockedFile MakeFileIn(const std::string& folder, const std::string& destination) {
+  const mode_t mode = ModeBeside(destination);
   std::random_device random;
   constexpr int kAttempts = 100;
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
     std::string path = fmt::format("{}{}{:08x}{}", folder, kPrefix, static_cast<std::uint32_t>(random()), kSuffix);
-    const int descriptor = open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    const int descriptor = open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode);
     if (descriptor < 0 && errno != EEXIST) {
       break;
     }
@@ -118,17 +164,15 @@ LockedFile MakeFileIn(const std::string& folder, const std::string& destination)
   FailToWrite(destination, errno);
 }
 
-void Sync(const std::string& path, int flags, const std::string& destination) {
-  const int descriptor = open(path.c_str(), flags | O_CLOEXEC);
-  const bool synced = descriptor >= 0 && fsync(descriptor) == 0;
-  const int number = errno;
-  if (descriptor >= 0) {
-    close(descriptor);
+void SyncFile(int descriptor, const std::string& destination) {
+  if (fsync(descriptor) != 0) {
+    FailToWrite(destination, errno);
   }
-  // A file system that cannot sync a folder says EINVAL; there is nothing more to be done on it.
-  if (!synced && number != EINVAL) {
-    FailToWrite(destination, number);
-  }
+}
+
+std::optional<std::string> SyncFolder(const std::string& destination) {
+  const int number = SyncFolderOf(destination);
+  return number == 0 ? std::nullopt : std::make_optional(UnsyncedSentence(destination, std::strerror(number)));
 }
 
 // Gives the file its new name unless that is taken. Where the file system cannot do so in one step, by a second name.
@@ -139,7 +183,11 @@ bool RenameWithoutReplacing(const std::string& from, const std::string& to) {
   if (errno != EINVAL && errno != ENOSYS) {
     return false;
   }
-  return link(from.c_str(), to.c_str()) == 0 && unlink(from.c_str()) == 0;
+  if (link(from.c_str(), to.c_str()) != 0) {
+    return false;
+  }
+  unlink(from.c_str());  // a second name that stays is removed as one that was left behind
+  return true;
 }
 
 }  // namespace
@@ -168,8 +216,8 @@ void TemporaryFile::Release() {
   close(fLock);
 }
 
-void TemporaryFile::PutInPlaceAs(const std::string& place) {
-  Sync(fPath, O_RDWR, place);
+std::optional<std::string> TemporaryFile::PutInPlaceAs(const std::string& place) {
+  SyncFile(fLock, place);
   if (!RenameWithoutReplacing(fPath, place)) {
     if (errno == EEXIST) {
       throw DatasetError(place + " exists already.");
@@ -177,24 +225,20 @@ void TemporaryFile::PutInPlaceAs(const std::string& place) {
     FailToWrite(place, errno);
   }
   Release();
-  SyncFolder();
+  return SyncFolder(place);
 }
 
-void TemporaryFile::Replace() {
+std::optional<std::string> TemporaryFile::Replace() {
   struct stat replaced = {};
   if (stat(fDestination.c_str(), &replaced) == 0) {
-    chmod(fPath.c_str(), replaced.st_mode & 07777);
+    TakePermissions(fLock, replaced);
   }
-  Sync(fPath, O_RDWR, fDestination);
+  SyncFile(fLock, fDestination);
   if (rename(fPath.c_str(), fDestination.c_str()) != 0) {
     FailToWrite(fDestination, errno);
   }
   Release();
-  SyncFolder();
-}
-
-void TemporaryFile::SyncFolder() const {
-  Sync(FolderOf(fDestination), O_RDONLY | O_DIRECTORY, fDestination);
+  return SyncFolder(fDestination);
 }
 
 void TemporaryFile::RemoveAllOnSignal() noexcept {
@@ -202,6 +246,12 @@ void TemporaryFile::RemoveAllOnSignal() noexcept {
     if (const char* path = slot.load()) {
       unlink(path);
     }
+  }
+}
+
+void TemporaryFile::LeaveAllToParent() noexcept {
+  for (std::atomic<const char*>& slot : filesToRemove) {
+    slot = nullptr;
   }
 }
 

@@ -1,13 +1,14 @@
 #ifndef STANDALONE_DATA_TEMPORARY_FILE_H
 #define STANDALONE_DATA_TEMPORARY_FILE_H
 
+#include <optional>
 #include <string>
 
 namespace standalone {
 
-/// A new empty file in the folder of the path that it is meant for, with the permissions of a file made there; removed
-/// again unless it is put in place. Files that programs which were killed left in that folder are removed as well: a
-/// lock tells those that are in use. Failures are DatasetErrors that name the path it is meant for, ReadOnlyErrors
+/// A new empty file in the folder of the path that it is meant for, with the permissions of a file made there, or fewer
+/// where the path names a file that gives fewer; removed again unless it is put in place. Files that programs which were
+/// killed left in that folder are removed as well: a lock tells those that are in use. Failures are DatasetErrors that name the path it is meant for, ReadOnlyErrors
 /// where there is no permission.
 class TemporaryFile {
  public:
@@ -19,21 +20,24 @@ class TemporaryFile {
   const std::string& Path() const { return fPath; }
 
   /// Syncs the file and gives it the destination's name, on the disk as well. A file that has that name is kept: then
-  /// an error says that it exists already. No descriptor of the file may be open that holds a lock.
-  void PutInPlace() { PutInPlaceAs(fDestination); }
+  /// an error says that it exists already. No descriptor of the file may be open that holds a lock. Once it has the
+  /// name nothing fails any more: where its folder cannot be synchronised then, returns the sentence on that.
+  std::optional<std::string> PutInPlace() { return PutInPlaceAs(fDestination); }
 
   /// The same with another name in the same folder.
-  void PutInPlaceAs(const std::string& place);
+  std::optional<std::string> PutInPlaceAs(const std::string& place);
 
   /// The same, but takes the place of a file that has that name, and its permissions.
-  void Replace();
+  std::optional<std::string> Replace();
 
   /// Removes every temporary file of this process, for a handler of a signal that ends it.
   static void RemoveAllOnSignal() noexcept;
 
+  /// In a process that was forked: the files that exist are those of the process that made it.
+  static void LeaveAllToParent() noexcept;
+
  private:
   void Release();
-  void SyncFolder() const;
 
   std::string fDestination;
   std::string fPath;  // empty once in place

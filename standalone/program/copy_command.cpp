@@ -15,9 +15,9 @@
 #include "standalone/data/dataset.h"
 #include "standalone/program/dataset_operand.h"
 #include "standalone/program/dataset_options.h"
+#include "standalone/program/delivery.h"
 #include "standalone/program/same_file.h"
 #include "standalone/program/subcommands.h"
-#include "standalone/program/told_change.h"
 #include "standalone/sets/chosen_sets.h"
 #include "standalone/sets/copy_transaction.h"
 #include "standalone/text/notice.h"
@@ -64,18 +64,29 @@ void CheckAreDifferent(const DatasetOperand& source, const CopyOptions& options)
   }
 }
 
-CopyPlan CopyChosen(const CopyOptions& options) {
+/// The sets that are copied, and those of their variables that the source has.
+struct SourceOfCopy {
+  std::vector<StoredSet> sets;
+  VariablesByName variables;
+};
+
+/// Reads all that the copy needs of its source, which is free before the target is taken: else two copies crosswise
+/// would wait for each other, and nobody could save in the source while this one waits.
+SourceOfCopy ReadSource(const CopyOptions& options) {
   const DatasetOperand operand = ReadDatasetOperand(options.source);
   CheckAreDifferent(operand, options);
-  Dataset source(operand.path, options.datasetOptions);
-  source.BeginCommand(false);
-  const std::vector<StoredSet> chosen = ChooseSets(SetsOf(source, operand), options.names, options.source);
+  Dataset dataset(operand.path, options.datasetOptions);
+  dataset.BeginCommand(false);
+  SourceOfCopy source;
+  source.sets = ChooseSets(SetsOf(dataset, operand), options.names, options.source);
+  source.variables = VariablesByName(dataset, source.sets);
+  return source;
+}
+
+CopyPlan CopyChosen(const CopyOptions& options) {
+  const SourceOfCopy source = ReadSource(options);
   Dataset target(options.targetPath, options.datasetOptions);
-  const bool isOneFile = IsSameFile(operand.path, options.targetPath);
-  if (isOneFile) {
-    source.EndCommand();  // else its reading would keep the target from being written
-  }
-  return CopySets(chosen, SideOf(isOneFile ? target : source, options.source), target, options.targetPath,
+  return CopySets(source.sets, {source.variables.Finder(), options.source}, target, options.targetPath,
                   [&](const CopyPlan& plan) { return CommandIfWanted(plan, options); });
 }
 
@@ -116,6 +127,7 @@ void TellProblems(const CopyPlan& plan) {
 }
 
 ExitStatus Copy(const CopyOptions& options) {
+  OutliveReader();
   const CopyPlan plan = CopyChosen(options);
   if (!plan.IsComplete() && !options.skipIncomplete) {
     TellProblems(plan);

@@ -114,10 +114,11 @@ NextSteps AdviceOnCommands(const CLI::App& subcommand) {
 /// On a path that is not that of a dataset. What else is wrong with one is said by the sentence.
 NextSteps AdviceOnDataset(const CLI::App& subcommand, const std::string& path) {
   std::error_code notThere;
-  if (!fs::exists(path, notThere)) {
+  const fs::file_type type = fs::status(path, notThere).type();
+  if (type == fs::file_type::not_found) {
     return StepsWithoutDataset(path);
   }
-  return fs::is_regular_file(path, notThere) && !IsDatasetFile(path) ? StepsWithOtherFile(subcommand, path)
+  return type == fs::file_type::regular && !IsDatasetFile(path) ? StepsWithOtherFile(subcommand, path)
                                                                      : NextSteps();
 }
 

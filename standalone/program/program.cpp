@@ -14,12 +14,14 @@
 #include <string>
 #include <vector>
 
+#include "standalone/program/delivery.h"
 #include "standalone/program/exit_status.h"
 #include "standalone/program/failure_advice.h"
 #include "standalone/program/help_formatter.h"
 #include "standalone/program/signals.h"
 #include "standalone/program/subcommands.h"
 #include "standalone/program/usage.h"
+#include "standalone/text/failure.h"
 #include "standalone/text/notice.h"
 #include "standalone/text/visible.h"
 
@@ -70,8 +72,9 @@ int Perform(const CLI::App& subcommand, const Action& action) {
   try {
     return action();
   } catch (const std::exception& error) {
-    PrintError(error.what());
-    PrintSteps(AdviceOnFailure(subcommand, error.what()));
+    const std::string sentence = SentenceOf(error);
+    PrintError(sentence);
+    PrintSteps(AdviceOnFailure(subcommand, sentence));
     return kUnusable;
   }
 }
@@ -111,8 +114,14 @@ int ParseAndPerform(int argc, const char* const* argv) {
 int RunProgram(int argc, const char* const* argv) {
   OccupyStandardDescriptors();
   PrepareForSignals();
-  const int status = ParseAndPerform(argc, argv);
+  int status = kUnusable;
+  try {
+    status = ParseAndPerform(argc, argv);
+  } catch (const std::exception& error) {
+    PrintError(SentenceOf(error));
+  }
   std::cout.flush();
+  FollowReader();
   if (!std::cout && status != kUnusable) {  // or else the reason was given
     PrintError("Standard output cannot be written.");
   }

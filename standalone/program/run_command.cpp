@@ -16,7 +16,9 @@
 
 #include "standalone/output/renderer.h"
 #include "standalone/program/command_status.h"
+#include "standalone/program/counted.h"
 #include "standalone/program/dataset_options.h"
+#include "standalone/program/delivery.h"
 #include "standalone/program/format_option.h"
 #include "standalone/program/output_option.h"
 #include "standalone/program/progress.h"
@@ -27,6 +29,7 @@
 #include "standalone/run/output_file.h"
 #include "standalone/run/script_source.h"
 #include "standalone/run/supervisor.h"
+#include "standalone/text/notice.h"
 
 namespace standalone {
 namespace {
@@ -84,29 +87,6 @@ std::optional<ProgressScreen> ScreenBesideResults(const RunOptions& options) {
   return areOnTerminal ? std::nullopt : ErrorScreen();
 }
 
-/// The first `fromScript` commands did not come as arguments.
-ExitStatus RunAndRender(const RunOptions& options, const RunRequest& request, std::size_t fromScript,
-                        Renderer& renderer) {
-  ExitStatus status = kSuccess;
-  Progress progress(ScreenBesideResults(options));
-  progress.Begin({"Running", "commands", request.commands.size()});
-  RunCommands(request, [&](const CommandResult& result) {
-    progress.Update(result.number);
-    if (options.format.format == kCsvFormat) {
-      progress.Clear();  // messages go to standard error
-    }
-    const bool isArgument = result.number > fromScript;
-    if (const auto hint = isArgument ? HintOnVanishedName(result) : std::nullopt) {
-      renderer.Write(WithHint(result, *hint));
-    } else {
-      renderer.Write(result);
-    }
-    status = std::max(status, StatusOf(result));
-  });
-  renderer.Finish();
-  return status;
-}
-
 /// Where the results of a run go.
 struct Target {
   std::ostream& stream;
@@ -157,6 +137,58 @@ std::unique_ptr<Renderer> MakeRenderer(const RunOptions& options, const Target& 
   return FormatNamed(kFormats, options.format.format).makeRenderer(options, target);
 }
 
+/// What the commands have done so far.
+struct Outcome {
+  ExitStatus status = kSuccess;
+  std::size_t saved = 0;  ///< how many commands changed the dataset
+};
+
+/// The first `fromScript` commands did not come as arguments. No command is run once results cannot be written.
+void RunAndRender(const RunOptions& options, const RunRequest& request, std::size_t fromScript, const Target& target,
+                  Outcome& outcome) {
+  const std::unique_ptr<Renderer> renderer = MakeRenderer(options, target);
+  Progress progress(ScreenBesideResults(options));
+  progress.Begin({"Running", "commands", request.commands.size()});
+  outcome.saved = RunCommands(request, [&](const CommandResult& result) {
+    outcome.saved += result.isSaved ? 1 : 0;
+    progress.Update(result.number);
+    if (options.format.format == kCsvFormat) {
+      progress.Clear();  // messages go to standard error
+    }
+    const bool isArgument = result.number > fromScript;
+    if (const auto hint = isArgument ? HintOnVanishedName(result) : std::nullopt) {
+      renderer->Write(WithHint(result, *hint));
+    } else {
+      renderer->Write(result);
+    }
+    outcome.status = std::max(outcome.status, StatusOf(result));
+    return static_cast<bool>(target.stream);
+  });
+  renderer->Finish();
+}
+
+/// Of changes that stand although their results are lost.
+std::string SentenceOfSaved(std::size_t count) {
+  return fmt::format("{} changed the dataset all the same, and that is saved; mrset log lists it.",
+                     Counted(count, "command"));
+}
+
+void RunIntoFile(const RunOptions& options, const RunRequest& request, std::size_t fromScript, Outcome& outcome) {
+  CheckOutputPath(options, *options.outputPath);
+  OutputFile file(*options.outputPath);
+  RunAndRender(options, request, fromScript, {file.Stream(), false, kDefaultWidth}, outcome);
+  file.Commit();
+}
+
+void RunOnStandardOutput(const RunOptions& options, const RunRequest& request, std::size_t fromScript,
+                         Outcome& outcome) {
+  RunAndRender(options, request, fromScript, {std::cout, OutputIsTerminal(), OutputWidth()}, outcome);
+  std::cout.flush();
+  if (!std::cout && outcome.saved > 0) {
+    throw OutputError("Standard output cannot be written.");
+  }
+}
+
 ExitStatus Run(const RunOptions& options) {
   if (!options.scriptPath && options.commands.empty()) {
     throw ScriptError(
@@ -165,16 +197,18 @@ ExitStatus Run(const RunOptions& options) {
   RunCommandList list = ReadCommands(options);
   const RunRequest request{options.datasetPath, std::move(list.commands), options.dryRun, options.stopOnError,
                            options.datasetOptions};
-  if (!options.outputPath) {
-    return RunAndRender(options, request, list.fromScript,
-                        *MakeRenderer(options, {std::cout, OutputIsTerminal(), OutputWidth()}));
+  OutliveReader();
+  Outcome outcome;
+  try {
+    (options.outputPath ? RunIntoFile : RunOnStandardOutput)(options, request, list.fromScript, outcome);
+  } catch (...) {
+    const bool areResultsLost = options.outputPath || !std::cout.flush();
+    if (areResultsLost && outcome.saved > 0) {
+      std::cerr << NoticeLine(SentenceOfSaved(outcome.saved));
+    }
+    throw;
   }
-  CheckOutputPath(options, *options.outputPath);
-  OutputFile file(*options.outputPath);
-  const ExitStatus status =
-      RunAndRender(options, request, list.fromScript, *MakeRenderer(options, {file.Stream(), false, kDefaultWidth}));
-  file.Commit();
-  return status;
+  return outcome.status;
 }
 
 }  // namespace

@@ -13,16 +13,19 @@
 #include <string>
 #include <vector>
 
+#include "standalone/data/interrupt.h"
 #include "standalone/output/renderer.h"
 #include "standalone/program/command_status.h"
 #include "standalone/program/counted.h"
 #include "standalone/program/dataset_options.h"
+#include "standalone/program/delivery.h"
 #include "standalone/program/format_option.h"
 #include "standalone/program/history_actions.h"
 #include "standalone/program/list_tables.h"
 #include "standalone/program/subcommands.h"
 #include "standalone/program/terminal.h"
 #include "standalone/program/whole_number.h"
+#include "standalone/run/output_file.h"
 #include "standalone/run/supervisor.h"
 #include "standalone/shell/dataset_completion_source.h"
 #include "standalone/shell/help.h"
@@ -93,6 +96,7 @@ class DatasetActions : public ShellActions {
   ExitStatus ShowSets(Dataset& dataset);
   ExitStatus ShowVariables(Dataset& dataset, const std::string& pattern);
   ExitStatus Undo(const std::string& number);
+  void EnsureIsRead();
   void Take(ExitStatus status) { fStatus = std::max(fStatus, status); }
   void Complain(ExitStatus status, const std::exception& error);
 
@@ -101,29 +105,43 @@ class DatasetActions : public ShellActions {
   LiveRun fRun;
   std::unique_ptr<Renderer> fRenderer;
   ExitStatus fStatus = kSuccess;
+  std::size_t fSaved = 0;  // how many commands changed the dataset
 };
 
 /// At a terminal the command stands there already, and its width may have changed.
 void DatasetActions::Run(const ScriptCommand& command) {
   try {
+    isInterruptRequested = false;
     const CommandResult result = fRun.Run(command);
+    fSaved += result.isSaved ? 1 : 0;
     (fIsAtTerminal ? *MakeRenderer(Echo::kNothing) : *fRenderer).Write(result);
     Take(StatusOf(result));
   } catch (const RunError& error) {
     Complain(kUnusable, error);
   }
+  EnsureIsRead();
+}
+
+/// Nothing goes on where nobody can see what it does.
+void DatasetActions::EnsureIsRead() {
   std::cout.flush();
+  if (fSaved > 0) {
+    EnsureToldOf(fmt::format("{} changed the dataset", Counted(fSaved, "command")));
+  } else if (!std::cout) {
+    throw OutputError("Standard output cannot be written.");
+  }
 }
 
 void DatasetActions::Perform(const ShellCommand& command) {
   try {
+    isInterruptRequested = false;
     Take(Do(command));
   } catch (const MisuseError& error) {
     Complain(kErrors, error);
   } catch (const DatasetError& error) {
     Complain(kUnusable, error);
   }
-  std::cout.flush();
+  EnsureIsRead();
 }
 
 void DatasetActions::Say(const std::string& sentence) {
@@ -220,8 +238,9 @@ ExitStatus RunShell(const ShellOptions& options) {
   const bool isAtTerminal = isatty(STDIN_FILENO) != 0 && isatty(STDOUT_FILENO) != 0;
   { const Dataset usable(options.datasetPath, options.datasetOptions); }  // or else this throws
   if (isAtTerminal) {
-    signal(SIGINT, SIG_IGN);  // here and in the process of the commands: none is cut off in the middle
+    signal(SIGINT, [](int) { isInterruptRequested = true; });  // what reads gives up; what is being saved is saved
   }
+  OutliveReader();
   DatasetActions actions(options, isAtTerminal);
   if (isAtTerminal) {
     std::cout << "mrset on " << Visible(options.datasetPath) << ". Type help for help, quit to leave.\n" << std::flush;

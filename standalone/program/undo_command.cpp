@@ -10,9 +10,9 @@
 
 #include "standalone/data/undo.h"
 #include "standalone/program/dataset_options.h"
+#include "standalone/program/delivery.h"
 #include "standalone/program/history_actions.h"
 #include "standalone/program/subcommands.h"
-#include "standalone/program/told_change.h"
 #include "standalone/program/whole_number.h"
 #include "standalone/text/notice.h"
 
@@ -40,6 +40,7 @@ std::string SentenceOf(const Undone& undone) {
 }  // namespace
 
 ExitStatus UndoAndSay(const std::string& datasetPath, const DatasetOptions& options, std::optional<std::int64_t> to) {
+  OutliveReader();
   Dataset dataset(datasetPath, options);
   const std::optional<Undone> undone = UndoChanges(dataset, to);
   if (!undone) {

@@ -5,6 +5,7 @@
 #include <optional>
 #include <utility>
 
+#include "standalone/data/interrupt.h"
 #include "standalone/host/adviser.h"
 #include "standalone/language/keywords.h"
 #include "standalone/language/nearest_name.h"
@@ -53,7 +54,11 @@ CommandRunner::CommandRunner(const std::string& datasetPath, bool dryRun, Tell t
 }
 
 bool CommandRunner::Run(const ScriptCommand& command, std::size_t index) {
+  if (IsInterrupted()) {
+    throw InterruptedError("The commands were interrupted.");
+  }
   fHasError = false;
+  fHasSaved = false;
   try {
     const std::vector<Token> tokens = Tokenize(command.text);
     if (NamesMrset(tokens.front())) {
@@ -64,7 +69,7 @@ bool CommandRunner::Run(const ScriptCommand& command, std::size_t index) {
   } catch (const TokenizerError& error) {
     TellItem(Unreadable(command, error));
   }
-  fTell(CommandDone{index});
+  fTell(CommandDone{index, fHasSaved});
   return !fHasError;
 }
 
@@ -98,7 +103,9 @@ bool CommandRunner::TryRun(const ScriptCommand& command, const std::vector<Token
     return true;
   }
   fTell(CommandSaves{});
-  return fDataset.SaveSets(*session.SavedSets(), command.text) == Dataset::Saved::kDone;
+  const Dataset::Saved saved = fDataset.SaveSets(*session.SavedSets(), command.text);
+  fHasSaved = saved == Dataset::Saved::kDone;
+  return saved != Dataset::Saved::kConflict;
 }
 
 /// From the state of the dataset that the command itself saw.

@@ -43,6 +43,7 @@ class CommandRunner {
   OutputSink fSink;
   ChoiceHints fChoiceHints{fDataset};
   bool fHasError = false;         // of the command that runs
+  bool fHasSaved = false;         // likewise
   CommandEntry fMrset = nullptr;  // loaded by the first command that needs it
 };
 

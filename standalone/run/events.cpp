@@ -35,7 +35,7 @@ struct ToEventJson {
   Json operator()(const ItemIssued& event) const { return IssuedToJson(event.item); }
   Json operator()(const CommandRestarted&) const { return {{"restarted", true}}; }
   Json operator()(const CommandSaves&) const { return {{"saves", true}}; }
-  Json operator()(const CommandDone& event) const { return {{"done", event.command}}; }
+  Json operator()(const CommandDone& event) const { return {{"done", {event.command, event.hasSaved}}}; }
   Json operator()(const HintGiven& event) const { return {{"hint", event.hint}}; }
   Json operator()(const RunFailed& event) const { return {{"failed", event.sentence}}; }
   Json operator()(const Noticed& event) const { return {{"noticed", event.sentence}}; }
@@ -80,7 +80,7 @@ Event EventFromLine(const std::string& line) {
     return Noticed{value};
   }
   if (kind == "done") {
-    return CommandDone{value};
+    return CommandDone{value.at(0), value.at(1)};
   }
   if (kind == "hint") {
     return HintGiven{value};

@@ -33,6 +33,7 @@ struct CommandSaves {};
 /// The command with this index came to its end, and what it saved is on the disk.
 struct CommandDone {
   std::size_t command = 0;
+  bool hasSaved = false;  ///< whether it changed the dataset
 };
 
 /// No command can be run any more; a sentence.

@@ -8,9 +8,12 @@
 #include <cstring>
 #include <filesystem>
 #include <iostream>
+#include <optional>
+#include <string>
 #include <system_error>
 
 #include "standalone/data/dataset.h"
+#include "standalone/text/notice.h"
 
 namespace standalone {
 namespace {
@@ -94,7 +97,9 @@ void OutputFile::Commit() {
   }
   if (fTemporary) {
     fFile.close();
-    fTemporary->Replace();
+    if (const std::optional<std::string> unsynced = fTemporary->Replace()) {
+      std::cerr << NoticeLine(*unsynced);
+    }
   }
 }
 

@@ -8,9 +8,11 @@
 #include <string>
 #include <utility>
 
+#include "standalone/data/interrupt.h"
 #include "standalone/run/command_channel.h"
 #include "standalone/run/command_runner.h"
 #include "standalone/run/worker.h"
+#include "standalone/text/failure.h"
 #include "standalone/text/visible.h"
 
 namespace standalone {
@@ -29,7 +31,7 @@ class Work {
     try {
       RunAll();
     } catch (const std::exception& error) {
-      fTell(RunFailed{error.what()});
+      fTell(RunFailed{SentenceOf(error)});
     }
   }
 
@@ -69,6 +71,7 @@ class Work {
     fChannel->EndSending();
     std::size_t index = fRequest.commands.size();
     while (const std::optional<ScriptCommand> command = fChannel->Receive()) {
+      isInterruptRequested = false;
       runner.Run(*command, index++);
     }
   }
@@ -94,7 +97,8 @@ class Supervisor {
     }
     CommandResult result = Begin(index);
     while (const std::optional<Event> event = fWorker->Receive()) {
-      if (std::holds_alternative<CommandDone>(*event)) {
+      if (const auto* done = std::get_if<CommandDone>(&*event)) {
+        result.isSaved = done->hasSaved;
         return result;
       }
       Take(*event, result);
@@ -113,6 +117,19 @@ class Supervisor {
     if (const std::string words = fWorker->LastWords(); !words.empty()) {
       std::cerr << Visible(words) << '\n';
     }
+  }
+
+  /// Runs no further command. Returns how many were saved meanwhile.
+  std::size_t Stop() {
+    std::size_t saved = 0;
+    if (fWorker) {
+      fWorker->Interrupt();
+      while (const std::optional<Event> event = fWorker->Receive()) {
+        const auto* done = std::get_if<CommandDone>(&*event);
+        saved += done != nullptr && done->hasSaved ? 1 : 0;
+      }
+    }
+    return saved;
   }
 
   /// Does without the worker that there is.
@@ -162,6 +179,7 @@ class Supervisor {
       result.isSaveOpen = std::holds_alternative<CommandSaves>(event);
       const auto* done = std::get_if<CommandDone>(&event);
       if (done != nullptr && done->command == index) {
+        result.isSaved = done->hasSaved;
         return result;
       }
       if (done != nullptr) {
@@ -169,6 +187,10 @@ class Supervisor {
         continue;
       }
       Take(event, result);
+    }
+    if (ended->HasGivenUp()) {
+      throw RunError(std::string("There is not enough memory, or another resource, to run the command.") +
+                     (result.isSaveOpen ? " Whether its change was saved is not known." : ""));
     }
     fAborted.insert(index);
     result.status = Status::kAborted;
@@ -185,19 +207,24 @@ class Supervisor {
 
 }  // namespace
 
-void RunCommands(const RunRequest& request, const std::function<void(const CommandResult&)>& handOver) {
+std::size_t RunCommands(const RunRequest& request, const HandOver& handOver) {
   if (request.commands.empty()) {
     const Dataset usable(request.datasetPath);  // or else this throws
   }
   Supervisor supervisor(request, false);
+  std::size_t saved = 0;
   for (std::size_t index = 0; index < request.commands.size(); ++index) {
     const CommandResult result = supervisor.Result(index);
-    handOver(result);
+    saved += result.isSaved ? 1 : 0;
+    if (!handOver(result)) {
+      return saved + supervisor.Stop();
+    }
     if (request.stopOnError && result.status != Status::kOk) {
       break;
     }
   }
   supervisor.Finish();
+  return saved;
 }
 
 class LiveRun::Implementation {

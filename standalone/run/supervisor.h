@@ -27,10 +27,13 @@ struct RunRequest {
   DatasetOptions datasetOptions = {};  ///< what is to be told of goes to standard error
 };
 
+/// Takes the result of a command; false where no further command is to be run.
+using HandOver = std::function<bool(const CommandResult&)>;
+
 /// Runs the commands in their order and hands over the result of each when it is complete. The commands run in a
-/// process of their own, which is replaced when one of them ends it; so that costs exactly that command. Throws
-/// RunError.
-void RunCommands(const RunRequest& request, const std::function<void(const CommandResult&)>& handOver);
+/// process of their own, which is replaced when one of them ends it; so that costs exactly that command. Returns how
+/// many commands changed the dataset, those among them that were saved and not handed over any more. Throws RunError.
+std::size_t RunCommands(const RunRequest& request, const HandOver& handOver);
 
 /// Runs commands that come one after another, as RunCommands() does, but without ending when a dataset cannot be used:
 /// the next command finds what is there then.

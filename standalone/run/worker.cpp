@@ -11,38 +11,49 @@
 
 #include <array>
 #include <cerrno>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <exception>
 #include <sstream>
-#include <system_error>
+#include <stdexcept>
+#include <utility>
 
+#include "standalone/data/interrupt.h"
+#include "standalone/data/temporary_file.h"
 #include "standalone/text/notice.h"
 
 namespace standalone {
 namespace {
 
-[[noreturn]] void ThrowSystemError(const char* what) {
-  throw std::system_error(errno, std::generic_category(), what);
+[[noreturn]] void FailToStart() {
+  const int number = errno;
+  throw std::runtime_error(
+      fmt::format("The process that runs commands cannot be started: {}.", std::strerror(number)));
 }
 
-int MakeFileInMemory(const char* name) {
-  const int descriptor = memfd_create(name, MFD_CLOEXEC);
+Descriptor Checked(int descriptor) {
   if (descriptor < 0) {
-    ThrowSystemError("memfd_create");
+    FailToStart();
   }
-  return descriptor;
+  return Descriptor(descriptor);
 }
 
-/// In the child, which cannot do without its channel.
-void WriteAll(int descriptor, const std::string& text) {
+Descriptor MakeFileInMemory(const char* name) {
+  return Checked(memfd_create(name, MFD_CLOEXEC));
+}
+
+/// False, with errno, where not all could be written.
+bool WriteAll(int descriptor, const std::string& text) {
   std::size_t written = 0;
   while (written < text.size()) {
     const ssize_t count = write(descriptor, text.data() + written, text.size() - written);
     if (count < 0 && errno != EINTR) {
-      _exit(EXIT_FAILURE);
+      return false;
     }
     written += count < 0 ? 0 : static_cast<std::size_t>(count);
   }
+  return true;
 }
 
 /// The child's end of the channel.
@@ -62,10 +73,14 @@ class Sender {
     }
     const std::string line = ToLine(event) + "\n";
     fUnsent += line;
-    WriteAll(fCurrentCommand, line);
-    if (std::holds_alternative<CommandDone>(event) || std::holds_alternative<RunFailed>(event)) {
-      WriteAll(fChannel, fUnsent);
-      Forget();
+    const bool isFailure = std::holds_alternative<RunFailed>(event);
+    const bool isEnd = isFailure || std::holds_alternative<CommandDone>(event);
+    // What was saved is told even where it cannot be kept here.
+    if (!isFailure && !WriteAll(fCurrentCommand, line) && !isEnd) {
+      GiveUp(std::strerror(errno));
+    }
+    if (isEnd) {
+      Send();
     }
   }
 
@@ -75,6 +90,21 @@ class Sender {
     if (write(fConsole, line.data(), line.size()) < 0) {
       return;
     }
+  }
+
+  /// Before the command is saved. The module is left as it stands: no exception of the host need pass through it.
+  [[noreturn]] void GiveUp(const std::string& reason) {
+    fUnsent = ToLine(RunFailed{fmt::format("The results of a command cannot be kept: {}.", reason)}) + "\n";
+    Send();
+    _exit(EXIT_FAILURE);
+  }
+
+  /// Where nobody listens any more, nothing is to be done any more.
+  void Send() {
+    if (!WriteAll(fChannel, fUnsent)) {
+      _exit(EXIT_FAILURE);
+    }
+    Forget();
   }
 
   void Forget() {
@@ -96,17 +126,26 @@ void SuppressCoreDump() {
   setrlimit(RLIMIT_CORE, &none);
 }
 
-/// Signals end the child as they come: what the handlers of its parent do is the parent's to do. That nobody reads its
-/// notices must not end it.
+/// An interruption ends no command that is being saved; other signals end the child as they come. The temporary files
+/// of its parent are the parent's to remove. That nobody reads its notices must not end it.
 void SetUpSignals() {
+  TemporaryFile::LeaveAllToParent();
   signal(SIGPIPE, SIG_IGN);
-  for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
-    struct sigaction action = {};
-    sigaction(number, nullptr, &action);
-    if (action.sa_handler != SIG_IGN) {
-      signal(number, SIG_DFL);
-    }
+  struct sigaction action = {};
+  sigaction(SIGINT, nullptr, &action);
+  if (action.sa_handler != SIG_IGN) {
+    signal(SIGINT, [](int) { isInterruptRequested = true; });
   }
+}
+
+/// An exception where none may pass comes of a lack of memory.
+void SetUpTermination() {
+  std::set_terminate([] {
+    if (std::current_exception() != nullptr) {
+      _exit(EXIT_FAILURE);
+    }
+    std::abort();
+  });
 }
 
 /// A child that nobody listens to any more must neither go on nor keep the dataset locked.
@@ -131,29 +170,30 @@ std::string ReadFromStart(int descriptor) {
 
 Worker::Worker(const std::function<void(const Tell& tell)>& work)
     : fCurrentCommand(MakeFileInMemory("events")), fStandardError(MakeFileInMemory("standard error")) {
-  std::array<int, 2> channel{};
-  if (pipe2(channel.data(), O_CLOEXEC) != 0) {
-    ThrowSystemError("pipe2");
+  std::array<int, 2> ends{};
+  if (pipe2(ends.data(), O_CLOEXEC) != 0) {
+    FailToStart();
   }
+  fEvents = Descriptor(ends[0]);
+  Descriptor channel(ends[1]);
   std::fflush(nullptr);  // else the child would write it once more
   const pid_t parent = getpid();
   fChild = fork();
   if (fChild < 0) {
-    ThrowSystemError("fork");
+    FailToStart();
   }
   if (fChild == 0) {
     SetUpSignals();
+    SetUpTermination();
     EndWithParent(parent);
-    close(channel[0]);
+    fEvents.Close();
     const int console = fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
-    dup2(fStandardError, STDERR_FILENO);
+    dup2(fStandardError.Number(), STDERR_FILENO);
     SuppressCoreDump();
-    work(Sender(channel[1], fCurrentCommand, console));
+    work(Sender(channel.Number(), fCurrentCommand.Number(), console));
     std::fflush(nullptr);
     _exit(EXIT_SUCCESS);
   }
-  close(channel[1]);
-  fEvents = fdopen(channel[0], "r");
 }
 
 Worker::~Worker() {
@@ -161,29 +201,37 @@ Worker::~Worker() {
     kill(fChild, SIGKILL);
     WaitForEnd();
   }
-  std::fclose(fEvents);
-  close(fCurrentCommand);
-  close(fStandardError);
+}
+
+void Worker::Interrupt() {
+  if (!fStatus) {
+    kill(fChild, SIGINT);
+  }
 }
 
 std::optional<Event> Worker::Receive() {
-  char* line = nullptr;
-  std::size_t capacity = 0;
-  const ssize_t length = getline(&line, &capacity, fEvents);
-  std::string text(line == nullptr ? "" : line, length > 0 ? static_cast<std::size_t>(length) : 0);
-  std::free(line);
-  // A line that the child did not complete is none.
-  if (!text.empty() && text.back() == '\n') {
-    text.pop_back();
-    return EventFromLine(text);
+  std::array<char, 65536> buffer{};
+  std::size_t searched = fTaken;
+  while (!fStatus) {
+    if (const std::size_t end = fReceived.find('\n', searched); end != std::string::npos) {
+      const std::size_t begin = std::exchange(fTaken, end + 1);
+      return EventFromLine(fReceived.substr(begin, end - begin));
+    }
+    fReceived.erase(0, std::exchange(fTaken, 0));
+    searched = fReceived.size();
+    const ssize_t count = read(fEvents.Number(), buffer.data(), buffer.size());
+    if (count > 0) {
+      fReceived.append(buffer.data(), static_cast<std::size_t>(count));
+    } else if (count == 0 || errno != EINTR) {
+      WaitForEnd();  // a line that the child did not complete is none
+    }
   }
-  WaitForEnd();
   return std::nullopt;
 }
 
 std::vector<Event> Worker::EventsOfLastCommand() const {
   std::vector<Event> events;
-  std::istringstream lines(ReadFromStart(fCurrentCommand));
+  std::istringstream lines(ReadFromStart(fCurrentCommand.Number()));
   std::string line;
   while (std::getline(lines, line) && !lines.eof()) {  // one without its end was not completed
     events.push_back(EventFromLine(line));
@@ -192,13 +240,17 @@ std::vector<Event> Worker::EventsOfLastCommand() const {
 }
 
 std::string Worker::LastWords() const {
-  std::string words = ReadFromStart(fStandardError);
+  std::string words = ReadFromStart(fStandardError.Number());
   words.erase(words.find_last_not_of('\n') + 1);
   if (words.empty() && fStatus && WIFSIGNALED(*fStatus)) {
     const int number = WTERMSIG(*fStatus);
     return fmt::format("The command's process was ended by signal {} ({}).", number, strsignal(number));
   }
   return words;
+}
+
+bool Worker::HasGivenUp() const {
+  return fStatus && WIFEXITED(*fStatus) && WEXITSTATUS(*fStatus) != EXIT_SUCCESS;
 }
 
 void Worker::WaitForEnd() {

@@ -3,12 +3,13 @@
 
 #include <sys/types.h>
 
-#include <cstdio>
+#include <cstddef>
 #include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "standalone/data/descriptor.h"
 #include "standalone/run/events.h"
 
 namespace standalone {
@@ -22,13 +23,16 @@ class Worker {
  public:
   using Tell = std::function<void(const Event&)>;
 
-  /// Starts `work` in a child. Throws std::system_error.
+  /// Starts `work` in a child. Throws std::runtime_error, one sentence.
   explicit Worker(const std::function<void(const Tell& tell)>& work);
   Worker(const Worker&) = delete;
   Worker& operator=(const Worker&) = delete;
 
   /// Ends the child if it still runs.
   ~Worker();
+
+  /// Asks the child to begin no further command, and to give up one that it has not begun to save.
+  void Interrupt();
 
   /// The next event; nothing once the child has ended.
   std::optional<Event> Receive();
@@ -40,13 +44,18 @@ class Worker {
   /// Empty for a child that ended well and wrote nothing.
   std::string LastWords() const;
 
+  /// After Receive() gave nothing: whether the child ended by itself and not well, as it does for want of resources.
+  bool HasGivenUp() const;
+
  private:
   void WaitForEnd();
 
+  Descriptor fCurrentCommand;  // file in memory with the events of the running command
+  Descriptor fStandardError;   // file in memory
+  Descriptor fEvents;
+  std::string fReceived;
+  std::size_t fTaken = 0;  // of what was received
   pid_t fChild = -1;
-  std::FILE* fEvents = nullptr;
-  int fCurrentCommand = -1;  // file in memory with the events of the running command
-  int fStandardError = -1;   // file in memory
   std::optional<int> fStatus;
 };
 

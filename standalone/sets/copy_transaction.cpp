@@ -1,5 +1,7 @@
 #include "standalone/sets/copy_transaction.h"
 
+#include "standalone/text/unicode.h"
+
 namespace standalone {
 namespace {
 
@@ -16,6 +18,24 @@ CopySide SideOf(Dataset& dataset, const std::string& name) {
           name};
 }
 
+VariablesByName::VariablesByName(Dataset& dataset, const std::vector<StoredSet>& sets) {
+  for (const StoredSet& set : sets) {
+    for (const std::string& name : set.variables) {
+      const int position = dataset.FindVariable(name);
+      if (position >= 0) {
+        fVariables.emplace(ToUpper(name), dataset.VariableAt(position));
+      }
+    }
+  }
+}
+
+VariableFinder VariablesByName::Finder() const {
+  return [this](const std::string& name) -> const Variable* {
+    const auto found = fVariables.find(ToUpper(name));
+    return found == fVariables.end() ? nullptr : &found->second;
+  };
+}
+
 CopyPlan CopySets(const std::vector<StoredSet>& chosen, const CopySide& source, Dataset& target,
                   const std::string& targetName, const CommandOfCopy& commandOf) {
   for (int tries = 1;; ++tries) {
@@ -26,7 +46,7 @@ CopyPlan CopySets(const std::vector<StoredSet>& chosen, const CopySide& source, 
       target.EndCommand();
       return plan;
     }
-    if (target.SaveSets(plan.sets, *command) == Dataset::Saved::kDone) {
+    if (target.SaveSets(plan.sets, *command) != Dataset::Saved::kConflict) {
       return plan;
     }
   }

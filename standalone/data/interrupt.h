@@ -1,0 +1,25 @@
+#ifndef STANDALONE_DATA_INTERRUPT_H
+#define STANDALONE_DATA_INTERRUPT_H
+
+#include <atomic>
+
+#include "standalone/data/dataset.h"
+
+namespace standalone {
+
+/// The user interrupted what was under way; nothing was changed.
+class InterruptedError : public DatasetError {
+ public:
+  using DatasetError::DatasetError;
+};
+
+/// Whether the user asked to give up what is under way. Set by a handler of a signal; whoever reads datasets looks.
+inline std::atomic<bool> isInterruptRequested{false};  // NOLINT(*-avoid-non-const-global-variables)
+
+inline bool IsInterrupted() {
+  return isInterruptRequested.load(std::memory_order_relaxed);
+}
+
+}  // namespace standalone
+
+#endif  // STANDALONE_DATA_INTERRUPT_H

@@ -1,0 +1,39 @@
+#include "standalone/program/delivery.h"
+
+#include <signal.h>
+
+#include <atomic>
+#include <iostream>
+
+#include "standalone/run/output_file.h"
+
+namespace standalone {
+namespace {
+
+std::atomic<bool> isReaderGone{false};  // NOLINT(*-avoid-non-const-global-variables)
+
+}  // namespace
+
+void OutliveReader() {
+  struct sigaction action = {};
+  sigaction(SIGPIPE, nullptr, &action);
+  if (action.sa_handler != SIG_IGN) {
+    signal(SIGPIPE, [](int) { isReaderGone = true; });
+  }
+}
+
+void FollowReader() {
+  if (isReaderGone) {
+    signal(SIGPIPE, SIG_DFL);
+    raise(SIGPIPE);
+  }
+}
+
+void EnsureToldOf(const std::string& change) {
+  std::cout.flush();
+  if (!std::cout) {
+    throw OutputError("Standard output cannot be written; the change is made all the same: " + change + ".");
+  }
+}
+
+}  // namespace standalone

@@ -1,0 +1,23 @@
+#ifndef STANDALONE_PROGRAM_DELIVERY_H
+#define STANDALONE_PROGRAM_DELIVERY_H
+
+#include <string>
+
+namespace standalone {
+
+// A change stands whether or not its results reach anybody. Where they do not, the user is told what stands, so that
+// nobody makes the change again.
+
+/// From now on a reader that goes away is an error as a full disk is, and ends this process only after that was told.
+void OutliveReader();
+
+/// Ends the process as a reader that goes away ends others, if one went away since OutliveReader().
+void FollowReader();
+
+/// Makes sure that standard output has told of a change that stands. Where it cannot, throws OutputError with what was
+/// changed, as in "the sets are copied".
+void EnsureToldOf(const std::string& change);
+
+}  // namespace standalone
+
+#endif  // STANDALONE_PROGRAM_DELIVERY_H

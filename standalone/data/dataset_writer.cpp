@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "standalone/data/case_text.h"
+#include "standalone/data/counters.h"
 #include "standalone/data/database.h"
 #include "standalone/data/dataset.h"
 #include "standalone/data/migration.h"
@@ -50,6 +51,7 @@ void WriteVariable(Database& database, std::int64_t position, const Variable& va
 void ReplaceContents(const std::string& path, const std::string& newContents, const DatasetOptions& options) {
   const std::unique_ptr<Database> database = OpenDataset(path, options);
   database->Execute("BEGIN IMMEDIATE");
+  FailIfWritesAreUsedUp(*database, path);
   const std::optional<std::string> migrated = Migrate(*database, path);
   // After the beginning: else the transaction would write to both files, which needs a third one to commit, and a kill
   // could leave that behind.
@@ -62,7 +64,7 @@ void ReplaceContents(const std::string& path, const std::string& newContents, co
       "INSERT INTO main.value_label SELECT * FROM new.value_label;"
       "INSERT INTO main.cases SELECT * FROM new.cases;"
       "UPDATE main.meta SET generation = generation + 1, (variable_count, case_count) ="
-      " (SELECT variable_count, case_count FROM new.meta);"
+      " (SELECT variable_count, case_count FROM new.meta) WHERE id = 1;"
       "COMMIT;");
   if (migrated && options.notify) {
     options.notify(*migrated);

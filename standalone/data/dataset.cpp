@@ -10,10 +10,12 @@
 #include <utility>
 
 #include "standalone/data/commit.h"
+#include "standalone/data/counters.h"
 #include "standalone/data/database.h"
 #include "standalone/data/history.h"
 #include "standalone/data/interrupt.h"
 #include "standalone/data/migration.h"
+#include "standalone/data/ordered_keys.h"
 #include "standalone/data/schema.h"
 #include "standalone/data/set_store.h"
 #include "standalone/text/unicode.h"
@@ -39,6 +41,14 @@ int NotNegativeInt(Database& database, std::int64_t number) {
   return static_cast<int>(number);
 }
 
+std::string NameAt(Database& database, int position) {
+  Query row(database, "SELECT name FROM variable WHERE position = ?");
+  if (!row.Bind(position).Step()) {
+    database.FailAsDamaged();
+  }
+  return row.Text(0);
+}
+
 std::unique_ptr<Variable> LoadVariable(Database& database, int position) {
   Query row(database, "SELECT name, width, label FROM variable WHERE position = ?");
   if (!row.Bind(position).Step()) {
@@ -50,10 +60,12 @@ std::unique_ptr<Variable> LoadVariable(Database& database, int position) {
   if (!row.IsNull(2)) {
     variable->label = row.Text(2);
   }
-  Query labels(database, "SELECT value, label FROM value_label WHERE variable = ? ORDER BY ordinal");
+  Query labels(database, "SELECT ordinal, value, label FROM value_label WHERE variable = ? ORDER BY ordinal");
   labels.Bind(position);
+  OrderedKeys<std::int64_t> ordinals(database);
   while (labels.Step()) {
-    variable->valueLabels.push_back({labels.Text(0), labels.Text(1)});
+    ordinals.Next(labels.Integer(0));
+    variable->valueLabels.push_back({labels.Text(1), labels.Text(2)});
   }
   return variable;
 }
@@ -107,6 +119,7 @@ class Dataset::Implementation {
   void VisitVariableNames(const std::function<void(std::string_view name)>& visit);
   void VisitCases(std::int64_t from, const VisitCase& visit);
   void VisitVariables(std::string_view beginning, int from, const VisitName& visit);
+  void VisitNames(const std::string& first, int from, const VisitName& visit);
   const std::vector<KeptSet>& Sets();
   std::uint64_t Epoch();
 
@@ -220,13 +233,14 @@ Dataset::Saved Dataset::Implementation::Write(const SetList& sets, const std::st
 }
 
 void Dataset::Implementation::WriteLocked(const SetList& sets, const std::string& command) {
+  FailIfChangesAreUsedUp(*fDatabase, fPath);
   const std::optional<std::string> migrated = Migrate(*fDatabase, fPath);
   if (migrated) {
     fSets = LoadSets(*fDatabase);  // they lie elsewhere now
   }
   SetWrite write = WriteSets(*fDatabase, *fSets, sets);
   AddChange(*fDatabase, command, write.edits);
-  Query(*fDatabase, "UPDATE meta SET generation = generation + 1").Run();
+  Query(*fDatabase, "UPDATE meta SET generation = generation + 1 WHERE id = 1").Run();
   const std::optional<std::string> unconfirmed = CommitGeneration(*fDatabase, fGeneration + 1);
   ++fGeneration;
   std::move(write).ApplyTo(*fSets);
@@ -294,9 +308,11 @@ int Dataset::Implementation::FindVariable(std::string_view name) {
 
 void Dataset::Implementation::VisitVariableNames(const std::function<void(std::string_view name)>& visit) {
   BeginIfNone();
-  Query row(*fDatabase, "SELECT name FROM variable ORDER BY position");
+  Query row(*fDatabase, "SELECT position, name FROM variable ORDER BY position");
+  OrderedKeys<std::int64_t> positions(*fDatabase);
   while (row.Step()) {
-    visit(row.Text(0));
+    positions.Next(row.Integer(0));
+    visit(row.Text(1));
   }
 }
 
@@ -304,24 +320,36 @@ void Dataset::Implementation::VisitCases(std::int64_t from, const VisitCase& vis
   BeginIfNone();
   Query row(*fDatabase, "SELECT position, cells FROM cases WHERE position >= ? ORDER BY position");
   row.Bind(from);
-  while (row.Step() && visit(OrdinaryNumber(*fDatabase, row.Integer(0)), row.Text(1))) {
+  OrderedKeys<std::int64_t> positions(*fDatabase);
+  while (row.Step() && visit(positions.Next(OrdinaryNumber(*fDatabase, row.Integer(0))), row.Text(1))) {
   }
 }
 
 void Dataset::Implementation::VisitVariables(std::string_view beginning, int from, const VisitName& visit) {
   BeginIfNone();
-  const std::string first = ToUpper(beginning);
-  const std::string behindLast = first + "\U0010FFFF";  // no name holds the last of all characters
-  // The index of names holds the positions, so the "+" keeps to it.
-  Query rows(*fDatabase, beginning.empty()
-                             ? "SELECT position, name FROM variable WHERE position >= ? ORDER BY position"
-                             : "SELECT position, name FROM variable WHERE +position >= ? AND name_key >= ? AND"
-                               " name_key < ? ORDER BY name_key");
-  rows.Bind(from);
   if (!beginning.empty()) {
-    rows.Bind(first).Bind(behindLast);
+    VisitNames(ToUpper(beginning), from, visit);
+    return;
   }
-  while (rows.Step() && visit(NotNegativeInt(*fDatabase, rows.Integer(0)), rows.Text(1))) {
+  Query rows(*fDatabase, "SELECT position, name FROM variable WHERE position >= ? ORDER BY position");
+  rows.Bind(from);
+  OrderedKeys<int> positions(*fDatabase);
+  while (rows.Step() && visit(positions.Next(NotNegativeInt(*fDatabase, rows.Integer(0))), rows.Text(1))) {
+  }
+}
+
+// The index of names holds the positions, so that only the names of variables that are visited are looked up.
+void Dataset::Implementation::VisitNames(const std::string& first, int from, const VisitName& visit) {
+  const std::string behindLast = first + "\U0010FFFF";  // no name holds the last of all characters
+  Query rows(*fDatabase,
+             "SELECT name_key, position FROM variable WHERE name_key >= ? AND name_key < ? ORDER BY name_key");
+  rows.Bind(first).Bind(behindLast);
+  OrderedKeys<std::string> keys(*fDatabase);
+  bool goesOn = true;
+  while (goesOn && rows.Step()) {
+    keys.Next(rows.Text(0));
+    const int position = NotNegativeInt(*fDatabase, rows.Integer(1));
+    goesOn = position < from || visit(position, NameAt(*fDatabase, position));
   }
 }
 

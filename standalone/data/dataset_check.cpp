@@ -4,15 +4,21 @@
 
 #include <algorithm>
 #include <limits>
+#include <map>
 #include <optional>
 #include <string_view>
+#include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "standalone/data/case_check.h"
 #include "standalone/data/database.h"
 #include "standalone/data/history.h"
+#include "standalone/data/limits.h"
 #include "standalone/data/number_text.h"
+#include "standalone/data/ordered_keys.h"
 #include "standalone/data/schema.h"
+#include "standalone/data/set_rules.h"
 #include "standalone/data/set_store.h"
 #include "standalone/text/names.h"
 #include "standalone/text/unicode.h"
@@ -20,6 +26,8 @@
 namespace standalone {
 
 namespace {
+
+constexpr std::int64_t kMostInt = std::numeric_limits<int>::max();
 
 class Checker {
  public:
@@ -32,21 +40,23 @@ class Checker {
 
   void Perform(const char* what, Step step);
   void Integrity();
-  void Schema();
-  void TableAsExpected(const TableDefinition& table);
-  void NothingElse();
   void Counts();
   void Variables();
   void VariableRow(Query& row, std::int64_t expected);
   void ValueLabels();
   void ValueLabelRow(Query& row, std::int64_t expected);
+  void LabelledOnce(std::int64_t variable, const std::string& value);
   void SetRows();
-  void SetRow(Query& row);
+  void SetRow(std::int64_t id);
   void SetVariables();
+  void SetRules();
   void Cases();
   void History();
   void ChangeNumbers(const VersionRange& versions);
+  void EntriesOfChanges(const VersionRange& versions);
   void Changes(const VersionRange& versions);
+  void ChangedNames(const Change& change);
+  void KeptForm(std::int64_t number, const StoredSet& before);
 
   template <typename Check>
   void Row(const char* what, std::int64_t number, Check check);
@@ -57,14 +67,19 @@ class Checker {
     fReport.finding({kind.data(), kind.size()}, fmt::format(text, std::forward<Parts>(parts)...));
   }
 
-  void CompareCount(const char* what, std::string_view storedSql, std::string_view countedSql);
+  void CompareCount(const char* what, std::int64_t stored, std::int64_t counted);
+  void Generation();
   std::int64_t IntegerOf(std::string_view sql);
-  bool IsVariable(const std::string& name);
+  std::int64_t CountOf(std::string_view sqlOfKeys);
+  std::optional<Variable> FindVariable(const std::string& name, bool withLabels);
 
   Database& fDatabase;
   const CheckReport& fReport;
   std::int64_t fVersion = kFormatVersion;
   std::vector<bool> fIsNumeric;  // by position
+  std::int64_t fCaseCount = 0;
+  std::unordered_set<std::string> fLabelledValues;  // of the variable whose value labels are read
+  std::map<std::int64_t, StoredSet> fSets;          // by id, those that can be read
 };
 
 void Checker::Run() {
@@ -74,12 +89,12 @@ void Checker::Run() {
                    fmt::format("The format version is {}: the next change brings it to {}.", fVersion, kFormatVersion));
   }
   Perform("The file", &Checker::Integrity);
-  Perform("The schema", &Checker::Schema);
   Perform("The header", &Checker::Counts);
   Perform("The dictionary", &Checker::Variables);
   Perform("The value labels", &Checker::ValueLabels);
   Perform("The sets", &Checker::SetRows);
   Perform("The variables of the sets", &Checker::SetVariables);
+  Perform("The variables that sets name", &Checker::SetRules);
   Perform("The cases", &Checker::Cases);
   if (fVersion == kFormatVersion) {
     Perform("The history", &Checker::History);
@@ -112,67 +127,63 @@ std::int64_t Checker::IntegerOf(std::string_view sql) {
   return query.Integer(0);
 }
 
+// Not with count(), which would never end where pages are shared.
+std::int64_t Checker::CountOf(std::string_view sqlOfKeys) {
+  Query rows(fDatabase, sqlOfKeys);
+  OrderedKeys<std::int64_t> keys(fDatabase);
+  std::int64_t count = 0;
+  for (; rows.Step(); ++count) {
+    keys.Next(rows.Integer(0));
+  }
+  return count;
+}
+
+// What is wrong with the pages comes first, in one row. The rows of all tables would be read next, which never
+// ends where pages are shared.
 void Checker::Integrity() {
+  constexpr std::string_view kBeginningOfPages = "***";
   Query rows(fDatabase, "PRAGMA integrity_check");
-  while (rows.Step()) {
+  bool goesOn = true;
+  while (goesOn && rows.Step()) {
     const std::string text = rows.Text(0);
     if (text != "ok") {
       Finding("The file is not sound: {}.", text);
     }
+    goesOn = text.substr(0, kBeginningOfPages.size()) != kBeginningOfPages;
   }
 }
 
-void Checker::Schema() {
-  for (const TableDefinition& table : Tables()) {
-    if (table.since <= fVersion) {
-      TableAsExpected(table);
-    }
-  }
-  NothingElse();
-}
-
-void Checker::TableAsExpected(const TableDefinition& table) {
-  Query row(fDatabase, "SELECT sql FROM sqlite_schema WHERE type = 'table' AND name = ?");
-  if (!row.Bind(table.name).Step()) {
-    Finding("The table {} is missing.", table.name);
-  } else if (row.IsNull(0) || row.Text(0) != table.sql) {
-    Finding("The table {} is not defined as it should be.", table.name);
-  }
-}
-
-void Checker::NothingElse() {
-  Query rows(fDatabase, "SELECT type, name FROM sqlite_schema WHERE name NOT LIKE 'sqlite\\_%' ESCAPE '\\'");
-  while (rows.Step()) {
-    const std::string type = rows.Text(0);
-    const std::string name = rows.Text(1);
-    const bool isExpected = type == "table" && std::any_of(Tables().begin(), Tables().end(), [&](const auto& table) {
-                              return table.name == name && table.since <= fVersion;
-                            });
-    if (!isExpected) {
-      Finding("The {} {} does not belong to a dataset.", type, name);
-    }
-  }
-}
-
-void Checker::CompareCount(const char* what, std::string_view storedSql, std::string_view countedSql) {
-  const std::int64_t stored = IntegerOf(storedSql);
-  const std::int64_t counted = IntegerOf(countedSql);
+void Checker::CompareCount(const char* what, std::int64_t stored, std::int64_t counted) {
   if (stored != counted) {
     Finding("The header counts {} {}; there are {}.", stored, what, counted);
   }
 }
 
 void Checker::Counts() {
-  if (const std::int64_t rows = IntegerOf("SELECT count(*) FROM meta"); rows != 1) {
+  if (const std::int64_t rows = CountOf("SELECT id FROM meta ORDER BY id"); rows != 1) {
     Finding("The header has {} rows instead of one.", rows);
   }
-  CompareCount("variables", "SELECT variable_count FROM meta", "SELECT count(*) FROM variable");
-  CompareCount("cases", "SELECT case_count FROM meta", "SELECT count(*) FROM cases");
+  Generation();
+  CompareCount("variables", IntegerOf("SELECT variable_count FROM meta"),
+               CountOf("SELECT position, width FROM variable ORDER BY position"));
+  fCaseCount = CountOf("SELECT position FROM cases ORDER BY position");
+  CompareCount("cases", IntegerOf("SELECT case_count FROM meta"), fCaseCount);
+}
+
+void Checker::Generation() {
+  const std::int64_t generation = IntegerOf("SELECT generation FROM meta");
+  if (generation < 0 || generation > kGreatestNumber) {
+    Finding("The counter of writes is {}, beyond its limits.", generation);
+  } else if (generation == kGreatestNumber) {
+    Finding("The counter of writes is at its limit: the dataset cannot be changed.");
+  }
 }
 
 void Checker::Variables() {
   Query rows(fDatabase, "SELECT position, name, name_key, width, label FROM variable ORDER BY position");
+  OrderedKeys<std::int64_t> positions(fDatabase);
   for (std::int64_t expected = 0; rows.Step(); ++expected) {
+    positions.Next(rows.Integer(0));
     fIsNumeric.push_back(true);
     Row("The variable at position", expected, [&] { VariableRow(rows, expected); });
   }
@@ -185,7 +196,7 @@ void Checker::VariableRow(Query& row, std::int64_t expected) {
   if (position != expected) {
     Finding("The position of a variable is {} instead of {}.", position, expected);
   }
-  if (width < 0 || width > std::numeric_limits<int>::max()) {
+  if (width < 0 || width > kMostInt) {
     Finding("The variable at position {} has the width {}.", position, width);
   }
   const std::string name = row.Text(1);
@@ -202,9 +213,14 @@ void Checker::VariableRow(Query& row, std::int64_t expected) {
 
 void Checker::ValueLabels() {
   Query rows(fDatabase, "SELECT variable, ordinal, value, label FROM value_label ORDER BY variable, ordinal");
+  OrderedKeys<std::pair<std::int64_t, std::int64_t>> keys(fDatabase);
   std::int64_t variable = -1;
   std::int64_t expected = 0;
   while (rows.Step()) {
+    keys.Next({rows.Integer(0), rows.Integer(1)});
+    if (rows.Integer(0) != variable) {
+      fLabelledValues.clear();
+    }
     expected = rows.Integer(0) == variable ? expected + 1 : 0;
     variable = rows.Integer(0);
     Row("A value label of the variable at position", variable, [&] { ValueLabelRow(rows, expected); });
@@ -224,55 +240,96 @@ void Checker::ValueLabelRow(Query& row, std::int64_t expected) {
   }
   if (fIsNumeric[static_cast<std::size_t>(variable)] && !NumberValue(value)) {
     Finding("The numeric variable at position {} has a label of the value {}, which is no number.", variable, value);
+  } else {
+    LabelledOnce(variable, value);
   }
 }
 
+// Numbers are compared by their value.
+void Checker::LabelledOnce(std::int64_t variable, const std::string& value) {
+  const std::optional<double> number =
+      fIsNumeric[static_cast<std::size_t>(variable)] ? NumberValue(value) : std::nullopt;
+  if (!fLabelledValues.insert(number ? ShortestNumber(*number) : value).second) {
+    Finding("The variable at position {} has two labels of the value {}.", variable, value);
+  }
+}
+
+// The order is made here: to sort, the database would read all rows before it hands over the first.
 void Checker::SetRows() {
-  Query rows(fDatabase,
-             "SELECT id, position, name, name_key, type, label, counted_value, label_from_variable,"
-             " category_labels_from_counted_value FROM mr_set ORDER BY position, id");
-  std::optional<std::int64_t> last;
-  while (rows.Step()) {
-    Row("The set with the number", rows.Integer(0), [&] { SetRow(rows); });
-    if (last == rows.Integer(1)) {
-      Finding("Two sets have the position {}.", *last);
+  std::vector<std::pair<std::int64_t, std::int64_t>> places;
+  {
+    Query rows(fDatabase, "SELECT id, position FROM mr_set ORDER BY id");
+    OrderedKeys<std::int64_t> ids(fDatabase);
+    while (rows.Step()) {
+      places.emplace_back(rows.Integer(1), ids.Next(rows.Integer(0)));
     }
-    last = rows.Integer(1);
+  }
+  std::sort(places.begin(), places.end());
+  std::optional<std::int64_t> last;
+  for (const auto& [position, id] : places) {
+    Row("The set with the number", id, [&, setId = id] { SetRow(setId); });
+    if (last == position) {
+      Finding("Two sets have the position {}.", position);
+    }
+    last = position;
   }
 }
 
-void Checker::SetRow(Query& row) {
-  OrdinaryNumber(fDatabase, row.Integer(0));
-  OrdinaryNumber(fDatabase, row.Integer(1));
-  SetTypeOf(fDatabase, row.Integer(4));
-  row.Text(5);
-  row.Text(6);
-  const std::string name = row.Text(2);
-  if (!IsValidSetName(name)) {
-    Finding("A set has a name that is not valid: {}.", name);
+void Checker::SetRow(std::int64_t id) {
+  Query row(fDatabase,
+            "SELECT name, name_key, type, label, counted_value, label_from_variable,"
+            " category_labels_from_counted_value, position FROM mr_set WHERE id = ?");
+  if (!row.Bind(id).Step()) {
+    fDatabase.FailAsDamaged();
   }
-  if (row.Text(3) != ToUpper(name)) {
-    Finding("The set {} is kept under the key {}.", name, row.Text(3));
+  OrdinaryNumber(fDatabase, id);
+  OrdinaryNumber(fDatabase, row.Integer(7));
+  StoredSet set;
+  set.name = row.Text(0);
+  set.type = SetTypeOf(fDatabase, row.Integer(2));
+  set.label = row.Text(3);
+  set.countedValue = row.Text(4);
+  set.labelFromVariable = row.Integer(5) != 0;
+  set.categoryLabelsFromCountedValue = row.Integer(6) != 0;
+  if (row.Text(1) != ToUpper(set.name)) {
+    Finding("The set {} is kept under the key {}.", set.name, row.Text(1));
   }
-  if (row.Integer(7) < 0 || row.Integer(7) > 1 || row.Integer(8) < 0 || row.Integer(8) > 1) {
-    Finding("The set {} has a mark that is neither on nor off.", name);
+  if (row.Integer(5) < 0 || row.Integer(5) > 1 || row.Integer(6) < 0 || row.Integer(6) > 1) {
+    Finding("The set {} has a mark that is neither on nor off.", set.name);
   }
+  fSets.emplace(id, std::move(set));
 }
 
-bool Checker::IsVariable(const std::string& name) {
+std::optional<Variable> Checker::FindVariable(const std::string& name, bool withLabels) {
   const std::string key = ToUpper(name);
-  Query row(fDatabase, "SELECT 1 FROM variable WHERE name_key = ?");
-  return row.Bind(key).Step();
+  Query row(fDatabase, "SELECT position, name, width FROM variable WHERE name_key = ?");
+  if (!row.Bind(key).Step()) {
+    return std::nullopt;
+  }
+  Variable variable;
+  variable.name = row.Text(1);
+  variable.width = row.Integer(2) == 0 ? 0 : static_cast<int>(std::clamp<std::int64_t>(row.Integer(2), 1, kMostInt));
+  if (withLabels) {
+    Query labels(fDatabase, "SELECT ordinal, value, label FROM value_label WHERE variable = ? ORDER BY ordinal");
+    labels.Bind(row.Integer(0));
+    OrderedKeys<std::int64_t> ordinals(fDatabase);
+    while (labels.Step()) {
+      ordinals.Next(labels.Integer(0));
+      variable.valueLabels.push_back({labels.Text(1), labels.Text(2)});
+    }
+  }
+  return variable;
 }
 
-// A set may name a variable that an import took away: it is shown as no longer there.
 void Checker::SetVariables() {
   Query rows(fDatabase,
              "SELECT v.set_id, v.ordinal, v.name, coalesce(s.name, '') FROM mr_set_variable AS v"
              " LEFT JOIN mr_set AS s ON s.id = v.set_id ORDER BY v.set_id, v.ordinal");
+  OrderedKeys<std::pair<std::int64_t, std::int64_t>> keys(fDatabase);
   std::optional<std::int64_t> set;
   std::int64_t expected = 0;
   while (rows.Step()) {
+    keys.Next({rows.Integer(0), rows.Integer(1)});
     expected = set == rows.Integer(0) ? expected + 1 : 0;
     set = rows.Integer(0);
     const std::string setName = rows.Text(3);
@@ -280,18 +337,34 @@ void Checker::SetVariables() {
       Finding("There is a variable of the set with the number {}, which does not exist.", *set);
     } else if (rows.Integer(1) != expected) {
       Finding("The variables of the set {} are not numbered one after another.", setName);
-    } else if (const std::string name = rows.Text(2); !IsVariable(name)) {
-      fReport.remark("variable", fmt::format("The set {} has the variable {}, which no longer exists.", setName, name));
+    }
+    if (const auto found = fSets.find(*set); found != fSets.end()) {
+      found->second.variables.push_back(rows.Text(2));
+    }
+  }
+}
+
+// What an import may have caused is no finding: it keeps the sets whatever becomes of their variables.
+void Checker::SetRules() {
+  for (const auto& entry : fSets) {
+    const StoredSet& set = entry.second;
+    for (const SetProblem& fault : FaultsOf(set)) {
+      fReport.finding(fault.kind, Sentence(set, fault));
+    }
+    const auto find = [this](const std::string& name, bool withLabels) { return FindVariable(name, withLabels); };
+    for (const SetProblem& misfit : MisfitsOf(set, find)) {
+      fReport.remark(misfit.kind, Sentence(set, misfit));
     }
   }
 }
 
 void Checker::Cases() {
-  const std::int64_t all = fReport.progress ? IntegerOf("SELECT count(*) FROM cases") : 0;
   Query rows(fDatabase, "SELECT position, cells FROM cases ORDER BY position");
+  OrderedKeys<std::int64_t> positions(fDatabase);
   for (std::int64_t expected = 0; rows.Step(); ++expected) {
+    positions.Next(rows.Integer(0));
     if (fReport.progress) {
-      fReport.progress(static_cast<std::uint64_t>(expected) + 1, static_cast<std::uint64_t>(all));
+      fReport.progress(static_cast<std::uint64_t>(expected) + 1, static_cast<std::uint64_t>(fCaseCount));
     }
     if (rows.Integer(0) != expected) {
       Finding("The position of a case is {} instead of {}.", rows.Integer(0), expected);
@@ -307,9 +380,11 @@ void Checker::Cases() {
 void Checker::History() {
   const VersionRange versions = KeptVersions(fDatabase);
   ChangeNumbers(versions);
+  EntriesOfChanges(versions);
   Changes(versions);
-  Rewind rewind(fDatabase, LoadSets(fDatabase));
-  for (std::int64_t number = versions.last; number > versions.first; --number) {
+  std::int64_t number = versions.last;
+  Rewind rewind(fDatabase, LoadSets(fDatabase), [&](const StoredSet& before) { KeptForm(number, before); });
+  for (; number > versions.first; --number) {
     try {
       rewind.Undo(number, number);
     } catch (const DamagedError&) {
@@ -324,7 +399,7 @@ void Checker::History() {
 }
 
 void Checker::ChangeNumbers(const VersionRange& versions) {
-  const std::int64_t count = IntegerOf("SELECT count(*) FROM history");
+  const std::int64_t count = CountOf("SELECT number FROM history ORDER BY number");
   if (count != versions.last - versions.first) {
     Finding("The changes are numbered {} to {}, and there are {}.", versions.first + 1, versions.last, count);
     fDatabase.FailAsDamaged();
@@ -332,9 +407,20 @@ void Checker::ChangeNumbers(const VersionRange& versions) {
   if (count > kKeptChanges) {
     Finding("There are {} changes; {} are kept at most.", count, kKeptChanges);
   }
-  if (const std::int64_t lost =
-          IntegerOf("SELECT count(*) FROM history_set WHERE history NOT IN (SELECT number FROM history)");
-      lost != 0) {
+  if (versions.last == kGreatestNumber) {
+    Finding("The counter of changes is at its limit: the sets cannot be changed.");
+  }
+}
+
+void Checker::EntriesOfChanges(const VersionRange& versions) {
+  Query rows(fDatabase, "SELECT history, set_id FROM history_set ORDER BY history, set_id");
+  OrderedKeys<std::pair<std::int64_t, std::int64_t>> keys(fDatabase);
+  std::int64_t lost = 0;
+  while (rows.Step()) {
+    const std::int64_t number = keys.Next({rows.Integer(0), rows.Integer(1)}).first;
+    lost += number <= versions.first || number > versions.last ? 1 : 0;
+  }
+  if (lost != 0) {
     Finding("Entries of the history that belong to no change: {}.", lost);
   }
 }
@@ -346,7 +432,27 @@ void Checker::Changes(const VersionRange& versions) {
       if (change && !IsTimeOfChange(change->time)) {
         Finding("Change {} has the time {}, which is none.", number, change->time);
       }
+      if (change) {
+        ChangedNames(*change);
+      }
     });
+  }
+}
+
+void Checker::ChangedNames(const Change& change) {
+  for (const ChangedSet& set : change.sets) {
+    if (!IsValidSetName(set.name)) {
+      Finding("Change {} names a set {}, which is not a valid name.", change.number, set.name);
+    }
+  }
+}
+
+/// An undo would bring the form back. Its name is one of the change's.
+void Checker::KeptForm(std::int64_t number, const StoredSet& before) {
+  for (const SetProblem& fault : FaultsOf(before)) {
+    if (fault.kind != kSetNameProblem) {
+      Finding("Before change {} the history has a set that cannot be: {} {}.", number, before.name, fault.text);
+    }
   }
 }
 

@@ -9,6 +9,7 @@
 
 #include "standalone/data/case_text.h"
 #include "standalone/data/commit.h"
+#include "standalone/data/counters.h"
 #include "standalone/data/database.h"
 #include "standalone/data/dataset.h"
 #include "standalone/data/folder.h"
@@ -87,6 +88,7 @@ void ReplaceContents(const std::string& path, const std::string& newContents, co
   const std::unique_ptr<Database> database = OpenDataset(path, options);
   database->Execute("BEGIN IMMEDIATE");
   const std::int64_t generation = GenerationOf(*database) + 1;
+  FailIfWritesAreUsedUp(*database, path);
   const std::optional<std::string> migrated = Migrate(*database, path);
   // After the beginning: else the transaction would write to both files, which needs a third one to commit, and a kill
   // could leave that behind.
@@ -99,7 +101,7 @@ void ReplaceContents(const std::string& path, const std::string& newContents, co
       "INSERT INTO main.value_label SELECT * FROM new.value_label;"
       "INSERT INTO main.cases SELECT * FROM new.cases;"
       "UPDATE main.meta SET generation = generation + 1, (variable_count, case_count) ="
-      " (SELECT variable_count, case_count FROM new.meta)");
+      " (SELECT variable_count, case_count FROM new.meta) WHERE id = 1");
   Tell(options, CommitGeneration(*database, generation));
   Tell(options, migrated);
 }

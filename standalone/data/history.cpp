@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <ctime>
+#include <functional>
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <utility>
 
 #include "standalone/data/case_text.h"
+#include "standalone/data/ordered_keys.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {
@@ -103,10 +105,15 @@ ChangeKind KindOf(Database& database, std::int64_t number) {
 
 std::vector<ChangedSet> ChangedSetsOf(Database& database, std::int64_t number) {
   std::vector<ChangedSet> sets;
-  Query rows(database, "SELECT name, kind FROM history_set WHERE history = ? AND kind <> 4 ORDER BY set_id");
+  Query rows(database, "SELECT set_id, kind, name FROM history_set WHERE history = ? ORDER BY set_id");
   rows.Bind(number);
+  OrderedKeys<std::int64_t> ids(database);
   while (rows.Step()) {
-    sets.push_back({rows.Text(0), KindOf(database, rows.Integer(1))});
+    ids.Next(rows.Integer(0));
+    const ChangeKind kind = KindOf(database, rows.Integer(1));
+    if (kind != ChangeKind::kMoved) {
+      sets.push_back({rows.Text(2), kind});
+    }
   }
   return sets;
 }
@@ -162,11 +169,15 @@ std::optional<Change> ChangeBefore(Database& database, std::int64_t number) {
   if (!row.Bind(number).Step()) {
     return std::nullopt;
   }
-  const std::int64_t found = row.Integer(0);
+  const std::int64_t found = OrdinaryNumber(database, row.Integer(0));
+  if (found >= number) {  // a B-tree that is out of order may give any; whoever goes on from there would never end
+    database.FailAsDamaged();
+  }
   return Change{found, row.Text(1), row.Text(2), row.Integer(3) != 0, ChangedSetsOf(database, found)};
 }
 
-Rewind::Rewind(Database& database, const std::vector<KeptSet>& now) : fDatabase(database) {
+Rewind::Rewind(Database& database, const std::vector<KeptSet>& now, VisitForm visit)
+    : fDatabase(database), fVisit(std::move(visit)) {
   for (const KeptSet& kept : now) {
     Put(kept.id, {kept.position, kept.set});
   }
@@ -175,16 +186,18 @@ Rewind::Rewind(Database& database, const std::vector<KeptSet>& now) : fDatabase(
 void Rewind::Undo(std::int64_t first, std::int64_t last) {
   Query rows(fDatabase,
              "SELECT set_id, kind, name, position, type, label, counted_value, label_from_variable,"
-             " category_labels_from_counted_value, variables"
+             " category_labels_from_counted_value, variables, history"
              " FROM history_set WHERE history BETWEEN ? AND ? ORDER BY history DESC, set_id DESC");
   rows.Bind(first).Bind(last);
+  OrderedKeys<std::pair<std::int64_t, std::int64_t>, std::greater<>> keys(fDatabase);
   while (rows.Step()) {
+    keys.Next({rows.Integer(10), rows.Integer(0)});
     UndoRow(rows);
   }
 }
 
 void Rewind::UndoRow(Query& row) {
-  const std::int64_t id = row.Integer(0);
+  const std::int64_t id = OrdinaryNumber(fDatabase, row.Integer(0));
   const ChangeKind kind = KindOf(fDatabase, row.Integer(1));
   PlacedSet set;
   if (kind != ChangeKind::kDeleted) {
@@ -196,6 +209,9 @@ void Rewind::UndoRow(Query& row) {
   set.position = OrdinaryNumber(fDatabase, row.Integer(3));
   if (kind != ChangeKind::kMoved) {
     set.set = std::make_shared<StoredSet>(BeforeForm(fDatabase, row));
+    if (fVisit) {
+      fVisit(*set.set);
+    }
   }
   Put(id, std::move(set));
 }

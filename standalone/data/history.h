@@ -2,6 +2,7 @@
 #define STANDALONE_DATA_HISTORY_H
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -30,8 +31,11 @@ std::optional<Change> ChangeBefore(Database& database, std::int64_t number);
 /// The sets of a dataset as they were, further and further back.
 class Rewind {
  public:
-  /// Begins with the sets as they are.
-  Rewind(Database& database, const std::vector<KeptSet>& now);
+  using VisitForm = std::function<void(const StoredSet& before)>;
+
+  /// Begins with the sets as they are. `visit`, if it is not empty, gets each form that a set had before a change, as
+  /// the change is undone.
+  Rewind(Database& database, const std::vector<KeptSet>& now, VisitForm visit = {});
 
   /// Undoes the changes with numbers from `last` down to `first`, which must follow on what was undone before. Throws
   /// DamagedError where a change does not fit the sets that it is to have left.
@@ -54,6 +58,7 @@ class Rewind {
   PlacedSet Take(std::int64_t id);
 
   Database& fDatabase;
+  VisitForm fVisit;
   std::unordered_map<std::int64_t, PlacedSet> fSets;  // by id
   std::unordered_map<std::string, int> fKeys;         // how many sets have them
   std::unordered_map<std::int64_t, int> fPositions;   // how many sets have them

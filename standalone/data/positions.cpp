@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "standalone/data/limits.h"
+
 namespace standalone {
 
 namespace {
@@ -50,6 +52,15 @@ Before KeepLongestRun(const Before& before) {
   return kept;
 }
 
+/// New positions for all rows, where those that they have leave no room below the limit.
+void Spread(std::vector<std::int64_t>& positions) {
+  const std::int64_t room = kGreatestNumber / (static_cast<std::int64_t>(positions.size()) + 1);
+  std::int64_t last = 0;
+  for (std::int64_t& position : positions) {
+    position = last += std::min(room, kStep);
+  }
+}
+
 }  // namespace
 
 std::vector<std::int64_t> PlanPositions(const Before& before) {
@@ -71,6 +82,9 @@ std::vector<std::int64_t> PlanPositions(const Before& before) {
       last = positions[row] = *kept[row];
       ++row;
     }
+  }
+  if (last > kGreatestNumber) {
+    Spread(positions);
   }
   return positions;
 }

@@ -7,8 +7,9 @@
 
 namespace standalone {
 
-/// Positions in ascending order for the rows of a list, of which some have a position already (not negative). As few of
-/// these as can be are given another one, but for those that must make room for a new row.
+/// Positions in ascending order, none beyond kGreatestNumber, for the rows of a list, of which some have a position
+/// already (0 to kGreatestNumber). As few of these as can be are given another one, but for those that must make room
+/// for a new row; where there is no room below the limit, all are.
 std::vector<std::int64_t> PlanPositions(const std::vector<std::optional<std::int64_t>>& before);
 
 }  // namespace standalone

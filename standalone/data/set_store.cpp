@@ -10,6 +10,8 @@
 #include <unordered_set>
 #include <utility>
 
+#include "standalone/data/limits.h"
+#include "standalone/data/ordered_keys.h"
 #include "standalone/data/positions.h"
 #include "standalone/text/unicode.h"
 
@@ -53,13 +55,15 @@ void LoadVariables(Database& database, const std::vector<ReadSet>& sets) {
   for (const ReadSet& read : sets) {
     setOfId.emplace(read.kept.id, read.set.get());
   }
-  Query rows(database, "SELECT set_id, name FROM mr_set_variable ORDER BY set_id, ordinal");
+  Query rows(database, "SELECT set_id, ordinal, name FROM mr_set_variable ORDER BY set_id, ordinal");
+  OrderedKeys<std::pair<std::int64_t, std::int64_t>> keys(database);
   while (rows.Step()) {
+    keys.Next({rows.Integer(0), rows.Integer(1)});
     const auto found = setOfId.find(rows.Integer(0));
     if (found == setOfId.end()) {
       database.FailAsDamaged();
     }
-    found->second->variables.push_back(rows.Text(1));
+    found->second->variables.push_back(rows.Text(2));
   }
 }
 
@@ -161,23 +165,44 @@ struct Plan {
   std::vector<const KeptSet*> left;  // the stored sets that go on in no place
 };
 
-std::int64_t NewId(const std::vector<KeptSet>& sets) {
-  std::int64_t id = 1;
-  for (const KeptSet& kept : sets) {
-    id = std::max(id, kept.id + 1);
+/// Ids that no stored set has: those beyond the greatest, and when they are used up the others from 1 on.
+class FreeIds {
+ public:
+  explicit FreeIds(const std::vector<KeptSet>& sets) : fSets(sets) {
+    for (const KeptSet& kept : sets) {
+      fNext = std::max(fNext, kept.id + 1);
+    }
   }
-  return id;
-}
+
+  std::int64_t Take() { return fNext <= kGreatestNumber ? fNext++ : TakeLower(); }
+
+ private:
+  std::int64_t TakeLower() {
+    if (fUsed.empty()) {
+      std::transform(fSets.begin(), fSets.end(), std::inserter(fUsed, fUsed.end()),
+                     [](const KeptSet& kept) { return kept.id; });
+    }
+    while (fUsed.count(fNextLower) != 0) {
+      ++fNextLower;
+    }
+    return fNextLower++;
+  }
+
+  const std::vector<KeptSet>& fSets;
+  std::int64_t fNext = 1;
+  std::int64_t fNextLower = 1;
+  std::unordered_set<std::int64_t> fUsed;
+};
 
 Plan PlanSets(const std::vector<KeptSet>& before, const SetList& after, const Stretch& stretch) {
   SetsByKey stored(before.begin() + static_cast<std::ptrdiff_t>(stretch.first),
                    before.begin() + static_cast<std::ptrdiff_t>(stretch.beforeEnd));
   Plan plan;
-  std::int64_t newId = NewId(before);
+  FreeIds freeIds(before);
   for (std::size_t row = stretch.first; row < stretch.afterEnd; ++row) {
     std::string key = ToUpper(after[row]->name);
     const KeptSet* kept = stored.Take(key);
-    plan.sets.push_back({kept, {kept == nullptr ? newId++ : kept->id, 0, after[row], std::move(key)}});
+    plan.sets.push_back({kept, {kept == nullptr ? freeIds.Take() : kept->id, 0, after[row], std::move(key)}});
   }
   for (const auto& entry : stored.Left()) {
     plan.left.push_back(entry.second);
@@ -257,10 +282,8 @@ void WritePlan(Database& database, const Plan& plan, std::vector<SetEdit>& edits
 
 }  // namespace
 
-// A file that holds a greater one was not made by this program.
 std::int64_t OrdinaryNumber(Database& database, std::int64_t number) {
-  constexpr std::int64_t kGreatest = std::int64_t{1} << 53;
-  if (number < 0 || number > kGreatest) {
+  if (number < 0 || number > kGreatestNumber) {
     database.FailAsDamaged();
   }
   return number;
@@ -278,11 +301,16 @@ std::vector<KeptSet> LoadSets(Database& database) {
   {
     Query rows(database,
                "SELECT id, position, name, type, label, counted_value, label_from_variable,"
-               " category_labels_from_counted_value FROM mr_set ORDER BY position, id");
+               " category_labels_from_counted_value FROM mr_set ORDER BY id");
+    OrderedKeys<std::int64_t> ids(database);
     while (rows.Step()) {
+      ids.Next(rows.Integer(0));
       read.push_back(SetOfRow(database, rows));
     }
   }
+  std::stable_sort(read.begin(), read.end(), [](const ReadSet& first, const ReadSet& second) {
+    return first.kept.position < second.kept.position;
+  });
   CheckNamesDiffer(database, read);
   LoadVariables(database, read);
   std::vector<KeptSet> sets;

@@ -19,7 +19,7 @@ struct KeptSet {
   std::string key;  ///< the upper-case form of the name
 };
 
-/// Numbers up to which the program never counts, and types that it does not know, are the mark of a damaged file.
+/// Numbers beyond kGreatestNumber and types that the program does not know are the mark of a damaged file.
 std::int64_t OrdinaryNumber(Database& database, std::int64_t number);
 SetType SetTypeOf(Database& database, std::int64_t number);
 

@@ -9,13 +9,15 @@
 #include <string>
 
 #include "standalone/data/dataset.h"
+#include "standalone/text/visible.h"
 
 namespace standalone {
 
 /// What is wrong with the input, as one plain sentence that names the file and the line, column or field.
 class ImportError : public std::runtime_error {
  public:
-  using std::runtime_error::runtime_error;
+  /// A text from the input may hold any character, and what() would end at a NUL: the sentence is made visible.
+  explicit ImportError(const std::string& sentence) : std::runtime_error(Visible(sentence)) {}
 };
 
 /// How an import gets on. The data are read twice where types come from them.

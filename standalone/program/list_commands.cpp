@@ -4,6 +4,7 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 #include <array>
+#include <cstddef>
 #include <iostream>
 #include <memory>
 #include <ostream>
@@ -11,14 +12,18 @@
 #include <vector>
 
 #include "standalone/data/dataset.h"
+#include "standalone/output/markdown_text.h"
 #include "standalone/output/sets_json.h"
 #include "standalone/output/spool.h"
 #include "standalone/output/table_writer.h"
+#include "standalone/output/wrap.h"
 #include "standalone/program/dataset_options.h"
 #include "standalone/program/format_option.h"
 #include "standalone/program/list_tables.h"
+#include "standalone/program/set_problems.h"
 #include "standalone/program/subcommands.h"
 #include "standalone/program/terminal.h"
+#include "standalone/text/visible.h"
 
 namespace standalone {
 namespace {
@@ -28,6 +33,17 @@ struct ListRequest {
   FormatOptions format;
   DatasetOptions datasetOptions;
 };
+
+/// Only a set with problems has a member for them.
+Json SetsWithProblems(const std::vector<StoredSet>& sets, const std::vector<std::vector<std::string>>& problems) {
+  Json array = ToJson(sets);
+  for (std::size_t index = 0; index < sets.size(); ++index) {
+    if (!problems[index].empty()) {
+      array[index]["problems"] = problems[index];
+    }
+  }
+  return array;
+}
 
 void WriteSetsTable(const std::vector<StoredSet>& sets, TableWriter& writer) {
   writer.Begin(SetsHeading());
@@ -57,9 +73,26 @@ void WriteVariablesJson(Dataset& dataset, std::ostream& stream) {
 /// One form of a list as a table; json has a form of its own for each list.
 struct ListFormat {
   const char* name;
-  bool isForPeople;
+  void (*writeNotes)(const std::vector<std::string>& notes);  ///< below a table for people; else null
   std::unique_ptr<TableWriter> (*makeWriter)(std::ostream& stream, const FormatOptions& options);
 };
+
+void WriteTextNotes(const std::vector<std::string>& notes) {
+  if (!notes.empty()) {
+    std::cout << '\n';
+  }
+  for (const std::string& note : notes) {
+    for (const std::string& line : WrapText(Visible(note), OutputWidth())) {
+      std::cout << line << '\n';
+    }
+  }
+}
+
+void WriteMarkdownNotes(const std::vector<std::string>& notes) {
+  for (const std::string& note : notes) {
+    std::cout << '\n' << MarkdownText(note) << '\n';
+  }
+}
 
 std::unique_ptr<TableWriter> MakeText(std::ostream& stream, const FormatOptions& options) {
   return MakeTextTableWriter(stream, OutputWidth(), ChosenColour(options, OutputIsTerminal()));
@@ -74,10 +107,10 @@ std::unique_ptr<TableWriter> MakeCsv(std::ostream& stream, const FormatOptions& 
 }
 
 constexpr std::array<ListFormat, 4> kFormats = {{
-    {"text", true, MakeText},
-    {"json", false, nullptr},
-    {"markdown", true, MakeMarkdown},
-    {"csv", false, MakeCsv},
+    {"text", WriteTextNotes, MakeText},
+    {"json", nullptr, nullptr},
+    {"markdown", WriteMarkdownNotes, MakeMarkdown},
+    {"csv", nullptr, MakeCsv},
 }};
 
 // Both read all before they write the first byte: who reads the output may pause, and a dataset that is being read
@@ -85,14 +118,18 @@ constexpr std::array<ListFormat, 4> kFormats = {{
 
 void WriteSets(Dataset& dataset, const FormatOptions& options) {
   const std::vector<StoredSet> sets = dataset.Sets();
+  const std::vector<std::vector<std::string>> problems = ProblemsOfSets(dataset, sets);
   dataset.EndCommand();
   const ListFormat& format = FormatNamed(kFormats, options.format);
   if (format.makeWriter == nullptr) {
-    std::cout << OneLine({{"sets", ToJson(sets)}}) << '\n';
-  } else if (const std::string absence = AbsenceOfSets(sets); format.isForPeople && !absence.empty()) {
+    std::cout << OneLine({{"sets", SetsWithProblems(sets, problems)}}) << '\n';
+  } else if (const std::string absence = AbsenceOfSets(sets); format.writeNotes != nullptr && !absence.empty()) {
     std::cout << absence << '\n';
   } else {
     WriteSetsTable(sets, *format.makeWriter(std::cout, options));
+    if (format.writeNotes != nullptr) {
+      format.writeNotes(NotesOnProblems(sets, problems));
+    }
   }
 }
 

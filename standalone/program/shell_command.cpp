@@ -34,6 +34,7 @@
 #include "standalone/shell/shell.h"
 #include "standalone/shell/terminal_input.h"
 #include "standalone/text/notice.h"
+#include "standalone/text/visible.h"
 
 namespace standalone {
 namespace {
@@ -49,7 +50,8 @@ struct ShellOptions {
 /// A command of the shell that is not used as it is meant; what() is one sentence.
 class MisuseError : public std::runtime_error {
  public:
-  using std::runtime_error::runtime_error;
+  /// What was typed may hold any character, and what() would end at a NUL: the sentence is made visible.
+  explicit MisuseError(const std::string& sentence) : std::runtime_error(Visible(sentence)) {}
 };
 
 /// The positions, in dictionary order, of the variables that the pattern stands for; one more than kMostListed at most.

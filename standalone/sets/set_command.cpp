@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "standalone/data/set_rules.h"
 #include "standalone/language/tokenizer.h"
 #include "standalone/output/wrap.h"
 #include "standalone/text/names.h"
@@ -15,7 +16,6 @@
 namespace standalone {
 namespace {
 
-constexpr std::size_t kLongestLabel = 255;
 constexpr std::size_t kLineWidth = 80;
 constexpr std::string_view kAttributeIndent = "  ";
 constexpr std::string_view kListIndent = "            ";  // as far as the first name behind VARIABLES=
@@ -44,8 +44,9 @@ Reason WhyNoName(const StoredSet& set) {
 }
 
 Reason WhyNoLabel(const StoredSet& set) {
-  if (set.label.size() > kLongestLabel) {
-    return fmt::format("its label has {} bytes, and a command cuts labels after {}.", set.label.size(), kLongestLabel);
+  if (set.label.size() > kLongestSetLabel) {
+    return fmt::format("its label has {} bytes, and a command cuts labels after {}.", set.label.size(),
+                       kLongestSetLabel);
   }
   return WhyNotQuoted("label", set.label);
 }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "standalone/data/set_rules.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {
@@ -11,12 +12,6 @@ namespace {
 
 std::string TypeName(const Variable& variable) {
   return variable.width == 0 ? "numeric" : "a string";
-}
-
-/// Bytes without leading and trailing blanks: what a variable must be able to hold.
-std::size_t NeededWidth(const std::string& countedValue) {
-  const std::size_t first = countedValue.find_first_not_of(' ');
-  return first == std::string::npos ? 0 : countedValue.find_last_not_of(' ') + 1 - first;
 }
 
 /// Copies one set.
@@ -28,6 +23,9 @@ class SetCopier {
   }
 
   void Copy() {
+    for (const SetProblem& fault : FaultsOf(fCopy)) {  // else it would be one of the target's
+      fOutcome.problems.push_back("it " + fault.text);
+    }
     std::vector<std::string> lacking;
     for (std::string& name : fCopy.variables) {
       if (const Variable* variable = fTarget.find(name)) {

@@ -66,6 +66,11 @@ The header and the dictionary:
   The numeric variable at position 2 has a label of the value one, which is no number.
   s.mrset: 1 finding.
   [1]
+  $ damaged "UPDATE value_label SET value = '0.0' WHERE variable = 0; INSERT INTO value_label VALUES (4, 0, 'a', 'A'), (4, 1, 'a ', 'B'), (4, 2, 'a', 'C')"
+  The variable at position 0 has two labels of the value 0.0.
+  The variable at position 4 has two labels of the value a.
+  s.mrset: 2 findings.
+  [1]
   $ damaged 'UPDATE value_label SET ordinal = 5 WHERE variable = 0 AND ordinal = 1'
   The value labels of the variable at position 0 are not numbered one after another.
   s.mrset: 1 finding.
@@ -74,8 +79,8 @@ The header and the dictionary:
 The sets:
 
   $ damaged "UPDATE mr_set SET name = 'a' WHERE name = '\$a'"
-  A set has a name that is not valid: a.
   The set a is kept under the key $A.
+  The set a has an invalid name.
   s.mrset: 2 findings.
   [1]
   $ damaged "UPDATE mr_set SET name_key = '\$B ' WHERE name = '\$b'"
@@ -99,7 +104,9 @@ The sets:
   The file is not sound: CHECK constraint failed in mr_set.
   The set $a has a mark that is neither on nor off.
   The set $b has a mark that is neither on nor off.
-  s.mrset: 4 findings.
+  The set $a takes its label from a variable but not its category labels from the counted value.
+  The set $b is a category set with label options that only a dichotomy set can have.
+  s.mrset: 6 findings.
   [1]
   $ damaged 'UPDATE mr_set_variable SET set_id = 77 WHERE ordinal = 2'
   There is a variable of the set with the number 77, which does not exist.
@@ -108,6 +115,36 @@ The sets:
   [1]
   $ damaged 'UPDATE mr_set_variable SET ordinal = 8 WHERE ordinal = 2'
   The variables of the set $b are not numbered one after another.
+  s.mrset: 1 finding.
+  [1]
+
+What no command makes:
+
+  $ damaged "DELETE FROM mr_set_variable WHERE set_id = 2; DELETE FROM mr_set_variable WHERE ordinal = 2; UPDATE mr_set_variable SET name = 'Q1' WHERE ordinal = 1"
+  The set $a has no variables.
+  The set $b has the variable Q1 more than once.
+  s.mrset: 2 findings.
+  [1]
+  $ damaged "DELETE FROM mr_set_variable WHERE ordinal > 0; UPDATE mr_set SET label = printf('%300s', 'x') WHERE name = '\$a'; UPDATE mr_set SET label = 'two' || char(10) || 'lines', counted_value = '1' WHERE name = '\$b'"
+  The set $a has a label of 300 bytes; the limit is 255.
+  The set $a has only one variable.
+  The set $b has only one variable.
+  The set $b has a label with a line end.
+  The set $b is a category set with a counted value.
+  s.mrset: 5 findings.
+  [1]
+  $ damaged "UPDATE mr_set SET counted_value = '' WHERE name = '\$a'"
+  The set $a is a dichotomy set without a counted value.
+  s.mrset: 1 finding.
+  [1]
+  $ damaged "UPDATE mr_set SET counted_value = '1' || char(10) WHERE name = '\$a'"
+  Remark: The set $a counts 1\n in numeric variables, which is not a number.
+  The set $a has a counted value with a line end.
+  s.mrset: 1 finding.
+  [1]
+  $ damaged "UPDATE mr_set_variable SET name = 'q ' WHERE ordinal = 2"
+  Remark: The set $b has the variable q , which no longer exists.
+  The set $b has a variable with an invalid name: q .
   s.mrset: 1 finding.
   [1]
 
@@ -224,11 +261,73 @@ The history:
   s.mrset: 1 finding.
   [1]
 
-A set may have a variable that an import took away: that is worth a remark.
+  $ damaged "UPDATE history_set SET name = 'no name' WHERE history = 2; UPDATE history_set SET name = '1' WHERE history = 3"
+  Change 2 names a set no name, which is not a valid name.
+  Change 3 names a set 1, which is not a valid name.
+  s.mrset: 2 findings.
+  [1]
+  $ damaged "UPDATE history_set SET label = printf('%300s', 'x'), variables = '[\"q1\"]' WHERE history = 2"
+  Before change 2 the history has a set that cannot be: $b has a label of 300 bytes; the limit is 255.
+  Before change 2 the history has a set that cannot be: $b has only one variable.
+  s.mrset: 2 findings.
+  [1]
+
+Counters at their limits:
+
+  $ damaged 'UPDATE meta SET generation = 9007199254740991; UPDATE mr_set SET id = 9007199254740992, position = 9007199254740992 WHERE id = 3; UPDATE mr_set_variable SET set_id = 9007199254740992 WHERE set_id = 3; UPDATE history_set SET set_id = 9007199254740992 WHERE history = 3'
+  s.mrset is sound.
+  $ mrset run s.mrset -c 'MRSET /MCGROUP NAME=$c VARIABLES=q1 q2' && mrset sets --format csv s.mrset
+  1> MRSET /MCGROUP NAME=$c VARIABLES=q1 q2
+  Name,Type,Label,Counted value,Variables\r (esc)
+  $a,dichotomy,,1,"q1
+  q2"\r (esc)
+  $b,category,,,"q1
+  q2
+  q3"\r (esc)
+  $c,category,,,"q1
+  q2"\r (esc)
+  $ mrset check s.mrset
+  The counter of writes is at its limit: the dataset cannot be changed.
+  s.mrset: 1 finding.
+  [1]
+  $ mrset run s.mrset -c 'MRSET /DELETE NAME=ALL'
+  mrset: s.mrset cannot be changed: its counter of writes is at its limit.
+  [2]
+  $ printf 'q1\n1\n' > one.csv; mrset import --replace one.csv s.mrset
+  mrset: s.mrset cannot be changed: its counter of writes is at its limit.
+  [2]
+  $ mrset run s.mrset -c 'MRSET /DISPLAY NAME=[$a]'
+  1> MRSET /DISPLAY NAME=[$a]
+  
+  Multiple Response Sets
+  
+  Name  Label  Coded As     Counted Value  Data Type  Elementary Variables
+  ----  -----  -----------  -------------  ---------  --------------------
+  $a           Dichotomies  1              Numeric    Tea
+                                                      Coffee
+  $ damaged 'UPDATE history SET number = number + 9007199254740989; UPDATE history_set SET history = history + 9007199254740989'
+  The counter of changes is at its limit: the sets cannot be changed.
+  s.mrset: 1 finding.
+  [1]
+  $ mrset undo s.mrset
+  mrset: s.mrset cannot be changed: its counter of changes is at its limit.
+  [2]
+
+A set may have a variable that an import took away or changed: that is worth a remark.
 
   $ rm s.mrset; make > /dev/null; printf 'q1,q2\n1,2\n' > other.csv && mrset import --replace other.csv s.mrset
   s.mrset: 2 variables, 1 case
   $ mrset check s.mrset
+  Remark: The set $b has the variable q3, which no longer exists.
+  s.mrset is sound.
+  $ mrset run s.mrset -c 'MRSET /MDGROUP NAME=$a VARIABLES=q1 q2 VALUE=100'
+  1> MRSET /MDGROUP NAME=$a VARIABLES=q1 q2 VALUE=100
+  hint: no case has the counted value 100 of $a: q1 has 1
+  $ printf 'q1,q2\nx,1\n' > other.csv && mrset import --replace other.csv s.mrset && mrset check s.mrset
+  s.mrset: 2 variables, 1 case
+  Remark: The set $a counts 100, which is wider than the variable q1.
+  Remark: The set $a has both numeric and string variables.
+  Remark: The set $b has both numeric and string variables.
   Remark: The set $b has the variable q3, which no longer exists.
   s.mrset is sound.
 
@@ -239,7 +338,7 @@ The file itself:
   $ mrset check s.mrset > found; echo $?; grep -c 'The file is not sound' found; tail -1 found
   1
   1
-  s.mrset: 4 findings.
+  s.mrset: 3 findings.
 
 What is no dataset:
 

@@ -2,13 +2,16 @@
 #include <rapidcheck/gtest.h>
 
 #include <algorithm>
+#include <limits>
 #include <map>
 #include <random>
 
 #include "standalone/data/database.h"
 #include "standalone/data/dataset.h"
 #include "standalone/data/dataset_check.h"
+#include "standalone/data/limits.h"
 #include "standalone/data/positions.h"
+#include "standalone/data/set_rules.h"
 #include "standalone/data/undo.h"
 #include "tests/standalone/temporary_folder.h"
 
@@ -261,6 +264,27 @@ Sets Edited(Sets sets) {
   return sets;
 }
 
+/// The sets with all that no command makes replaced.
+Sets AsCommandsMake(Sets sets) {
+  for (StoredSet& set : sets) {
+    const bool isDichotomy = set.type == SetType::kDichotomy;
+    std::replace(set.label.begin(), set.label.end(), '\n', ' ');
+    set.countedValue = isDichotomy ? "1" : "";
+    set.categoryLabelsFromCountedValue = isDichotomy;
+    set.labelFromVariable = set.labelFromVariable && isDichotomy;
+    if (set.variables.size() != 2) {
+      set.variables = {"q3", "q1"};
+    }
+  }
+  return sets;
+}
+
+bool HasFaults(const std::vector<Sets>& versions) {
+  return std::any_of(versions.begin(), versions.end(), [](const Sets& sets) {
+    return std::any_of(sets.begin(), sets.end(), [](const StoredSet& set) { return !FaultsOf(set).empty(); });
+  });
+}
+
 class VersionsTest : public TemporaryFolderTest {};
 
 TEST_F(VersionsTest, EveryVersionIsTheSetsThatWereSaved) {
@@ -270,6 +294,7 @@ TEST_F(VersionsTest, EveryVersionIsTheSetsThatWereSaved) {
     Dataset dataset(kFile, Relaxed());
     std::vector<Sets> versions = {{}};
     const int steps = *rc::gen::inRange(1, 25);
+    const bool asCommandsMake = *rc::gen::arbitrary<bool>();
     for (int step = 0; step < steps; ++step) {
       if (*rc::gen::inRange(0, 4) == 0 && versions.size() > 1) {
         const auto target = *rc::gen::inRange<std::int64_t>(0, static_cast<std::int64_t>(versions.size()));
@@ -279,7 +304,7 @@ TEST_F(VersionsTest, EveryVersionIsTheSetsThatWereSaved) {
           versions.push_back(versions[static_cast<std::size_t>(target)]);
         }
       } else {
-        const Sets sets = Edited(versions.back());
+        const Sets sets = asCommandsMake ? AsCommandsMake(Edited(versions.back())) : Edited(versions.back());
         dataset.BeginCommand(*rc::gen::arbitrary<bool>());
         RC_ASSERT(dataset.SaveSets(sets, "edit") == Dataset::Saved::kDone);
         if (sets != versions.back()) {
@@ -294,7 +319,8 @@ TEST_F(VersionsTest, EveryVersionIsTheSetsThatWereSaved) {
     for (std::size_t version = 0; version < versions.size(); ++version) {
       RC_ASSERT(again.SetsOfVersion(static_cast<std::int64_t>(version)) == versions[version]);
     }
-    RC_ASSERT(FindingsOf(kFile).empty());
+    RC_ASSERT(FindingsOf(kFile).empty() == !HasFaults(versions));
+    RC_ASSERT(!asCommandsMake || !HasFaults(versions));
   });
   EXPECT_TRUE(holds);
 }
@@ -304,28 +330,36 @@ TEST(Positions, AscendAndKeepAsManyAsCanBe) {
   using After = std::vector<std::int64_t>;
   constexpr std::int64_t kStep = std::int64_t{1} << 20;
   const auto none = std::nullopt;
-  const std::vector<std::pair<Before, After>> rows = {{{}, {}},
-                                                      {{none, none}, {kStep - 1, 2 * kStep - 1}},
-                                                      {{0, 7, 9}, {0, 7, 9}},
-                                                      {{10, none, 20}, {10, 15, 20}},
-                                                      {{10, none, none, 40}, {10, 20, 30, 40}},
-                                                      {{10, none, 11, 12, 20}, {10, 11, 12, 16, 20}},
-                                                      {{40, 10, 20, 30}, {4, 10, 20, 30}},
-                                                      {{20, 30, 40, 10}, {20, 30, 40, 40 + kStep}},
-                                                      {{5, 5}, {2, 5}},
-                                                      {{none, 0}, {0, kStep}}};
+  const std::vector<std::pair<Before, After>> rows = {
+      {{}, {}},
+      {{none, none}, {kStep - 1, 2 * kStep - 1}},
+      {{0, 7, 9}, {0, 7, 9}},
+      {{10, none, 20}, {10, 15, 20}},
+      {{10, none, none, 40}, {10, 20, 30, 40}},
+      {{10, none, 11, 12, 20}, {10, 11, 12, 16, 20}},
+      {{40, 10, 20, 30}, {4, 10, 20, 30}},
+      {{20, 30, 40, 10}, {20, 30, 40, 40 + kStep}},
+      {{5, 5}, {2, 5}},
+      {{none, 0}, {0, kStep}},
+      {{kGreatestNumber}, {kGreatestNumber}},
+      {{none, kGreatestNumber}, {kStep - 1, kGreatestNumber}},
+      {{kGreatestNumber, none}, {kStep, 2 * kStep}},
+      {{kGreatestNumber - kStep, none}, {kGreatestNumber - kStep, kGreatestNumber}},
+      {{5, kGreatestNumber, kGreatestNumber - 1, none}, {kStep, 2 * kStep, 3 * kStep, 4 * kStep}}};
   for (const auto& [before, after] : rows) {
     EXPECT_EQ(PlanPositions(before), after) << ::testing::PrintToString(after);
   }
 }
 
 // A position of 0 stands for none.
-RC_GTEST_PROP(PositionsProperty, OfAnyListAscend, (const std::vector<std::uint8_t>& list)) {
+RC_GTEST_PROP(PositionsProperty, OfAnyListAscend, (const std::vector<std::uint8_t>& list, bool atLimit)) {
+  const std::int64_t shift = atLimit ? kGreatestNumber - std::numeric_limits<std::uint8_t>::max() : 0;
   std::vector<std::optional<std::int64_t>> before;
   for (const std::uint8_t position : list) {
-    before.push_back(position == 0 ? std::nullopt : std::make_optional<std::int64_t>(position));
+    before.push_back(position == 0 ? std::nullopt : std::make_optional<std::int64_t>(position + shift));
   }
   const std::vector<std::int64_t> planned = PlanPositions(before);
+  RC_ASSERT((planned.empty() || planned.back() <= kGreatestNumber));
   RC_ASSERT(planned.size() == list.size());
   RC_ASSERT(std::adjacent_find(planned.begin(), planned.end(), std::greater_equal<>()) == planned.end());
   RC_ASSERT(std::all_of(planned.begin(), planned.end(), [](std::int64_t position) { return position >= 0; }));

@@ -168,7 +168,7 @@ TEST_F(ImporterTest, BadInputIsOneSentenceAndLeavesNothing) {
       {"a\n1\n", R"({"name": "b", "type": "string"})", "codebook.json, field \"b\": survey.csv has no such column."},
       {"a\n1\nx\n", R"({"name": "a", "type": "number"})", "survey.csv, line 3, column a: \"x\" is not a number."},
       {"a,b\n1,\"x\n\"\n,nan\n", R"({"name": "b", "type": "number"})",
-       "survey.csv, line 2, column b: \"x\n\" is not a number."},
+       "survey.csv, line 2, column b: \"x\\n\" is not a number."},
       {"a\n1.5\n", R"({"name": "a", "type": "integer"})",
        "survey.csv, line 2, column a: \"1.5\" is not a whole number."},
       {"a\nyes\n", R"({"name": "a", "type": "boolean"})",

@@ -1,0 +1,186 @@
+A file whose pages are children again and again: a scan of all would never end. Each answer comes all the same.
+
+  $ . "$TESTDIR/setup.sh"
+  $ small sound.mrset; mrset run sound.mrset > /dev/null 2>&1 -c 'MRSET /MCGROUP NAME=$b VARIABLES=t1 t2 /MDGROUP NAME=$a VARIABLES=q1 q2 VALUE=1' -c 'MRSET /DELETE NAME=[$b]' -c 'MRSET /MCGROUP NAME=$b VARIABLES=q1 q2 q3'
+  $ printf 'q1,q2\n1,2\n' > other.csv
+  $ hostile() { cp sound.mrset s.mrset; "$TESTDIR/share_pages.py" s.mrset "$1"; }
+  $ answer() { name=$1; shift; cp s.mrset x.mrset; timeout 60 mrset "$@" > out 2>&1; echo "$name: $?"; grep '^mrset: ' out; true; }
+  $ answers() {
+  >   hostile "$1"; answer sets sets x.mrset; answer variables variables x.mrset; answer log log x.mrset
+  >   answer script script x.mrset; answer diff diff x.mrset sound.mrset; answer copy copy sound.mrset x.mrset
+  >   answer undo undo x.mrset; answer display run x.mrset -c 'MRSET /DISPLAY NAME=ALL'
+  >   answer define run x.mrset -c 'MRSET /MCGROUP NAME=$c VARIABLES=q1 q2'; answer replace import --replace other.csv x.mrset
+  >   answer check check x.mrset; grep -v '^The file is not sound\|^Tree' out
+  > }
+
+  $ answers meta
+  sets: 0
+  variables: 0
+  log: 0
+  script: 0
+  diff: 0
+  copy: 0
+  undo: 0
+  display: 0
+  define: 0
+  replace: 0
+  check: 1
+  The header cannot be read to the end.
+  x.mrset: 2 findings.
+
+  $ answers variable
+  sets: 0
+  variables: 0
+  log: 0
+  script: 0
+  diff: 0
+  copy: 0
+  undo: 0
+  display: 0
+  define: 0
+  replace: 2
+  mrset: x.mrset is damaged.
+  check: 1
+  The header cannot be read to the end.
+  The dictionary cannot be read to the end.
+  x.mrset: 3 findings.
+
+  $ answers sqlite_autoindex_variable_1
+  sets: 0
+  variables: 0
+  log: 0
+  script: 0
+  diff: 0
+  copy: 0
+  undo: 0
+  display: 0
+  define: 0
+  replace: 2
+  mrset: x.mrset is damaged.
+  check: 1
+  x.mrset: 1 finding.
+
+  $ answers value_label
+  sets: 0
+  variables: 0
+  log: 0
+  script: 0
+  diff: 0
+  copy: 0
+  undo: 0
+  display: 0
+  define: 0
+  replace: 2
+  mrset: x.mrset is damaged.
+  check: 1
+  The value labels cannot be read to the end.
+  x.mrset: 2 findings.
+
+  $ answers mr_set
+  sets: 2
+  mrset: x.mrset is damaged.
+  variables: 0
+  log: 0
+  script: 2
+  mrset: x.mrset is damaged.
+  diff: 2
+  mrset: x.mrset is damaged.
+  copy: 2
+  mrset: x.mrset is damaged.
+  undo: 2
+  mrset: x.mrset is damaged.
+  display: 2
+  mrset: x.mrset is damaged.
+  define: 2
+  mrset: x.mrset is damaged.
+  replace: 0
+  check: 1
+  The sets cannot be read to the end.
+  The history cannot be read to the end.
+  x.mrset: 3 findings.
+
+  $ answers sqlite_autoindex_mr_set_1
+  sets: 0
+  variables: 0
+  log: 0
+  script: 0
+  diff: 0
+  copy: 0
+  undo: 2
+  mrset: x.mrset is damaged.
+  display: 0
+  define: 0
+  replace: 0
+  check: 1
+  x.mrset: 1 finding.
+
+  $ answers mr_set_variable
+  sets: 2
+  mrset: x.mrset is damaged.
+  variables: 0
+  log: 0
+  script: 2
+  mrset: x.mrset is damaged.
+  diff: 2
+  mrset: x.mrset is damaged.
+  copy: 2
+  mrset: x.mrset is damaged.
+  undo: 2
+  mrset: x.mrset is damaged.
+  display: 2
+  mrset: x.mrset is damaged.
+  define: 2
+  mrset: x.mrset is damaged.
+  replace: 0
+  check: 1
+  The variables of the sets cannot be read to the end.
+  The history cannot be read to the end.
+  x.mrset: 3 findings.
+
+  $ answers cases
+  sets: 0
+  variables: 0
+  log: 0
+  script: 0
+  diff: 0
+  copy: 0
+  undo: 0
+  display: 0
+  define: 0
+  replace: 2
+  mrset: x.mrset is damaged.
+  check: 1
+  The header cannot be read to the end.
+  The cases cannot be read to the end.
+  x.mrset: 3 findings.
+
+  $ answers history
+  sets: 0
+  variables: 0
+  log: 2
+  mrset: x.mrset is damaged.
+  script: 0
+  diff: 0
+  copy: 0
+  undo: 0
+  display: 0
+  define: 0
+  replace: 0
+  check: 1
+  The history cannot be read to the end.
+  x.mrset: 2 findings.
+
+  $ answers history_set
+  sets: 0
+  variables: 0
+  log: 0
+  script: 0
+  diff: 0
+  copy: 0
+  undo: 0
+  display: 0
+  define: 0
+  replace: 0
+  check: 1
+  The history cannot be read to the end.
+  x.mrset: 2 findings.

@@ -69,6 +69,7 @@ class Program:
     def environment(self, folder: Path, state: Path, kill: Kill) -> dict[str, str]:
         return {
             **os.environ,
+            "MRSET_CRASH_TRACE": "",
             "LD_PRELOAD": self.shim,
             "MRSET_CRASH_FOLDER": str(folder.resolve()),
             "MRSET_CRASH_STATE": str(state),
@@ -77,6 +78,17 @@ class Program:
             "MRSET_CRASH_KILL": kill.kind,
             "MRSET_CRASH_SEED": str(kill.seed),
         }
+
+    def operations(self, folder: Path, arguments: list[str]) -> list[str]:
+        """What a run without a kill does to files; that of number N has the index N - 1."""
+        state = folder.parent / (folder.name + ".state")
+        trace = folder.parent / (folder.name + ".trace")
+        trace.unlink(missing_ok=True)
+        state.write_bytes(b"\0" * STATE_SIZE)
+        environment = {**self.environment(folder, state, Kill()), "MRSET_CRASH_TRACE": str(trace)}
+        subprocess.run([self.program, *arguments], cwd=folder, capture_output=True, env=environment, timeout=60)
+        lines = [line.split(" ", 2) for line in trace.read_text().splitlines()]
+        return [what for _, _, what in sorted(lines, key=lambda line: int(line[0]))]
 
     def run_killed(self, folder: Path, arguments: list[str], kill: Kill) -> Outcome:
         state = folder.parent / (folder.name + ".state")

@@ -6,6 +6,7 @@ from typing import Callable, Optional
 DATASET = "s.mrset"
 SURVEY = "survey.csv"
 WAVE_2 = "wave2.csv"
+OTHER = "other.mrset"  # a second dataset, of the scenarios that need one
 SCRIPT = "commands.script"
 OUTPUT = "results.json"
 
@@ -28,6 +29,7 @@ def many_sets() -> str:
 
 
 IMPORT = ["import", SURVEY, DATASET]
+IMPORT_OTHER = ["import", SURVEY, OTHER]
 
 # A dataset as the first version of the format had it.
 AS_VERSION_1 = "DROP TABLE history; DROP TABLE history_set; PRAGMA user_version = 1;"
@@ -45,6 +47,8 @@ class Scenario:
     prepare_sql: Optional[str] = None  # then done to the dataset by hand
     script: Optional[list[str]] = None  # the commands of arguments that hold SCRIPT
     outputs: tuple[str, ...] = ()  # files that are complete or as before
+    order_alone: bool = False  # what it saves is the order of the sets, which need not be kept
+    least_faults: int = 0  # faults that its calls can meet
     set_aside: Optional[str] = None  # pattern of copies of the dataset before the run, complete or absent
 
 
@@ -52,8 +56,8 @@ def script(name: str, least: int, commands: list[str], **others) -> Scenario:
     return Scenario(name, least, ["run", DATASET, SCRIPT, "--format", "json"], script=commands, **others)
 
 
-def run(command: str) -> list[str]:
-    return ["run", DATASET, "-c", command]
+def run(command: str, dataset: str = DATASET) -> list[str]:
+    return ["run", dataset, "-c", command]
 
 
 SCENARIOS = [
@@ -64,7 +68,13 @@ SCENARIOS = [
     script("redefine", 20, [DEFINE.format(name="again")], prepare=[IMPORT, run(define("other", "again"))]),
     script("delete", 20, ["MRSET /DELETE NAME=[$gone]."], prepare=[IMPORT, run(define("gone", "stays"))]),
     script("delete all", 20, ["MRSET /DELETE NAME=ALL."], prepare=[IMPORT, run(many_sets())]),
-    script("display that sorts", 15, ["MRSET /DISPLAY NAME=ALL."], prepare=[IMPORT, run(define("z", "y", "x"))]),
+    script(
+        "display that sorts",
+        15,
+        ["MRSET /DISPLAY NAME=ALL."],
+        prepare=[IMPORT, run(define("z", "y", "x"))],
+        order_alone=True,
+    ),
     script(
         "script",
         70,
@@ -76,6 +86,12 @@ SCENARIOS = [
         ["run", DATASET, SCRIPT, "--format", "json", "--output", OUTPUT],
         script=[define("one"), "MRSET /DISPLAY NAME=ALL."],
         outputs=(OUTPUT,),
+    ),
+    Scenario(
+        "copy",
+        20,
+        ["copy", OTHER, DATASET],
+        prepare=[IMPORT, run(define("kept")), IMPORT_OTHER, run(define("copied", "too"), OTHER)],
     ),
     Scenario("undo", 20, ["undo", DATASET], prepare=[IMPORT, run(define("kept")), run(define("undone"))]),
     script(
@@ -94,4 +110,16 @@ SCENARIOS = [
         prepare_sql=AS_VERSION_1,
         set_aside=COPIES_OF_VERSION_1,
     ),
+]
+
+# Runs that only read. No operation on a file changes anything, so that there is nothing to kill them at.
+WITH_SETS = [IMPORT, run(define("one", "two")), run(DEFINE.format(name="three"))]
+READERS = [
+    Scenario("sets", 0, ["sets", DATASET], prepare=WITH_SETS),
+    Scenario("variables", 0, ["variables", DATASET, "--format", "json"], prepare=WITH_SETS),
+    Scenario("log", 0, ["log", DATASET], prepare=WITH_SETS),
+    Scenario("check", 0, ["check", DATASET], prepare=WITH_SETS),
+    Scenario("script of sets", 0, ["script", DATASET], prepare=WITH_SETS),
+    Scenario("diff", 0, ["diff", OTHER, DATASET], prepare=[*WITH_SETS, IMPORT_OTHER, ["copy", DATASET, OTHER]]),
+    script("display", 0, ["MRSET /DISPLAY NAME=ALL."], prepare=[IMPORT, run(define("one"))]),
 ]

@@ -21,7 +21,7 @@ from fnmatch import fnmatch
 from pathlib import Path
 
 from program import KINDS, Failure, Kill, Program, copy, dump, scratch_folder
-from scenarios import DATASET, FILES, OTHER, SCENARIOS, SCRIPT, Scenario, define
+from scenarios import DATASET, FILES, OTHER, SCENARIOS, SCRIPT, TEMPORARY_LEFT, Scenario, define
 
 MOST_OPERATIONS = 2000  # a sweep that comes here does not end
 NEXT = ["run", DATASET, "-c", define("next")]
@@ -35,8 +35,9 @@ COMMIT = re.compile(rf"delete {re.escape(DATASET)}-journal|(rename \S+ to|link) 
 class Trial:
     """One scenario: the states that it may leave, found without a kill, and the check of a kill."""
 
-    def __init__(self, program: Program, scenario: Scenario, place: Path):
+    def __init__(self, program: Program, scenario: Scenario, place: Path, leftovers: bool = False):
         self.program = program
+        self.leftovers = TEMPORARY_LEFT if leftovers else {}
         self.scenario = scenario
         self.place = place
         self.ready = self.prepare()
@@ -55,6 +56,8 @@ class Trial:
             self.program.must(folder, arguments)
         if self.scenario.prepare_sql:
             apply_sql(folder / DATASET, self.scenario.prepare_sql)
+        for name, data in self.leftovers.items():
+            (folder / name).write_bytes(data)
         return folder
 
     @staticmethod
@@ -199,6 +202,10 @@ def apply_sql(dataset: Path, sql: str) -> None:
     connection.close()
 
 
+def trial_of(options, scenario: Scenario, place: Path) -> Trial:
+    return Trial(Program(options.program, options.shim), scenario, place, options.leftovers)
+
+
 class PointsOfNoReturn:
     """The operations before which an effect does not stand and after which it does."""
 
@@ -233,7 +240,7 @@ class Sweep:
 
     def run(self) -> None:
         with scratch_folder() as place:
-            trial = Trial(Program(self.options.program, self.options.shim), self.scenario, Path(place).resolve())
+            trial = trial_of(self.options, self.scenario, Path(place).resolve())
             self.points = trial.points_of_no_return()
             at = 1
             while self.sweep_operation(trial, at):
@@ -290,7 +297,7 @@ class Sweep:
         return (
             f"python3 tests/crash/crash_test.py --program {self.options.program} --shim {self.options.shim}"
             f" --kill {self.kind} --scenario '{self.scenario.name}' --at {kill.at} --moment {kill.moment}"
-            f" --seed {kill.seed}"
+            f" --seed {kill.seed}{' --leftovers' if self.options.leftovers else ''}"
         )
 
     def summary(self) -> str:
@@ -307,7 +314,7 @@ class SweepAfterEnd(Sweep):
 
     def run(self) -> None:
         with scratch_folder() as place:
-            trial = Trial(Program(self.options.program, self.options.shim), self.scenario, Path(place).resolve())
+            trial = trial_of(self.options, self.scenario, Path(place).resolve())
             for seed in range(0, 100 if self.options.long else SEEDS_AT_END, self.options.every):
                 self.lose_power(trial, Kill(0, END, "power", seed))
 
@@ -326,7 +333,7 @@ class SweepAfterEnd(Sweep):
 def repeat_one(options) -> int:
     scenario = next(scenario for scenario in SCENARIOS if scenario.name == options.scenario)
     place = Path("crash-repeated").resolve()
-    trial = Trial(Program(options.program, options.shim), scenario, place)
+    trial = trial_of(options, scenario, place)
     is_end = options.kill == END
     outcome = trial.kill(
         Kill(0, END, "power", options.seed) if is_end else Kill(options.at, options.moment, options.kill, options.seed)
@@ -366,6 +373,7 @@ def main() -> int:
     parser.add_argument("--at", type=int)
     parser.add_argument("--moment", choices=("before", "middle", "after", END), default="before")
     parser.add_argument("--seed", type=int, default=0)
+    parser.add_argument("--leftovers", action="store_true", help="beside temporary files of programs that ended")
     parser.add_argument("--every", type=int, default=1, metavar="K", help="only at each Kth operation")
     parser.add_argument("--long", action="store_true", help="all moments and 20 seeds where power is lost")
     options = parser.parse_args()

@@ -16,6 +16,14 @@ FILES = {
     OUTPUT: "what stood there before\n",
 }
 
+# As killed programs leave it, of an earlier state of the dataset or anything else.
+TEMPORARY_LEFT = {
+    ".mrset-0000abcd.tmp": b"SQLite format 3\0 cut off",
+    ".mrset-0000abcd.tmp-journal": b"\xd9\xd5\x05\xf9\x20\xa1\x63\xd7" + b"\0\0\0\x01" * 4000,
+    ".mrset-12345678.tmp": b"",
+    ".mrset-deadbeef.tmp-journal": b"of a file that is gone",
+}
+
 DEFINE = "MRSET /MDGROUP NAME=${name} LABEL='{name}' VARIABLES=q1 TO q3 VALUE=1."
 
 

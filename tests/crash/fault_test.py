@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Lets each call to the system fail that the program makes, and looks at what it says and leaves.
 
-  fault_test.py --program MRSET --shim LIBRARY [--every K] [--memory BYTES] [--long]
+  fault_test.py --program MRSET --shim LIBRARY [--every K] [--memory BYTES] [--only KIND] [--long]
   fault_test.py --program MRSET --shim LIBRARY --scenario NAME --process P --at N --error EIO [--stays]
 
 The second form repeats one fault, shows it, and keeps the folder it left. docs/durability.md says what is held.
@@ -21,7 +21,7 @@ from pathlib import Path
 from crash_test import NEXT, Trial
 from faults import HALF, Call, Fault, FaultyProgram, FaultyRun
 from program import Failure, Program, copy, dump, scratch_folder
-from scenarios import DATASET, FILES, READERS, SCENARIOS, Scenario
+from scenarios import DATASET, FILES, LEAST_FAULTS, READERS, SCENARIOS, Scenario
 
 PARTS = 4  # of each scenario, for as many processors
 TEMPORARY = ".mrset-*.tmp*"
@@ -38,7 +38,7 @@ DONE = re.compile(r"\bsaved\b|\bis done\b|\bdone;|all the same|could not be sync
 NOT_DONE = re.compile(r"\b(not|nothing|nor|none|never)( \w+){0,2} saved\b|\bcannot be saved\b")
 NOT_KNOWN = re.compile(r'not known|"saved": ?"unknown"')
 SENTENCE = re.compile(r"mrset: \S.*[.?!]")
-ADVICE = re.compile(r"Did you mean .*\?|To \w+ it .*:|  mrset .*")
+ADVICE = re.compile(r"Did you mean .*\?|To (make|create) .*:|  mrset .*")
 SUMMARY = re.compile(rf"{re.escape(DATASET)}: \d+ variables?, \d+ cases?")
 RAW = re.compile(
     r"std::|basic_|iostream|ios_base|filesystem error|terminate called|what\(\)|sqlite|SQLITE|memfd|pipe2?:|socketpair"
@@ -54,6 +54,7 @@ class Tally:
 
     injected: Counter = field(default_factory=Counter)  # by kind and error
     of_scenario: Counter = field(default_factory=Counter)
+    possible: dict[str, int] = field(default_factory=dict)  # faults of each scenario, those left out included
     kinds: dict[str, set[str]] = field(default_factory=dict)
     found: Counter = field(default_factory=Counter)
     unmet: int = 0
@@ -65,6 +66,7 @@ class Tally:
         self.found += other.found
         self.unmet += other.unmet
         self.failures += other.failures
+        self.possible.update(other.possible)
         for name, kinds in other.kinds.items():
             self.kinds.setdefault(name, set()).update(kinds)
 
@@ -93,7 +95,7 @@ class FaultTrial(Trial):
         """The state that the fault left; raises Failure where that, or what was said of it, must not be."""
         self.check_status(fault, run)
         check_words(run)
-        leftovers = self.leftovers()
+        leftovers = self.left_behind()
         found = self.state((), False) if same_files(self.ready, self.folder) else dump(self.folder / DATASET)
         allowed = self.allowed_after(run)
         same = [steps for steps in allowed if self.state(steps, False) == found]
@@ -157,7 +159,7 @@ class FaultTrial(Trial):
             if run.status != self.success.status and text == whole and not DONE.search(run.errors):
                 raise Failure(f"{name} is there, which was told as a failure: {run.errors!r}")
 
-    def leftovers(self) -> list[str]:
+    def left_behind(self) -> list[str]:
         expected = {path.name for path in self.whole.iterdir()} | {path.name for path in self.ready.iterdir()}
         left = sorted({path.name for path in self.folder.iterdir()} - expected - set(self.copies()))
         journal = DATASET + "-journal"
@@ -200,6 +202,18 @@ def faults_at(call: Call) -> list[Fault]:
     ]
 
 
+def some_of(faults: list[tuple[Call, Fault]], every: int) -> list[Fault]:
+    """Each Kth of those of one kind, by one error; so that of a kind that is rare, one is always taken."""
+    seen = Counter()
+    chosen = []
+    for call, fault in faults:
+        kind = (call.kind, fault.process, fault.error, fault.stays)
+        if seen[kind] % every == 0:
+            chosen.append(fault)
+        seen[kind] += 1
+    return chosen
+
+
 def kinds_needed(scenario: Scenario) -> set[str]:
     verb = scenario.arguments[0]
     needed = READS | (RUNS if verb == "run" else set())
@@ -232,10 +246,10 @@ def run_part(options, name: str, part: int) -> Tally:
     tally = Tally()
     with scratch_folder() as place:
         trial = trial_of(options, name, Path(place).resolve())
-        calls = trial.calls()
-        tally.kinds[name] = {call.kind for call in calls}
-        faults = [fault for call in calls for fault in faults_at(call)]
-        for fault in faults[:: options.every][part::PARTS]:
+        calls = [call for call in trial.calls() if options.only in (None, call.kind)]
+        faults = [(call, fault) for call in calls for fault in faults_at(call)]
+        tally.possible[name] = len(faults)
+        for fault in some_of(faults, options.every)[part::PARTS]:
             take(options, trial, fault, tally)
     return tally
 
@@ -249,9 +263,11 @@ def take(options, trial: FaultTrial, fault: Fault, tally: Tally) -> None:
     run = trial.inject(fault)
     if not run.met:
         tally.unmet += 1
+        print(f"not met: {repeat(options, trial.scenario.name, fault)}", flush=True)
         return
     tally.injected[f"{run.met.split()[0]} {fault.error}{' from then on' if fault.stays else ''}"] += 1
     tally.of_scenario[trial.scenario.name] += 1
+    tally.kinds.setdefault(trial.scenario.name, set()).add(run.met.split()[0])
     try:
         tally.found[trial.check_run(fault, run)] += 1
     except (Failure, OSError, ValueError) as failure:
@@ -262,12 +278,15 @@ def take(options, trial: FaultTrial, fault: Fault, tally: Tally) -> None:
 def missing(options, tally: Tally) -> list[str]:
     """By how much the suite has shrunk."""
     found = []
-    for name, kinds in tally.kinds.items():
+    for name, possible in tally.possible.items():
         scenario = scenario_named(name)
-        if lost := kinds_needed(scenario) - kinds:
+        needed = {options.only} if options.only else kinds_needed(scenario)
+        if lost := needed - tally.kinds.get(name, set()):
             found.append(f"FAILED {name}: no call of the kind {sorted(lost)} was met")
-        if tally.of_scenario[name] * options.every < scenario.least_faults:
-            found.append(f"FAILED {name}: only {tally.of_scenario[name]} faults, at least {scenario.least_faults}")
+        least = 0 if options.only else LEAST_FAULTS[name]
+        if possible < least or tally.of_scenario[name] * options.every * 2 < possible:
+            of_all = f"{tally.of_scenario[name]} faults of {possible}"
+            found.append(f"FAILED {name}: only {of_all}; there are at least {least}")
     faults = sum(tally.injected.values())
     if tally.unmet * 50 > faults:
         found.append(f"FAILED {tally.unmet} of {faults} faults were not met")
@@ -288,7 +307,7 @@ def run_suite(options) -> int:
     tally.failures += (lost := missing(options, tally))
     print(*lost, sep="\n")
     for name in names:
-        print(f"{name:20} {tally.of_scenario[name]:6} faults")
+        print(f"{name:20} {tally.of_scenario[name]:6} faults of {tally.possible.get(name, 0)}")
     for kind, count in sorted(tally.injected.items()):
         print(f"{kind:32} {count:6}")
     print(
@@ -321,8 +340,9 @@ def main() -> int:
     parser.add_argument("--error", default="EIO")
     parser.add_argument("--stays", action="store_true", help="fails from then on")
     parser.add_argument("--memory", type=int, default=0, metavar="BYTES", help="let allocations of this size fail, too")
+    parser.add_argument("--only", metavar="KIND", help="only faults of calls of this kind")
     parser.add_argument("--every", type=int, default=1, metavar="K", help="only each Kth fault")
-    parser.add_argument("--long", action="store_true", help="the next command after each fault, and all allocations")
+    parser.add_argument("--long", action="store_true", help="the next command after each fault")
     options = parser.parse_args()
     return repeat_one(options) if options.at else run_suite(options)
 

@@ -56,7 +56,6 @@ class Scenario:
     script: Optional[list[str]] = None  # the commands of arguments that hold SCRIPT
     outputs: tuple[str, ...] = ()  # files that are complete or as before
     order_alone: bool = False  # what it saves is the order of the sets, which need not be kept
-    least_faults: int = 0  # faults that its calls can meet
     set_aside: Optional[str] = None  # pattern of copies of the dataset before the run, complete or absent
 
 
@@ -131,3 +130,28 @@ READERS = [
     Scenario("diff", 0, ["diff", OTHER, DATASET], prepare=[*WITH_SETS, IMPORT_OTHER, ["copy", DATASET, OTHER]]),
     script("display", 0, ["MRSET /DISPLAY NAME=ALL."], prepare=[IMPORT, run(define("one"))]),
 ]
+
+# Of each, so that a suite that has shrunk fails: how many faults its calls can meet.
+LEAST_FAULTS = {
+    "import": 240,
+    "replace": 670,
+    "define into empty": 420,
+    "define among many": 420,
+    "redefine": 420,
+    "delete": 410,
+    "delete all": 410,
+    "display that sorts": 380,
+    "script": 1010,
+    "output": 530,
+    "copy": 470,
+    "undo": 330,
+    "migrate": 900,
+    "migrate and replace": 970,
+    "sets": 100,
+    "variables": 100,
+    "log": 150,
+    "check": 130,
+    "script of sets": 120,
+    "diff": 210,
+    "display": 200,
+}

@@ -250,7 +250,9 @@ class Sweep:
             self.operations = at - 1
         if self.operations + self.options.every - 1 < self.scenario.least:
             raise Failure(f"{self.scenario.name}: only {self.operations} operations, at least {self.scenario.least}")
-        if self.options.every == 1 and not (self.found["before"] and self.found["after"]):
+        # The commands that come after the one whose process was killed are run all the same.
+        others = ("before", "between") if self.kind == "process" else ("before",)
+        if self.options.every == 1 and not (any(self.found[name] for name in others) and self.found["after"]):
             raise Failure(f"{self.scenario.name}: no kill left the state before, or none the state after")
 
     def sweep_operation(self, trial: Trial, at: int) -> bool:

@@ -154,7 +154,7 @@ def main() -> int:
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--program", required=True)
     parser.add_argument("--shim", required=True, help="not used here")
-    parser.add_argument("--rounds", type=int, default=40, help="of two programs, and as many of three")
+    parser.add_argument("--rounds", type=int, default=10, help="of two programs, and as many of three")
     parser.add_argument("--long", action="store_true", help="ten times as many rounds")
     options = parser.parse_args()
     began = time.monotonic()

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """What killed programs and deleted datasets left beside a dataset's name does no harm.
 
-  leftovers_test.py --program MRSET --shim LIBRARY [--long]
+  leftovers_test.py --program MRSET --shim LIBRARY [--case NAME]
 
 SQLite takes a journal or log that has the dataset's name for that of the dataset: one of another dataset, which is
 gone, would destroy what is made in its place. So nothing is made there until the leftover is moved away by hand.
@@ -149,7 +149,6 @@ def main() -> int:
     parser.add_argument("--program", required=True)
     parser.add_argument("--shim", required=True)
     parser.add_argument("--case", help="only the case of this name")
-    parser.add_argument("--long", action="store_true", help="no difference here")
     options = parser.parse_args()
     failures = count = 0
     for name, check in cases(Program(options.program, options.shim)):

@@ -21,7 +21,7 @@ from pathlib import Path
 from crash_test import NEXT, Trial
 from faults import HALF, Call, Fault, FaultyProgram, FaultyRun
 from program import Failure, Program, copy, dump, scratch_folder
-from scenarios import DATASET, FILES, LEAST_FAULTS, READERS, SCENARIOS, Scenario
+from scenarios import DATASET, FILES, LEAST_FAULTS, READERS, SCENARIOS, SHELL, Scenario
 
 PARTS = 4  # of each scenario, for as many processors
 TEMPORARY = ".mrset-*.tmp*"
@@ -34,6 +34,8 @@ RUNS = {"memfd", "pipe", "fork", "dup", "stream", "truncate"}
 MAKES = {"list", "rename-with-flags"}
 REPLACES = {"list", "rename"}
 
+RESULT = re.compile(r"\{.*\}")
+RESULT_IN_SHELL = re.compile(r"\d+> .*")
 DONE = re.compile(r"\bsaved\b|\bis done\b|\bdone;|all the same|could not be synchroni[sz]ed")
 NOT_DONE = re.compile(r"\b(not|nothing|nor|none|never)( \w+){0,2} saved\b|\bcannot be saved\b")
 NOT_KNOWN = re.compile(r'not known|"saved": ?"unknown"')
@@ -140,7 +142,9 @@ class FaultTrial(Trial):
     def answered(self, run: FaultyRun) -> int:
         if not self.scenario.script or self.scenario.outputs:
             return 0
-        return sum(line.endswith("}") for line in run.output.split("\n")[:-1])
+        whole_lines = run.output.split("\n")[:-1]
+        is_result = RESULT_IN_SHELL if self.scenario == SHELL else RESULT
+        return sum(bool(is_result.fullmatch(line)) for line in whole_lines)
 
     def describe_wrong_state(self, found, allowed, run: FaultyRun) -> str:
         known = [done for done in range(self.steps() + 1) if self.state(tuple(range(done)), False) == found]
@@ -216,7 +220,7 @@ def some_of(faults: list[tuple[Call, Fault]], every: int) -> list[Fault]:
 
 def kinds_needed(scenario: Scenario) -> set[str]:
     verb = scenario.arguments[0]
-    needed = READS | (RUNS if verb == "run" else set())
+    needed = READS | (RUNS if verb in ("run", "shell") else set()) | ({"socketpair"} if verb == "shell" else set())
     if scenario in READERS:
         return needed
     if verb == "import" and not scenario.prepare:
@@ -225,7 +229,7 @@ def kinds_needed(scenario: Scenario) -> set[str]:
 
 
 def all_scenarios() -> list[Scenario]:
-    return SCENARIOS + READERS
+    return [*SCENARIOS, SHELL, *READERS]
 
 
 def scenario_named(name: str) -> Scenario:

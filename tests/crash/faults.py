@@ -7,7 +7,7 @@ import subprocess
 from dataclasses import dataclass
 from pathlib import Path
 
-from program import STATE_SIZE
+from program import STATE_SIZE, standard_input
 
 LAYOUT = "<iii4x64x256s"
 TIMEOUT = 20  # seconds; no fault makes a run wait so long
@@ -84,11 +84,15 @@ class FaultyProgram:
             "MRSET_FAULT_MEMORY": str(self.memory),
             **plan,
         }
-        with open(beside["output"], "wb") as output, open(beside["errors"], "wb") as errors:
+        with (
+            open(standard_input(folder, arguments), "rb") as commands,
+            open(beside["output"], "wb") as output,
+            open(beside["errors"], "wb") as errors,
+        ):
             process = subprocess.Popen(
                 [self.program, *arguments],
                 cwd=folder,
-                stdin=subprocess.DEVNULL,
+                stdin=commands,
                 stdout=output,
                 stderr=errors,
                 env=environment,

@@ -10,6 +10,8 @@ import tempfile
 from dataclasses import dataclass
 from pathlib import Path
 
+from scenarios import SCRIPT
+
 STATE_SIZE = 4096
 STATE_LAYOUT = "<qii8q256s"
 KINDS = ("create", "write", "sync", "truncate", "delete", "rename")
@@ -50,15 +52,26 @@ class Outcome:
     met: str  # the operation that the kill met
 
 
+def standard_input(folder: Path, arguments: list[str]) -> Path:
+    return folder / SCRIPT if arguments[0] == "shell" else Path(os.devnull)
+
+
 class Program:
     def __init__(self, program: str, shim: str):
         self.program = os.path.abspath(program)
         self.shim = os.path.abspath(shim)
 
     def run(self, folder: Path, arguments: list[str]) -> subprocess.CompletedProcess:
-        return subprocess.run(
-            [self.program, *arguments], cwd=folder, capture_output=True, text=True, errors="replace", timeout=60
-        )
+        with open(standard_input(folder, arguments), "rb") as commands:
+            return subprocess.run(
+                [self.program, *arguments],
+                cwd=folder,
+                stdin=commands,
+                capture_output=True,
+                text=True,
+                errors="replace",
+                timeout=60,
+            )
 
     def must(self, folder: Path, arguments: list[str]) -> str:
         done = self.run(folder, arguments)

@@ -131,6 +131,9 @@ READERS = [
     script("display", 0, ["MRSET /DISPLAY NAME=ALL."], prepare=[IMPORT, run(define("one"))]),
 ]
 
+# Commands that come one by one, from standard input: those of SCRIPT.
+SHELL = Scenario("shell", 30, ["shell", DATASET], script=[define("first")])
+
 # Of each, so that a suite that has shrunk fails: how many faults its calls can meet.
 LEAST_FAULTS = {
     "import": 240,
@@ -147,6 +150,7 @@ LEAST_FAULTS = {
     "undo": 330,
     "migrate": 900,
     "migrate and replace": 970,
+    "shell": 420,
     "sets": 100,
     "variables": 100,
     "log": 150,

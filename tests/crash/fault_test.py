@@ -18,10 +18,10 @@ from dataclasses import dataclass, field
 from fnmatch import fnmatch
 from pathlib import Path
 
-from crash_test import NEXT, Trial
+from crash_test import Trial
 from faults import HALF, Call, Fault, FaultyProgram, FaultyRun
 from program import Failure, Program, copy, dump, scratch_folder
-from scenarios import DATASET, FILES, LEAST_FAULTS, READERS, SCENARIOS, SHELL, Scenario
+from scenarios import DATASET, FILES, LEAST_FAULTS, READERS, SCENARIOS, SHELL, WITHOUT_FLAGS, Scenario
 
 PARTS = 4  # of each scenario, for as many processors
 TEMPORARY = ".mrset-*.tmp*"
@@ -31,7 +31,6 @@ UNUSABLE = 2  # exit status: a failure, told in a sentence
 READS = {"open", "read", "lock", "status", "close"}
 SAVES = {"write", "sync", "delete", "mode"}
 RUNS = {"memfd", "pipe", "fork", "dup", "stream", "truncate"}
-MAKES = {"list", "rename-with-flags"}
 REPLACES = {"list", "rename"}
 
 RESULT = re.compile(r"\{.*\}")
@@ -76,13 +75,13 @@ class Tally:
 class FaultTrial(Trial):
     """One scenario: a run with each fault, and the check of it."""
 
-    def __init__(self, program: Program, faulty: FaultyProgram, scenario: Scenario, place: Path, thorough: bool = False):
-        super().__init__(program, scenario, place)
-        self.faulty = faulty
+    def __init__(self, options, scenario: Scenario, place: Path, thorough: bool):
+        super().__init__(Program(options.program, options.shim), scenario, place)
+        self.faulty = FaultyProgram(options.program, options.shim, options.memory, scenario.without_flags)
         self.thorough = thorough
         self.sound = set()
         plain = copy(self.ready, place / "plain")
-        self.success = faulty.start(plain, scenario.arguments, {})
+        self.success = self.faulty.start(plain, scenario.arguments, {})
         if self.success.status != 0:
             raise Failure(f"{scenario.name}: without a fault, exit status {self.success.status}: {self.success}")
 
@@ -224,12 +223,13 @@ def kinds_needed(scenario: Scenario) -> set[str]:
     if scenario in READERS:
         return needed
     if verb == "import" and not scenario.prepare:
-        return needed | {"write", "sync"} | MAKES
+        put_in_place = {"link", "delete"} if scenario.without_flags else {"rename-with-flags"}
+        return needed | {"write", "sync", "list"} | put_in_place
     return needed | SAVES | (REPLACES if scenario.outputs else set())
 
 
 def all_scenarios() -> list[Scenario]:
-    return [*SCENARIOS, SHELL, *READERS]
+    return [*SCENARIOS, SHELL, WITHOUT_FLAGS, *READERS]
 
 
 def scenario_named(name: str) -> Scenario:
@@ -259,8 +259,7 @@ def run_part(options, name: str, part: int) -> Tally:
 
 
 def trial_of(options, name: str, place: Path) -> FaultTrial:
-    faulty = FaultyProgram(options.program, options.shim, options.memory)
-    return FaultTrial(Program(options.program, options.shim), faulty, scenario_named(name), place, options.long)
+    return FaultTrial(options, scenario_named(name), place, options.long)
 
 
 def take(options, trial: FaultTrial, fault: Fault, tally: Tally) -> None:
@@ -276,7 +275,8 @@ def take(options, trial: FaultTrial, fault: Fault, tally: Tally) -> None:
         tally.found[trial.check_run(fault, run)] += 1
     except (Failure, OSError, ValueError) as failure:
         name = trial.scenario.name
-        tally.failures.append(f"FAILED {name}, {run.met}, {fault.error}: {failure}\n  {repeat(options, name, fault)}")
+        how = f"{fault.error}{' from then on' if fault.stays else ''}"
+        tally.failures.append(f"FAILED {name}, {run.met}, {how}: {failure}\n  {repeat(options, name, fault)}")
 
 
 def missing(options, tally: Tally) -> list[str]:

@@ -47,12 +47,13 @@ class FaultyRun:
 
 class FaultyProgram:
     """The program under the shim that makes calls fail. `memory`: allocations of at least so many bytes can fail, too;
-    0: none."""
+    0: none. `without_flags`: as on a file system that cannot rename with flags."""
 
-    def __init__(self, program: str, shim: str, memory: int = 0):
+    def __init__(self, program: str, shim: str, memory: int = 0, without_flags: bool = False):
         self.program = os.path.abspath(program)
         self.shim = os.path.abspath(shim)
         self.memory = memory
+        self.without_flags = without_flags
 
     def calls(self, folder: Path, arguments: list[str]) -> list[Call]:
         trace = folder.parent / (folder.name + ".trace")
@@ -82,6 +83,7 @@ class FaultyProgram:
             "MRSET_FAULT_FOLDER": str(folder.resolve()),
             "MRSET_FAULT_STATE": str(beside["state"]),
             "MRSET_FAULT_MEMORY": str(self.memory),
+            "MRSET_FAULT_WITHOUT_FLAGS": "1" if self.without_flags else "0",
             **plan,
         }
         with (

@@ -56,6 +56,7 @@ class Scenario:
     script: Optional[list[str]] = None  # the commands of arguments that hold SCRIPT
     outputs: tuple[str, ...] = ()  # files that are complete or as before
     order_alone: bool = False  # what it saves is the order of the sets, which need not be kept
+    without_flags: bool = False  # on a file system that cannot rename without replacing, so that links must do
     set_aside: Optional[str] = None  # pattern of copies of the dataset before the run, complete or absent
 
 
@@ -134,6 +135,8 @@ READERS = [
 # Commands that come one by one, from standard input: those of SCRIPT.
 SHELL = Scenario("shell", 30, ["shell", DATASET], script=[define("first")])
 
+WITHOUT_FLAGS = Scenario("import by links", 24, IMPORT, prepare=[], without_flags=True)
+
 # Of each, so that a suite that has shrunk fails: how many faults its calls can meet.
 LEAST_FAULTS = {
     "import": 240,
@@ -151,6 +154,7 @@ LEAST_FAULTS = {
     "migrate": 900,
     "migrate and replace": 970,
     "shell": 420,
+    "import by links": 240,
     "sets": 100,
     "variables": 100,
     "log": 150,

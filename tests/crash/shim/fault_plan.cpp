@@ -137,7 +137,8 @@ FaultPlan::FaultPlan()
       fAt(std::atol(Environment("MRSET_FAULT_AT"))),
       fError(ErrorNamed(Environment("MRSET_FAULT_ERROR"))),
       fStays(*Environment("MRSET_FAULT_STAYS") == '1'),
-      fMemory(static_cast<std::size_t>(std::atol(Environment("MRSET_FAULT_MEMORY")))) {
+      fMemory(static_cast<std::size_t>(std::atol(Environment("MRSET_FAULT_MEMORY")))),
+      fWithoutFlags(*Environment("MRSET_FAULT_WITHOUT_FLAGS") == '1') {
   static_assert(sizeof(State) <= kStateSize);
   if (const char* path = Environment("MRSET_FAULT_STATE"); *path != '\0') {
     fState = static_cast<State*>(Map(path));
@@ -178,8 +179,8 @@ int FaultPlan::CountMemory() {
 int FaultPlan::Meet(bool canFailSo, Place place, const char* kind, const std::string& name) {
   const std::int64_t number = ++fState->calls[fProcess];
   const bool isFirst = fProcess == fAtProcess && number == fAt && canFailSo;
-  const bool stays = fStays && canFailSo && fState->place != 0 &&
-                     (IsOfAllPlaces(fError) || fState->place == static_cast<int>(place));
+  const bool stays =
+      fStays && canFailSo && fState->place != 0 && (IsOfAllPlaces(fError) || fState->place == static_cast<int>(place));
   if (!isFirst && !stays) {
     return 0;
   }

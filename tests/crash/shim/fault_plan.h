@@ -53,6 +53,7 @@ constexpr int kShort = -1;
 ///   MRSET_FAULT_ERROR    EIO and so on, or short
 ///   MRSET_FAULT_STAYS    1: from then on all calls fail that can fail so
 ///   MRSET_FAULT_MEMORY   count allocations of at least so many bytes, too
+///   MRSET_FAULT_WITHOUT_FLAGS  1: renaming with flags fails always, as on some file systems, and is not counted
 ///   MRSET_FAULT_TRACE    file to which each call is written as a line: process, number, kind, errors, name
 class FaultPlan {
  public:
@@ -64,6 +65,8 @@ class FaultPlan {
 
   bool Watches(const std::string& path) const;
   bool WatchesMemory(std::size_t size) const { return fStarted && fMemory != 0 && size >= fMemory; }
+
+  bool RenamesWithFlags() const { return !fWithoutFlags; }
 
   /// Counts a call; the errno with which it must fail, kShort, or 0.
   int Count(Call call, const Target& target);
@@ -87,6 +90,7 @@ class FaultPlan {
   int fError = 0;
   bool fStays = false;
   std::size_t fMemory = 0;
+  bool fWithoutFlags = false;
   int fTrace = -1;
 };
 

@@ -320,8 +320,12 @@ int rename(const char* from, const char* to) noexcept {
 }
 
 int renameat2(int fromFolder, const char* from, int toFolder, const char* to, unsigned flags) noexcept {
-  return Do(Call::kRenameWithFlags, TargetAt(to), -1,
-            [&] { return REAL(renameat2)(fromFolder, from, toFolder, to, flags); });
+  const Target target = TargetAt(to);
+  if (target.place != Place::kNone && !FaultPlan::Get().RenamesWithFlags()) {
+    errno = EINVAL;
+    return -1;
+  }
+  return Do(Call::kRenameWithFlags, target, -1, [&] { return REAL(renameat2)(fromFolder, from, toFolder, to, flags); });
 }
 
 int link(const char* from, const char* to) noexcept {
@@ -415,10 +419,7 @@ int memfd_create(const char* name, unsigned flags) noexcept {
   return Do(Call::kFileInMemory, Own("memfd_create"), -1, [&] { return REAL(memfd_create)(name, flags); });
 }
 
-int pipe(int ends[2]) noexcept {
-  return Do(Call::kPipe, Own("pipe"), -1, [&] { return REAL(pipe)(ends); });
-}
-
+// Not pipe(), by which sanitizers look whether memory can be read.
 int pipe2(int ends[2], int flags) noexcept {
   return Do(Call::kPipe, Own("pipe2"), -1, [&] { return REAL(pipe2)(ends, flags); });
 }

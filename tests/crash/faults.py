@@ -1,6 +1,7 @@
 """Runs the program while one of its calls to the system fails."""
 
 import os
+import select
 import signal
 import struct
 import subprocess
@@ -76,6 +77,8 @@ class FaultyProgram:
     def start(self, folder: Path, arguments: list[str], plan: dict[str, str]) -> FaultyRun:
         """With standard streams that are files, so that all pipes are the program's own."""
         beside = {name: folder.parent / f"{folder.name}.{name}" for name in ("state", "output", "errors")}
+        for path in beside.values():
+            path.unlink(missing_ok=True)
         beside["state"].write_bytes(b"\0" * STATE_SIZE)
         environment = {
             **os.environ,
@@ -86,6 +89,7 @@ class FaultyProgram:
             "MRSET_FAULT_WITHOUT_FLAGS": "1" if self.without_flags else "0",
             **plan,
         }
+        ended, lives = os.pipe()
         with (
             open(standard_input(folder, arguments), "rb") as commands,
             open(beside["output"], "wb") as output,
@@ -98,9 +102,12 @@ class FaultyProgram:
                 stdout=output,
                 stderr=errors,
                 env=environment,
+                pass_fds=(lives,),
                 start_new_session=True,
             )
-            timed_out = not ends_in_time(process)
+            os.close(lives)
+            timed_out = not ends_in_time(process, ended)
+            os.close(ended)
         _, _, injected, met = struct.unpack_from(LAYOUT, beside["state"].read_bytes())
         return FaultyRun(
             process.returncode,
@@ -112,14 +119,13 @@ class FaultyProgram:
         )
 
 
-def ends_in_time(process: subprocess.Popen) -> bool:
-    try:
-        process.wait(TIMEOUT)
-        return True
-    except subprocess.TimeoutExpired:
+def ends_in_time(process: subprocess.Popen, ended: int) -> bool:
+    """Waits until all of its processes have ended, which then have closed the pipe; or ends them."""
+    in_time = bool(select.select([ended], [], [], TIMEOUT)[0])
+    if not in_time:
         os.killpg(process.pid, signal.SIGKILL)
-        process.wait()
-        return False
+    process.wait()
+    return in_time
 
 
 def call_of(line: str) -> Call:

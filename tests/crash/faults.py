@@ -60,7 +60,8 @@ class FaultyProgram:
         trace = folder.parent / (folder.name + ".trace")
         trace.unlink(missing_ok=True)
         self.start(folder, arguments, {"MRSET_FAULT_TRACE": str(trace)})
-        return [call_of(line) for line in trace.read_text().splitlines()]
+        calls = [call_of(line) for line in trace.read_text().splitlines()]
+        return sorted(calls, key=lambda call: (call.process, call.at))
 
     def run(self, folder: Path, arguments: list[str], fault: Fault) -> FaultyRun:
         return self.start(

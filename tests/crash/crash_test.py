@@ -12,6 +12,7 @@ With --kill end nothing is killed: the program ends by itself, and then power is
 import argparse
 import json
 import re
+import shutil
 import signal
 import sqlite3
 import sys
@@ -335,6 +336,7 @@ class SweepAfterEnd(Sweep):
 def repeat_one(options) -> int:
     scenario = next(scenario for scenario in SCENARIOS if scenario.name == options.scenario)
     place = Path("crash-repeated").resolve()
+    shutil.rmtree(place, ignore_errors=True)
     trial = trial_of(options, scenario, place)
     is_end = options.kill == END
     outcome = trial.kill(

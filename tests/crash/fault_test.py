@@ -10,6 +10,7 @@ The second form repeats one fault, shows it, and keeps the folder it left. docs/
 import argparse
 import os
 import re
+import shutil
 import sys
 import time
 from collections import Counter
@@ -335,13 +336,18 @@ def run_suite(options) -> int:
 
 def repeat_one(options) -> int:
     place = Path("fault-repeated").resolve()
+    shutil.rmtree(place, ignore_errors=True)
     trial = trial_of(options, options.scenario, place)
     fault = Fault(options.process, options.at, options.error, options.stays)
     run = trial.inject(fault)
     print(run)
     copy(trial.folder, place / "left")
     print(f"What was left lies in {place / 'left'}.")
-    print(f"Found the state {trial.check_run(fault, run)}.")
+    try:
+        print(f"Found the state {trial.check_run(fault, run)}.")
+    except Failure as failure:
+        print(f"FAILED {failure}")
+        return 1
     return 0
 
 

@@ -1,14 +1,18 @@
 #!/usr/bin/env python3
 """Kills the program at everything it does to a file, and looks at what is left.
 
-  crash_test.py --program MRSET --shim LIBRARY [--kill group|process|power] [--long] [--every K]
+  crash_test.py --program MRSET --shim LIBRARY [--kill group|process|power|end] [--long] [--every K]
   crash_test.py --program MRSET --shim LIBRARY --kill KIND --scenario NAME --at N --moment before|middle|after [--seed S]
 
 The second form repeats one kill, shows it, and keeps the folder it left. docs/durability.md says what is held.
+
+With --kill end nothing is killed: the program ends by itself, and then power is lost; --at and --moment mean nothing.
 """
 
 import argparse
 import json
+import re
+import shutil
 import signal
 import sqlite3
 import sys
@@ -18,20 +22,27 @@ from fnmatch import fnmatch
 from pathlib import Path
 
 from program import KINDS, Failure, Kill, Program, copy, dump, scratch_folder
-from scenarios import DATASET, FILES, SCENARIOS, SCRIPT, Scenario, define
+from scenarios import DATASET, FILES, OTHER, SCENARIOS, SCRIPT, TEMPORARY_LEFT, Scenario, define
 
 MOST_OPERATIONS = 2000  # a sweep that comes here does not end
 NEXT = ["run", DATASET, "-c", define("next")]
+END = "end"
+SEEDS_AT_END = 12
+
+# What makes a command's effect stand.
+COMMIT = re.compile(rf"delete {re.escape(DATASET)}-journal|(rename \S+ to|link) {re.escape(DATASET)}")
 
 
 class Trial:
     """One scenario: the states that it may leave, found without a kill, and the check of a kill."""
 
-    def __init__(self, program: Program, scenario: Scenario, place: Path):
+    def __init__(self, program: Program, scenario: Scenario, place: Path, leftovers: bool = False):
         self.program = program
+        self.leftovers = TEMPORARY_LEFT if leftovers else {}
         self.scenario = scenario
         self.place = place
         self.ready = self.prepare()
+        self.second = dump(self.ready / OTHER)
         self.known = {}  # dumps by the commands that were run
         self.whole = copy(self.ready, place / "whole")
         program.must(self.whole, scenario.arguments)
@@ -46,6 +57,8 @@ class Trial:
             self.program.must(folder, arguments)
         if self.scenario.prepare_sql:
             apply_sql(folder / DATASET, self.scenario.prepare_sql)
+        for name, data in self.leftovers.items():
+            (folder / name).write_bytes(data)
         return folder
 
     @staticmethod
@@ -55,6 +68,22 @@ class Trial:
     def steps(self) -> int:
         """How many of the run's effects can be there or not, in their order."""
         return len(self.scenario.script) if self.scenario.script else 1
+
+    def points_of_no_return(self) -> "PointsOfNoReturn":
+        folder = copy(self.ready, self.place / "traced")
+        points = PointsOfNoReturn(self.program.operations(folder, self.scenario.arguments), folder.name)
+        if len(points.commits) != len(self.states_in_order()) - 1:
+            raise Failure(f"{points.commits} make the effects stand, which are {len(self.states_in_order()) - 1}")
+        return points
+
+    def states_in_order(self) -> list:
+        """Those that a run goes through."""
+        states = [self.state(tuple(range(done)), False) for done in range(self.steps() + 1)]
+        return [state for index, state in enumerate(states) if index == 0 or state != states[index - 1]]
+
+    def progress(self) -> int:
+        """How many of the run's effects stand, by the last check."""
+        return self.states_in_order().index(self.found)
 
     def state(self, steps: tuple[int, ...], with_next: bool):
         """What the dataset holds after these steps alone, then perhaps after the next command."""
@@ -104,13 +133,14 @@ class Trial:
         """Which state the kill left; raises Failure where that must not be."""
         aside = copy(self.folder, self.place / "aside")
         allowed = self.allowed(outcome)
-        found = dump(aside / DATASET)
+        self.found = found = dump(aside / DATASET)
         same = [steps for steps in allowed if self.state(steps, False) == found]
         if not same:
             raise Failure(self.describe_loss(found, allowed, outcome))
         self.check_outputs(outcome)
         self.check_next(same[-1], found)
-        self.check_copies()
+        self.check_second_dataset()
+        self.check_copies(outcome)
         self.check_folder()
         return self.name_of(same[-1])
 
@@ -126,7 +156,7 @@ class Trial:
     def check_outputs(self, outcome) -> None:
         for name in self.scenario.outputs:
             text = (self.folder / name).read_text()
-            if text == FILES[name]:
+            if text == FILES[name] and outcome.status != 0:
                 continue
             results = [json.loads(line) for line in text.splitlines()]
             if not text.endswith("\n") or len(results) != self.steps():
@@ -134,10 +164,16 @@ class Trial:
             if outcome.status == 0 and text != (self.whole / name).read_text():
                 raise Failure(f"{name} differs from that of a run without a kill")
 
-    def check_copies(self) -> None:
+    def check_second_dataset(self) -> None:
+        if dump(self.folder / OTHER) != self.second:
+            raise Failure(f"{OTHER} is not as it was before")
+
+    def check_copies(self, outcome) -> None:
         for name in self.copies():
             if dump(self.folder / name) != self.state((), False):
                 raise Failure(f"{name} is not the dataset as it was before")
+        if outcome.status == 0 and self.scenario.set_aside and not self.copies():
+            raise Failure("the copy of the dataset as it was before is lost")
 
     def copies(self) -> list[str]:
         return [path.name for path in self.folder.glob(self.scenario.set_aside)] if self.scenario.set_aside else []
@@ -167,6 +203,31 @@ def apply_sql(dataset: Path, sql: str) -> None:
     connection.close()
 
 
+def trial_of(options, scenario: Scenario, place: Path) -> Trial:
+    return Trial(Program(options.program, options.shim), scenario, place, options.leftovers)
+
+
+class PointsOfNoReturn:
+    """The operations before which an effect does not stand and after which it does."""
+
+    def __init__(self, operations: list[str], folder: str):
+        numbered = list(enumerate(operations, 1))
+        self.commits = [number for number, what in numbered if COMMIT.fullmatch(what)]
+        self.folder_syncs = [number for number, what in numbered if what == f"sync {folder}"]
+
+    def passed(self, kill: Kill) -> int:
+        return sum(self.is_done(number, kill) for number in self.commits)
+
+    def passed_for_good(self, kill: Kill) -> int:
+        """Those that a loss of power cannot undo, since the folder was synced after them."""
+        last = max((number for number in self.folder_syncs if self.is_done(number, kill)), default=0)
+        return sum(number < last for number in self.commits)
+
+    @staticmethod
+    def is_done(number: int, kill: Kill) -> bool:
+        return number < kill.at or (number == kill.at and kill.moment == "after")
+
+
 class Sweep:
     """All kills of one scenario in one way."""
 
@@ -180,7 +241,8 @@ class Sweep:
 
     def run(self) -> None:
         with scratch_folder() as place:
-            trial = Trial(Program(self.options.program, self.options.shim), self.scenario, Path(place).resolve())
+            trial = trial_of(self.options, self.scenario, Path(place).resolve())
+            self.points = trial.points_of_no_return()
             at = 1
             while self.sweep_operation(trial, at):
                 at += self.options.every
@@ -189,6 +251,10 @@ class Sweep:
             self.operations = at - 1
         if self.operations + self.options.every - 1 < self.scenario.least:
             raise Failure(f"{self.scenario.name}: only {self.operations} operations, at least {self.scenario.least}")
+        # The commands that come after the one whose process was killed are run all the same.
+        others = ("before", "between") if self.kind == "process" else ("before",)
+        if self.options.every == 1 and not (any(self.found[name] for name in others) and self.found["after"]):
+            raise Failure(f"{self.scenario.name}: no kill left the state before, or none the state after")
 
     def sweep_operation(self, trial: Trial, at: int) -> bool:
         first = self.kill(trial, Kill(at, "before", self.kind, 0))
@@ -213,17 +279,28 @@ class Sweep:
     def kill(self, trial: Trial, kill: Kill):
         outcome = trial.kill(kill)
         try:
-            self.found[trial.check(outcome)] += outcome.killed
+            name = trial.check(outcome)
+            self.check_progress(trial, kill, outcome)
+            self.found[name] += outcome.killed
         except (Failure, OSError, ValueError) as failure:
             self.failures += 1
             print(f"FAILED {self.scenario.name}, {outcome.met or 'no kill'}: {failure}\n  {self.repeat(kill)}")
         return outcome
 
+    def check_progress(self, trial: Trial, kill: Kill, outcome) -> None:
+        """What stands is just what had come to stand when all of the program was killed."""
+        if not outcome.killed or kill.kind == "process":
+            return
+        most = self.points.passed(kill)
+        least = self.points.passed_for_good(kill) if kill.kind == "power" else most
+        if not least <= trial.progress() <= most:
+            raise Failure(f"{trial.progress()} effects stand; by then at least {least} and at most {most} did")
+
     def repeat(self, kill: Kill) -> str:
         return (
             f"python3 tests/crash/crash_test.py --program {self.options.program} --shim {self.options.shim}"
-            f" --kill {kill.kind} --scenario '{self.scenario.name}' --at {kill.at} --moment {kill.moment}"
-            f" --seed {kill.seed}"
+            f" --kill {self.kind} --scenario '{self.scenario.name}' --at {kill.at} --moment {kill.moment}"
+            f" --seed {kill.seed}{' --leftovers' if self.options.leftovers else ''}"
         )
 
     def summary(self) -> str:
@@ -235,11 +312,36 @@ class Sweep:
         )
 
 
+class SweepAfterEnd(Sweep):
+    """The program ends by itself, with success; then power is lost."""
+
+    def run(self) -> None:
+        with scratch_folder() as place:
+            trial = trial_of(self.options, self.scenario, Path(place).resolve())
+            for seed in range(0, 100 if self.options.long else SEEDS_AT_END, self.options.every):
+                self.lose_power(trial, Kill(0, END, "power", seed))
+
+    def lose_power(self, trial: Trial, kill: Kill) -> None:
+        outcome = trial.kill(kill)
+        self.operations = outcome.operations
+        try:
+            if outcome.status != 0 or outcome.operations < self.scenario.least:
+                raise Failure(f"exit status {outcome.status} after {outcome.operations} operations: {outcome.errors}")
+            self.found[trial.check(outcome)] += 1
+        except (Failure, OSError, ValueError) as failure:
+            self.failures += 1
+            print(f"FAILED {self.scenario.name}, power lost after success: {failure}\n  {self.repeat(kill)}")
+
+
 def repeat_one(options) -> int:
     scenario = next(scenario for scenario in SCENARIOS if scenario.name == options.scenario)
     place = Path("crash-repeated").resolve()
-    trial = Trial(Program(options.program, options.shim), scenario, place)
-    outcome = trial.kill(Kill(options.at, options.moment, options.kill, options.seed))
+    shutil.rmtree(place, ignore_errors=True)
+    trial = trial_of(options, scenario, place)
+    is_end = options.kill == END
+    outcome = trial.kill(
+        Kill(0, END, "power", options.seed) if is_end else Kill(options.at, options.moment, options.kill, options.seed)
+    )
     print(outcome)
     copy(trial.folder, place / "left")
     print(f"What was left lies in {place / 'left'}.")
@@ -252,7 +354,7 @@ def run_suite(options) -> int:
     sweeps = []
     for scenario in SCENARIOS:
         if options.scenario in (None, scenario.name):
-            sweep = Sweep(options, scenario, options.kill)
+            sweep = (SweepAfterEnd if options.kill == END else Sweep)(options, scenario, options.kill)
             try:
                 sweep.run()
             except Failure as failure:
@@ -270,15 +372,16 @@ def main() -> int:
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--program", required=True)
     parser.add_argument("--shim", required=True)
-    parser.add_argument("--kill", choices=("group", "process", "power"), default="group")
+    parser.add_argument("--kill", choices=("group", "process", "power", END), default="group")
     parser.add_argument("--scenario", choices=[scenario.name for scenario in SCENARIOS])
     parser.add_argument("--at", type=int)
-    parser.add_argument("--moment", choices=("before", "middle", "after"), default="before")
+    parser.add_argument("--moment", choices=("before", "middle", "after", END), default="before")
     parser.add_argument("--seed", type=int, default=0)
+    parser.add_argument("--leftovers", action="store_true", help="beside temporary files of programs that ended")
     parser.add_argument("--every", type=int, default=1, metavar="K", help="only at each Kth operation")
     parser.add_argument("--long", action="store_true", help="all moments and 20 seeds where power is lost")
     options = parser.parse_args()
-    return repeat_one(options) if options.at else run_suite(options)
+    return repeat_one(options) if options.at is not None else run_suite(options)
 
 
 if __name__ == "__main__":

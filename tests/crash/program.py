@@ -10,6 +10,8 @@ import tempfile
 from dataclasses import dataclass
 from pathlib import Path
 
+from scenarios import SCRIPT
+
 STATE_SIZE = 4096
 STATE_LAYOUT = "<qii8q256s"
 KINDS = ("create", "write", "sync", "truncate", "delete", "rename")
@@ -50,15 +52,26 @@ class Outcome:
     met: str  # the operation that the kill met
 
 
+def standard_input(folder: Path, arguments: list[str]) -> Path:
+    return folder / SCRIPT if arguments[0] == "shell" else Path(os.devnull)
+
+
 class Program:
     def __init__(self, program: str, shim: str):
         self.program = os.path.abspath(program)
         self.shim = os.path.abspath(shim)
 
     def run(self, folder: Path, arguments: list[str]) -> subprocess.CompletedProcess:
-        return subprocess.run(
-            [self.program, *arguments], cwd=folder, capture_output=True, text=True, errors="replace", timeout=60
-        )
+        with open(standard_input(folder, arguments), "rb") as commands:
+            return subprocess.run(
+                [self.program, *arguments],
+                cwd=folder,
+                stdin=commands,
+                capture_output=True,
+                text=True,
+                errors="replace",
+                timeout=60,
+            )
 
     def must(self, folder: Path, arguments: list[str]) -> str:
         done = self.run(folder, arguments)
@@ -69,6 +82,7 @@ class Program:
     def environment(self, folder: Path, state: Path, kill: Kill) -> dict[str, str]:
         return {
             **os.environ,
+            "MRSET_CRASH_TRACE": "",
             "LD_PRELOAD": self.shim,
             "MRSET_CRASH_FOLDER": str(folder.resolve()),
             "MRSET_CRASH_STATE": str(state),
@@ -77,6 +91,17 @@ class Program:
             "MRSET_CRASH_KILL": kill.kind,
             "MRSET_CRASH_SEED": str(kill.seed),
         }
+
+    def operations(self, folder: Path, arguments: list[str]) -> list[str]:
+        """What a run without a kill does to files; that of number N has the index N - 1."""
+        state = folder.parent / (folder.name + ".state")
+        trace = folder.parent / (folder.name + ".trace")
+        trace.unlink(missing_ok=True)
+        state.write_bytes(b"\0" * STATE_SIZE)
+        environment = {**self.environment(folder, state, Kill()), "MRSET_CRASH_TRACE": str(trace)}
+        subprocess.run([self.program, *arguments], cwd=folder, capture_output=True, env=environment, timeout=60)
+        lines = [line.split(" ", 2) for line in trace.read_text().splitlines()]
+        return [what for _, _, what in sorted(lines, key=lambda line: int(line[0]))]
 
     def run_killed(self, folder: Path, arguments: list[str], kill: Kill) -> Outcome:
         state = folder.parent / (folder.name + ".state")

@@ -6,6 +6,7 @@ from typing import Callable, Optional
 DATASET = "s.mrset"
 SURVEY = "survey.csv"
 WAVE_2 = "wave2.csv"
+OTHER = "other.mrset"  # a second dataset, of the scenarios that need one
 SCRIPT = "commands.script"
 OUTPUT = "results.json"
 
@@ -13,6 +14,14 @@ FILES = {
     SURVEY: "q1,q2,q3,n1,t1,t2\n1,0,1,7,red,blue\n0,1,0,8,,green\n",
     WAVE_2: "q1,q2,q4,t1,t2\n" + "1,0,1,red,blue\n" * 150,
     OUTPUT: "what stood there before\n",
+}
+
+# As killed programs leave it, of an earlier state of the dataset or anything else.
+TEMPORARY_LEFT = {
+    ".mrset-0000abcd.tmp": b"SQLite format 3\0 cut off",
+    ".mrset-0000abcd.tmp-journal": b"\xd9\xd5\x05\xf9\x20\xa1\x63\xd7" + b"\0\0\0\x01" * 4000,
+    ".mrset-12345678.tmp": b"",
+    ".mrset-deadbeef.tmp-journal": b"of a file that is gone",
 }
 
 DEFINE = "MRSET /MDGROUP NAME=${name} LABEL='{name}' VARIABLES=q1 TO q3 VALUE=1."
@@ -28,6 +37,7 @@ def many_sets() -> str:
 
 
 IMPORT = ["import", SURVEY, DATASET]
+IMPORT_OTHER = ["import", SURVEY, OTHER]
 
 # A dataset as the first version of the format had it.
 AS_VERSION_1 = "DROP TABLE history; DROP TABLE history_set; PRAGMA user_version = 1;"
@@ -45,6 +55,8 @@ class Scenario:
     prepare_sql: Optional[str] = None  # then done to the dataset by hand
     script: Optional[list[str]] = None  # the commands of arguments that hold SCRIPT
     outputs: tuple[str, ...] = ()  # files that are complete or as before
+    order_alone: bool = False  # what it saves is the order of the sets, which need not be kept
+    without_flags: bool = False  # on a file system that cannot rename without replacing, so that links must do
     set_aside: Optional[str] = None  # pattern of copies of the dataset before the run, complete or absent
 
 
@@ -52,35 +64,47 @@ def script(name: str, least: int, commands: list[str], **others) -> Scenario:
     return Scenario(name, least, ["run", DATASET, SCRIPT, "--format", "json"], script=commands, **others)
 
 
-def run(command: str) -> list[str]:
-    return ["run", DATASET, "-c", command]
+def run(command: str, dataset: str = DATASET) -> list[str]:
+    return ["run", dataset, "-c", command]
 
 
 SCENARIOS = [
-    Scenario("import", 20, IMPORT, prepare=[]),
-    Scenario("replace", 40, ["import", "--replace", WAVE_2, DATASET], prepare=[IMPORT, run(define("kept"))]),
-    script("define into empty", 20, [define("first")]),
-    script("define among many", 20, [define("another")], prepare=[IMPORT, run(many_sets())]),
-    script("redefine", 20, [DEFINE.format(name="again")], prepare=[IMPORT, run(define("other", "again"))]),
-    script("delete", 20, ["MRSET /DELETE NAME=[$gone]."], prepare=[IMPORT, run(define("gone", "stays"))]),
-    script("delete all", 20, ["MRSET /DELETE NAME=ALL."], prepare=[IMPORT, run(many_sets())]),
-    script("display that sorts", 15, ["MRSET /DISPLAY NAME=ALL."], prepare=[IMPORT, run(define("z", "y", "x"))]),
+    Scenario("import", 24, IMPORT, prepare=[]),
+    Scenario("replace", 48, ["import", "--replace", WAVE_2, DATASET], prepare=[IMPORT, run(define("kept"))]),
+    script("define into empty", 30, [define("first")]),
+    script("define among many", 30, [define("another")], prepare=[IMPORT, run(many_sets())]),
+    script("redefine", 30, [DEFINE.format(name="again")], prepare=[IMPORT, run(define("other", "again"))]),
+    script("delete", 30, ["MRSET /DELETE NAME=[$gone]."], prepare=[IMPORT, run(define("gone", "stays"))]),
+    script("delete all", 30, ["MRSET /DELETE NAME=ALL."], prepare=[IMPORT, run(many_sets())]),
+    script(
+        "display that sorts",
+        24,
+        ["MRSET /DISPLAY NAME=ALL."],
+        prepare=[IMPORT, run(define("z", "y", "x"))],
+        order_alone=True,
+    ),
     script(
         "script",
-        70,
+        90,
         [define("one"), DEFINE.format(name="two"), "MRSET /DISPLAY NAME=ALL.", "MRSET /DELETE NAME=[$one]."],
     ),
     Scenario(
         "output",
-        20,
+        34,
         ["run", DATASET, SCRIPT, "--format", "json", "--output", OUTPUT],
         script=[define("one"), "MRSET /DISPLAY NAME=ALL."],
         outputs=(OUTPUT,),
     ),
-    Scenario("undo", 20, ["undo", DATASET], prepare=[IMPORT, run(define("kept")), run(define("undone"))]),
+    Scenario(
+        "copy",
+        30,
+        ["copy", OTHER, DATASET],
+        prepare=[IMPORT, run(define("kept")), IMPORT_OTHER, run(define("copied", "too"), OTHER)],
+    ),
+    Scenario("undo", 30, ["undo", DATASET], prepare=[IMPORT, run(define("kept")), run(define("undone"))]),
     script(
         "migrate",
-        60,
+        72,
         [define("first"), define("second")],
         prepare=[IMPORT, run(define("old"))],
         prepare_sql=AS_VERSION_1,
@@ -88,10 +112,54 @@ SCENARIOS = [
     ),
     Scenario(
         "migrate and replace",
-        80,
+        72,
         ["import", "--replace", WAVE_2, DATASET],
         prepare=[IMPORT, run(define("old"))],
         prepare_sql=AS_VERSION_1,
         set_aside=COPIES_OF_VERSION_1,
     ),
 ]
+
+# Runs that only read. No operation on a file changes anything, so that there is nothing to kill them at.
+WITH_SETS = [IMPORT, run(define("one", "two")), run(DEFINE.format(name="three"))]
+READERS = [
+    Scenario("sets", 0, ["sets", DATASET], prepare=WITH_SETS),
+    Scenario("variables", 0, ["variables", DATASET, "--format", "json"], prepare=WITH_SETS),
+    Scenario("log", 0, ["log", DATASET], prepare=WITH_SETS),
+    Scenario("check", 0, ["check", DATASET], prepare=WITH_SETS),
+    Scenario("script of sets", 0, ["script", DATASET], prepare=WITH_SETS),
+    Scenario("diff", 0, ["diff", OTHER, DATASET], prepare=[*WITH_SETS, IMPORT_OTHER, ["copy", DATASET, OTHER]]),
+    script("display", 0, ["MRSET /DISPLAY NAME=ALL."], prepare=[IMPORT, run(define("one"))]),
+]
+
+# Commands that come one by one, from standard input: those of SCRIPT.
+SHELL = Scenario("shell", 30, ["shell", DATASET], script=[define("first")])
+
+WITHOUT_FLAGS = Scenario("import by links", 24, IMPORT, prepare=[], without_flags=True)
+
+# Of each, so that a suite that has shrunk fails: how many faults its calls can meet.
+LEAST_FAULTS = {
+    "import": 240,
+    "replace": 670,
+    "define into empty": 420,
+    "define among many": 420,
+    "redefine": 420,
+    "delete": 410,
+    "delete all": 410,
+    "display that sorts": 380,
+    "script": 1010,
+    "output": 530,
+    "copy": 470,
+    "undo": 330,
+    "migrate": 900,
+    "migrate and replace": 970,
+    "shell": 420,
+    "import by links": 240,
+    "sets": 100,
+    "variables": 100,
+    "log": 150,
+    "check": 130,
+    "script of sets": 120,
+    "diff": 210,
+    "display": 200,
+}

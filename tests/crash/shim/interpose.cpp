@@ -203,11 +203,19 @@ mode_t ModeOf(int flags, va_list rest) {
   return (flags & O_CREAT) == 0 ? 0 : static_cast<mode_t>(va_arg(rest, int));
 }
 
-// So that the driver knows what was answered when the program is killed.
+void AtEnd() {
+  const InShim shim;
+  Plan::Get().LosePowerAtEnd();
+}
+
+// So that the driver knows what was answered when the program is killed. What is registered first is done last, but
+// before the objects are destroyed that are made here.
 __attribute__((constructor)) void AnswerAtOnce() {
   std::setvbuf(stdout, nullptr, _IOLBF, 1 << 16);
   const InShim shim;
   Plan::Get();
+  PowerLoss::Get();
+  std::atexit(AtEnd);
 }
 
 }  // namespace
@@ -329,6 +337,12 @@ int rename(const char* from, const char* to) noexcept {
 
 int renameat2(int fromFolder, const char* from, int toFolder, const char* to, unsigned flags) noexcept {
   return Rename(from, to, [&] { return REAL(renameat2)(fromFolder, from, toFolder, to, flags); });
+}
+
+void _exit(int status) {
+  AtEnd();
+  REAL(_exit)(status);
+  std::abort();
 }
 
 pid_t fork() noexcept {

@@ -29,6 +29,7 @@ Moment MomentOf(const std::string& name) {
   return name == "before"   ? Moment::kBefore
          : name == "middle" ? Moment::kMiddle
          : name == "after"  ? Moment::kAfter
+         : name == "end"    ? Moment::kEnd
                             : Moment::kNever;
 }
 
@@ -111,6 +112,12 @@ void Plan::StopTheOthers() {
     if (process != getpid()) {
       kill(process, SIGSTOP);
     }
+  }
+}
+
+void Plan::LosePowerAtEnd() {
+  if (fState != nullptr && fMoment == Moment::kEnd) {
+    PowerLoss::Get().Lose(fSeed);
   }
 }
 

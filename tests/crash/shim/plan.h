@@ -9,14 +9,15 @@ namespace crash {
 
 enum class Kind { kCreate, kWrite, kSync, kTruncate, kDelete, kRename, kKindCount };
 
-enum class Moment { kNever, kBefore, kMiddle, kAfter };
+enum class Moment { kNever, kBefore, kMiddle, kAfter, kEnd };
 
 /// What the environment asks for, and the count of operations that all processes of the program share.
 ///
 ///   MRSET_CRASH_FOLDER  only what happens to files in this folder is counted
 ///   MRSET_CRASH_STATE   file of kStateSize zero bytes: the count, the processes, and what was met by the kill
 ///   MRSET_CRASH_AT      number of the operation at which to kill, from 1; none: only count
-///   MRSET_CRASH_MOMENT  before, middle (only of a write) or after
+///   MRSET_CRASH_MOMENT  before, middle (only of a write) or after; or end: nothing is killed, and what a process did
+///                       and did not sync is lost when it has ended by itself
 ///   MRSET_CRASH_KILL    process (that which does the operation), group (all of the program), power (all of it, and
 ///                       what was not synced is lost in part)
 ///   MRSET_CRASH_SEED    what power loses
@@ -38,6 +39,9 @@ class Plan {
 
   /// Makes a child known to the kill that ends all processes.
   void AddProcess(pid_t child);
+
+  /// Where power is lost at the end: at the end of a process, whose exit status stays as it is.
+  void LosePowerAtEnd();
 
   /// Ends this process, or all of the program, at once.
   [[noreturn]] void Kill();

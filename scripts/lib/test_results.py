@@ -2,8 +2,8 @@
 """Shows how a run of ctest gets on, and counts the results of several.
 
 ctest ... 2>&1 | test_results.py follow LOG   copies everything to LOG; shows progress, and failures in full
-test_results.py count FOLDER                  prints how many tests of the JUnit files in FOLDER passed, failed, were
-                                              skipped; exits with 1 if any failed
+test_results.py count FOLDER                  prints which tests of the JUnit files in FOLDER were skipped and, as the
+                                              last line, how many passed, failed, were skipped; 1 if any failed
 """
 
 import glob
@@ -19,7 +19,7 @@ PASSED = re.compile(r'.* Passed +[\d.]+ sec$')
 SUMMARY = re.compile(r'\d+% tests passed, |Total Test time |Internal ctest changing into |Test project '
                      r'|Errors while running CTest|Output from these tests are in|Use "--rerun-failed')
 STARTED = re.compile(r' +Start +\d+: ')
-SECONDS_BETWEEN = 10
+SECONDS_BETWEEN = 10  # lines of progress
 
 
 def follow(lines, log, out):
@@ -42,15 +42,23 @@ def follow(lines, log, out):
                 out.write(f'{done} of {total} tests done\n')
                 shown = time.monotonic()
         elif SUMMARY.match(line):
-            in_failure = True  # what remains is a list
+            in_failure = True  # lists of tests follow
         elif in_failure and (line.strip() or not passed):
             out.write(line)
         out.flush()
     return passed
 
 
+def reason_given(case):
+    """What a skipped test says about why, in the form that this project's scripts use."""
+    for line in (case.findtext('system-out') or '').splitlines():
+        if line.startswith('SKIPPED: '):
+            return ': ' + line[len('SKIPPED: '):]
+    return ''
+
+
 def count(paths):
-    """How many passed, failed, and were skipped. A test that could not be started failed."""
+    """Prints which tests were skipped; returns how many passed, failed, and were skipped. A test that could not be started failed."""
     passed = failed = skipped = 0
     for path in paths:
         try:
@@ -63,6 +71,7 @@ def count(paths):
             reason = case.find('skipped')
             if reason is not None and reason.get('message', '').startswith('SKIP_'):
                 skipped += 1
+                print(f'Skipped: {case.get("name")}{reason_given(case)}')
             elif case.get('status') == 'run':
                 passed += 1
             else:
@@ -78,7 +87,7 @@ def main(arguments):
         sys.stdout.reconfigure(errors='replace')
         with open(arguments[1], 'w', encoding='utf-8', errors='replace') as log:
             return 0 if follow(sys.stdin, log, sys.stdout) else 1
-    passed, failed, skipped = count(glob.glob(os.path.join(arguments[1], '*.xml')))
+    passed, failed, skipped = count(sorted(glob.glob(os.path.join(arguments[1], '*.xml'))))
     print(f'Tests: {passed} passed, {failed} failed, {skipped} skipped')
     return 1 if failed else 0
 

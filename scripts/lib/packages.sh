@@ -17,9 +17,11 @@ npm_packages=(nodejs npm)
 
 valgrind_packages=(valgrind)
 
-# Installs those of the named packages that are missing, as root or through sudo.
+# install_packages PURPOSE PACKAGE...: installs the missing packages, as root or through sudo. Says beforehand how many
+# packages that adds, with their own dependencies, and their size.
 install_packages() {
-  local package missing=() as_root=()
+  local purpose=$1 package missing=() as_root=() log=build/install.log
+  shift
   for package in "$@"; do
     if ! dpkg-query --show --showformat='${db:Status-Status}' "$package" 2>/dev/null | grep -q '^installed$'; then
       missing+=("$package")
@@ -31,16 +33,57 @@ install_packages() {
   if [ "$(id -u)" -ne 0 ]; then
     as_root=(sudo)
   fi
-  echo "Installing: ${missing[*]}"
-  "${as_root[@]}" apt-get update -q
-  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -q --no-install-recommends "${missing[@]}"
+  local apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive LC_ALL=C.UTF-8 apt-get)
+  mkdir -p build
+  echo "Missing for $purpose: ${missing[*]}"
+  echo 'Reading the package lists ...'
+  logged "$log" "${apt[@]}" update || return 1
+  "${apt[@]}" install --assume-no --no-install-recommends "${missing[@]}" 2>&1 | sed -nE '
+    s/^.* ([0-9]+) newly installed.*$/Installing \1 packages, with what they need themselves:/p
+    s/^Need to get ([^/]*\/)?(.*B) of archives.*$/  \2 to download/p
+    s/^After this operation, (.*B) of additional.*$/  \1 on the disk/p' || true
+  if ! "${apt[@]}" install -y --no-install-recommends -o APT::Status-Fd=1 "${missing[@]}" 2>&1 | apt_progress "$log"; then
+    cat "$log"
+    return 1
+  fi
+  echo 'Installed.'
 }
 
-# Installs a browser and npm; where they cannot be had, says so and goes on without.
+# apt_progress LOG: copies apt's output to LOG and prints each further fifth of the work.
+apt_progress() {
+  local line step= now
+  while IFS= read -r line; do
+    if [[ $line =~ ^(dl|pm)status:.*:([0-9]+)\.[0-9]+: ]]; then
+      now=$((BASH_REMATCH[2] / 20 * 20))
+      if [ "${BASH_REMATCH[1]}$now" != "$step" ]; then
+        step=${BASH_REMATCH[1]}$now
+        case "$step" in
+          dl*) echo "  downloading: $now%" ;;
+          pm*) echo "  installing: $now%" ;;
+        esac
+      fi
+    else
+      printf '%s\n' "$line" >&3
+    fi
+  done 3> "$1"
+}
+
+# logged FILE COMMAND...: runs it with its output in FILE, which is shown if the command fails.
+logged() {
+  local log=$1
+  shift
+  if ! "$@" > "$log" 2>&1; then
+    cat "$log"
+    return 1
+  fi
+}
+
+# Installs a browser and npm; if they are not available, says so and continues without them.
 install_browser() {
   local packages=("${browser_packages[@]}")
   if ! command -v npm > /dev/null; then
     packages+=("${npm_packages[@]}")
   fi
-  install_packages "${packages[@]}" || echo 'No browser or no npm can be installed: the test of the page is skipped.'
+  install_packages 'the test of the HTML page in a browser' "${packages[@]}" ||
+    echo 'No browser or no npm can be installed: the test of the page will be skipped.'
 }

@@ -15,7 +15,7 @@ namespace standalone {
 namespace {
 
 /// What is wrong with a number of seconds; empty where nothing is.
-std::string ComplaintOn(const std::string& seconds) {
+std::string SecondsComplaint(const std::string& seconds) {
   if (WholeNumber(seconds)) {
     return {};
   }
@@ -41,7 +41,7 @@ void AddLockTimeoutOption(CLI::App& app, DatasetOptions& options) {
     options.lockTimeout = std::chrono::seconds(*WholeNumber(value));
   };
   app.add_option_function<std::string>("--lock-timeout", set, "How long to wait for a locked dataset; 30 unless given")
-      ->check(ComplaintOn)
+      ->check(SecondsComplaint)
       ->type_name("SECONDS");
 }
 

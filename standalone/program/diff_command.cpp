@@ -18,7 +18,7 @@
 namespace standalone {
 namespace {
 
-constexpr const char* kJsonFormat = "json";
+constexpr const char* kJsonDiff = "json";
 
 struct DiffOptions {
   std::string a;
@@ -36,7 +36,7 @@ std::vector<StoredSet> ReadSets(const std::string& text, const DatasetOptions& o
 ExitStatus Diff(const DiffOptions& options) {
   const SetsDifference difference =
       CompareSets(ReadSets(options.a, options.datasetOptions), ReadSets(options.b, options.datasetOptions));
-  if (options.format == kJsonFormat) {
+  if (options.format == kJsonDiff) {
     std::cout << OneLine(DiffJson(difference, options.a, options.b)) << '\n';
   } else {
     std::cout << DiffText(difference, options.a, options.b, OutputWidth());
@@ -52,7 +52,7 @@ Action DeclareDiff(CLI::App& app) {
       ->required()
       ->type_name("");
   app.add_option("B", options->b, "Dataset file to compare with it, likewise")->required()->type_name("");
-  AddFormatOption(app, {"text", kJsonFormat}, options->format);
+  AddFormatOption(app, {"text", kJsonDiff}, options->format);
   AddLockTimeoutOption(app, options->datasetOptions);
   app.footer(
       "Exit status: 0 the sets are the same, 1 they differ, 2 wrong usage or an\n"

@@ -106,7 +106,7 @@ std::unique_ptr<TableWriter> MakeCsv(std::ostream& stream, const FormatOptions& 
   return MakeCsvTableWriter(stream, OutputIsTerminal() ? CsvCharacters::kVisible : CsvCharacters::kAsTheyAre);
 }
 
-constexpr std::array<ListFormat, 4> kFormats = {{
+constexpr std::array<ListFormat, 4> kListFormats = {{
     {"text", WriteTextNotes, MakeText},
     {"json", nullptr, nullptr},
     {"markdown", WriteMarkdownNotes, MakeMarkdown},
@@ -120,7 +120,7 @@ void WriteSets(Dataset& dataset, const FormatOptions& options) {
   const std::vector<StoredSet> sets = dataset.Sets();
   const std::vector<std::vector<std::string>> problems = ProblemsOfSets(dataset, sets);
   dataset.EndCommand();
-  const ListFormat& format = FormatNamed(kFormats, options.format);
+  const ListFormat& format = FormatNamed(kListFormats, options.format);
   if (format.makeWriter == nullptr) {
     std::cout << OneLine({{"sets", SetsWithProblems(sets, problems)}}) << '\n';
   } else if (const std::string absence = AbsenceOfSets(sets); format.writeNotes != nullptr && !absence.empty()) {
@@ -134,7 +134,7 @@ void WriteSets(Dataset& dataset, const FormatOptions& options) {
 }
 
 void WriteVariables(Dataset& dataset, const FormatOptions& options) {
-  const ListFormat& format = FormatNamed(kFormats, options.format);
+  const ListFormat& format = FormatNamed(kListFormats, options.format);
   SpoolStream spool;
   if (format.makeWriter == nullptr) {
     WriteVariablesJson(dataset, spool);
@@ -164,7 +164,7 @@ ExitStatus Write(const List& list, const ListRequest& request) {
 Action DeclareList(CLI::App& app, const List& list) {
   const auto request = std::make_shared<ListRequest>();
   AddDatasetArgument(app, request->datasetPath);
-  AddFormatOptions(app, FormatNames(kFormats), request->format);
+  AddFormatOptions(app, FormatNames(kListFormats), request->format);
   AddLockTimeoutOption(app, request->datasetOptions);
   app.footer(fmt::format("Example:\n  {}\n", list.example));
   return [request, &list] { return Write(list, *request); };

@@ -16,7 +16,7 @@
 namespace standalone {
 namespace {
 
-constexpr const char* kJsonFormat = "json";
+constexpr const char* kJsonLog = "json";
 
 struct LogRequest {
   std::string datasetPath;
@@ -37,7 +37,7 @@ void WriteJson(Dataset& dataset) {
 
 ExitStatus Log(const LogRequest& request) {
   Dataset dataset(request.datasetPath, request.datasetOptions);
-  (request.format == kJsonFormat ? WriteJson : WriteLog)(dataset);
+  (request.format == kJsonLog ? WriteJson : WriteLog)(dataset);
   return kSuccess;
 }
 
@@ -56,7 +56,7 @@ void WriteLog(Dataset& dataset) {
 Action DeclareLog(CLI::App& options) {
   const auto request = std::make_shared<LogRequest>();
   AddDatasetArgument(options, request->datasetPath);
-  AddFormatOption(options, {"text", kJsonFormat}, request->format);
+  AddFormatOption(options, {"text", kJsonLog}, request->format);
   AddLockTimeoutOption(options, request->datasetOptions);
   options.footer("Example:\n  mrset log survey.mrset\n");
   return [request] { return Log(*request); };

@@ -7,7 +7,7 @@ namespace standalone {
 namespace {
 
 /// What is wrong with the path; empty where nothing is.
-std::string ComplaintOn(const std::string& path) {
+std::string PathComplaint(const std::string& path) {
   if (path.empty()) {
     return "the name of the file is empty; without --output the results go to standard output";
   }
@@ -20,7 +20,7 @@ std::string ComplaintOn(const std::string& path) {
 }  // namespace
 
 void AddOutputOption(CLI::App& app, const std::string& description, std::optional<std::string>& path) {
-  app.add_option("--output", path, description)->check(ComplaintOn)->type_name("FILE");
+  app.add_option("--output", path, description)->check(PathComplaint)->type_name("FILE");
 }
 
 }  // namespace standalone

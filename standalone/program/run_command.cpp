@@ -125,7 +125,7 @@ std::unique_ptr<Renderer> MakeCsv(const RunOptions& /*options*/, const Target& t
                          target.isTerminal ? CsvCharacters::kVisible : CsvCharacters::kAsTheyAre);
 }
 
-constexpr std::array<RunFormat, 5> kFormats = {{
+constexpr std::array<RunFormat, 5> kRunFormats = {{
     {"text", MakeText},
     {"json", MakeJson},
     {"html", MakeHtml},
@@ -134,7 +134,7 @@ constexpr std::array<RunFormat, 5> kFormats = {{
 }};
 
 std::unique_ptr<Renderer> MakeRenderer(const RunOptions& options, const Target& target) {
-  return FormatNamed(kFormats, options.format.format).makeRenderer(options, target);
+  return FormatNamed(kRunFormats, options.format.format).makeRenderer(options, target);
 }
 
 /// What the commands have done so far.
@@ -220,7 +220,7 @@ Action DeclareRun(CLI::App& app) {
   app.add_option("-c,--command", options->commands, "Command to run, after SCRIPT; may lack its period")
       ->type_name("COMMAND")
       ->allow_extra_args(false);
-  AddFormatOptions(app, FormatNames(kFormats), options->format);
+  AddFormatOptions(app, FormatNames(kRunFormats), options->format);
   AddOutputOption(app, "Write the results to this file", options->outputPath);
   app.add_flag("--dry-run", options->dryRun, "Show what would be done; leave the dataset as it is");
   app.add_flag("--stop-on-error", options->stopOnError, "Run no command after one that fails");

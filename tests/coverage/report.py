@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
-"""Prints the coverage of each file, and fails where a folder stays below its thresholds.
+"""Prints the coverage of each folder, and fails if one is below its thresholds; then it also prints what is missing.
 
-report.py ROOT EXPORT:FOLDER:LINES:BRANCHES...   (EXPORT: JSON of llvm-cov; thresholds in percent)
+report.py DETAILS ROOT EXPORT:FOLDER:LINES:BRANCHES...   (EXPORT: JSON of llvm-cov; thresholds in percent)
 
-What unreachable.txt names counts as reached, and is printed. Naming what is reached after all, or is not there, fails.
+The file DETAILS gets the coverage of each file: the lines that never ran, the conditions that were never true or false.
+What unreachable.txt names counts as reached, and is listed. Naming what is reached after all, or is not there, fails.
 """
 import collections
 import json
@@ -87,15 +88,19 @@ class File:
     def branches_reached(self):
         return self.branches - len(self.missing_branches)
 
-    def print(self):
-        print(f"{self.name:45} lines {percent(self.lines_reached(), len(self.counts)):6.2f}%"
-              f"  branches {percent(self.branches_reached(), self.branches):6.2f}%")
+    def is_complete(self):
+        return not self.missing_lines and not self.missing_branches
+
+    def details(self):
+        text = (f"{self.name:45} lines {percent(self.lines_reached(), len(self.counts)):6.2f}%"
+                f"  branches {percent(self.branches_reached(), self.branches):6.2f}%\n")
         if self.missing_lines:
-            print(f"    lines {ranges(self.missing_lines)}")
+            text += f"    lines that never ran: {ranges(self.missing_lines)}\n"
         for line, column, what in self.missing_branches:
-            print(f"    {line}:{column} {what}")
+            text += f"    {line}:{column} {what}\n"
         for place in self.unreachable:
-            print(f"    named as unreachable: {place}")
+            text += f"    named as unreachable: {place}\n"
+        return text
 
 
 def read_files(path, folder, root):
@@ -135,15 +140,22 @@ def holds(folder, files, lines_wanted, branches_wanted):
 
 
 def main():
-    root = sys.argv[1]
+    details_path, root = sys.argv[1:3]
     results = []
-    for argument in sys.argv[2:]:
-        path, folder, lines_wanted, branches_wanted = argument.split(":")
-        files = read_files(path, folder, root)
-        results.append(excuse_unreachable(files, folder))
-        for file in files:
-            file.print()
-        results.append(holds(folder, files, float(lines_wanted), float(branches_wanted)))
+    print("Coverage:")
+    with open(details_path, "w", encoding="utf-8") as details:
+        for argument in sys.argv[3:]:
+            path, folder, lines_wanted, branches_wanted = argument.split(":")
+            files = read_files(path, folder, root)
+            results.append(excuse_unreachable(files, folder))
+            for file in files:
+                details.write(file.details())
+            results.append(holds(folder, files, float(lines_wanted), float(branches_wanted)))
+            if not results[-1]:
+                for file in files:
+                    if not file.is_complete():
+                        print(file.details(), end="")
+    print(f"Each file: {details_path}")
     return 0 if all(results) else 1
 
 

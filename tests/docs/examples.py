@@ -17,11 +17,11 @@ from transcript import to_document, to_transcript
 HERE = os.path.dirname(os.path.abspath(__file__))
 
 
-def run_cram(folder, transcript, *options):
+def run_cram(folder, transcript):
     inherited = {name: value for name, value in os.environ.items() if name != 'CRAM'}  # which cram takes for options
     environment = dict(inherited, DOCS_SETUP=os.path.join(HERE, 'setup.sh'),
                        EXAMPLES=os.path.join(HERE, '..', '..', 'examples'))
-    return subprocess.run([os.environ['CRAM3'], '--shell=/bin/bash', *options, transcript], env=environment, cwd=folder,
+    return subprocess.run([os.environ['CRAM3'], '--shell=/bin/bash', transcript], env=environment, cwd=folder,
                           stdout=subprocess.PIPE, stderr=subprocess.STDOUT, stdin=subprocess.DEVNULL, check=False)
 
 
@@ -38,11 +38,12 @@ def run(path, update):
         name = os.path.basename(path) + '.t'
         with open(os.path.join(folder, name), 'w', encoding='utf-8') as file:
             file.write('\n'.join(transcript) + '\n')
-        result = run_cram(folder, name, *(['-y', '-i'] if update else []))
+        result = run_cram(folder, name)
         if update:
-            patched = lines_of(os.path.join(folder, name))
-            with open(path, 'w', encoding='utf-8') as document:
-                document.write('\n'.join(to_document(lines, transcript, patched)) + '\n')
+            printed = os.path.join(folder, name + '.err')  # the transcript with what was printed, if that differs
+            if os.path.exists(printed):
+                with open(path, 'w', encoding='utf-8') as document:
+                    document.write('\n'.join(to_document(lines, transcript, lines_of(printed))) + '\n')
             return True
     # Cram calls a run that ends with status 80 skipped, and that a success.
     if result.returncode != 0 or b'# Ran 1 tests, 0 skipped, 0 failed.' not in result.stdout:

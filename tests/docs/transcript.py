@@ -58,11 +58,11 @@ def as_bytes(text):
     return ''.join(c if c.isascii() else ''.join(f'\\x{byte:02x}' for byte in c.encode()) for c in text)
 
 
-def to_document(lines, transcript, patched):
+def to_document(lines, transcript, printed):
     """The document's lines with the output that cram has put into the transcript."""
     unchanged = {converted: line for converted, line in zip(transcript, lines)}
     document = [lines[0]]
-    for line in patched[1:]:
+    for line in printed[1:]:
         if line.startswith(PROSE):
             document.append(line[len(PROSE):])
         elif line in unchanged:

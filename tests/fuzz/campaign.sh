@@ -22,6 +22,7 @@ declare -A longest=([tokens]=600 [script]=1500 [import]=2000 [dataset]=64)
 options() {
   local target=$1
   echo "-max_len=${longest[$target]}"
+  echo "-artifact_prefix=$build/finds/$target/"
   if [ -f "tests/fuzz/$target.dict" ]; then
     echo "-dict=tests/fuzz/$target.dict"
   fi
@@ -32,7 +33,7 @@ run_target() {
   local target=$1 seconds=$2 arguments
   mapfile -t arguments < <(options "$target")
   nice "$build/bin/fuzz_$target" "${arguments[@]}" -fork=1 -ignore_crashes=1 -ignore_ooms=1 -ignore_timeouts=1 \
-    -timeout=20 -rss_limit_mb=2560 -max_total_time="$seconds" -artifact_prefix="$build/finds/$target/" \
+    -timeout=20 -rss_limit_mb=2560 -max_total_time="$seconds" \
     "$build/corpus/$target" "tests/fuzz/corpus/$target" > "$build/$target.log" 2>&1
 }
 

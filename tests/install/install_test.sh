@@ -7,6 +7,10 @@ root=$1
 build=$2
 compiler=$3
 
+for tool in ninja mandoc zsh diff; do
+  command -v "$tool" > /dev/null || { echo "This test needs $tool, which is not installed."; exit 1; }
+done
+
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 cmake --install "$build" --prefix "$scratch/first" > "$scratch/install.log"
@@ -41,9 +45,9 @@ cp -r "$root/tests/host" "$scratch/user/tests/"
 rm "$scratch"/user/tests/host/*_test.cpp "$scratch"/user/tests/host/allocation.cpp
 cp "$root/tests/install/CMakeLists.txt" "$root/tests/install/load_module.cpp" "$scratch/user/"
 sources=$(printf '%s;' "$scratch"/user/tests/host/*.cpp)
-cmake -S "$scratch/user" -B "$scratch/user/build" -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_BUILD_TYPE=Debug \
-  -DCMAKE_PREFIX_PATH="$scratch/moved" -DHOST_SOURCES="$sources" -DHOST_INCLUDE_DIR="$scratch/user" > "$scratch/user.log"
-cmake --build "$scratch/user/build" -j "$(nproc)" >> "$scratch/user.log"
+cmake -S "$scratch/user" -B "$scratch/user/build" -G Ninja -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_BUILD_TYPE=Debug \
+  -DCMAKE_PREFIX_PATH="$scratch/moved" -DHOST_SOURCES="$sources" -DHOST_INCLUDE_DIR="$scratch/user" > "$scratch/user.log" 2>&1 &&
+  cmake --build "$scratch/user/build" >> "$scratch/user.log" 2>&1 || { cat "$scratch/user.log"; exit 1; }
 "$scratch/user/build/load_module" > "$scratch/loaded.txt"
 expect "$scratch/loaded.txt" 'module in another host' < "$root/tests/install/loaded.txt"
 echo 'The installed tree works.'

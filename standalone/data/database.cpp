@@ -73,8 +73,7 @@ std::string InSeconds(std::chrono::milliseconds time) {
 
 class Database::Implementation {
  public:
-  Implementation(const std::string& path, std::string name)
-      : fSqlitePath(path), fPath(path), fName(std::move(name)) {}
+  Implementation(const std::string& path, std::string name) : fSqlitePath(path), fPath(path), fName(std::move(name)) {}
   Implementation(const Implementation&) = delete;
   Implementation& operator=(const Implementation&) = delete;
   ~Implementation() {

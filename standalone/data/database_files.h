@@ -14,8 +14,8 @@ namespace standalone {
 /// The name of that file system, which is there from the first call on.
 const char* DatabaseFileSystem();
 
-/// Why a companion was refused since the last call in this thread, as a sentence without the database's name, with which
-/// it begins; empty where none was.
+/// Why a companion was refused since the last call in this thread, as a sentence without the database's name, with
+/// which it begins; empty where none was.
 std::string TakeRefusal();
 
 /// Why a folder could not be synchronised since the last call in this thread, as the system words it; empty where all

@@ -34,8 +34,8 @@ void CheckNameFits(const std::string& path) {
   const std::size_t slash = path.rfind('/');
   const std::size_t size = slash == std::string::npos ? path.size() : path.size() - slash - 1;
   if (longest > 0 && size + kLongestCompanionEnding > static_cast<std::size_t>(longest)) {
-    throw DatasetError(fmt::format("{} cannot be the name of a dataset: it has {} bytes, and {} are the most here.", path,
-                                   size, static_cast<std::size_t>(longest) - kLongestCompanionEnding));
+    throw DatasetError(fmt::format("{} cannot be the name of a dataset: it has {} bytes, and {} are the most here.",
+                                   path, size, static_cast<std::size_t>(longest) - kLongestCompanionEnding));
   }
 }
 
@@ -43,8 +43,9 @@ void CheckNameFits(const std::string& path) {
 void CheckIsAlone(const std::string& path) {
   for (const char* ending : {"-journal", "-wal", "-shm"}) {
     if (Exists(path + ending)) {
-      throw DatasetError(fmt::format(
-          "{0} cannot be made: {0}{1} was left of another dataset of that name; move it away or delete it.", path, ending));
+      throw DatasetError(
+          fmt::format("{0} cannot be made: {0}{1} was left of another dataset of that name; move it away or delete it.",
+                      path, ending));
     }
   }
 }

@@ -7,9 +7,9 @@
 namespace standalone {
 
 /// A new empty file in the folder of the path that it is meant for, with the permissions of a file made there, or fewer
-/// where the path names a file that gives fewer; removed again unless it is put in place. Files that programs which were
-/// killed left in that folder are removed as well: a lock tells those that are in use. Failures are DatasetErrors that name the path it is meant for, ReadOnlyErrors
-/// where there is no permission.
+/// where the path names a file that gives fewer; removed again unless it is put in place. Files that programs which
+/// were killed left in that folder are removed as well: a lock tells those that are in use. Failures are DatasetErrors
+/// that name the path it is meant for, ReadOnlyErrors where there is no permission.
 class TemporaryFile {
  public:
   explicit TemporaryFile(const std::string& destination);

@@ -16,8 +16,7 @@ std::optional<Undone> UndoChanges(Dataset& dataset, std::optional<std::int64_t> 
   undone.target = to.value_or(undone.versions.last - 1);
   const std::vector<StoredSet> sets = dataset.SetsOfVersion(undone.target);
   undone.changed = sets != dataset.Sets();
-  undone.written =
-      dataset.SaveSets(sets, to ? "undo --to " + std::to_string(*to) : "undo") == Dataset::Saved::kDone;
+  undone.written = dataset.SaveSets(sets, to ? "undo --to " + std::to_string(*to) : "undo") == Dataset::Saved::kDone;
   return undone;
 }
 

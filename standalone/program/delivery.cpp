@@ -6,11 +6,14 @@
 #include <iostream>
 
 #include "standalone/run/output_file.h"
+#include "standalone/text/notice.h"
 
 namespace standalone {
 namespace {
 
 std::atomic<bool> isReaderGone{false};  // NOLINT(*-avoid-non-const-global-variables)
+
+std::string lastSentence;  // NOLINT(*-avoid-non-const-global-variables)
 
 }  // namespace
 
@@ -22,7 +25,14 @@ void OutliveReader() {
   }
 }
 
-void FollowReader() {
+void SayAtEnd(const std::string& sentence) {
+  lastSentence = sentence;
+}
+
+void EndDelivery() {
+  if (!lastSentence.empty()) {
+    std::cerr << NoticeLine(lastSentence);
+  }
   if (isReaderGone) {
     signal(SIGPIPE, SIG_DFL);
     raise(SIGPIPE);

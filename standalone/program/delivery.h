@@ -11,8 +11,11 @@ namespace standalone {
 /// From now on a reader that goes away is an error as a full disk is, and ends this process only after that was told.
 void OutliveReader();
 
-/// Ends the process as a reader that goes away ends others, if one went away since OutliveReader().
-void FollowReader();
+/// What is to be said of changes that stand once it was said why their results are lost; a sentence.
+void SayAtEnd(const std::string& sentence);
+
+/// Says that, and ends the process as a reader that goes away ends others, if one went away since OutliveReader().
+void EndDelivery();
 
 /// Makes sure that standard output has told of a change that stands. Where it cannot, throws OutputError with what was
 /// changed, as in "the sets are copied".

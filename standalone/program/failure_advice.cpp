@@ -118,8 +118,7 @@ NextSteps AdviceOnDataset(const CLI::App& subcommand, const std::string& path) {
   if (type == fs::file_type::not_found) {
     return StepsWithoutDataset(path);
   }
-  return type == fs::file_type::regular && !IsDatasetFile(path) ? StepsWithOtherFile(subcommand, path)
-                                                                     : NextSteps();
+  return type == fs::file_type::regular && !IsDatasetFile(path) ? StepsWithOtherFile(subcommand, path) : NextSteps();
 }
 
 }  // namespace

@@ -121,7 +121,7 @@ int RunProgram(int argc, const char* const* argv) {
     PrintError(SentenceOf(error));
   }
   std::cout.flush();
-  FollowReader();
+  EndDelivery();
   if (!std::cout && status != kUnusable) {  // or else the reason was given
     PrintError("Standard output cannot be written.");
   }

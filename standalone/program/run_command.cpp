@@ -29,7 +29,6 @@
 #include "standalone/run/output_file.h"
 #include "standalone/run/script_source.h"
 #include "standalone/run/supervisor.h"
-#include "standalone/text/notice.h"
 
 namespace standalone {
 namespace {
@@ -204,7 +203,7 @@ ExitStatus Run(const RunOptions& options) {
   } catch (...) {
     const bool areResultsLost = options.outputPath || !std::cout.flush();
     if (areResultsLost && outcome.saved > 0) {
-      std::cerr << NoticeLine(SentenceOfSaved(outcome.saved));
+      SayAtEnd(SentenceOfSaved(outcome.saved));
     }
     throw;
   }

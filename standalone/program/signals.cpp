@@ -12,7 +12,7 @@ namespace standalone {
 namespace {
 
 /// Signals that end no process, or that no process can handle.
-constexpr std::array<int, 10> kHarmless = {SIGKILL, SIGSTOP, SIGCHLD, SIGCONT, SIGTSTP,
+constexpr std::array<int, 10> kHarmless = {SIGKILL, SIGSTOP, SIGCHLD, SIGCONT,  SIGTSTP,
                                            SIGTTIN, SIGTTOU, SIGURG,  SIGWINCH, SIGXFSZ};
 
 // SA_RESETHAND has put the default back, which ends every process but the first one of a container.

@@ -28,8 +28,7 @@ namespace {
 
 [[noreturn]] void FailToStart() {
   const int number = errno;
-  throw std::runtime_error(
-      fmt::format("The process that runs commands cannot be started: {}.", std::strerror(number)));
+  throw std::runtime_error(fmt::format("The process that runs commands cannot be started: {}.", std::strerror(number)));
 }
 
 Descriptor Checked(int descriptor) {

@@ -10,8 +10,8 @@ namespace standalone {
 
 /// What went wrong, as one sentence.
 inline std::string SentenceOf(const std::exception& error) {
-  const bool lacksMemory =
-      dynamic_cast<const std::bad_alloc*>(&error) != nullptr || dynamic_cast<const std::length_error*>(&error) != nullptr;
+  const bool lacksMemory = dynamic_cast<const std::bad_alloc*>(&error) != nullptr ||
+                           dynamic_cast<const std::length_error*>(&error) != nullptr;
   return lacksMemory ? "There is not enough memory." : error.what();
 }
 

@@ -9,21 +9,46 @@ A check tells all that is not as it should be, a line each.
 The schema:
 
   $ damaged 'DROP TABLE value_label'
-  The table value_label is missing.
-  The value labels cannot be read to the end.
-  s.mrset: 2 findings.
-  [1]
+  mrset: s.mrset is damaged: the table value_label is missing.
+  [2]
   $ damaged 'ALTER TABLE variable ADD COLUMN more TEXT'
-  The table variable is not defined as it should be.
-  s.mrset: 1 finding.
-  [1]
-  $ damaged 'CREATE TABLE t(x); CREATE VIEW v AS SELECT 1; CREATE TRIGGER g AFTER INSERT ON cases BEGIN SELECT 1; END; CREATE INDEX i ON cases(cells)'
-  The table t does not belong to a dataset.
-  The view v does not belong to a dataset.
-  The trigger g does not belong to a dataset.
-  The index i does not belong to a dataset.
-  s.mrset: 4 findings.
-  [1]
+  mrset: s.mrset is damaged: the table variable is not defined as it should be.
+  [2]
+  $ damaged 'CREATE TABLE t(x)'
+  mrset: s.mrset is damaged: the table t does not belong to a dataset.
+  [2]
+  $ damaged 'CREATE VIEW v AS SELECT 1'
+  mrset: s.mrset is damaged: the view v does not belong to a dataset.
+  [2]
+  $ damaged 'CREATE TRIGGER g AFTER INSERT ON cases BEGIN SELECT 1; END'
+  mrset: s.mrset is damaged: the trigger g does not belong to a dataset.
+  [2]
+  $ damaged 'CREATE INDEX i ON cases(cells)'
+  mrset: s.mrset is damaged: the index i does not belong to a dataset.
+  [2]
+  $ damaged "PRAGMA writable_schema = 1; INSERT INTO sqlite_schema VALUES ('table', 'virtual', 'virtual', 0, 'CREATE VIRTUAL TABLE virtual USING fts5(x)')"
+  mrset: s.mrset is damaged: the table virtual does not belong to a dataset.
+  [2]
+  $ damaged 'ANALYZE'
+  mrset: s.mrset is damaged: the table sqlite_stat1 does not belong to a dataset.
+  [2]
+  $ damaged "PRAGMA writable_schema = 1; UPDATE sqlite_schema SET sql = 'CREATE TABLE' WHERE name = 'cases'"
+  mrset: s.mrset is damaged.
+  [2]
+
+What a stranger's schema computes is never run, so it cannot go on for ever:
+
+  $ rm -f s.mrset; breakfast s.mrset; sqlite3 s.mrset "PRAGMA writable_schema = 1; UPDATE sqlite_schema SET sql = replace(sql, 'label TEXT', 'label TEXT AS (printf(''%.*c'', 2000000000, ''x'') LIKE ''%y%z%'')') WHERE name = 'mr_set'"
+  $ for command in sets check variables log; do timeout 10 mrset $command s.mrset; done
+  mrset: s.mrset is damaged: the table mr_set is not defined as it should be.
+  mrset: s.mrset is damaged: the table mr_set is not defined as it should be.
+  mrset: s.mrset is damaged: the table mr_set is not defined as it should be.
+  mrset: s.mrset is damaged: the table mr_set is not defined as it should be.
+  [2]
+  $ rm -f s.mrset; breakfast s.mrset; sqlite3 s.mrset "PRAGMA writable_schema = 1; UPDATE sqlite_schema SET sql = replace(sql, 'cells TEXT NOT NULL', 'cells TEXT NOT NULL CHECK (length(replace(hex(zeroblob(900000000)), ''00'', cells)) > 0)') WHERE name = 'cases'"
+  $ timeout 10 mrset check s.mrset
+  mrset: s.mrset is damaged: the table cases is not defined as it should be.
+  [2]
 
 The header and the dictionary:
 

@@ -10,11 +10,11 @@ Results that nobody gets: a full disk ...
   $ define 400 > many.script; mrset run s.mrset many.script > /dev/full 2> err
   [2]
   $ sed -E 's/^mrset: [0-9]+ commands/mrset: N commands/' err; test "$(grep -oE '[0-9]+' err)" = "$(sets s.mrset)"
+  mrset: Standard output cannot be written.
   mrset: N commands changed the dataset all the same, and that is saved; mrset log lists it.
-  mrset: Standard output cannot be written.
   $ mrset run s.mrset -c 'MRSET /DELETE NAME=ALL' > /dev/full
-  mrset: 1 command changed the dataset all the same, and that is saved; mrset log lists it.
   mrset: Standard output cannot be written.
+  mrset: 1 command changed the dataset all the same, and that is saved; mrset log lists it.
   [2]
   $ mrset run s.mrset -c 'MRSET /DISPLAY NAME=ALL' > /dev/full
   mrset: Standard output cannot be written.
@@ -29,8 +29,8 @@ Results that nobody gets: a full disk ...
   $ { mrset run s.mrset many.script 2> err; echo ${PIPESTATUS[0]} > status; } | true; cat status
   141
   $ sed -E 's/^mrset: [0-9]+ commands/mrset: N commands/' err; test "$(grep -oE '[0-9]+' err)" = "$(sets s.mrset)"
-  mrset: N commands changed the dataset all the same, and that is saved; mrset log lists it.
   mrset: Standard output cannot be written.
+  mrset: N commands changed the dataset all the same, and that is saved; mrset log lists it.
   $ { mrset run s.mrset -c 'MRSET /DISPLAY NAME=[$s1]' 2> err; echo $? > status; } | sleep 0.2; cat status err
   0
   $ mkfifo results; { mrset undo s.mrset > results 2> err; echo $? > status; } & exec 8< results; exec 8<&-; wait; cat status
@@ -43,8 +43,8 @@ Results that nobody gets: a full disk ...
   $ mrset run s.mrset -c 'MRSET /DELETE NAME=ALL' > /dev/null; (ulimit -f 90; mrset run s.mrset many.script --output out.txt) 2> err
   [2]
   $ test "$(grep -oE '[0-9]+ commands?' err | grep -oE '[0-9]+')" = "$(sets s.mrset)" && sed -E 's/[0-9]+ commands/N commands/' err; ls out.txt
-  mrset: N commands changed the dataset all the same, and that is saved; mrset log lists it.
   mrset: * (glob)
+  mrset: N commands changed the dataset all the same, and that is saved; mrset log lists it.
   ls: cannot access 'out.txt': No such file or directory
   [2]
 

@@ -64,7 +64,7 @@ Ten notes of a set, and how many others there are:
 
 Where the variables cannot be read, the sets are shown all the same:
 
-  $ strange 'DROP TABLE variable'; mrset sets s.mrset
+  $ strange 'PRAGMA ignore_check_constraints = ON; UPDATE meta SET variable_count = -1'; mrset sets s.mrset
   Multiple response sets
   
   Name  Type       Label  Counted value  Variables

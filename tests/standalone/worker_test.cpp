@@ -41,7 +41,7 @@ TEST(Worker, SendsTheEventsOfACommandWhenItIsDone) {
   });
   EXPECT_EQ(ReceiveAll(worker),
             (Lines{R"({"procedure":"title"})", R"({"item":{"kind":"message","level":"warning","text":"one\ntwo"}})",
-                   R"({"done":4})"}));
+                   R"({"done":[4,false]})"}));
   EXPECT_EQ(ToLines(worker.EventsOfLastCommand()), Lines{});
   EXPECT_EQ(worker.LastWords(), "");
 }
@@ -55,7 +55,7 @@ TEST(Worker, KeepsTheEventsOfACommandInWhichTheChildEnded) {
     std::cerr << "a report\n\n" << std::flush;
     std::abort();
   });
-  EXPECT_EQ(ReceiveAll(worker), (Lines{R"({"procedure":"first"})", R"({"done":0})"}));
+  EXPECT_EQ(ReceiveAll(worker), (Lines{R"({"procedure":"first"})", R"({"done":[0,false]})"}));
   EXPECT_EQ(ToLines(worker.EventsOfLastCommand()),
             (Lines{R"({"procedure":"second"})", R"({"item":{"kind":"message","level":"error","text":"said"}})"}));
   EXPECT_EQ(worker.LastWords(), "a report");
@@ -68,7 +68,7 @@ TEST(Worker, ForgetsTheEventsBeforeARestart) {
     tell(ProcedureOpened{"second try"});
     tell(CommandDone{0});
   });
-  EXPECT_EQ(ReceiveAll(worker), (Lines{R"({"procedure":"second try"})", R"({"done":0})"}));
+  EXPECT_EQ(ReceiveAll(worker), (Lines{R"({"procedure":"second try"})", R"({"done":[0,false]})"}));
 }
 
 TEST(Worker, SendsAFailureAtOnce) {
@@ -105,7 +105,7 @@ TEST(Worker, OutlivesAReaderOfItsNotices) {
   dup2(own, STDERR_FILENO);
   close(own);
   close(ends[1]);
-  EXPECT_EQ(ReceiveAll(worker), Lines{R"({"done":0})"});
+  EXPECT_EQ(ReceiveAll(worker), Lines{R"({"done":[0,false]})"});
 }
 
 TEST(Worker, TellsTheSignalOfAChildThatSaidNothing) {

@@ -55,6 +55,11 @@ int SystemErrno(sqlite3* connection) {
   return kept == 0 ? last : kept;
 }
 
+// SQLite tells a fault of the disk as damage of the file.
+bool IsFaultOfDisk(int number) {
+  return number == EIO || number == ENXIO || number == ERANGE;
+}
+
 using Clock = std::chrono::steady_clock;
 
 constexpr std::chrono::seconds kSilentWait{1};
@@ -92,6 +97,7 @@ class Database::Implementation {
   sqlite3_stmt* Kept(std::string_view sql) {
     sqlite3_stmt*& statement = fStatements[sql];
     if (statement == nullptr) {
+      errno = 0;
       Check(sqlite3_prepare_v3(fConnection, sql.data(), static_cast<int>(sql.size()), SQLITE_PREPARE_PERSISTENT,
                                &statement, nullptr));
     }
@@ -117,6 +123,7 @@ class Database::Implementation {
   std::chrono::milliseconds fLockTimeout{0};
   std::function<void(const std::string&)> fNotify;
   std::optional<int> fWorkLeft;  // where it is limited
+  bool fIsOpenToWrite = false;
 
  private:
   [[noreturn]] void Fail(int result) const;
@@ -168,6 +175,7 @@ std::string Database::Implementation::SystemFailure(int number) const {
 }
 
 void Database::Implementation::Fail(int result) const {
+  const int number = errno;
   if (const std::string refusal = TakeRefusal(); !refusal.empty()) {
     throw DatasetError(fName + refusal);
   }
@@ -200,6 +208,9 @@ void Database::Implementation::Fail(int result) const {
     case SQLITE_TOOBIG:
       throw DatasetError(fName + " cannot be written: a case or text is longer than 1,000,000,000 bytes.");
     default:  // what is left comes of a schema or a value that this program does not write
+      if (IsFaultOfDisk(number)) {
+        throw DatasetError(SystemFailure(number));
+      }
       throw DamagedError(fName + " is damaged.");
   }
 }
@@ -210,6 +221,7 @@ Database::Database(const std::string& path, std::string name)
   const int result = sqlite3_open_v2(fImplementation->fSqlitePath.ForSqlite().c_str(), &fImplementation->fConnection,
                                      SQLITE_OPEN_READWRITE, DatabaseFileSystem());
   fImplementation->Check(result);
+  fImplementation->fIsOpenToWrite = WasOpenedToWrite();
   sqlite3_busy_handler(fImplementation->fConnection, Implementation::WaitForLock, fImplementation.get());
   RefuseFileLogic(fImplementation->fConnection);
   SetLimits(fImplementation->fConnection);
@@ -226,6 +238,7 @@ void Database::SetLockTimeout(std::chrono::milliseconds timeout, std::function<v
 }
 
 void Database::Execute(const char* sql) {
+  errno = 0;  // what is found there after a failure is of this call
   fImplementation->Check(sqlite3_exec(fImplementation->fConnection, sql, nullptr, nullptr, nullptr));
 }
 
@@ -278,6 +291,10 @@ bool Database::IsReadOnly() const {
   return sqlite3_db_readonly(fImplementation->fConnection, "main") == 1;
 }
 
+bool Database::ForbidsWriting() const {
+  return IsReadOnly() && fImplementation->fIsOpenToWrite;
+}
+
 bool Database::InTransaction() const {
   return sqlite3_get_autocommit(fImplementation->fConnection) == 0;
 }
@@ -320,6 +337,7 @@ Query& Query::BindNull() {
 }
 
 bool Query::Step() {
+  errno = 0;
   const int result = sqlite3_step(fStatement);
   fDatabase.fImplementation->Check(result);
   return result == SQLITE_ROW;

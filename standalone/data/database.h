@@ -68,6 +68,9 @@ class Database {
   void FailIfMoved() const;
 
   bool IsReadOnly() const;
+
+  /// Whether the file's own header forbids to write it, not a lack of permission.
+  bool ForbidsWriting() const;
   bool InTransaction() const;
 
   /// Ends the transaction, if there is one, without its changes. Never fails.

@@ -27,6 +27,7 @@ constexpr std::string_view kByDescriptor = "/proc/self/fd/";
 struct Met {
   std::string refusal;
   std::string unsynced;
+  bool isOpenToWrite = false;
 };
 
 Met& MetHere() {
@@ -82,6 +83,29 @@ int RefuseWriteAheadLog(const char* path) {
                     : " is in SQLite's WAL mode, which this program does not use.");
 }
 
+bool IsLackOfPermission(int number) {
+  return number == EACCES || number == EPERM || number == EROFS || number == ETXTBSY;
+}
+
+/// SQLite falls back to reading whatever kept the file from being opened to write. Where that was no lack of permission,
+/// it is a failure.
+int OpenDatabase(const char* path, sqlite3_file* file, int flags, int* outFlags) {
+  int opened = 0;
+  errno = 0;
+  const int result = System()->xOpen(System(), path, file, flags, &opened);
+  const int number = errno;
+  MetHere().isOpenToWrite = (opened & SQLITE_OPEN_READWRITE) != 0;
+  if (outFlags != nullptr) {
+    *outFlags = opened;
+  }
+  if (result != SQLITE_OK || MetHere().isOpenToWrite || IsLackOfPermission(number)) {
+    return result;
+  }
+  file->pMethods->xClose(file);
+  file->pMethods = nullptr;
+  return Refuse(fmt::format(" cannot be read or written: {}.", std::strerror(number)));
+}
+
 int Open(sqlite3_vfs* /*self*/, const char* path, sqlite3_file* file, int flags, int* outFlags) {
   file->pMethods = nullptr;  // nothing to close where it is refused
   if ((flags & SQLITE_OPEN_WAL) != 0) {
@@ -92,7 +116,8 @@ int Open(sqlite3_vfs* /*self*/, const char* path, sqlite3_file* file, int flags,
       return result;
     }
   }
-  return System()->xOpen(System(), path, file, flags, outFlags);
+  return (flags & SQLITE_OPEN_MAIN_DB) != 0 ? OpenDatabase(path, file, flags, outFlags)
+                                            : System()->xOpen(System(), path, file, flags, outFlags);
 }
 
 int Delete(sqlite3_vfs* /*self*/, const char* path, int syncFolder) {
@@ -151,6 +176,10 @@ const char* DatabaseFileSystem() {
 
 std::string TakeRefusal() {
   return std::exchange(MetHere().refusal, "");
+}
+
+bool WasOpenedToWrite() {
+  return MetHere().isOpenToWrite;
 }
 
 std::string TakeUnsyncedReason() {

@@ -18,6 +18,10 @@ const char* DatabaseFileSystem();
 /// which it begins; empty where none was.
 std::string TakeRefusal();
 
+/// Whether the database that was opened last in this thread was opened to write. SQLite falls back to reading where
+/// there is no permission.
+bool WasOpenedToWrite();
+
 /// Why a folder could not be synchronised since the last call in this thread, as the system words it; empty where all
 /// were.
 std::string TakeUnsyncedReason();

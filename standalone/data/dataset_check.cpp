@@ -146,6 +146,9 @@ void Checker::Integrity() {
   bool goesOn = true;
   while (goesOn && rows.Step()) {
     const std::string text = rows.Text(0);
+    if (SaysThatDiskFailed(text)) {
+      throw DatasetError(fName + " cannot be read or written: input or output failed.");
+    }
     if (text != "ok") {
       Finding("The file is not sound: {}.", text);
     }

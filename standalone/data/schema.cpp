@@ -187,8 +187,8 @@ void CheckFormat(Database& database, const std::string& path) {
     throw DatasetError(path + " was made by a newer version of the program.");
   }
   CheckSchema(database, path);
-  if (database.IsReadOnly() && eaccess(path.c_str(), W_OK) == 0) {
-    database.FailAsDamaged();  // it is the header that forbids to write, and this program makes none that does
+  if (database.ForbidsWriting()) {
+    database.FailAsDamaged();  // this program makes no such header
   }
 }
 

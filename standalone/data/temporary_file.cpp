@@ -62,6 +62,13 @@ bool IsNamed(const std::string& path, int descriptor) {
          named.st_ino == opened.st_ino;
 }
 
+/// Whether another program took the file for one left behind, in the moment before it was locked.
+bool WasTaken(const std::string& path, int descriptor) {
+  struct stat status = {};
+  return (lstat(path.c_str(), &status) != 0 && errno == ENOENT) ||
+         (fstat(descriptor, &status) == 0 && status.st_nlink == 0);
+}
+
 constexpr std::string_view kPrefix = ".mrset-";
 constexpr std::string_view kSuffix = ".tmp";
 constexpr std::size_t kNumberDigits = 8;
@@ -155,10 +162,10 @@ LockedFile MakeFileIn(const std::string& folder, const std::string& destination)
     }
     if (descriptor >= 0) {
       flock(descriptor, LOCK_EX);
-      if (IsNamed(path, descriptor)) {
+      if (!WasTaken(path, descriptor)) {
         return {std::move(path), descriptor};
       }
-      close(descriptor);  // another program took it for one left behind, in the moment before it was locked
+      close(descriptor);
     }
   }
   FailToWrite(destination, errno);

@@ -40,7 +40,7 @@ std::vector<std::vector<std::string>> ProblemsOfSets(Dataset& dataset, const std
       if (canRead) {
         AddSentences(set, MisfitsOf(set, find), sentences);
       }
-    } catch (const DatasetError& error) {
+    } catch (const DamagedError& error) {
       canRead = false;
       sentences.push_back(fmt::format("The variables of the set {} cannot be read: {}", set.name, error.what()));
     }

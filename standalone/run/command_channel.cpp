@@ -1,5 +1,6 @@
 #include "standalone/run/command_channel.h"
 
+#include <fmt/format.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -7,8 +8,8 @@
 #include <cerrno>
 #include <cstdint>
 #include <cstring>
+#include <stdexcept>
 #include <string>
-#include <system_error>
 #include <utility>
 
 namespace standalone {
@@ -74,7 +75,8 @@ void Close(int& descriptor) {
 CommandChannel::CommandChannel() {
   std::array<int, 2> ends{};
   if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0) {
-    throw std::system_error(errno, std::generic_category(), "socketpair");
+    throw std::runtime_error(
+        fmt::format("The process that runs commands cannot be started: {}.", std::strerror(errno)));
   }
   fSending = ends[0];
   fReceiving = ends[1];

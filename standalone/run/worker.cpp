@@ -9,6 +9,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
@@ -155,12 +156,21 @@ void EndWithParent(pid_t parent) {
   }
 }
 
+[[noreturn]] void FailToReadResults() {
+  throw std::runtime_error(fmt::format(
+      "The results of a command cannot be read: {}. Whether its change was saved is not known.", std::strerror(errno)));
+}
+
 std::string ReadFromStart(int descriptor) {
   std::string text;
   std::array<char, 4096> buffer{};
   ssize_t count = 0;
-  while ((count = pread(descriptor, buffer.data(), buffer.size(), static_cast<off_t>(text.size()))) > 0) {
-    text.append(buffer.data(), static_cast<std::size_t>(count));
+  while ((count = pread(descriptor, buffer.data(), buffer.size(), static_cast<off_t>(text.size()))) > 0 ||
+         (count < 0 && errno == EINTR)) {
+    text.append(buffer.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+  }
+  if (count < 0) {
+    FailToReadResults();
   }
   return text;
 }
@@ -221,8 +231,10 @@ std::optional<Event> Worker::Receive() {
     const ssize_t count = read(fEvents.Number(), buffer.data(), buffer.size());
     if (count > 0) {
       fReceived.append(buffer.data(), static_cast<std::size_t>(count));
-    } else if (count == 0 || errno != EINTR) {
+    } else if (count == 0) {
       WaitForEnd();  // a line that the child did not complete is none
+    } else if (errno != EINTR) {
+      FailToReadResults();
     }
   }
   return std::nullopt;

@@ -3,8 +3,9 @@
 
   crosswise_test.py --program MRSET --shim LIBRARY [--rounds N] [--long]
 
-What both datasets hold is what one copy after the other leaves, in one of the two orders: a set that both have by one
-name is the same in both then, and no set is lost.
+A copy reads its source, lets it go, and then takes its target. So what both datasets hold is what one copy after the
+other leaves, in one of the two orders, or what each leaves of sources that were read before either was saved. No set is
+lost, and none is mixed.
 """
 
 import argparse
@@ -109,7 +110,7 @@ def round_of_two(program: Program, folder: Path, allowed: list) -> None:
     if found not in allowed:
         one, other = found
         differing = sorted(name for name in one.keys() | other.keys() if one.get(name) != other.get(name))
-        raise Failure(f"no order of the two copies leaves that; the two datasets differ in {differing}")
+        raise Failure(f"the two copies do not leave that; the two datasets differ in {differing}")
 
 
 def round_of_three(program: Program, folder: Path, allowed: list) -> None:
@@ -125,7 +126,7 @@ def round_of_three(program: Program, folder: Path, allowed: list) -> None:
         raise Failure(f"sets were not copied as they are: {strangers}")
     rest = tuple({name: form for name, form in sets.items() if name not in saved} for sets in (in_a, in_b))
     if rest not in allowed:
-        raise Failure("no order of the two copies leaves that")
+        raise Failure("the two copies do not leave that")
 
 
 def play(program: Program, rounds: int) -> tuple[int, int]:
@@ -135,6 +136,7 @@ def play(program: Program, rounds: int) -> tuple[int, int]:
         place = Path(scratch).resolve()
         ready = prepare(program, place / "ready")
         allowed = [in_order(program, ready, place, order) for order in (copies(), copies()[::-1])]
+        allowed.append((allowed[1][0], allowed[0][1]))  # both sources as they were
         if allowed[0] == allowed[1]:
             raise Failure("both orders of the copies leave the same, so that they do not tell")
         for check in (round_of_two, round_of_three):

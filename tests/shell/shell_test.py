@@ -354,7 +354,7 @@ class GivingUp(ShellTest):
         terminal.type(UP)
         terminal.wait_for(PROMPT + "MRSET /MDGROUP\nNAME=$a")
 
-    def test_ctrl_c_leaves_a_running_command_alone(self):
+    def test_ctrl_c_gives_up_a_command_that_waits(self):
         terminal = self.shell()
         terminal.enter("MRSET /DISPLAY NAME=ALL.")
         terminal.wait_for("No MRSET")
@@ -364,10 +364,13 @@ class GivingUp(ShellTest):
         terminal.enter(DEFINE + ".")
         terminal.wait_for("waiting for")
         terminal.type(ctrl("c"))
-        terminal.wait_for("^C")
+        terminal.wait_for("mrset: s.mrset: interrupted.")
+        terminal.wait_for_input(PROMPT)
         other.execute("ROLLBACK")
         other.close()
-        terminal.wait_for_input("^C" + PROMPT)
+        self.assertEqual(self.sets(), [])
+        terminal.enter(DEFINE + ".")
+        terminal.wait_for_input(PROMPT)
         self.assertEqual(self.sets(), ["$new"])
 
     def test_ctrl_d_on_an_empty_line_leaves(self):

@@ -87,8 +87,8 @@ bool IsLackOfPermission(int number) {
   return number == EACCES || number == EPERM || number == EROFS || number == ETXTBSY;
 }
 
-/// SQLite falls back to reading whatever kept the file from being opened to write. Where that was no lack of permission,
-/// it is a failure.
+/// SQLite falls back to reading whatever kept the file from being opened to write. Where that was no lack of
+/// permission, it is a failure.
 int OpenDatabase(const char* path, sqlite3_file* file, int flags, int* outFlags) {
   int opened = 0;
   errno = 0;

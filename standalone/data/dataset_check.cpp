@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <limits>
 #include <map>
 #include <optional>
@@ -27,11 +28,21 @@ namespace standalone {
 
 namespace {
 
+// SQLite names the number of an error within a sentence; the lowest byte is that of its kind.
+bool SaysThatDiskFailed(const std::string& text) {
+  constexpr std::string_view kNumberFollows = "unable to get the page. error code=";
+  constexpr int kFailedInputOrOutput = 10;
+  const std::size_t at = text.find(kNumberFollows);
+  return at != std::string::npos &&
+         (std::atoi(text.c_str() + at + kNumberFollows.size()) & 0xff) == kFailedInputOrOutput;
+}
+
 constexpr std::int64_t kMostInt = std::numeric_limits<int>::max();
 
 class Checker {
  public:
-  Checker(Database& database, const CheckReport& report) : fDatabase(database), fReport(report) {}
+  Checker(Database& database, std::string name, const CheckReport& report)
+      : fDatabase(database), fName(std::move(name)), fReport(report) {}
 
   void Run();
 
@@ -74,6 +85,7 @@ class Checker {
   std::optional<Variable> FindVariable(const std::string& name, bool withLabels);
 
   Database& fDatabase;
+  std::string fName;
   const CheckReport& fReport;
   std::int64_t fVersion = kFormatVersion;
   std::vector<bool> fIsNumeric;  // by position
@@ -464,7 +476,7 @@ void Checker::KeptForm(std::int64_t number, const StoredSet& before) {
 void CheckDataset(const std::string& path, const DatasetOptions& options, const CheckReport& report) {
   const std::unique_ptr<Database> database = OpenDataset(path, options);
   database->Execute("BEGIN");
-  Checker(*database, report).Run();
+  Checker(*database, path, report).Run();
 }
 
 }  // namespace standalone

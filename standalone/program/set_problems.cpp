@@ -7,6 +7,7 @@
 #include <iterator>
 #include <optional>
 
+#include "standalone/data/database.h"
 #include "standalone/data/set_rules.h"
 
 namespace standalone {

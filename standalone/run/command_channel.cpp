@@ -8,9 +8,10 @@
 #include <cerrno>
 #include <cstdint>
 #include <cstring>
-#include <stdexcept>
 #include <string>
 #include <utility>
+
+#include "standalone/run/run_error.h"
 
 namespace standalone {
 namespace {
@@ -75,8 +76,7 @@ void Close(int& descriptor) {
 CommandChannel::CommandChannel() {
   std::array<int, 2> ends{};
   if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0) {
-    throw std::runtime_error(
-        fmt::format("The process that runs commands cannot be started: {}.", std::strerror(errno)));
+    throw RunError(fmt::format("The process that runs commands cannot be started: {}.", std::strerror(errno)));
   }
   fSending = ends[0];
   fReceiving = ends[1];

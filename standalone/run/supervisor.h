@@ -3,21 +3,15 @@
 
 #include <functional>
 #include <memory>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "standalone/data/dataset.h"
 #include "standalone/language/script.h"
 #include "standalone/output/items.h"
+#include "standalone/run/run_error.h"
 
 namespace standalone {
-
-/// Why no command can be run any more; what() is one sentence.
-class RunError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
 
 struct RunRequest {
   std::string datasetPath;

@@ -17,11 +17,11 @@
 #include <cstring>
 #include <exception>
 #include <sstream>
-#include <stdexcept>
 #include <utility>
 
 #include "standalone/data/interrupt.h"
 #include "standalone/data/temporary_file.h"
+#include "standalone/run/run_error.h"
 #include "standalone/text/notice.h"
 
 namespace standalone {
@@ -29,7 +29,7 @@ namespace {
 
 [[noreturn]] void FailToStart() {
   const int number = errno;
-  throw std::runtime_error(fmt::format("The process that runs commands cannot be started: {}.", std::strerror(number)));
+  throw RunError(fmt::format("The process that runs commands cannot be started: {}.", std::strerror(number)));
 }
 
 Descriptor Checked(int descriptor) {
@@ -157,8 +157,8 @@ void EndWithParent(pid_t parent) {
 }
 
 [[noreturn]] void FailToReadResults() {
-  throw std::runtime_error(fmt::format(
-      "The results of a command cannot be read: {}. Whether its change was saved is not known.", std::strerror(errno)));
+  throw RunError(fmt::format("The results of a command cannot be read: {}. Whether its change was saved is not known.",
+                             std::strerror(errno)));
 }
 
 std::string ReadFromStart(int descriptor) {

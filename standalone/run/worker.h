@@ -23,7 +23,7 @@ class Worker {
  public:
   using Tell = std::function<void(const Event&)>;
 
-  /// Starts `work` in a child. Throws std::runtime_error, one sentence.
+  /// Starts `work` in a child. Throws RunError.
   explicit Worker(const std::function<void(const Tell& tell)>& work);
   Worker(const Worker&) = delete;
   Worker& operator=(const Worker&) = delete;
@@ -34,10 +34,10 @@ class Worker {
   /// Asks the child to begin no further command, and to give up one that it has not begun to save.
   void Interrupt();
 
-  /// The next event; nothing once the child has ended.
+  /// The next event; nothing once the child has ended. Throws RunError.
   std::optional<Event> Receive();
 
-  /// After Receive() gave nothing: all events of the command in which the child ended.
+  /// After Receive() gave nothing: all events of the command in which the child ended. Throws RunError.
   std::vector<Event> EventsOfLastCommand() const;
 
   /// After Receive() gave nothing: what the child wrote to standard error or, where that is nothing, how it ended.

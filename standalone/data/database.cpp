@@ -55,9 +55,9 @@ int SystemErrno(sqlite3* connection) {
   return kept == 0 ? last : kept;
 }
 
-// SQLite tells a fault of the disk as damage of the file.
-bool IsFaultOfDisk(int number) {
-  return number == EIO || number == ENXIO || number == ERANGE;
+// SQLite tells some faults of the system as damage of the file.
+bool IsFaultOfSystem(int number) {
+  return number == EIO || number == ENXIO || number == ERANGE || number == ENOMEM;
 }
 
 using Clock = std::chrono::steady_clock;
@@ -125,10 +125,11 @@ class Database::Implementation {
   std::optional<int> fWorkLeft;  // where it is limited
   bool fIsOpenToWrite = false;
 
+  std::string SystemFailure(int number) const;
+
  private:
   [[noreturn]] void Fail(int result) const;
   std::string LockedSentence() const;
-  std::string SystemFailure(int number) const;
   bool Wait(int count);
   bool MustStop();
 
@@ -208,7 +209,7 @@ void Database::Implementation::Fail(int result) const {
     case SQLITE_TOOBIG:
       throw DatasetError(fName + " cannot be written: a case or text is longer than 1,000,000,000 bytes.");
     default:  // what is left comes of a schema or a value that this program does not write
-      if (IsFaultOfDisk(number)) {
+      if (IsFaultOfSystem(number)) {
         throw DatasetError(SystemFailure(number));
       }
       throw DamagedError(fName + " is damaged.");
@@ -307,7 +308,11 @@ void Database::Rollback() noexcept {
   }
 }
 
+// What a fault of the system kept from being read looks as if it were not there.
 void Database::FailAsDamaged() const {
+  if (const int number = errno; IsFaultOfSystem(number)) {
+    throw DatasetError(fImplementation->SystemFailure(number));
+  }
   throw DamagedError(fImplementation->fName + " is damaged.");
 }
 

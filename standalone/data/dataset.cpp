@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <iterator>
 #include <limits>
+#include <new>
 #include <tuple>
 #include <unordered_map>
 #include <utility>
@@ -243,11 +244,15 @@ void Dataset::Implementation::WriteLocked(const SetList& sets, const std::string
   Query(*fDatabase, "UPDATE meta SET generation = generation + 1 WHERE id = 1").Run();
   const std::optional<std::string> unconfirmed = CommitGeneration(*fDatabase, fGeneration + 1);
   ++fGeneration;
-  std::move(write).ApplyTo(*fSets);
-  for (const std::optional<std::string>& sentence : {migrated, unconfirmed}) {
-    if (sentence && fOptions.notify) {
-      fOptions.notify(*sentence);
+  try {
+    std::move(write).ApplyTo(*fSets);
+    for (const std::optional<std::string>& sentence : {migrated, unconfirmed}) {
+      if (sentence && fOptions.notify) {
+        fOptions.notify(*sentence);
+      }
     }
+  } catch (const std::bad_alloc&) {
+    fSets.reset();  // the change stands: to keep its result is no part of it
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <new>
 #include <optional>
 #include <utility>
 
@@ -11,6 +12,7 @@
 #include "standalone/language/nearest_name.h"
 #include "standalone/language/place.h"
 #include "standalone/language/tokenizer.h"
+#include "standalone/run/run_error.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {
@@ -69,8 +71,19 @@ bool CommandRunner::Run(const ScriptCommand& command, std::size_t index) {
   } catch (const TokenizerError& error) {
     TellItem(Unreadable(command, error));
   }
-  fTell(CommandDone{index, fHasSaved});
+  TellDone(index);
   return !fHasError;
+}
+
+void CommandRunner::TellDone(std::size_t index) {
+  try {
+    fTell(CommandDone{index, fHasSaved});
+  } catch (const std::bad_alloc&) {
+    if (!fHasSaved) {
+      throw;
+    }
+    throw RunError("There is not enough memory; the change of the command is saved all the same.");
+  }
 }
 
 void CommandRunner::RunTokens(const ScriptCommand& command, const std::vector<Token>& tokens) {

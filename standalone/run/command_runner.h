@@ -30,6 +30,7 @@ class CommandRunner {
   bool Run(const ScriptCommand& command, std::size_t index);
 
  private:
+  void TellDone(std::size_t index);
   void RunTokens(const ScriptCommand& command, const std::vector<Token>& tokens);
   bool TryRun(const ScriptCommand& command, const std::vector<Token>& tokens, bool exclusive);
   void GiveHints(const SetList& before, const SetList& after);

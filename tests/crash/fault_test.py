@@ -31,12 +31,13 @@ UNUSABLE = 2  # exit status: a failure, told in a sentence
 # What a scenario's calls must be of, by what it does.
 READS = {"open", "read", "lock", "status", "close"}
 SAVES = {"write", "sync", "delete", "mode"}
-RUNS = {"memfd", "pipe", "fork", "dup", "stream", "truncate"}
+RUNS = {"memfd", "pipe", "fork", "dup", "truncate"}
 REPLACES = {"list", "rename"}
 
 RESULT = re.compile(r"\{.*\}")
 RESULT_IN_SHELL = re.compile(r"\d+> .*")
 DONE = re.compile(r"\bsaved\b|\bis done\b|\bdone;|all the same|could not be synchroni[sz]ed")
+FOLDER = re.compile(r"done; the folder could not be synchronised")
 NOT_DONE = re.compile(r"\b(not|nothing|nor|none|never)( \w+){0,2} saved\b|\bcannot be saved\b")
 NOT_KNOWN = re.compile(r'not known|"saved": ?"unknown"')
 SENTENCE = re.compile(r"mrset: \S.*[.?!]")
@@ -137,8 +138,10 @@ class FaultTrial(Trial):
         said = run.output + run.errors
         if NOT_KNOWN.search(said):
             return [tuple(range(done)) for done in range(answered, steps + 1)]
-        if DONE.search(NOT_DONE.sub("", run.errors)):
+        if DONE.search(FOLDER.sub("", NOT_DONE.sub("", run.errors))):
             return [tuple(range(done)) for done in range(min(answered + 1, steps), steps + 1)]
+        if notices := len(FOLDER.findall(run.errors)):  # one for each step from then on, which may be answered
+            return [tuple(range(done)) for done in range(max(answered, min(notices, steps)), steps + 1)]
         return [tuple(range(answered))]
 
     def answered(self, run: FaultyRun) -> int:

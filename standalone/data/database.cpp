@@ -122,7 +122,8 @@ class Database::Implementation {
   std::string fName;
   std::chrono::milliseconds fLockTimeout{0};
   std::function<void(const std::string&)> fNotify;
-  std::optional<int> fWorkLeft;  // where it is limited
+  sqlite3_stmt* fRollback = nullptr;  // prepared at once: there may be no memory when it is needed
+  std::optional<int> fWorkLeft;       // where it is limited
   bool fIsOpenToWrite = false;
 
   std::string SystemFailure(int number) const;
@@ -223,6 +224,7 @@ Database::Database(const std::string& path, std::string name)
                                      SQLITE_OPEN_READWRITE, DatabaseFileSystem());
   fImplementation->Check(result);
   fImplementation->fIsOpenToWrite = WasOpenedToWrite();
+  fImplementation->fRollback = fImplementation->Kept("ROLLBACK");
   sqlite3_busy_handler(fImplementation->fConnection, Implementation::WaitForLock, fImplementation.get());
   RefuseFileLogic(fImplementation->fConnection);
   SetLimits(fImplementation->fConnection);
@@ -301,11 +303,13 @@ bool Database::InTransaction() const {
 }
 
 void Database::Rollback() noexcept {
-  if (InTransaction()) {
-    fImplementation->WatchProgress(false);
-    sqlite3_exec(fImplementation->fConnection, "ROLLBACK", nullptr, nullptr, nullptr);
-    fImplementation->WatchProgress(true);
+  constexpr int kTries = 2;  // the first one may fail for want of memory
+  fImplementation->WatchProgress(false);
+  for (int tries = 0; tries < kTries && InTransaction(); ++tries) {
+    sqlite3_step(fImplementation->fRollback);
+    sqlite3_reset(fImplementation->fRollback);
   }
+  fImplementation->WatchProgress(true);
 }
 
 // What a fault of the system kept from being read looks as if it were not there.

@@ -3,7 +3,7 @@ A program that is ended leaves no temporary file.
   $ . "$TESTDIR/setup.sh"
   $ small s.mrset; mkfifo pipe
   $ files() { ls -A | grep -v '^pipe$'; }
-  $ begin_import() { env --default-signal=INT mrset import pipe new.mrset & exec 9> pipe; printf 'q1\n1\n' >&9; until ls .mrset-*.tmp > /dev/null 2>&1; do sleep 0.02; done; }
+  $ begin_import() { env --default-signal mrset import pipe new.mrset & exec 9> pipe; printf 'q1\n1\n' >&9; until ls .mrset-*.tmp > /dev/null 2>&1; do sleep 0.02; done; }
 
   $ for signal in TERM INT HUP; do begin_import; kill -s $signal $!; wait $! 2> /dev/null; echo $?; exec 9>&-; files; done
   143
@@ -12,6 +12,24 @@ A program that is ended leaves no temporary file.
   s.mrset
   129
   s.mrset
+
+Every signal that ends a program is one, whatever it is called.
+
+  $ for signal in QUIT USR1 USR2 ALRM VTALRM PROF XCPU IO PWR STKFLT ABRT PIPE RTMIN RTMAX; do begin_import; kill -s $signal $!; wait $! 2> /dev/null; status=$?; exec 9>&-; echo "$signal $((status - $(kill -l $signal))) $(files | tr '\n' ' ')"; done
+  QUIT 128 s.mrset 
+  USR1 128 s.mrset 
+  USR2 128 s.mrset 
+  ALRM 128 s.mrset 
+  VTALRM 128 s.mrset 
+  PROF 128 s.mrset 
+  XCPU 128 s.mrset 
+  IO 128 s.mrset 
+  PWR 128 s.mrset 
+  STKFLT 128 s.mrset 
+  ABRT 128 s.mrset 
+  PIPE 128 s.mrset 
+  RTMIN 128 s.mrset 
+  RTMAX 128 s.mrset 
 
 The same for results that are being written.
 
@@ -37,6 +55,20 @@ One that is killed cannot tidy up; the next one in that folder does. What is in 
   new.mrset
   out
   s.mrset
+
+The journal of such a file goes with it, and alone where the file is gone already.
+
+  $ begin_import; touch "$(ls .mrset-*.tmp)-journal"; kill -9 $!; wait $! 2> /dev/null; exec 9>&-; touch .mrset-0123abcd.tmp-journal; files | grep -c tmp
+  3
+  $ mrset run s.mrset --output out -c 'MRSET /DISPLAY NAME=ALL'; files | grep -c tmp
+  0
+  [1]
+  $ begin_import; touch "$(ls .mrset-*.tmp)-journal"; mrset run s.mrset --output out -c 'MRSET /DISPLAY NAME=ALL'; files | grep -c tmp; exec 9>&-; wait
+  2
+  new.mrset: 1 variable, 1 case
+  $ rm new.mrset; mrset run s.mrset --output out -c 'MRSET /DISPLAY NAME=ALL'; files | grep -c tmp
+  0
+  [1]
 
 Files of other names are nobody's leftovers.
 

@@ -143,11 +143,3 @@ A lack of resources is one sentence.
   $ (ulimit -n 4; mrset run r.mrset -c 'MRSET /DISPLAY NAME=ALL')
   mrset: The process that runs commands cannot be started: Too many open files.
   [2]
-
-The first process of a container ends by SIGTERM, too.
-
-  $ unshare --fork --pid --mount-proc true 2> /dev/null || exit 80
-  $ rm -f new.mrset; (unshare --fork --pid --mount-proc --kill-child mrset import pipe new.mrset & echo $! > pid; wait $!; echo $?) & exec 9> pipe; until ls .mrset-*.tmp > /dev/null 2>&1; do sleep 0.02; done
-  $ timeout 5 pkill -TERM -P "$(cat pid)"; wait; ls -A | grep -c mrset-; exec 9>&-
-  143
-  0

@@ -21,6 +21,9 @@ namespace standalone {
 
 namespace {
 
+/// How many of SQLite's steps a statement takes before it is looked at whether it is to be given up.
+constexpr int kStepsBetween = 1'000;
+
 constexpr const char* kMoved = " was moved or deleted by another program.";
 
 void RefuseFileLogic(sqlite3* connection) {
@@ -88,7 +91,9 @@ class Database::Implementation {
     sqlite3_close(fConnection);
   }
 
+  /// Of a call that was begun with errno 0: what is found there then is the call's own.
   void Check(int result) const {
+    fErrno = errno;
     if (result != SQLITE_OK && result != SQLITE_ROW && result != SQLITE_DONE) {
       Fail(result);
     }
@@ -111,7 +116,6 @@ class Database::Implementation {
   static int GoesTooFar(void* self) { return static_cast<Implementation*>(self)->MustStop() ? 1 : 0; }
 
   void WatchProgress(bool isWatched) {
-    constexpr int kStepsBetween = 10'000;
     sqlite3_progress_handler(fConnection, kStepsBetween, isWatched ? GoesTooFar : nullptr, this);
   }
 
@@ -125,6 +129,7 @@ class Database::Implementation {
   sqlite3_stmt* fRollback = nullptr;  // prepared at once: there may be no memory when it is needed
   std::optional<int> fWorkLeft;       // where it is limited
   bool fIsOpenToWrite = false;
+  mutable int fErrno = 0;
 
   std::string SystemFailure(int number) const;
 
@@ -177,7 +182,7 @@ std::string Database::Implementation::SystemFailure(int number) const {
 }
 
 void Database::Implementation::Fail(int result) const {
-  const int number = errno;
+  const int number = fErrno;
   if (const std::string refusal = TakeRefusal(); !refusal.empty()) {
     throw DatasetError(fName + refusal);
   }
@@ -241,7 +246,7 @@ void Database::SetLockTimeout(std::chrono::milliseconds timeout, std::function<v
 }
 
 void Database::Execute(const char* sql) {
-  errno = 0;  // what is found there after a failure is of this call
+  errno = 0;
   fImplementation->Check(sqlite3_exec(fImplementation->fConnection, sql, nullptr, nullptr, nullptr));
 }
 
@@ -254,6 +259,7 @@ void Database::Attach(const std::string& path, const char* schema) {
 std::optional<std::string> Database::Commit() {
   TakeUnsyncedReason();  // of a journal that was rolled back
   fImplementation->WatchProgress(false);
+  errno = 0;
   const int result = sqlite3_exec(fImplementation->fConnection, "COMMIT", nullptr, nullptr, nullptr);
   fImplementation->WatchProgress(true);
   fImplementation->Check(result);
@@ -262,7 +268,7 @@ std::optional<std::string> Database::Commit() {
 }
 
 void Database::LimitWork(bool isLimited) {
-  constexpr int kWorkOfSoundFile = 100;  // a million of SQLite's steps: some ten thousand times what a schema takes
+  constexpr int kWorkOfSoundFile = 3;  // thousands of SQLite's steps: a schema of ten rows takes some hundred
   fImplementation->fWorkLeft = isLimited ? std::make_optional(kWorkOfSoundFile) : std::nullopt;
 }
 
@@ -273,13 +279,15 @@ void Database::CopyInto(const std::string& path) const {
   const Database copy(path, path);
   const Implementation& target = *copy.fImplementation;
   // Without a journal, which would be a second file to remove where the copying is cut off.
-  sqlite3_exec(target.fConnection, "PRAGMA journal_mode = MEMORY; PRAGMA synchronous = OFF", nullptr, nullptr, nullptr);
+  target.Check(sqlite3_exec(target.fConnection, "PRAGMA journal_mode = MEMORY; PRAGMA synchronous = OFF", nullptr,
+                            nullptr, nullptr));
   sqlite3_backup* backup = sqlite3_backup_init(target.fConnection, "main", source.fImplementation->fConnection, "main");
   if (backup == nullptr) {
     target.Check(sqlite3_errcode(target.fConnection));
   }
-  sqlite3_backup_step(backup, -1);
+  const int stepped = sqlite3_backup_step(backup, -1);
   target.Check(sqlite3_backup_finish(backup));
+  target.Check(stepped);
 }
 
 void Database::FailIfMoved() const {
@@ -314,7 +322,7 @@ void Database::Rollback() noexcept {
 
 // What a fault of the system kept from being read looks as if it were not there.
 void Database::FailAsDamaged() const {
-  if (const int number = errno; IsFaultOfSystem(number)) {
+  if (const int number = fImplementation->fErrno; IsFaultOfSystem(number)) {
     throw DatasetError(fImplementation->SystemFailure(number));
   }
   throw DamagedError(fImplementation->fName + " is damaged.");

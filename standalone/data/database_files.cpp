@@ -20,8 +20,8 @@ namespace standalone {
 
 namespace {
 
-constexpr std::size_t kLongestSqlitePath = 480;  // with room for "-journal"
-constexpr std::string_view kByDescriptor = "/proc/self/fd/";
+constexpr std::size_t kLongestSqlitePath = 480;                 // with room for "-journal"
+constexpr std::string_view kByDescriptor = "/proc/self/./fd/";  // as nobody types it
 
 /// What the calls of this thread met. SQLite passes on no more than a number.
 struct Met {

@@ -449,6 +449,9 @@ void Checker::Changes(const VersionRange& versions) {
       }
       if (change) {
         ChangedNames(*change);
+        if (change->sets.empty() && !change->reordered) {
+          Finding("Change {} changed nothing.", number);
+        }
       }
     });
   }

@@ -9,6 +9,7 @@
 
 #include "standalone/data/case_text.h"
 #include "standalone/data/commit.h"
+#include "standalone/data/companions.h"
 #include "standalone/data/counters.h"
 #include "standalone/data/database.h"
 #include "standalone/data/dataset.h"
@@ -41,16 +42,17 @@ void CheckNameFits(const std::string& path) {
 
 /// SQLite would take what another dataset left under the name for a part of the new one.
 void CheckIsAlone(const std::string& path) {
-  for (const char* ending : {"-journal", "-wal", "-shm"}) {
-    if (Exists(path + ending)) {
-      throw DatasetError(
-          fmt::format("{0} cannot be made: {0}{1} was left of another dataset of that name; move it away or delete it.",
-                      path, ending));
-    }
+  if (const std::optional<std::string> companion = FindCompanion(path)) {
+    throw DatasetError(
+        fmt::format("{} cannot be made: {} was left of another dataset of that name; move it away or delete it.", path,
+                    *companion));
   }
 }
 
 void CheckDestination(const std::string& path, bool replace, const DatasetOptions& options) {
+  if (const std::optional<std::string> complaint = ComplaintOnReservedName(path)) {
+    throw DatasetError(*complaint);
+  }
   if (!Exists(path)) {
     CheckNameFits(path);
     CheckIsAlone(path);

@@ -160,7 +160,11 @@ VersionRange KeptVersions(Database& database) {
   if (row.IsNull(0)) {
     return {};
   }
-  return {OrdinaryNumber(database, row.Integer(0) - 1), LastNumber(database)};
+  const VersionRange range{OrdinaryNumber(database, row.Integer(0) - 1), LastNumber(database)};
+  if (range.first >= range.last) {
+    database.FailAsDamaged();
+  }
+  return range;
 }
 
 std::optional<Change> ChangeBefore(Database& database, std::int64_t number) {

@@ -179,6 +179,14 @@ void CheckSchema(Database& database, const std::string& path) {
   database.LimitWork(false);
 }
 
+// Another one could not be read together with a file of this program's.
+void CheckEncoding(Database& database) {
+  Query query(database, "PRAGMA encoding");
+  if (!query.Step() || query.Text(0) != "UTF-8") {
+    database.FailAsDamaged();
+  }
+}
+
 void CheckFormat(Database& database, const std::string& path) {
   if (IntegerOf(database, "PRAGMA application_id") != kApplicationId) {
     throw DatasetError(path + " is not a dataset.");
@@ -187,6 +195,7 @@ void CheckFormat(Database& database, const std::string& path) {
     throw DatasetError(path + " was made by a newer version of the program.");
   }
   CheckSchema(database, path);
+  CheckEncoding(database);
   if (database.ForbidsWriting()) {
     database.FailAsDamaged();  // this program makes no such header
   }

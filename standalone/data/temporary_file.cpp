@@ -3,6 +3,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <fmt/format.h>
+#include <signal.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -34,13 +35,20 @@ namespace {
   throw DatasetError(sentence);
 }
 
-/// The same as of the file that is replaced; nothing for its group where this file has another one.
+/// What is left of permissions where the group is another one: nothing for it, and for others what the old group had,
+/// since its members are among them now.
+mode_t WithoutGroup(mode_t mode) {
+  constexpr int kFromGroupToOthers = 3;
+  return mode & ~mode_t{S_IRWXG} & (~mode_t{S_IRWXO} | mode >> kFromGroupToOthers);
+}
+
+/// The same as of the file that is replaced, but no right to run as its owner.
 void TakePermissions(int descriptor, const struct stat& replaced) {
-  constexpr mode_t kPermissions = 07777;
+  constexpr mode_t kPermissions = 0777;
   struct stat own = {};
   const bool hasGroup = (fstat(descriptor, &own) == 0 && own.st_gid == replaced.st_gid) ||
                         fchown(descriptor, static_cast<uid_t>(-1), replaced.st_gid) == 0;
-  fchmod(descriptor, replaced.st_mode & (hasGroup ? kPermissions : kPermissions & ~mode_t{S_IRWXG}));
+  fchmod(descriptor, (hasGroup ? replaced.st_mode : WithoutGroup(replaced.st_mode)) & kPermissions);
 }
 
 /// The paths of the temporary files that exist, for the handler of a signal: it may read nothing but such atomics.
@@ -54,6 +62,22 @@ void Exchange(const char* old, const char* replacement) {
     }
   }
 }
+
+/// Keeps signals from being handled; they come when this ends.
+class SignalsHeld {
+ public:
+  SignalsHeld() {
+    sigset_t all = {};
+    sigfillset(&all);
+    pthread_sigmask(SIG_BLOCK, &all, &fBefore);
+  }
+  SignalsHeld(const SignalsHeld&) = delete;
+  SignalsHeld& operator=(const SignalsHeld&) = delete;
+  ~SignalsHeld() { pthread_sigmask(SIG_SETMASK, &fBefore, nullptr); }
+
+ private:
+  sigset_t fBefore = {};
+};
 
 bool IsNamed(const std::string& path, int descriptor) {
   struct stat named = {};
@@ -146,8 +170,8 @@ mode_t ModeBeside(const std::string& destination) {
   if (stat(destination.c_str(), &replaced) != 0) {
     return kNewFile;
   }
-  const mode_t groupMay = replaced.st_gid == getegid() ? kNewFile : kNewFile & ~mode_t{S_IRWXG};
-  return (replaced.st_mode & groupMay) | kOwnerWrites;
+  const mode_t mode = replaced.st_gid == getegid() ? replaced.st_mode : WithoutGroup(replaced.st_mode);
+  return (mode & kNewFile) | kOwnerWrites;
 }
 
 LockedFile MakeFileIn(const std::string& folder, const std::string& destination) {
@@ -199,9 +223,15 @@ bool RenameWithoutReplacing(const std::string& from, const std::string& to) {
 
 }  // namespace
 
+bool TemporaryFile::IsReserved(const std::string& path) {
+  const std::string name = path.substr(path.rfind('/') + 1);
+  return IsTemporaryName(name) || IsTemporaryName(WithoutCompanionEnding(name));
+}
+
 TemporaryFile::TemporaryFile(const std::string& destination) : fDestination(destination) {
   const std::string folder = FolderOf(destination);
   RemoveThoseLeftBehind(folder);
+  const SignalsHeld held;  // until the handler of signals knows the file
   LockedFile made = MakeFileIn(folder, destination);
   fPath = std::move(made.path);
   fLock = made.descriptor;

@@ -17,6 +17,9 @@ class TemporaryFile {
   TemporaryFile& operator=(const TemporaryFile&) = delete;
   ~TemporaryFile();
 
+  /// Whether the path has a name as temporary files have: what has it is removed as one that was left behind.
+  static bool IsReserved(const std::string& path);
+
   const std::string& Path() const { return fPath; }
 
   /// Syncs the file and gives it the destination's name, on the disk as well. A file that has that name is kept: then

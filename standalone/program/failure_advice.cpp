@@ -1,6 +1,7 @@
 #include "standalone/program/failure_advice.h"
 
 #include <fmt/format.h>
+#include <unistd.h>
 
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
@@ -118,7 +119,9 @@ NextSteps AdviceOnDataset(const CLI::App& subcommand, const std::string& path) {
   if (type == fs::file_type::not_found) {
     return StepsWithoutDataset(path);
   }
-  return type == fs::file_type::regular && !IsDatasetFile(path) ? StepsWithOtherFile(subcommand, path) : NextSteps();
+  return type == fs::file_type::regular && access(path.c_str(), R_OK) == 0 && !IsDatasetFile(path)
+             ? StepsWithOtherFile(subcommand, path)
+             : NextSteps();
 }
 
 }  // namespace

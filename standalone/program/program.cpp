@@ -74,7 +74,11 @@ int Perform(const CLI::App& subcommand, const Action& action) {
   } catch (const std::exception& error) {
     const std::string sentence = SentenceOf(error);
     PrintError(sentence);
-    PrintSteps(AdviceOnFailure(subcommand, sentence));
+    try {
+      PrintSteps(AdviceOnFailure(subcommand, sentence));
+    } catch (const std::bad_alloc&) {
+      return kUnusable;  // the sentence was said
+    }
     return kUnusable;
   }
 }

@@ -12,6 +12,7 @@
 #include <string>
 #include <system_error>
 
+#include "standalone/data/companions.h"
 #include "standalone/data/dataset.h"
 #include "standalone/text/notice.h"
 
@@ -57,6 +58,9 @@ OutputFile::OutputFile(const std::string& path) : fPath(path) {
     return;
   }
   const std::string target = WhereLinksLead(path);
+  if (const std::optional<std::string> complaint = ComplaintOnReservedName(target)) {
+    throw OutputError(*complaint);
+  }
   std::error_code error;
   const fs::file_status status = fs::status(target, error);
   if (fs::is_directory(status)) {

@@ -50,6 +50,14 @@ What a stranger's schema computes is never run, so it cannot go on for ever:
   mrset: s.mrset is damaged: the table cases is not defined as it should be.
   [2]
 
+  $ rm -f s.mrset; small s.mrset; sqlite3 s.mrset "PRAGMA writable_schema = 1; WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 100000) INSERT INTO sqlite_schema SELECT 'table', 't' || i, 't' || i, 2, 'CREATE TABLE t' || i || '(a)' FROM n"
+  $ timeout 10 mrset sets s.mrset
+  mrset: s.mrset is damaged.
+  [2]
+  $ rm -f s.mrset; small s.mrset; { echo 'PRAGMA encoding = "UTF-16le"; PRAGMA application_id = 1836217204; PRAGMA user_version = 2;'; sqlite3 s.mrset .dump; } | sqlite3 wide.mrset; mrset sets wide.mrset
+  mrset: wide.mrset is damaged.
+  [2]
+
 The header and the dictionary:
 
   $ damaged 'UPDATE meta SET variable_count = 7, case_count = 0'
@@ -262,8 +270,9 @@ The history:
   s.mrset: 2 findings.
   [1]
   $ damaged 'DELETE FROM history_set WHERE history = 2'
+  Change 2 changed nothing.
   The sets before change 1 cannot be rebuilt.
-  s.mrset: 1 finding.
+  s.mrset: 2 findings.
   [1]
   $ damaged 'UPDATE history_set SET set_id = 50 WHERE history = 3'
   The sets before change 3 cannot be rebuilt.

@@ -85,6 +85,29 @@ A journal that names another file would have that file deleted. This program wri
   $ cat victim; cmp s.mrset-journal named
   precious
 
+Names that belong to a dataset, or to temporary files, are nobody else's.
+
+  $ rm -f s.mrset*; small s.mrset
+  $ for ending in journal wal shm; do mrset import "$EXAMPLES/breakfast.csv" s.mrset-$ending; mrset script s.mrset --output s.mrset-$ending; done
+  mrset: s.mrset-journal is a name that belongs to the dataset s.mrset; give another one.
+  mrset: s.mrset-journal is a name that belongs to the dataset s.mrset; give another one.
+  mrset: s.mrset-wal is a name that belongs to the dataset s.mrset; give another one.
+  mrset: s.mrset-wal is a name that belongs to the dataset s.mrset; give another one.
+  mrset: s.mrset-shm is a name that belongs to the dataset s.mrset; give another one.
+  mrset: s.mrset-shm is a name that belongs to the dataset s.mrset; give another one.
+  [2]
+  $ mrset run s.mrset -c 'MRSET /DISPLAY NAME=ALL' --output s.mrset-journal
+  mrset: s.mrset-journal is a name that belongs to the dataset s.mrset; give another one.
+  [2]
+  $ mrset import "$EXAMPLES/breakfast.csv" .mrset-0123abcd.tmp
+  mrset: .mrset-0123abcd.tmp is a name of temporary files, which are removed; give another one.
+  [2]
+  $ mrset script s.mrset --output ./.mrset-0123abcd.tmp-journal
+  mrset: ./.mrset-0123abcd.tmp-journal is a name of temporary files, which are removed; give another one.
+  [2]
+  $ ls -A s.mrset*
+  s.mrset
+
 What is no file at all keeps nobody waiting.
 
   $ rm s.mrset*; small s.mrset

@@ -58,7 +58,7 @@ One that is killed cannot tidy up; the next one in that folder does. What is in 
 
 The journal of such a file goes with it, and alone where the file is gone already.
 
-  $ begin_import; touch "$(ls .mrset-*.tmp)-journal"; kill -9 $!; wait $! 2> /dev/null; exec 9>&-; touch .mrset-0123abcd.tmp-journal; files | grep -c tmp
+  $ rm new.mrset; begin_import; touch "$(ls .mrset-*.tmp)-journal"; kill -9 $!; wait $! 2> /dev/null; exec 9>&-; touch .mrset-0123abcd.tmp-journal; files | grep -c tmp
   3
   $ mrset run s.mrset --output out -c 'MRSET /DISPLAY NAME=ALL'; files | grep -c tmp
   0
@@ -81,7 +81,6 @@ Files of other names are nobody's leftovers.
   .mrset-0000000g.tmp
   .mrset-1.tmp
   long.script
-  new.mrset
   one.csv
   out
   s.mrset

@@ -4,14 +4,14 @@ namespace standalone {
 
 namespace {
 
-/// Whether the counter is that of the transaction, as whoever opens the dataset next finds it; nothing where it cannot
-/// be read.
+/// Whether the counter is that of the transaction, as whoever opens the dataset next finds it; nothing where that
+/// cannot be known.
 std::optional<bool> IsThere(Database& database, std::int64_t generation) {
   try {
     database.Rollback();
     return GenerationOf(database) == generation;
   } catch (const DatasetError&) {
-    return std::nullopt;
+    return database.HasJournal() ? std::make_optional(false) : std::nullopt;
   }
 }
 

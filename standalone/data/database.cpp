@@ -306,6 +306,11 @@ bool Database::ForbidsWriting() const {
   return IsReadOnly() && fImplementation->fIsOpenToWrite;
 }
 
+bool Database::HasJournal() const {
+  const std::string journal = fImplementation->fSqlitePath.ForSqlite() + "-journal";
+  return access(journal.c_str(), F_OK) == 0;
+}
+
 bool Database::InTransaction() const {
   return sqlite3_get_autocommit(fImplementation->fConnection) == 0;
 }

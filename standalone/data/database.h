@@ -73,6 +73,9 @@ class Database {
   bool ForbidsWriting() const;
   bool InTransaction() const;
 
+  /// Whether a journal lies beside the file. One that is not in use takes a transaction back.
+  bool HasJournal() const;
+
   /// Ends the transaction, if there is one, without its changes. Never fails.
   void Rollback() noexcept;
 

@@ -96,6 +96,11 @@ What a file allows its readers, the file that is to take its place allows from i
   640
   640
 
+The right to run as its owner does not go over to what takes its place.
+
+  $ chmod 6755 out.txt; mrset script s.mrset --output out.txt 2> /dev/null; mode out.txt
+  755
+
 Two copies crosswise wait for nobody: each has read its source before it takes its target.
 
   $ small a.mrset && small b.mrset; for i in 1 2 3; do mrset run a.mrset -c "MRSET /MCGROUP NAME=\$a$i VARIABLES=t1 t2" > /dev/null; mrset run b.mrset -c "MRSET /MCGROUP NAME=\$b$i VARIABLES=t1 t2" > /dev/null; done

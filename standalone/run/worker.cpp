@@ -156,9 +156,9 @@ void EndWithParent(pid_t parent) {
   }
 }
 
-[[noreturn]] void FailToReadResults() {
+[[noreturn]] void FailToReadResults(int number) {
   throw RunError(fmt::format("The results of a command cannot be read: {}. Whether its change was saved is not known.",
-                             std::strerror(errno)));
+                             std::strerror(number)));
 }
 
 std::string ReadFromStart(int descriptor) {
@@ -170,7 +170,7 @@ std::string ReadFromStart(int descriptor) {
     text.append(buffer.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
   }
   if (count < 0) {
-    FailToReadResults();
+    FailToReadResults(errno);
   }
   return text;
 }
@@ -234,7 +234,11 @@ std::optional<Event> Worker::Receive() {
     } else if (count == 0) {
       WaitForEnd();  // a line that the child did not complete is none
     } else if (errno != EINTR) {
-      FailToReadResults();
+      const int number = errno;
+      fEvents.Close();  // the child ends when it has saved what it is saving
+      Interrupt();
+      WaitForEnd();
+      FailToReadResults(number);
     }
   }
   return std::nullopt;

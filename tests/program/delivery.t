@@ -145,6 +145,3 @@ A lack of resources is one sentence.
   mrset: The results of a command cannot be kept: File too large.
   [2]
   $ cat out
-  $ (ulimit -n 4; mrset run r.mrset -c 'MRSET /DISPLAY NAME=ALL')
-  mrset: The process that runs commands cannot be started: Too many open files.
-  [2]

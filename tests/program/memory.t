@@ -1,4 +1,4 @@
-Where there is not enough memory, that is one sentence, and nothing is lost.
+Where there is not enough memory, or no descriptor is left, that is one sentence, and nothing is lost.
 
   $ . "$TESTDIR/setup.sh"
   $ { seq -s, -f 'v%g' 3000; seq -s, 3000; } > wide.csv; mrset import wide.csv s.mrset
@@ -24,3 +24,6 @@ Where there is not enough memory, that is one sentence, and nothing is lost.
   wide.csv
   300
   s.mrset is sound.
+  $ (exec 3>&- 4>&- 5>&- 6>&- 7>&- 8>&- 9>&-; ulimit -n 4; mrset run s.mrset -c 'MRSET /DISPLAY NAME=ALL')
+  mrset: The process that runs commands cannot be started: Too many open files.
+  [2]

@@ -28,10 +28,6 @@ const char* NameOf(const std::array<Named<Value>, kSize>& table, Value value) {
   return std::find_if(table.begin(), std::prev(table.end()), isNamed)->name;
 }
 
-[[noreturn]] void Refuse(const Json& json, const std::string& reason) {
-  throw Json::other_error::create(501, reason, &json);
-}
-
 Json OrNull(const std::optional<std::string>& text) {
   return text ? Json(*text) : Json(nullptr);
 }
@@ -82,73 +78,6 @@ Json TableToJson(const Table& table) {
           {"rows", std::move(rows)}};
 }
 
-const Json::array_t& ArrayIn(const Json& json, const char* member) {
-  return json.at(member).get_ref<const Json::array_t&>();
-}
-
-std::string TextIn(const Json& json, const char* member) {
-  return json.at(member).get<std::string>();
-}
-
-Level LevelIn(const Json& json) {
-  const std::string name = TextIn(json, "level");
-  for (const Named<Level>& level : kLevels) {
-    if (name == level.name) {
-      return level.value;
-    }
-  }
-  Refuse(json, "unknown level of a message");
-}
-
-Message MessageFromJson(const Json& json) {
-  Message message{LevelIn(json), TextIn(json, "text")};
-  if (json.contains("line")) {
-    message.place = Place{json.at("line"), json.at("column"), json.at("length")};
-  }
-  if (json.contains("hint")) {
-    message.hint = TextIn(json, "hint");
-  }
-  return message;
-}
-
-Cell CellFromJson(const Json& value, const Json& note) {
-  Cell cell;
-  if (value.is_array()) {
-    cell.value = value.get<std::vector<std::string>>();
-  } else if (!value.is_null()) {
-    cell.value = value.get<std::string>();
-  }
-  if (!note.is_null()) {
-    cell.note = note.get<std::string>();
-  }
-  return cell;
-}
-
-TableRow RowFromJson(const Json& json, std::size_t columns) {
-  const Json::array_t& cells = ArrayIn(json, "cells");
-  const Json::array_t& notes = ArrayIn(json, "notes");
-  if (cells.size() != columns || notes.size() != columns) {
-    Refuse(json, "a row without one cell and one note for each column");
-  }
-  TableRow row{TextIn(json, "name"), {}};
-  for (std::size_t i = 0; i < columns; ++i) {
-    row.cells.push_back(CellFromJson(cells[i], notes[i]));
-  }
-  return row;
-}
-
-Table TableFromJson(const Json& json) {
-  Table table;
-  table.title = TextIn(json, "title");
-  table.rowDimension = TextIn(json, "rowDimension");
-  table.columnDimension = TextIn(json, "columnDimension");
-  table.columns = json.at("columns").get<std::vector<std::string>>();
-  for (const Json& row : ArrayIn(json, "rows")) {
-    table.rows.push_back(RowFromJson(row, table.columns.size()));
-  }
-  return table;
-}
-
 }  // namespace
 
 Json ToJson(const Item& item) {
@@ -156,17 +85,6 @@ Json ToJson(const Item& item) {
     return MessageToJson(*message);
   }
   return TableToJson(std::get<Table>(item));
-}
-
-Item ItemFromJson(const Json& json) {
-  const std::string kind = TextIn(json, "kind");
-  if (kind == "message") {
-    return MessageFromJson(json);
-  }
-  if (kind == "table") {
-    return TableFromJson(json);
-  }
-  Refuse(json, "unknown kind of item");
 }
 
 Json ToJson(const CommandResult& result) {

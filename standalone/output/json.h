@@ -10,10 +10,8 @@ namespace standalone {
 /// JSON objects with their members in the documented order.
 using Json = nlohmann::ordered_json;
 
-/// An item in the documented form, and back. FromJson throws nlohmann::json::exception for anything else. Of a place,
-/// the bytes in the command's text are not part of that form.
+/// An item in the documented form. Of a place, the bytes in the command's text are not part of it.
 Json ToJson(const Item& item);
-Item ItemFromJson(const Json& json);
 
 /// A command's result in the documented form.
 Json ToJson(const CommandResult& result);

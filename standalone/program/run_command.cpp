@@ -64,13 +64,6 @@ RunCommandList ReadCommands(const RunOptions& options) {
   return {std::move(commands), fromScript};
 }
 
-/// A result with the hint that goes with it where a shell may have changed the command.
-CommandResult WithHint(const CommandResult& result, const std::string& hint) {
-  CommandResult advised = result;
-  advised.hints.push_back(hint);
-  return advised;
-}
-
 /// Results never take the place of what they come from.
 void CheckOutputPath(const RunOptions& options, const std::string& outputPath) {
   if (IsSameFile(outputPath, options.datasetPath) || IsSameFile(outputPath, options.scriptPath.value_or(""))) {
@@ -142,27 +135,45 @@ struct Outcome {
   std::size_t saved = 0;  ///< how many commands changed the dataset
 };
 
-/// The first `fromScript` commands did not come as arguments. No command is run once results cannot be written.
-void RunAndRender(const RunOptions& options, const RunRequest& request, std::size_t fromScript, const Target& target,
-                  Outcome& outcome) {
+/// What is to be run, and how.
+struct Job {
+  const RunOptions& options;
+  const RunCommandList& list;
+};
+
+/// What a shell may have done to a command is told only of those that came as arguments.
+CommandResult WithShellHint(CommandResult result, bool isArgument) {
+  if (const auto hint = isArgument ? HintOnVanishedName(result) : std::nullopt) {
+    result.hints.push_back(*hint);
+  }
+  return result;
+}
+
+/// No command is run once results cannot be written, nor after an error where none is to be.
+void RunAndRender(const Job& job, const Target& target, Outcome& outcome) {
+  const RunOptions& options = job.options;
+  const std::vector<ScriptCommand>& commands = job.list.commands;
+  if (commands.empty()) {
+    const Dataset usable(options.datasetPath);  // or else this throws
+  }
   const std::unique_ptr<Renderer> renderer = MakeRenderer(options, target);
   Progress progress(ScreenBesideResults(options));
-  progress.Begin({"Running", "commands", request.commands.size()});
-  outcome.saved = RunCommands(request, [&](const CommandResult& result) {
+  progress.Begin({"Running", "commands", commands.size()});
+  Supervisor supervisor({options.datasetPath, options.dryRun, options.datasetOptions});
+  for (std::size_t index = 0; index < commands.size() && target.stream; ++index) {
+    const CommandResult result = WithShellHint(supervisor.Run(commands[index]), index >= job.list.fromScript);
     outcome.saved += result.isSaved ? 1 : 0;
-    progress.Update(result.number);
+    outcome.status = std::max(outcome.status, StatusOf(result));
+    progress.Update(index + 1);
     if (options.format.format == kCsvFormat) {
       progress.Clear();  // messages go to standard error
     }
-    const bool isArgument = result.number > fromScript;
-    if (const auto hint = isArgument ? HintOnVanishedName(result) : std::nullopt) {
-      renderer->Write(WithHint(result, *hint));
-    } else {
-      renderer->Write(result);
+    renderer->Write(result);
+    if (options.stopOnError && result.status != Status::kOk) {
+      break;
     }
-    outcome.status = std::max(outcome.status, StatusOf(result));
-    return static_cast<bool>(target.stream);
-  });
+  }
+  supervisor.Finish();
   renderer->Finish();
 }
 
@@ -172,16 +183,15 @@ std::string SentenceOfSaved(std::size_t count) {
                      Counted(count, "command"));
 }
 
-void RunIntoFile(const RunOptions& options, const RunRequest& request, std::size_t fromScript, Outcome& outcome) {
-  CheckOutputPath(options, *options.outputPath);
-  OutputFile file(*options.outputPath);
-  RunAndRender(options, request, fromScript, {file.Stream(), false, kDefaultWidth}, outcome);
+void RunIntoFile(const Job& job, Outcome& outcome) {
+  CheckOutputPath(job.options, *job.options.outputPath);
+  OutputFile file(*job.options.outputPath);
+  RunAndRender(job, {file.Stream(), false, kDefaultWidth}, outcome);
   file.Commit();
 }
 
-void RunOnStandardOutput(const RunOptions& options, const RunRequest& request, std::size_t fromScript,
-                         Outcome& outcome) {
-  RunAndRender(options, request, fromScript, {std::cout, OutputIsTerminal(), OutputWidth()}, outcome);
+void RunOnStandardOutput(const Job& job, Outcome& outcome) {
+  RunAndRender(job, {std::cout, OutputIsTerminal(), OutputWidth()}, outcome);
   std::cout.flush();
   if (!std::cout && outcome.saved > 0) {
     throw OutputError("Standard output cannot be written.");
@@ -193,13 +203,11 @@ ExitStatus Run(const RunOptions& options) {
     throw ScriptError(
         "There is nothing to run: give a SCRIPT, - for commands on standard input, or -c with a command.");
   }
-  RunCommandList list = ReadCommands(options);
-  const RunRequest request{options.datasetPath, std::move(list.commands), options.dryRun, options.stopOnError,
-                           options.datasetOptions};
+  const RunCommandList list = ReadCommands(options);
   OutliveReader();
   Outcome outcome;
   try {
-    (options.outputPath ? RunIntoFile : RunOnStandardOutput)(options, request, list.fromScript, outcome);
+    (options.outputPath ? RunIntoFile : RunOnStandardOutput)({options, list}, outcome);
   } catch (...) {
     const bool areResultsLost = options.outputPath || !std::cout.flush();
     if (areResultsLost && outcome.saved > 0) {

@@ -74,7 +74,7 @@ class DatasetActions : public ShellActions {
   DatasetActions(const ShellOptions& options, bool isAtTerminal)
       : fOptions(options),
         fIsAtTerminal(isAtTerminal),
-        fRun({options.datasetPath, {}, false, false, options.datasetOptions}),
+        fSupervisor({options.datasetPath, false, options.datasetOptions}),
         fRenderer(MakeRenderer(Echo::kCommands)) {}
 
   void Run(const ScriptCommand& command) override;
@@ -104,7 +104,7 @@ class DatasetActions : public ShellActions {
 
   const ShellOptions& fOptions;
   bool fIsAtTerminal;
-  LiveRun fRun;
+  Supervisor fSupervisor;
   std::unique_ptr<Renderer> fRenderer;
   ExitStatus fStatus = kSuccess;
   std::size_t fSaved = 0;  // how many commands changed the dataset
@@ -114,7 +114,7 @@ class DatasetActions : public ShellActions {
 void DatasetActions::Run(const ScriptCommand& command) {
   try {
     isInterruptRequested = false;
-    const CommandResult result = fRun.Run(command);
+    const CommandResult result = fSupervisor.Run(command);
     fSaved += result.isSaved ? 1 : 0;
     (fIsAtTerminal ? *MakeRenderer(Echo::kNothing) : *fRenderer).Write(result);
     Take(StatusOf(result));
@@ -152,7 +152,7 @@ void DatasetActions::Say(const std::string& sentence) {
 }
 
 ExitStatus DatasetActions::Finish() {
-  fRun.Finish();
+  fSupervisor.Finish();
   return fIsAtTerminal ? kSuccess : fStatus;
 }
 

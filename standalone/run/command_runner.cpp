@@ -2,7 +2,6 @@
 
 #include <fmt/format.h>
 
-#include <new>
 #include <optional>
 #include <utility>
 
@@ -12,7 +11,6 @@
 #include "standalone/language/nearest_name.h"
 #include "standalone/language/place.h"
 #include "standalone/language/tokenizer.h"
-#include "standalone/run/run_error.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {
@@ -52,52 +50,39 @@ Message Unreadable(const ScriptCommand& command, const TokenizerError& error) {
 CommandRunner::CommandRunner(const std::string& datasetPath, bool dryRun, Tell tell, const DatasetOptions& options)
     : fDataset(datasetPath, options), fDryRun(dryRun), fTell(std::move(tell)) {
   fSink.procedure = [this](const std::string& title) { fTell(ProcedureOpened{title}); };
-  fSink.item = [this](const Item& item) { TellItem(item); };
+  fSink.item = [this](const Item& item) { std::visit(fTell, item); };
 }
 
-bool CommandRunner::Run(const ScriptCommand& command, std::size_t index) {
+bool CommandRunner::Run(const ScriptCommand& command) {
   if (IsInterrupted()) {
     throw InterruptedError("The commands were interrupted.");
   }
-  fHasError = false;
-  fHasSaved = false;
   try {
     const std::vector<Token> tokens = Tokenize(command.text);
     if (NamesMrset(tokens.front())) {
-      RunTokens(command, tokens);
-    } else {
-      TellItem(NotACommand(command, tokens.front()));
+      return RunTokens(command, tokens);
     }
+    fTell(NotACommand(command, tokens.front()));
   } catch (const TokenizerError& error) {
-    TellItem(Unreadable(command, error));
+    fTell(Unreadable(command, error));
   }
-  TellDone(index);
-  return !fHasError;
+  return false;
 }
 
-void CommandRunner::TellDone(std::size_t index) {
-  try {
-    fTell(CommandDone{index, fHasSaved});
-  } catch (const std::bad_alloc&) {
-    if (!fHasSaved) {
-      throw;
-    }
-    throw RunError("There is not enough memory; the change of the command is saved all the same.");
-  }
-}
-
-void CommandRunner::RunTokens(const ScriptCommand& command, const std::vector<Token>& tokens) {
+/// Optimistic concurrency control: the command is run again where another process changed the dataset meanwhile.
+bool CommandRunner::RunTokens(const ScriptCommand& command, const std::vector<Token>& tokens) {
   if (fMrset == nullptr) {
     fMrset = LoadMrsetModule();
   }
-  for (int tries = 1; !TryRun(command, tokens, tries > kOptimisticTries); ++tries) {
-    fHasError = false;
+  Dataset::Saved saved = TryRun(command, tokens, false);
+  for (int tries = 2; saved == Dataset::Saved::kConflict; ++tries) {
     fTell(CommandRestarted{});
+    saved = TryRun(command, tokens, tries > kOptimisticTries);
   }
+  return saved == Dataset::Saved::kDone;
 }
 
-/// False when another process changed the dataset meanwhile, so that the command must be run again.
-bool CommandRunner::TryRun(const ScriptCommand& command, const std::vector<Token>& tokens, bool exclusive) {
+Dataset::Saved CommandRunner::TryRun(const ScriptCommand& command, const std::vector<Token>& tokens, bool exclusive) {
   fDataset.BeginCommand(exclusive);
   const SetList before = fDryRunSets ? *fDryRunSets : fDataset.SharedSets();
   Session session(fDataset, command, tokens, before, fExchange, fSink);
@@ -107,18 +92,16 @@ bool CommandRunner::TryRun(const ScriptCommand& command, const std::vector<Token
       fTell(HintGiven{*hint});
     }
     fDataset.EndCommand();
-    return true;
+    return Dataset::Saved::kUnchanged;
   }
   GiveHints(before, *session.SavedSets());
   if (fDryRun) {
     fDataset.EndCommand();
     fDryRunSets = session.SavedSets();
-    return true;
+    return Dataset::Saved::kUnchanged;
   }
-  fTell(CommandSaves{});
-  const Dataset::Saved saved = fDataset.SaveSets(*session.SavedSets(), command.text);
-  fHasSaved = saved == Dataset::Saved::kDone;
-  return saved != Dataset::Saved::kConflict;
+  fTell(SaveBegun{});
+  return fDataset.SaveSets(*session.SavedSets(), command.text);
 }
 
 /// From the state of the dataset that the command itself saw.
@@ -126,11 +109,6 @@ void CommandRunner::GiveHints(const SetList& before, const SetList& after) {
   for (const std::string& hint : fChoiceHints.On(before, after)) {
     fTell(HintGiven{hint});
   }
-}
-
-void CommandRunner::TellItem(const Item& item) {
-  fHasError = fHasError || IsErrorMessage(item);
-  fTell(ItemIssued{item});
 }
 
 }  // namespace standalone

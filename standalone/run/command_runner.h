@@ -1,7 +1,6 @@
 #ifndef STANDALONE_RUN_COMMAND_RUNNER_H
 #define STANDALONE_RUN_COMMAND_RUNNER_H
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -19,22 +18,18 @@ namespace standalone {
 /// Runs commands on a dataset in this process, one transaction each. A failed assertion of the module ends the process.
 class CommandRunner {
  public:
-  using Tell = std::function<void(const Event&)>;
-
   /// Opens the dataset. In a dry run nothing is written, and each command finds the sets that the one before it left.
   /// Throws DatasetError.
   CommandRunner(const std::string& datasetPath, bool dryRun, Tell tell, const DatasetOptions& options = {});
 
-  /// Runs one command, telling all that it puts out and at last CommandDone with its index. False when it put out an
-  /// error. Throws DatasetError and ModuleError.
-  bool Run(const ScriptCommand& command, std::size_t index);
+  /// Runs one command, telling all that it puts out. Whether it changed the dataset. Throws DatasetError and
+  /// ModuleError.
+  bool Run(const ScriptCommand& command);
 
  private:
-  void TellDone(std::size_t index);
-  void RunTokens(const ScriptCommand& command, const std::vector<Token>& tokens);
-  bool TryRun(const ScriptCommand& command, const std::vector<Token>& tokens, bool exclusive);
+  bool RunTokens(const ScriptCommand& command, const std::vector<Token>& tokens);
+  Dataset::Saved TryRun(const ScriptCommand& command, const std::vector<Token>& tokens, bool exclusive);
   void GiveHints(const SetList& before, const SetList& after);
-  void TellItem(const Item& item);
 
   Dataset fDataset;
   bool fDryRun;
@@ -43,8 +38,6 @@ class CommandRunner {
   Tell fTell;
   OutputSink fSink;
   ChoiceHints fChoiceHints{fDataset};
-  bool fHasError = false;         // of the command that runs
-  bool fHasSaved = false;         // likewise
   CommandEntry fMrset = nullptr;  // loaded by the first command that needs it
 };
 

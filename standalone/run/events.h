@@ -1,7 +1,7 @@
 #ifndef STANDALONE_RUN_EVENTS_H
 #define STANDALONE_RUN_EVENTS_H
 
-#include <cstddef>
+#include <functional>
 #include <string>
 #include <variant>
 
@@ -9,14 +9,10 @@
 
 namespace standalone {
 
-// What the process that runs commands tells the one that supervises it, in the order in which it happens.
+// What a command tells while it runs, in the order in which it happens.
 
 struct ProcedureOpened {
   std::string title;
-};
-
-struct ItemIssued {
-  Item item;
 };
 
 /// Advice that belongs to no message.
@@ -24,34 +20,15 @@ struct HintGiven {
   std::string hint;
 };
 
-/// The command begins anew: what it has told so far does not count.
+/// The command did its work and begins to save it.
+struct SaveBegun {};
+
+/// The command starts over: what it has told so far does not count.
 struct CommandRestarted {};
 
-/// The command did its work and begins to save it. Until CommandDone it is open whether it was saved.
-struct CommandSaves {};
+using Event = std::variant<ProcedureOpened, Message, Table, HintGiven, SaveBegun, CommandRestarted>;
 
-/// The command with this index came to its end, and what it saved is on the disk.
-struct CommandDone {
-  std::size_t command = 0;
-  bool hasSaved = false;  ///< whether it changed the dataset
-};
-
-/// No command can be run any more; a sentence.
-struct RunFailed {
-  std::string sentence;
-};
-
-/// A sentence that a user should see at once, while a command waits or after it; not part of its output.
-struct Noticed {
-  std::string sentence;
-};
-
-using Event = std::variant<ProcedureOpened, ItemIssued, CommandRestarted, CommandSaves, CommandDone, RunFailed, Noticed,
-                           HintGiven>;
-
-/// An event as one line, without its line end, and back.
-std::string ToLine(const Event& event);
-Event EventFromLine(const std::string& line);
+using Tell = std::function<void(const Event& event)>;
 
 }  // namespace standalone
 

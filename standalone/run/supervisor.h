@@ -1,7 +1,7 @@
 #ifndef STANDALONE_RUN_SUPERVISOR_H
 #define STANDALONE_RUN_SUPERVISOR_H
 
-#include <functional>
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <vector>
@@ -10,44 +10,39 @@
 #include "standalone/language/script.h"
 #include "standalone/output/items.h"
 #include "standalone/run/run_error.h"
+#include "standalone/run/worker.h"
 
 namespace standalone {
 
 struct RunRequest {
   std::string datasetPath;
-  std::vector<ScriptCommand> commands;
   bool dryRun = false;
-  bool stopOnError = false;
   DatasetOptions datasetOptions = {};  ///< what is to be told of goes to standard error
 };
 
-/// Takes the result of a command; false where no further command is to be run.
-using HandOver = std::function<bool(const CommandResult&)>;
-
-/// Runs the commands in their order and hands over the result of each when it is complete. The commands run in a
-/// process of their own, which is replaced when one of them ends it; so that costs exactly that command. Returns how
-/// many commands changed the dataset, those among them that were saved and not handed over any more. Throws RunError.
-std::size_t RunCommands(const RunRequest& request, const HandOver& handOver);
-
-/// Runs commands that come one after another, as RunCommands() does, but without ending when a dataset cannot be used:
-/// the next command finds what is there then.
-class LiveRun {
+/// Runs commands in a process of their own, which is replaced when a command ends it; so that costs exactly that
+/// command.
+class Supervisor {
  public:
-  /// `request` holds no command yet and does not stop on errors.
-  explicit LiveRun(RunRequest request);
-  LiveRun(const LiveRun&) = delete;
-  LiveRun& operator=(const LiveRun&) = delete;
-  ~LiveRun();
+  explicit Supervisor(RunRequest request) : fRequest(std::move(request)) {}
 
-  /// The result of a command, when it is complete. Throws RunError where it could not be run.
+  /// The result of a command, when it is complete. Throws RunError where it could not be run; the next command finds
+  /// what is there then.
   CommandResult Run(const ScriptCommand& command);
 
-  /// Lets the process in which the commands run end.
+  /// Lets the process end, and passes on what it wrote to standard error.
   void Finish();
 
  private:
-  class Implementation;
-  std::unique_ptr<Implementation> fImplementation;
+  void StartWorker();
+  CommandResult RunInWorker(const ScriptCommand& command);
+  CommandResult Result(const ScriptCommand& command, const Worker& worker) const;
+  void Abort(CommandResult& result);
+
+  RunRequest fRequest;
+  std::unique_ptr<Worker> fWorker;
+  std::size_t fCount = 0;                 // of the commands that ran
+  std::vector<ScriptCommand> fRehearsed;  // of a dry run: those that were not aborted
 };
 
 }  // namespace standalone

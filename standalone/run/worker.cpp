@@ -6,26 +6,31 @@
 #include <sys/mman.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <exception>
-#include <sstream>
-#include <utility>
+#include <string_view>
 
 #include "standalone/data/interrupt.h"
 #include "standalone/data/temporary_file.h"
+#include "standalone/files/io.h"
+#include "standalone/run/codec.h"
 #include "standalone/run/run_error.h"
+#include "standalone/text/failure.h"
 #include "standalone/text/notice.h"
 
 namespace standalone {
 namespace {
+
+/// How a command came to its end; the sentence is behind kFailed.
+enum Outcome : char { kUnchanged = 'u', kChanged = 'c', kFailed = 'f' };
 
 [[noreturn]] void FailToStart() {
   const int number = errno;
@@ -43,81 +48,79 @@ Descriptor MakeFileInMemory(const char* name) {
   return Checked(memfd_create(name, MFD_CLOEXEC));
 }
 
-/// False, with errno, where not all could be written.
-bool WriteAll(int descriptor, const std::string& text) {
-  std::size_t written = 0;
-  while (written < text.size()) {
-    const ssize_t count = write(descriptor, text.data() + written, text.size() - written);
-    if (count < 0 && errno != EINTR) {
-      return false;
-    }
-    written += count < 0 ? 0 : static_cast<std::size_t>(count);
-  }
-  return true;
+/// Both processes share the position in the file, too.
+bool Empty(const Descriptor& file) {
+  return ftruncate(file.Number(), 0) == 0 && lseek(file.Number(), 0, SEEK_SET) == 0;
 }
 
-/// The child's end of the channel.
-class Sender {
- public:
-  Sender(int channel, int currentCommand, int console)
-      : fChannel(channel), fCurrentCommand(currentCommand), fConsole(console) {}
+/// False, with errno, where it cannot be read.
+bool ReadFromStart(const Descriptor& file, std::string& text) {
+  return lseek(file.Number(), 0, SEEK_SET) == 0 && AppendAll(file.Number(), text);
+}
 
-  void operator()(const Event& event) {
-    if (const auto* noticed = std::get_if<Noticed>(&event)) {
-      ShowAtOnce(NoticeLine(noticed->sentence));
-      return;
+/// The child's side.
+class Child {
+ public:
+  Child(const Descriptor& channel, const Descriptor& output, int console)
+      : fChannel(channel), fOutput(output), fConsole(console) {}
+
+  [[noreturn]] void Work(const Worker::Begin& begin) const {
+    try {
+      const Worker::RunCommand run = begin([this](const Event& event) { Keep(event); },
+                                           [this](const std::string& sentence) { Show(sentence); });
+      while (const std::optional<ScriptCommand> command = NextCommand()) {
+        isInterruptRequested = false;
+        End(run(*command) ? kChanged : kUnchanged);
+      }
+    } catch (const std::exception& error) {
+      Fail(SentenceOf(error));
     }
-    if (std::holds_alternative<CommandRestarted>(event)) {
-      Forget();
-      return;
-    }
-    const std::string line = ToLine(event) + "\n";
-    fUnsent += line;
-    const bool isFailure = std::holds_alternative<RunFailed>(event);
-    const bool isEnd = isFailure || std::holds_alternative<CommandDone>(event);
-    // What was saved is told even where it cannot be kept here.
-    if (!isFailure && !WriteAll(fCurrentCommand, line) && !isEnd) {
-      GiveUp(std::strerror(errno));
-    }
-    if (isEnd) {
-      Send();
-    }
+    std::fflush(nullptr);
+    _exit(EXIT_SUCCESS);
   }
 
  private:
-  /// Where nobody can take it in, nobody misses it.
-  void ShowAtOnce(const std::string& line) const {
-    if (write(fConsole, line.data(), line.size()) < 0) {
-      return;
+  std::optional<ScriptCommand> NextCommand() const {
+    std::string bytes;
+    while (AppendSome(fChannel.Number(), bytes) > 0) {
+      std::string_view received = bytes;
+      if (std::optional<ScriptCommand> command = TakeCommand(received)) {
+        return command;
+      }
+    }
+    return std::nullopt;
+  }
+
+  /// Gives up where that fails, before the command is saved. The module is left as it stands: no exception of the host
+  /// need pass through it.
+  void Keep(const Event& event) const {
+    const bool isKept =
+        std::holds_alternative<CommandRestarted>(event) ? Empty(fOutput) : WriteAll(fOutput.Number(), Encode(event));
+    if (!isKept) {
+      Fail(fmt::format("The results of a command cannot be kept: {}.", std::strerror(errno)));
+      _exit(EXIT_FAILURE);
     }
   }
 
-  /// Before the command is saved. The module is left as it stands: no exception of the host need pass through it.
-  [[noreturn]] void GiveUp(const std::string& reason) {
-    fUnsent = ToLine(RunFailed{fmt::format("The results of a command cannot be kept: {}.", reason)}) + "\n";
-    Send();
-    _exit(EXIT_FAILURE);
+  /// Where nobody can take it in, nobody misses it.
+  void Show(const std::string& sentence) const { WriteAll(fConsole, NoticeLine(sentence)); }
+
+  void Fail(const std::string& sentence) const {
+    End(kFailed);
+    WriteAll(fChannel.Number(), sentence);
   }
 
   /// Where nobody listens any more, nothing is to be done any more.
-  void Send() {
-    if (!WriteAll(fChannel, fUnsent)) {
-      _exit(EXIT_FAILURE);
-    }
-    Forget();
-  }
-
-  void Forget() {
-    fUnsent.clear();
-    if (ftruncate(fCurrentCommand, 0) != 0 || lseek(fCurrentCommand, 0, SEEK_SET) != 0) {
+  void End(Outcome outcome) const {
+    const char byte = outcome;
+    if (!WriteAll(fChannel.Number(), {&byte, 1})) {
       _exit(EXIT_FAILURE);
     }
   }
 
-  int fChannel;
-  int fCurrentCommand;
+  const Descriptor& fChannel;
+  const Descriptor& fOutput;
   int fConsole;  // the standard error of the process that made this one
-  std::string fUnsent;
 };
 
 /// An aborted command is an expected end: it leaves no memory dump on the user's disk.
@@ -156,35 +159,16 @@ void EndWithParent(pid_t parent) {
   }
 }
 
-[[noreturn]] void FailToReadResults(int number) {
-  throw RunError(fmt::format("The results of a command cannot be read: {}. Whether its change was saved is not known.",
-                             std::strerror(number)));
-}
-
-std::string ReadFromStart(int descriptor) {
-  std::string text;
-  std::array<char, 4096> buffer{};
-  ssize_t count = 0;
-  while ((count = pread(descriptor, buffer.data(), buffer.size(), static_cast<off_t>(text.size()))) > 0 ||
-         (count < 0 && errno == EINTR)) {
-    text.append(buffer.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
-  }
-  if (count < 0) {
-    FailToReadResults(errno);
-  }
-  return text;
-}
-
 }  // namespace
 
-Worker::Worker(const std::function<void(const Tell& tell)>& work)
-    : fCurrentCommand(MakeFileInMemory("events")), fStandardError(MakeFileInMemory("standard error")) {
+Worker::Worker(const Begin& begin)
+    : fOutput(MakeFileInMemory("output")), fStandardError(MakeFileInMemory("standard error")) {
   std::array<int, 2> ends{};
-  if (pipe2(ends.data(), O_CLOEXEC) != 0) {
+  if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0) {
     FailToStart();
   }
-  fEvents = Descriptor(ends[0]);
-  Descriptor channel(ends[1]);
+  fChannel = Descriptor(ends[0]);
+  const Descriptor channelOfChild(ends[1]);
   std::fflush(nullptr);  // else the child would write it once more
   const pid_t parent = getpid();
   fChild = fork();
@@ -195,13 +179,11 @@ Worker::Worker(const std::function<void(const Tell& tell)>& work)
     SetUpSignals();
     SetUpTermination();
     EndWithParent(parent);
-    fEvents.Close();
+    fChannel.Close();
     const int console = fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
     dup2(fStandardError.Number(), STDERR_FILENO);
     SuppressCoreDump();
-    work(Sender(channel.Number(), fCurrentCommand.Number(), console));
-    std::fflush(nullptr);
-    _exit(EXIT_SUCCESS);
+    Child(channelOfChild, fOutput, console).Work(begin);
   }
 }
 
@@ -212,50 +194,61 @@ Worker::~Worker() {
   }
 }
 
-void Worker::Interrupt() {
-  if (!fStatus) {
-    kill(fChild, SIGINT);
+std::optional<bool> Worker::Run(const ScriptCommand& command) {
+  if (!Empty(fOutput) || !Send(Encode(command))) {
+    throw RunError(fmt::format("The command cannot be run: {}.", std::strerror(errno)));
   }
+  char outcome = 0;
+  const ssize_t count = ReadSome(fChannel.Number(), &outcome, 1);
+  if (count < 0) {
+    FailToReadResults();
+  }
+  if (count == 0) {
+    WaitForEnd();
+    return std::nullopt;
+  }
+  if (outcome == kFailed) {
+    std::string sentence;
+    AppendAll(fChannel.Number(), sentence);
+    throw RunError(sentence);
+  }
+  return outcome == kChanged;
 }
 
-std::optional<Event> Worker::Receive() {
-  std::array<char, 65536> buffer{};
-  std::size_t searched = fTaken;
-  while (!fStatus) {
-    if (const std::size_t end = fReceived.find('\n', searched); end != std::string::npos) {
-      const std::size_t begin = std::exchange(fTaken, end + 1);
-      return EventFromLine(fReceived.substr(begin, end - begin));
+/// A child that has ended is found out when its outcome is read.
+bool Worker::Send(const std::string& bytes) const {
+  std::string_view rest = bytes;
+  while (!rest.empty()) {
+    const ssize_t count = send(fChannel.Number(), rest.data(), rest.size(), MSG_NOSIGNAL);
+    if (count < 0 && errno != EINTR) {
+      return errno == EPIPE || errno == ECONNRESET;
     }
-    fReceived.erase(0, std::exchange(fTaken, 0));
-    searched = fReceived.size();
-    const ssize_t count = read(fEvents.Number(), buffer.data(), buffer.size());
-    if (count > 0) {
-      fReceived.append(buffer.data(), static_cast<std::size_t>(count));
-    } else if (count == 0) {
-      WaitForEnd();  // a line that the child did not complete is none
-    } else if (errno != EINTR) {
-      const int number = errno;
-      fEvents.Close();  // the child ends when it has saved what it is saving
-      Interrupt();
-      WaitForEnd();
-      FailToReadResults(number);
-    }
+    rest.remove_prefix(count < 0 ? 0 : static_cast<std::size_t>(count));
   }
-  return std::nullopt;
+  return true;
 }
 
-std::vector<Event> Worker::EventsOfLastCommand() const {
+std::vector<Event> Worker::Output() const {
+  std::string bytes;
+  if (!ReadFromStart(fOutput, bytes)) {
+    throw RunError(fmt::format("The results of a command cannot be read: {}.", std::strerror(errno)));
+  }
   std::vector<Event> events;
-  std::istringstream lines(ReadFromStart(fCurrentCommand.Number()));
-  std::string line;
-  while (std::getline(lines, line) && !lines.eof()) {  // one without its end was not completed
-    events.push_back(EventFromLine(line));
+  std::string_view rest = bytes;
+  while (std::optional<Event> event = TakeEvent(rest)) {
+    events.push_back(std::move(*event));
   }
   return events;
 }
 
+void Worker::Finish() {
+  fChannel.Close();
+  WaitForEnd();
+}
+
 std::string Worker::LastWords() const {
-  std::string words = ReadFromStart(fStandardError.Number());
+  std::string words;
+  ReadFromStart(fStandardError, words);
   words.erase(words.find_last_not_of('\n') + 1);
   if (words.empty() && fStatus && WIFSIGNALED(*fStatus)) {
     const int number = WTERMSIG(*fStatus);
@@ -273,6 +266,16 @@ void Worker::WaitForEnd() {
   while (waitpid(fChild, &status, 0) < 0 && errno == EINTR) {
   }
   fStatus = status;
+}
+
+/// The child ends when it has saved what it is saving.
+void Worker::FailToReadResults() {
+  const int number = errno;
+  fChannel.Close();
+  kill(fChild, SIGINT);
+  WaitForEnd();
+  throw RunError(fmt::format("The results of a command cannot be read: {}. Whether its change was saved is not known.",
+                             std::strerror(number)));
 }
 
 }  // namespace standalone

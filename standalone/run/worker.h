@@ -3,58 +3,65 @@
 
 #include <sys/types.h>
 
-#include <cstddef>
 #include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "standalone/data/descriptor.h"
+#include "standalone/files/descriptor.h"
+#include "standalone/language/script.h"
 #include "standalone/run/events.h"
 
 namespace standalone {
 
-/// A child process that runs commands and tells about them in events. It ends with the process that made it.
+/// A child process that runs commands, one after the other. It ends with the process that made it.
 ///
-/// The events of a command are sent when the command is over, so that nobody waits for a reader while a transaction is
-/// open. Until then they stand where this process finds them if the child is ended by a failed assertion. What is
-/// Noticed goes to standard error at once, and nowhere else.
+/// What a command tells is written to a file in memory that both processes have, and so is there however the child
+/// ends. Nobody but the child waits while a transaction is open.
 class Worker {
  public:
-  using Tell = std::function<void(const Event&)>;
+  /// Runs one command; whether it changed the dataset.
+  using RunCommand = std::function<bool(const ScriptCommand& command)>;
 
-  /// Starts `work` in a child. Throws RunError.
-  explicit Worker(const std::function<void(const Tell& tell)>& work);
+  /// Called in the child, once. `tell` takes what a command tells. `notify` shows a sentence on the standard error of
+  /// the process that made the child, at once. An exception of either function ends the work; its sentence is passed
+  /// on.
+  using Begin =
+      std::function<RunCommand(const Tell& tell, const std::function<void(const std::string& sentence)>& notify)>;
+
+  /// Throws RunError.
+  explicit Worker(const Begin& begin);
   Worker(const Worker&) = delete;
   Worker& operator=(const Worker&) = delete;
 
   /// Ends the child if it still runs.
   ~Worker();
 
-  /// Asks the child to begin no further command, and to give up one that it has not begun to save.
-  void Interrupt();
+  /// Runs a command and waits for its end: whether it changed the dataset; nothing where the child ended first. Throws
+  /// RunError where no further command can be run.
+  std::optional<bool> Run(const ScriptCommand& command);
 
-  /// The next event; nothing once the child has ended. Throws RunError.
-  std::optional<Event> Receive();
+  /// What the last command told, up to where the child ended in it. Throws RunError.
+  std::vector<Event> Output() const;
 
-  /// After Receive() gave nothing: all events of the command in which the child ended. Throws RunError.
-  std::vector<Event> EventsOfLastCommand() const;
+  /// Lets the child end, as it does when there is no further command.
+  void Finish();
 
-  /// After Receive() gave nothing: what the child wrote to standard error or, where that is nothing, how it ended.
-  /// Empty for a child that ended well and wrote nothing.
+  /// After the child's end: what it wrote to standard error or, where that is nothing, how it ended. Empty for a child
+  /// that ended well and wrote nothing.
   std::string LastWords() const;
 
-  /// After Receive() gave nothing: whether the child ended by itself and not well, as it does for want of resources.
+  /// After the child's end: whether it ended by itself and not well, as it does for want of resources.
   bool HasGivenUp() const;
 
  private:
+  bool Send(const std::string& bytes) const;
   void WaitForEnd();
+  [[noreturn]] void FailToReadResults();
 
-  Descriptor fCurrentCommand;  // file in memory with the events of the running command
-  Descriptor fStandardError;   // file in memory
-  Descriptor fEvents;
-  std::string fReceived;
-  std::size_t fTaken = 0;  // of what was received
+  Descriptor fOutput;         // file in memory: what the running command told
+  Descriptor fStandardError;  // file in memory
+  Descriptor fChannel;        // commands to the child; an Outcome for each back
   pid_t fChild = -1;
   std::optional<int> fStatus;
 };

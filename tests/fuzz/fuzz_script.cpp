@@ -19,7 +19,6 @@ void Try(std::string_view input) {
   const std::string_view text = input.substr(1);
   CheckScript(text);
   CheckOutput(text, width);
-  CheckForeignJson(text);
 }
 
 }  // namespace

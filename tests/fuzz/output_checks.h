@@ -10,9 +10,6 @@ namespace fuzz {
 /// every other form; ends the process where that does not keep its contract.
 void CheckOutput(std::string_view text, std::size_t width);
 
-/// Any text that is JSON is an item or is refused.
-void CheckForeignJson(std::string_view text);
-
 }  // namespace fuzz
 
 #endif  // TESTS_FUZZ_OUTPUT_CHECKS_H

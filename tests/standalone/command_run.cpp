@@ -32,13 +32,15 @@ CommandRunTest::~CommandRunTest() {
 CommandRunTest::Told CommandRunTest::Run(const std::string& text, bool dryRun) {
   Told told;
   CommandRunner runner(kFile, dryRun, [&](const Event& event) {
-    if (const auto* issued = std::get_if<ItemIssued>(&event)) {
-      told.items.push_back(issued->item);
+    if (const auto* message = std::get_if<Message>(&event)) {
+      told.items.emplace_back(*message);
+    } else if (const auto* table = std::get_if<Table>(&event)) {
+      told.items.emplace_back(*table);
     } else if (const auto* given = std::get_if<HintGiven>(&event)) {
       told.hints.push_back(given->hint);
     }
   });
-  runner.Run({text, 1}, 0);
+  runner.Run({text, 1});
   return told;
 }
 

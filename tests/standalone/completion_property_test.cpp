@@ -80,7 +80,7 @@ class CompletionPropertyTest : public ShellDatasetTest {
     }
   }
 
-  LiveRun fRun{RunRequest{kFile, {}, false, false, {std::chrono::seconds(30), true, {}}}};
+  Supervisor fRun{RunRequest{kFile, false, {std::chrono::seconds(30), true, {}}}};
   std::set<std::string> fChecked;
   std::size_t fKeywords = 0;
 };

@@ -58,13 +58,13 @@ class SetScriptTest : public TemporaryFolderTest {
   static std::vector<std::string> Run(const std::string& path, const std::string& script) {
     std::vector<std::string> errors;
     CommandRunner runner(path, false, [&errors](const Event& event) {
-      const auto* issued = std::get_if<ItemIssued>(&event);
-      if (issued != nullptr && IsErrorMessage(issued->item)) {
-        errors.push_back(std::get<Message>(issued->item).text);
+      const auto* message = std::get_if<Message>(&event);
+      if (message != nullptr && message->level == Level::kError) {
+        errors.push_back(message->text);
       }
     });
     for (const ScriptCommand& command : SplitScript(script)) {
-      runner.Run(command, 0);
+      runner.Run(command);
     }
     return errors;
   }

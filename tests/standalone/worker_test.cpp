@@ -9,84 +9,115 @@
 #include <future>
 #include <iostream>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <vector>
+
+#include "standalone/run/run_error.h"
 
 namespace standalone {
 namespace {
 
-using Lines = std::vector<std::string>;
+using Texts = std::vector<std::string>;
+using Notify = std::function<void(const std::string&)>;
 
-Lines ToLines(const std::vector<Event>& events) {
-  Lines lines;
+/// The texts of procedures and messages.
+Texts TextsIn(const std::vector<Event>& events) {
+  Texts texts;
   for (const Event& event : events) {
-    lines.push_back(ToLine(event));
+    const auto* procedure = std::get_if<ProcedureOpened>(&event);
+    texts.push_back(procedure != nullptr ? procedure->title : std::get<Message>(event).text);
   }
-  return lines;
+  return texts;
 }
 
-Lines ReceiveAll(Worker& worker) {
-  std::vector<Event> events;
-  while (const std::optional<Event> event = worker.Receive()) {
-    events.push_back(*event);
-  }
-  return ToLines(events);
-}
-
-TEST(Worker, SendsTheEventsOfACommandWhenItIsDone) {
-  Worker worker([](const Worker::Tell& tell) {
-    tell(ProcedureOpened{"title"});
-    tell(ItemIssued{Message{Level::kWarning, "one\ntwo"}});
-    tell(CommandDone{4});
+/// A worker that does what the function says, whatever the command.
+template <typename Function>
+Worker MakeWorker(const Function& function) {
+  return Worker([&function](const Tell& tell, const Notify& notify) {
+    return [&function, tell, notify](const ScriptCommand& command) { return function(command, tell, notify); };
   });
-  EXPECT_EQ(ReceiveAll(worker),
-            (Lines{R"({"procedure":"title"})", R"({"item":{"kind":"message","level":"warning","text":"one\ntwo"}})",
-                   R"({"done":[4,false]})"}));
-  EXPECT_EQ(ToLines(worker.EventsOfLastCommand()), Lines{});
+}
+
+const ScriptCommand kAny{"any", 1};
+
+TEST(Worker, RunsOneCommandAfterTheOther) {
+  const auto echo = [](const ScriptCommand& command, const Tell& tell, const Notify&) {
+    tell(ProcedureOpened{command.text});
+    tell(Message{Level::kWarning, command.source});
+    return command.text == "changes";
+  };
+  Worker worker = MakeWorker(echo);
+  EXPECT_EQ(worker.Run({"changes", 1, "", "", "first"}), true);
+  EXPECT_EQ(TextsIn(worker.Output()), (Texts{"changes", "first"}));
+  EXPECT_EQ(worker.Run({"reads", 2, "", "", "second"}), false);
+  EXPECT_EQ(TextsIn(worker.Output()), (Texts{"reads", "second"}));
+  worker.Finish();
   EXPECT_EQ(worker.LastWords(), "");
+  EXPECT_FALSE(worker.HasGivenUp());
 }
 
-TEST(Worker, KeepsTheEventsOfACommandInWhichTheChildEnded) {
-  Worker worker([](const Worker::Tell& tell) {
-    tell(ProcedureOpened{"first"});
-    tell(CommandDone{0});
-    tell(ProcedureOpened{"second"});
-    tell(ItemIssued{Message{Level::kError, "said"}});
-    std::cerr << "a report\n\n" << std::flush;
-    std::abort();
-  });
-  EXPECT_EQ(ReceiveAll(worker), (Lines{R"({"procedure":"first"})", R"({"done":[0,false]})"}));
-  EXPECT_EQ(ToLines(worker.EventsOfLastCommand()),
-            (Lines{R"({"procedure":"second"})", R"({"item":{"kind":"message","level":"error","text":"said"}})"}));
+TEST(Worker, KeepsWhatACommandToldInWhichTheChildEnded) {
+  const auto abortAtSecond = [](const ScriptCommand& command, const Tell& tell, const Notify&) {
+    tell(ProcedureOpened{command.text});
+    if (command.line == 2) {
+      tell(Message{Level::kError, "said"});
+      std::cerr << "a report\n\n" << std::flush;
+      std::abort();
+    }
+    return false;
+  };
+  Worker worker = MakeWorker(abortAtSecond);
+  EXPECT_EQ(worker.Run({"first", 1}), false);
+  EXPECT_EQ(worker.Run({"second", 2}), std::nullopt);
+  EXPECT_EQ(TextsIn(worker.Output()), (Texts{"second", "said"}));
   EXPECT_EQ(worker.LastWords(), "a report");
+  EXPECT_FALSE(worker.HasGivenUp());
 }
 
-TEST(Worker, ForgetsTheEventsBeforeARestart) {
-  Worker worker([](const Worker::Tell& tell) {
-    tell(ProcedureOpened{"first try"});
+TEST(Worker, ForgetsWhatWasToldBeforeARestart) {
+  const auto restart = [](const ScriptCommand&, const Tell& tell, const Notify&) {
+    tell(ProcedureOpened{"first try, which tells more"});
     tell(CommandRestarted{});
     tell(ProcedureOpened{"second try"});
-    tell(CommandDone{0});
-  });
-  EXPECT_EQ(ReceiveAll(worker), (Lines{R"({"procedure":"second try"})", R"({"done":[0,false]})"}));
+    return true;
+  };
+  Worker worker = MakeWorker(restart);
+  EXPECT_EQ(worker.Run(kAny), true);
+  EXPECT_EQ(TextsIn(worker.Output()), Texts{"second try"});
 }
 
-TEST(Worker, SendsAFailureAtOnce) {
-  Worker worker([](const Worker::Tell& tell) { tell(RunFailed{"A sentence."}); });
-  EXPECT_EQ(ReceiveAll(worker), Lines{R"({"failed":"A sentence."})"});
+std::string SentenceOfRun(Worker& worker) {
+  try {
+    worker.Run(kAny);
+  } catch (const RunError& error) {
+    return error.what();
+  }
+  return "";
+}
+
+TEST(Worker, PassesOnWhyNoCommandCanBeRun) {
+  const auto fail = [](const ScriptCommand&, const Tell&, const Notify&) -> bool {
+    throw std::runtime_error("A sentence.");
+  };
+  Worker running = MakeWorker(fail);
+  EXPECT_EQ(SentenceOfRun(running), "A sentence.");
+  Worker beginning([](const Tell&, const Notify&) -> Worker::RunCommand { throw std::runtime_error("Another one."); });
+  EXPECT_EQ(SentenceOfRun(beginning), "Another one.");
 }
 
 TEST(Worker, ShowsANoticeAtOnceOnTheStandardErrorOfItsParent) {
   testing::internal::CaptureStderr();
   {
-    Worker worker([](const Worker::Tell& tell) {
+    const auto notify = [](const ScriptCommand&, const Tell& tell, const Notify& show) -> bool {
       tell(ProcedureOpened{"title"});
-      tell(Noticed{"waiting\x1b"});
+      show("waiting\x1b");
       std::cerr << "words" << std::flush;
       std::abort();
-    });
-    EXPECT_EQ(ReceiveAll(worker), Lines{});
-    EXPECT_EQ(ToLines(worker.EventsOfLastCommand()), Lines{R"({"procedure":"title"})"});
+    };
+    Worker worker = MakeWorker(notify);
+    EXPECT_EQ(worker.Run(kAny), std::nullopt);
+    EXPECT_EQ(TextsIn(worker.Output()), Texts{"title"});
     EXPECT_EQ(worker.LastWords(), "words");
   }
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "mrset: waiting\\x1b\n");
@@ -98,34 +129,48 @@ TEST(Worker, OutlivesAReaderOfItsNotices) {
   close(ends[0]);
   const int own = dup(STDERR_FILENO);
   dup2(ends[1], STDERR_FILENO);
-  Worker worker([](const Worker::Tell& tell) {
-    tell(Noticed{"to nobody"});
-    tell(CommandDone{0});
-  });
+  const auto notify = [](const ScriptCommand&, const Tell&, const Notify& show) {
+    show("to nobody");
+    return true;
+  };
+  Worker worker = MakeWorker(notify);
   dup2(own, STDERR_FILENO);
   close(own);
   close(ends[1]);
-  EXPECT_EQ(ReceiveAll(worker), Lines{R"({"done":[0,false]})"});
+  EXPECT_EQ(worker.Run(kAny), true);
 }
 
 TEST(Worker, TellsTheSignalOfAChildThatSaidNothing) {
-  Worker worker([](const Worker::Tell&) { raise(SIGKILL); });
-  EXPECT_EQ(ReceiveAll(worker), Lines{});
+  const auto end = [](const ScriptCommand&, const Tell&, const Notify&) { return raise(SIGKILL) == 0; };
+  Worker worker = MakeWorker(end);
+  EXPECT_EQ(worker.Run(kAny), std::nullopt);
   EXPECT_EQ(worker.LastWords(), "The command's process was ended by signal 9 (Killed).");
 }
 
-[[noreturn]] void TellTheProcessAndStay(const Worker::Tell& tell) {
-  tell(RunFailed{std::to_string(getpid())});  // sent at once
-  while (true) {
-    pause();
-  }
+TEST(Worker, ThatWasEndedBetweenTwoCommandsRunsNoOther) {
+  const auto tellTheProcess = [](const ScriptCommand&, const Tell& tell, const Notify&) {
+    tell(ProcedureOpened{std::to_string(getpid())});
+    return false;
+  };
+  Worker worker = MakeWorker(tellTheProcess);
+  worker.Run(kAny);
+  kill(std::stoi(TextsIn(worker.Output()).front()), SIGKILL);
+  EXPECT_EQ(worker.Run({std::string(5000000, 'x'), 2}), std::nullopt);
+  EXPECT_EQ(TextsIn(worker.Output()), Texts());
 }
 
 TEST(Worker, EndsAChildThatStillRuns) {
-  auto worker = std::make_unique<Worker>(TellTheProcessAndStay);
-  const std::optional<Event> event = worker->Receive();
-  ASSERT_TRUE(event && std::holds_alternative<RunFailed>(*event));
-  const pid_t child = std::stoi(std::get<RunFailed>(*event).sentence);
+  const auto tellTheProcess = [](const ScriptCommand&, const Tell& tell, const Notify&) {
+    tell(ProcedureOpened{std::to_string(getpid())});
+    return false;
+  };
+  auto worker = std::make_unique<Worker>([&](const Tell& tell, const Notify& notify) {
+    return [&tellTheProcess, tell, notify](const ScriptCommand& command) {
+      return tellTheProcess(command, tell, notify);
+    };
+  });
+  worker->Run(kAny);
+  const pid_t child = std::stoi(TextsIn(worker->Output()).front());
 
   // Elsewhere, so that a destructor that waits for ever fails the test and does not hold it up.
   const std::future<void> ended = std::async(std::launch::async, [&] { worker.reset(); });

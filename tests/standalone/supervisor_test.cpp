@@ -4,7 +4,6 @@
 #include <cstdio>
 #include <string>
 
-#include "standalone/run/command_channel.h"
 #include "standalone/run/supervisor.h"
 #include "tests/standalone/shell_dataset.h"
 
@@ -14,7 +13,7 @@ namespace {
 constexpr const char* kDefine = "MRSET /MCGROUP NAME=$a VARIABLES=q1 q2";
 constexpr const char* kAborts = "MRSET /DELETE NAME=[]";
 
-class LiveRunTest : public ShellDatasetTest {
+class SupervisorTest : public ShellDatasetTest {
  protected:
   CommandResult Run(const std::string& text) { return fRun.Run({text, ++fLine}); }
 
@@ -24,11 +23,11 @@ class LiveRunTest : public ShellDatasetTest {
 
   static std::size_t SetCount() { return Dataset(kFile).Sets().size(); }
 
-  LiveRun fRun{RunRequest{kFile, {}, false, false, {}}};
+  Supervisor fRun{RunRequest{kFile, false, {}}};
   int fLine = 0;
 };
 
-TEST_F(LiveRunTest, RunsCommandsAsTheyCome) {
+TEST_F(SupervisorTest, RunsCommandsAsTheyCome) {
   EXPECT_EQ(Run(kDefine).status, Status::kOk);
   EXPECT_EQ(SetCount(), 1U);
   const CommandResult second = Run("MRSET /DISPLAY NAME=ALL");
@@ -41,7 +40,7 @@ TEST_F(LiveRunTest, RunsCommandsAsTheyCome) {
   fRun.Finish();
 }
 
-TEST_F(LiveRunTest, LosesNothingButTheCommandThatIsAborted) {
+TEST_F(SupervisorTest, LosesNothingButTheCommandThatIsAborted) {
   EXPECT_EQ(Run(kAborts).status, Status::kAborted);
   EXPECT_EQ(Run(kDefine).status, Status::kOk);
   const CommandResult third = Run(kAborts);
@@ -51,7 +50,7 @@ TEST_F(LiveRunTest, LosesNothingButTheCommandThatIsAborted) {
   EXPECT_EQ(SetCount(), 0U);
 }
 
-TEST_F(LiveRunTest, SeesWhatOthersChanged) {
+TEST_F(SupervisorTest, SeesWhatOthersChanged) {
   EXPECT_EQ(Run("MRSET /DISPLAY NAME=ALL").items.size(), 1U);
   Dataset other(kFile);
   other.SaveSets({{"$b", SetType::kCategory, "", "", false, false, {"q1", "q2"}}}, "elsewhere");
@@ -59,7 +58,7 @@ TEST_F(LiveRunTest, SeesWhatOthersChanged) {
   EXPECT_EQ(std::get<Table>(result.items.at(0)).rows.at(0).name, "$b");
 }
 
-TEST_F(LiveRunTest, SaysThatTheDatasetIsGoneAndGoesOn) {
+TEST_F(SupervisorTest, SaysThatTheDatasetIsGoneAndGoesOn) {
   Run(kDefine);
   unlink(kFile);
   EXPECT_EQ(SentenceOfRun("MRSET /DISPLAY NAME=ALL"), "survey.mrset was moved or deleted by another program.");
@@ -71,7 +70,7 @@ TEST_F(LiveRunTest, SaysThatTheDatasetIsGoneAndGoesOn) {
   EXPECT_EQ(SetCount(), 1U);
 }
 
-TEST_F(LiveRunTest, NeverWritesIntoADatasetThatTookTheOthersPlaceUnsaid) {
+TEST_F(SupervisorTest, NeverWritesIntoADatasetThatTookTheOthersPlaceUnsaid) {
   Run(kDefine);
   Make("other.mrset");
   std::rename("other.mrset", kFile);
@@ -81,8 +80,8 @@ TEST_F(LiveRunTest, NeverWritesIntoADatasetThatTookTheOthersPlaceUnsaid) {
   EXPECT_EQ(SetCount(), 1U);
 }
 
-TEST_F(LiveRunTest, RehearsesWhatADryRunHasComeTo) {
-  LiveRun dry(RunRequest{kFile, {}, true, false, {}});
+TEST_F(SupervisorTest, RehearsesWhatADryRunHasComeTo) {
+  Supervisor dry(RunRequest{kFile, true, {}});
   dry.Run({kDefine, 1});
   EXPECT_EQ(dry.Run({kAborts, 2}).status, Status::kAborted);
   const CommandResult result = dry.Run({"MRSET /DISPLAY NAME=ALL", 3});
@@ -90,7 +89,7 @@ TEST_F(LiveRunTest, RehearsesWhatADryRunHasComeTo) {
   EXPECT_EQ(SetCount(), 0U);
 }
 
-TEST_F(LiveRunTest, TakesCommandsOfAnySizeAndBytes) {
+TEST_F(SupervisorTest, TakesCommandsOfAnySizeAndBytes) {
   Run(kDefine);
   const std::string long_ = "MRSET /MCGROUP NAME=$long VARIABLES=q1 q2 /* " + std::string(5000000, 'x');
   const CommandResult result = Run(long_);
@@ -99,28 +98,6 @@ TEST_F(LiveRunTest, TakesCommandsOfAnySizeAndBytes) {
   const CommandResult invalid = Run("MRSET \xFF");
   ASSERT_EQ(invalid.items.size(), 1U);
   EXPECT_EQ(std::get<Message>(invalid.items[0]).text, "Line 3: The command is not valid UTF-8.");
-}
-
-TEST(CommandChannel, TakesEveryMember) {
-  CommandChannel channel;
-  channel.Send({"te\nxt", 7, "be\xFF\fore", "", "source"});
-  channel.Send({"", 0});
-  channel.EndSending();
-  const std::optional<ScriptCommand> first = channel.Receive();
-  ASSERT_TRUE(first);
-  EXPECT_EQ(first->text, "te\nxt");
-  EXPECT_EQ(first->line, 7);
-  EXPECT_EQ(first->before, "be\xFF\fore");
-  EXPECT_EQ(first->behind, "");
-  EXPECT_EQ(first->source, "source");
-  EXPECT_TRUE(channel.Receive());
-  EXPECT_FALSE(channel.Receive());
-}
-
-TEST(CommandChannel, IsHarmlessWhereNobodyReceives) {
-  CommandChannel channel;
-  channel.EndReceiving();
-  channel.Send({std::string(1000000, 'x'), 1});
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
-#ifndef STANDALONE_DATA_DESCRIPTOR_H
-#define STANDALONE_DATA_DESCRIPTOR_H
+#ifndef STANDALONE_FILES_DESCRIPTOR_H
+#define STANDALONE_FILES_DESCRIPTOR_H
 
 #include <unistd.h>
 
@@ -35,4 +35,4 @@ class Descriptor {
 
 }  // namespace standalone
 
-#endif  // STANDALONE_DATA_DESCRIPTOR_H
+#endif  // STANDALONE_FILES_DESCRIPTOR_H

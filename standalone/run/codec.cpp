@@ -1,0 +1,124 @@
+#include "standalone/run/codec.h"
+
+#include <cereal/archives/binary.hpp>
+#include <cereal/types/optional.hpp>
+#include <cereal/types/string.hpp>
+#include <cereal/types/variant.hpp>
+#include <cereal/types/vector.hpp>
+#include <cstdint>
+#include <cstring>
+#include <sstream>
+#include <streambuf>
+
+namespace standalone {
+
+// The members of each type. The library finds these functions by their name and their first parameter.
+
+template <typename Archive>
+void serialize(Archive& archive, ScriptCommand& command) {
+  archive(command.text, command.line, command.before, command.behind, command.source);
+}
+
+template <typename Archive>
+void serialize(Archive& archive, Place& place) {
+  archive(place.line, place.column, place.length, place.offset, place.size);
+}
+
+template <typename Archive>
+void serialize(Archive& archive, Message& message) {
+  archive(message.level, message.text, message.place, message.hint);
+}
+
+template <typename Archive>
+void serialize(Archive& archive, Cell& cell) {
+  archive(cell.value, cell.note);
+}
+
+template <typename Archive>
+void serialize(Archive& archive, TableRow& row) {
+  archive(row.name, row.cells);
+}
+
+template <typename Archive>
+void serialize(Archive& archive, Table& table) {
+  archive(table.title, table.rowDimension, table.columnDimension, table.columns, table.rows);
+}
+
+template <typename Archive>
+void serialize(Archive& archive, ProcedureOpened& event) {
+  archive(event.title);
+}
+
+template <typename Archive>
+void serialize(Archive& archive, HintGiven& event) {
+  archive(event.hint);
+}
+
+template <typename Archive>
+void serialize(Archive& /*archive*/, SaveBegun& /*event*/) {}
+
+template <typename Archive>
+void serialize(Archive& /*archive*/, CommandRestarted& /*event*/) {}
+
+namespace {
+
+using FrameSize = std::uint64_t;
+
+template <typename Value>
+std::string EncodeFrame(const Value& value) {
+  std::ostringstream stream(std::string(sizeof(FrameSize), '\0'), std::ios::binary | std::ios::ate);
+  cereal::BinaryOutputArchive archive(stream);
+  archive(value);
+  std::string frame = stream.str();
+  const FrameSize size = frame.size() - sizeof size;
+  std::memcpy(frame.data(), &size, sizeof size);
+  return frame;
+}
+
+/// Reads bytes where they stand.
+class ViewBuffer : public std::streambuf {
+ public:
+  explicit ViewBuffer(std::string_view bytes) {
+    char* begin = const_cast<char*>(bytes.data());  // NOLINT(*-const-cast): the base class reads by it, too
+    setg(begin, begin, begin + bytes.size());
+  }
+};
+
+template <typename Value>
+std::optional<Value> TakeFrame(std::string_view& bytes) {
+  FrameSize size = 0;
+  if (bytes.size() < sizeof size) {
+    return std::nullopt;
+  }
+  std::memcpy(&size, bytes.data(), sizeof size);
+  if (bytes.size() - sizeof size < size) {
+    return std::nullopt;
+  }
+  ViewBuffer buffer(bytes.substr(sizeof size, size));
+  std::istream stream(&buffer);
+  cereal::BinaryInputArchive archive(stream);
+  Value value;
+  archive(value);
+  bytes.remove_prefix(sizeof size + size);
+  return value;
+}
+
+}  // namespace
+
+std::string Encode(const ScriptCommand& command) {
+  return EncodeFrame(command);
+}
+
+std::string Encode(const Event& event) {
+  return EncodeFrame(event);
+}
+
+std::optional<ScriptCommand> TakeCommand(std::string_view& bytes) {
+  return TakeFrame<ScriptCommand>(bytes);
+}
+
+std::optional<Event> TakeEvent(std::string_view& bytes) {
+  return TakeFrame<Event>(bytes);
+}
+
+}  // namespace standalone

@@ -1,5 +1,7 @@
 #include "standalone/data/commit.h"
 
+#include "standalone/text/error.h"
+
 namespace standalone {
 
 namespace {
@@ -10,7 +12,7 @@ std::optional<bool> IsThere(Database& database, std::int64_t generation) {
   try {
     database.Rollback();
     return GenerationOf(database) == generation;
-  } catch (const DatasetError&) {
+  } catch (const Error&) {
     return database.HasJournal() ? std::make_optional(false) : std::nullopt;
   }
 }
@@ -28,13 +30,13 @@ std::int64_t GenerationOf(Database& database) {
 std::optional<std::string> CommitGeneration(Database& database, std::int64_t generation) {
   try {
     return database.Commit();
-  } catch (const DatasetError& error) {
+  } catch (const Error& error) {
     if (database.InTransaction()) {
       throw;  // it waits for others, and nothing of it is in the file
     }
     const std::optional<bool> isThere = IsThere(database, generation);
     if (!isThere) {
-      throw UnknownOutcomeError(std::string(error.what()) + " Whether the last change was saved is not known.");
+      throw Error(ErrorKind::kUnknownOutcome, std::string(error.what()) + " Whether the last change was saved is not known.");
     }
     if (!*isThere) {
       throw;

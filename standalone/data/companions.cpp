@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "standalone/data/dataset.h"
-#include "standalone/data/temporary_file.h"
+#include "standalone/files/temporary_file.h"
 
 namespace standalone {
 

@@ -6,13 +6,14 @@
 #include "standalone/data/history.h"
 #include "standalone/data/limits.h"
 #include "standalone/data/schema.h"
+#include "standalone/text/error.h"
 
 namespace standalone {
 
 namespace {
 
 [[noreturn]] void Fail(const std::string& name, const char* what) {
-  throw ReadOnlyError(fmt::format("{} cannot be changed: its counter of {} is at its limit.", name, what));
+  throw Error(ErrorKind::kNoPermission, fmt::format("{} cannot be changed: its counter of {} is at its limit.", name, what));
 }
 
 }  // namespace

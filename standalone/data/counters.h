@@ -8,7 +8,7 @@
 namespace standalone {
 
 // A dataset counts its writes and the changes of its sets, both up to kGreatestNumber. Each function is called within
-// the transaction that writes, before it writes, and throws a ReadOnlyError, one sentence that names the file as
+// the transaction that writes, before it writes, and throws Error, one sentence that names the file as
 // `name`, where the next number would go beyond that.
 
 /// For any write.

@@ -13,8 +13,9 @@
 #include <utility>
 
 #include "standalone/data/database_files.h"
-#include "standalone/data/folder.h"
 #include "standalone/data/interrupt.h"
+#include "standalone/files/folder.h"
+#include "standalone/text/error.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {
@@ -184,41 +185,41 @@ std::string Database::Implementation::SystemFailure(int number) const {
 void Database::Implementation::Fail(int result) const {
   const int number = fErrno;
   if (const std::string refusal = TakeRefusal(); !refusal.empty()) {
-    throw DatasetError(fName + refusal);
+    throw Error(fName + refusal);
   }
   if (IsInterrupted() && (result == SQLITE_INTERRUPT || result == SQLITE_BUSY)) {
-    throw InterruptedError(fName + ": interrupted.");
+    throw Error(ErrorKind::kInterrupted, fName + ": interrupted.");
   }
   const int extended = fConnection == nullptr ? result : sqlite3_extended_errcode(fConnection);
   if (extended == SQLITE_READONLY_DBMOVED) {
-    throw DatasetError(fName + kMoved);
+    throw Error(fName + kMoved);
   }
   if (extended == SQLITE_READONLY_ROLLBACK || extended == SQLITE_READONLY_RECOVERY) {
-    throw DatasetError(fName + " was left in the middle of a write; it must be opened once with permission to write.");
+    throw Error(fName + " was left in the middle of a write; it must be opened once with permission to write.");
   }
   switch (result & 0xff) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
-      throw DatasetError(LockedSentence());
+      throw Error(LockedSentence());
     case SQLITE_NOTADB:
-      throw DatasetError(fName + " is not a dataset.");
+      throw Error(ErrorKind::kNotADataset, fName + " is not a dataset.", fName);
     case SQLITE_PERM:
     case SQLITE_READONLY:
-      throw ReadOnlyError(NoPermissionSentence(fName));
+      throw Error(ErrorKind::kNoPermission, NoPermissionSentence(fName));
     case SQLITE_FULL:
-      throw DatasetError(fName + " cannot be written: the disk is full.");
+      throw Error(fName + " cannot be written: the disk is full.");
     case SQLITE_IOERR:
     case SQLITE_CANTOPEN:
-      throw DatasetError(SystemFailure(SystemErrno(fConnection)));
+      throw Error(SystemFailure(SystemErrno(fConnection)));
     case SQLITE_NOMEM:
-      throw DatasetError(fName + " cannot be used: there is not enough memory.");
+      throw Error(fName + " cannot be used: there is not enough memory.");
     case SQLITE_TOOBIG:
-      throw DatasetError(fName + " cannot be written: a case or text is longer than 1,000,000,000 bytes.");
+      throw Error(fName + " cannot be written: a case or text is longer than 1,000,000,000 bytes.");
     default:  // what is left comes of a schema or a value that this program does not write
       if (IsFaultOfSystem(number)) {
-        throw DatasetError(SystemFailure(number));
+        throw Error(SystemFailure(number));
       }
-      throw DamagedError(fName + " is damaged.");
+      throw Error(ErrorKind::kDamaged, fName + " is damaged.");
   }
 }
 
@@ -294,7 +295,7 @@ void Database::FailIfMoved() const {
   int hasMoved = 0;
   sqlite3_file_control(fImplementation->fConnection, "main", SQLITE_FCNTL_HAS_MOVED, &hasMoved);
   if (hasMoved != 0) {
-    throw DatasetError(fImplementation->fName + kMoved);
+    throw Error(fImplementation->fName + kMoved);
   }
 }
 
@@ -328,9 +329,9 @@ void Database::Rollback() noexcept {
 // What a fault of the system kept from being read looks as if it were not there.
 void Database::FailAsDamaged() const {
   if (const int number = fImplementation->fErrno; IsFaultOfSystem(number)) {
-    throw DatasetError(fImplementation->SystemFailure(number));
+    throw Error(fImplementation->SystemFailure(number));
   }
-  throw DamagedError(fImplementation->fName + " is damaged.");
+  throw Error(ErrorKind::kDamaged, fImplementation->fName + " is damaged.");
 }
 
 Query::Query(Database& database, std::string_view sql)

@@ -15,25 +15,7 @@ struct sqlite3_stmt;
 
 namespace standalone {
 
-/// The dataset, or the folder it lies in, gives no permission to write.
-class ReadOnlyError : public DatasetError {
- public:
-  using DatasetError::DatasetError;
-};
-
-/// A transaction ended with an error, and whether it is in the file cannot be read.
-class UnknownOutcomeError : public DatasetError {
- public:
-  using DatasetError::DatasetError;
-};
-
-/// The contents of the file are not those of a dataset that this program wrote.
-class DamagedError : public DatasetError {
- public:
-  using DatasetError::DatasetError;
-};
-
-/// One open SQLite file. Every failure is a DatasetError whose sentence names the file as `name`. No schema of the file
+/// One open SQLite file. Every failure is an Error whose sentence names the file as `name`. No schema of the file
 /// is trusted: its triggers and views are never run.
 class Database {
  public:
@@ -79,7 +61,7 @@ class Database {
   /// Ends the transaction, if there is one, without its changes. Never fails.
   void Rollback() noexcept;
 
-  /// Throws a DamagedError, the sentence of a file whose contents cannot be.
+  /// Throws an Error of kind kDamaged, the sentence of a file whose contents cannot be.
   [[noreturn]] void FailAsDamaged() const;
 
  private:

@@ -14,7 +14,8 @@
 #include <string_view>
 #include <utility>
 
-#include "standalone/data/folder.h"
+#include "standalone/files/folder.h"
+#include "standalone/files/io.h"
 
 namespace standalone {
 
@@ -48,17 +49,9 @@ int Refuse(std::string sentence) {
 /// Whether a journal ends with the name of another file, as one of a transaction over several files does. SQLite would
 /// delete that file with it.
 bool NamesOtherFile(const char* journal) {
-  constexpr std::array<unsigned char, 8> kMagic = {0xd9, 0xd5, 0x05, 0xf9, 0x20, 0xa1, 0x63, 0xd7};
-  std::array<unsigned char, kMagic.size()> end{};
-  const int descriptor = open(journal, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
-  if (descriptor < 0) {
-    return false;
-  }
-  const off_t size = lseek(descriptor, 0, SEEK_END);
-  const auto length = static_cast<off_t>(end.size());
-  const bool isMarked = size > 2 * length && pread(descriptor, end.data(), end.size(), size - length) == length;
-  close(descriptor);
-  return isMarked && end == kMagic;
+  constexpr std::string_view kMagic = "\xd9\xd5\x05\xf9\x20\xa1\x63\xd7";
+  const Descriptor file = OpenFile(journal, O_RDONLY | O_NOFOLLOW | O_NONBLOCK);
+  return file.Number() >= 0 && LastBytes(file.Number(), kMagic.size()) == kMagic;
 }
 
 /// SQLITE_OK for a journal that SQLite may open.
@@ -191,15 +184,9 @@ DatabasePath::DatabasePath(const std::string& path) : fPath(AsFilePath(path)) {
   if (longPath.empty()) {
     return;
   }
-  fFolder = open(FolderOf(longPath).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
-  if (fFolder >= 0) {
-    fPath = fmt::format("{}{}/{}", kByDescriptor, fFolder, longPath.substr(longPath.rfind('/') + 1));
-  }
-}
-
-DatabasePath::~DatabasePath() {
-  if (fFolder >= 0) {
-    close(fFolder);
+  fFolder = OpenFile(FolderOf(longPath), O_PATH | O_DIRECTORY);
+  if (fFolder.Number() >= 0) {
+    fPath = fmt::format("{}{}/{}", kByDescriptor, fFolder.Number(), longPath.substr(longPath.rfind('/') + 1));
   }
 }
 

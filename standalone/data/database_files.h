@@ -3,6 +3,8 @@
 
 #include <string>
 
+#include "standalone/files/descriptor.h"
+
 namespace standalone {
 
 // What SQLite does to files goes through a file system of this program's own (in SQLite's words, a VFS): the system's,
@@ -30,14 +32,11 @@ std::string TakeUnsyncedReason();
 class DatabasePath {
  public:
   explicit DatabasePath(const std::string& path);
-  DatabasePath(const DatabasePath&) = delete;
-  DatabasePath& operator=(const DatabasePath&) = delete;
-  ~DatabasePath();
 
   const std::string& ForSqlite() const { return fPath; }
 
  private:
-  int fFolder = -1;  // open where the path is too long
+  Descriptor fFolder;  // open where the path is too long
   std::string fPath;
 };
 

@@ -19,6 +19,7 @@
 #include "standalone/data/ordered_keys.h"
 #include "standalone/data/schema.h"
 #include "standalone/data/set_store.h"
+#include "standalone/text/error.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {
@@ -204,10 +205,10 @@ Dataset::Saved Dataset::Implementation::SaveOrder(const SetList& sets, const std
     const Saved saved = HasHistory() ? Write(sets, command) : Saved::kUnchanged;
     EndSaveOfOrder();
     return saved == Saved::kConflict ? Saved::kUnchanged : saved;
-  } catch (const DatasetError& error) {
+  } catch (const Error& error) {
     EndSaveOfOrder();
     fSets.reset();
-    if (mayWait && dynamic_cast<const ReadOnlyError*>(&error) == nullptr) {
+    if (mayWait && error.Kind() != ErrorKind::kNoPermission) {
       throw;
     }
     return Saved::kUnchanged;
@@ -379,7 +380,7 @@ VersionRange Dataset::Implementation::Versions() {
 std::vector<StoredSet> Dataset::Implementation::SetsOfVersion(std::int64_t version) {
   const VersionRange range = Versions();
   if (version < range.first || version > range.last) {
-    throw DatasetError(
+    throw Error(
         range.first == range.last
             ? fmt::format("{} has no version {}: its sets were not changed yet, and are version 0.", fPath, version)
             : fmt::format("{} has no version {}; it keeps {} to {}.", fPath, version, range.first, range.last));
@@ -398,7 +399,7 @@ void Dataset::Implementation::ForEachChange(const std::function<void(const Chang
   std::optional<Change> change;
   do {
     if (IsInterrupted()) {
-      throw InterruptedError(fPath + ": interrupted.");
+      throw Error(ErrorKind::kInterrupted, fPath + ": interrupted.");
     }
     BeginIfNone();
     const std::int64_t end = change ? change->number : std::numeric_limits<std::int64_t>::max();

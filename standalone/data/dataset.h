@@ -7,18 +7,11 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace standalone {
-
-/// What is wrong with a dataset, as one plain sentence that names its file.
-class DatasetError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
 
 /// What is wrong where a dataset that can be read cannot be written.
 std::string NoPermissionSentence(const std::string& name);
@@ -107,7 +100,7 @@ inline constexpr std::int64_t kKeptChanges = 1000;
 bool IsDatasetFile(const std::string& path);
 
 /// A dataset that exists: the dictionary, read as it is touched, the sets in their order, and the cases. Positions of
-/// variables count from 0. Every function throws DatasetError when the file cannot be used. What reads begins a
+/// variables count from 0. Every function throws Error when the file cannot be used. What reads begins a
 /// command, not exclusive, where none has begun.
 class Dataset {
  public:
@@ -172,7 +165,7 @@ class Dataset {
 
   VersionRange Versions();
 
-  /// The sets of a version, in their order. Throws DatasetError, one sentence with the range, when there is no such
+  /// The sets of a version, in their order. Throws Error, one sentence with the range, when there is no such
   /// version.
   std::vector<StoredSet> SetsOfVersion(std::int64_t version);
 

@@ -21,6 +21,7 @@
 #include "standalone/data/schema.h"
 #include "standalone/data/set_rules.h"
 #include "standalone/data/set_store.h"
+#include "standalone/text/error.h"
 #include "standalone/text/names.h"
 #include "standalone/text/unicode.h"
 
@@ -117,7 +118,8 @@ void Checker::Run() {
 void Checker::Perform(const char* what, Step step) {
   try {
     (this->*step)();
-  } catch (const DamagedError&) {
+  } catch (const Error& error) {
+    RethrowUnless(error, ErrorKind::kDamaged);
     Finding("{} cannot be read to the end.", what);
   }
 }
@@ -126,7 +128,8 @@ template <typename Check>
 void Checker::Row(const char* what, std::int64_t number, Check check) {
   try {
     check();
-  } catch (const DamagedError&) {
+  } catch (const Error& error) {
+    RethrowUnless(error, ErrorKind::kDamaged);
     fReport.finding(what, fmt::format("{} {} has a value that cannot be.", what, number));
   }
 }
@@ -159,7 +162,7 @@ void Checker::Integrity() {
   while (goesOn && rows.Step()) {
     const std::string text = rows.Text(0);
     if (SaysThatDiskFailed(text)) {
-      throw DatasetError(fName + " cannot be read or written: input or output failed.");
+      throw Error(fName + " cannot be read or written: input or output failed.");
     }
     if (text != "ok") {
       Finding("The file is not sound: {}.", text);
@@ -402,7 +405,8 @@ void Checker::History() {
   for (; number > versions.first; --number) {
     try {
       rewind.Undo(number, number);
-    } catch (const DamagedError&) {
+    } catch (const Error& error) {
+      RethrowUnless(error, ErrorKind::kDamaged);
       Finding("The sets before change {} cannot be rebuilt.", number);
       return;
     }

@@ -25,7 +25,7 @@ struct CheckReport {
 
 /// Verifies one state of a dataset: the file's integrity, its tables, the dictionary, sets and cases, what they refer
 /// to, and that every kept version of the sets can be rebuilt. Takes memory for the dictionary's types and for the
-/// sets, not for the cases. Throws DatasetError where the file is no dataset that can be read.
+/// sets, not for the cases. Throws Error where the file is no dataset that can be read.
 void CheckDataset(const std::string& path, const DatasetOptions& options, const CheckReport& report);
 
 }  // namespace standalone

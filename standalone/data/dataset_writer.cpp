@@ -13,10 +13,11 @@
 #include "standalone/data/counters.h"
 #include "standalone/data/database.h"
 #include "standalone/data/dataset.h"
-#include "standalone/data/folder.h"
 #include "standalone/data/migration.h"
 #include "standalone/data/schema.h"
-#include "standalone/data/temporary_file.h"
+#include "standalone/files/folder.h"
+#include "standalone/files/temporary_file.h"
+#include "standalone/text/error.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {
@@ -35,7 +36,7 @@ void CheckNameFits(const std::string& path) {
   const std::size_t slash = path.rfind('/');
   const std::size_t size = slash == std::string::npos ? path.size() : path.size() - slash - 1;
   if (longest > 0 && size + kLongestCompanionEnding > static_cast<std::size_t>(longest)) {
-    throw DatasetError(fmt::format("{} cannot be the name of a dataset: it has {} bytes, and {} are the most here.",
+    throw Error(fmt::format("{} cannot be the name of a dataset: it has {} bytes, and {} are the most here.",
                                    path, size, static_cast<std::size_t>(longest) - kLongestCompanionEnding));
   }
 }
@@ -43,7 +44,7 @@ void CheckNameFits(const std::string& path) {
 /// SQLite would take what another dataset left under the name for a part of the new one.
 void CheckIsAlone(const std::string& path) {
   if (const std::optional<std::string> companion = FindCompanion(path)) {
-    throw DatasetError(
+    throw Error(
         fmt::format("{} cannot be made: {} was left of another dataset of that name; move it away or delete it.", path,
                     *companion));
   }
@@ -51,7 +52,7 @@ void CheckIsAlone(const std::string& path) {
 
 void CheckDestination(const std::string& path, bool replace, const DatasetOptions& options) {
   if (const std::optional<std::string> complaint = ComplaintOnReservedName(path)) {
-    throw DatasetError(*complaint);
+    throw Error(*complaint);
   }
   if (!Exists(path)) {
     CheckNameFits(path);
@@ -59,12 +60,12 @@ void CheckDestination(const std::string& path, bool replace, const DatasetOption
     return;
   }
   if (!replace) {
-    throw DatasetError(path + (IsDatasetFile(path)
+    throw Error(path + (IsDatasetFile(path)
                                    ? " exists already; --replace replaces its variables and cases and keeps its sets."
                                    : " exists already and is no dataset that can be read; give another name."));
   }
   if (OpenDataset(path, options)->IsReadOnly()) {
-    throw DatasetError(NoPermissionSentence(path));
+    throw Error(NoPermissionSentence(path));
   }
 }
 

@@ -38,7 +38,7 @@ class Rewind {
   Rewind(Database& database, const std::vector<KeptSet>& now, VisitForm visit = {});
 
   /// Undoes the changes with numbers from `last` down to `first`, which must follow on what was undone before. Throws
-  /// DamagedError where a change does not fit the sets that it is to have left.
+  /// an Error of kind kDamaged where a change does not fit the sets that it is to have left.
   void Undo(std::int64_t first, std::int64_t last);
 
   /// Whether two sets have the same name, without regard to case, or the same position.

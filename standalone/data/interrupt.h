@@ -7,12 +7,6 @@
 
 namespace standalone {
 
-/// The user interrupted what was under way; nothing was changed.
-class InterruptedError : public DatasetError {
- public:
-  using DatasetError::DatasetError;
-};
-
 /// Whether the user asked to give up what is under way. Set by a handler of a signal; whoever reads datasets looks.
 inline std::atomic<bool> isInterruptRequested{false};  // NOLINT(*-avoid-non-const-global-variables)
 

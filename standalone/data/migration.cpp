@@ -8,7 +8,7 @@
 #include <iterator>
 
 #include "standalone/data/schema.h"
-#include "standalone/data/temporary_file.h"
+#include "standalone/files/temporary_file.h"
 
 namespace standalone {
 

@@ -17,7 +17,7 @@ class OrderedKeys {
  public:
   explicit OrderedKeys(const Database& database) : fDatabase(database) {}
 
-  /// The key of the next row. Throws a DamagedError where it does not come after the last one.
+  /// The key of the next row. Throws an Error of kind kDamaged where it does not come after the last one.
   const Key& Next(Key key) {
     if (fHasLast && !Order()(fLast, key)) {
       fDatabase.FailAsDamaged();

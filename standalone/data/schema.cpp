@@ -15,6 +15,8 @@
 #include <string>
 #include <string_view>
 
+#include "standalone/text/error.h"
+
 namespace standalone {
 
 namespace {
@@ -103,17 +105,20 @@ constexpr const char* kHistorySet = R"(CREATE TABLE history_set(
 void CheckReadableFile(const std::string& path) {
   struct stat status = {};
   if (stat(path.c_str(), &status) != 0) {
-    throw DatasetError(errno == ENOENT ? path + " does not exist."
-                                       : path + " cannot be read: " + std::strerror(errno) + ".");
+    const int number = errno;
+    if (number == ENOENT) {
+      throw Error(ErrorKind::kMissingFile, path + " does not exist.", path);
+    }
+    throw Error(path + " cannot be read: " + std::strerror(number) + ".");
   }
   if (S_ISDIR(status.st_mode)) {
-    throw DatasetError(path + " is a directory.");
+    throw Error(path + " is a directory.");
   }
   if (!S_ISREG(status.st_mode)) {
-    throw DatasetError(path + " is not a dataset.");
+    throw Error(ErrorKind::kNotADataset, path + " is not a dataset.", path);
   }
   if (eaccess(path.c_str(), R_OK) != 0) {
-    throw DatasetError(path + " cannot be read: " + std::strerror(errno) + ".");
+    throw Error(path + " cannot be read: " + std::strerror(errno) + ".");
   }
 }
 
@@ -129,7 +134,7 @@ bool IsIndexOfTable(const std::string& type, const std::string& name) {
 }
 
 [[noreturn]] void FailAsForeign(const std::string& path, const std::string& type, const std::string& name) {
-  throw DamagedError(fmt::format("{} is damaged: the {} {} does not belong to a dataset.", path, type, name));
+  throw Error(ErrorKind::kDamaged, fmt::format("{} is damaged: the {} {} does not belong to a dataset.", path, type, name));
 }
 
 const TableDefinition* FindTable(const std::string& name, std::int64_t version) {
@@ -150,7 +155,7 @@ void CheckSchemaRow(Query& row, const std::string& path, std::int64_t version) {
     FailAsForeign(path, type, name);
   }
   if (row.IsNull(2) || row.Text(2) != table->sql) {
-    throw DamagedError(fmt::format("{} is damaged: the table {} is not defined as it should be.", path, name));
+    throw Error(ErrorKind::kDamaged, fmt::format("{} is damaged: the table {} is not defined as it should be.", path, name));
   }
 }
 
@@ -173,7 +178,7 @@ void CheckSchema(Database& database, const std::string& path) {
     }
   }
   if (!missing.empty()) {
-    throw DamagedError(fmt::format("{} is damaged: the table {} is missing.", path, *missing.begin()));
+    throw Error(ErrorKind::kDamaged, fmt::format("{} is damaged: the table {} is missing.", path, *missing.begin()));
   }
   database.Rollback();
   database.LimitWork(false);
@@ -189,10 +194,10 @@ void CheckEncoding(Database& database) {
 
 void CheckFormat(Database& database, const std::string& path) {
   if (IntegerOf(database, "PRAGMA application_id") != kApplicationId) {
-    throw DatasetError(path + " is not a dataset.");
+    throw Error(ErrorKind::kNotADataset, path + " is not a dataset.", path);
   }
   if (IntegerOf(database, "PRAGMA user_version") > kFormatVersion) {
-    throw DatasetError(path + " was made by a newer version of the program.");
+    throw Error(path + " was made by a newer version of the program.");
   }
   CheckSchema(database, path);
   CheckEncoding(database);

@@ -16,7 +16,7 @@ struct Undone {
 };
 
 /// Goes back to the sets of version `to`, or else to those before the last change, in one transaction. That is itself a
-/// change. Throws DatasetError, also when there is no such version; nothing is returned when there is no last change.
+/// change. Throws Error, also when there is no such version; nothing is returned when there is no last change.
 std::optional<Undone> UndoChanges(Dataset& dataset, std::optional<std::int64_t> to);
 
 }  // namespace standalone

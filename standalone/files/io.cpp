@@ -1,5 +1,6 @@
 #include "standalone/files/io.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <array>
@@ -20,6 +21,23 @@ ssize_t Uninterrupted(const Call& call) {
 
 }  // namespace
 
+Descriptor OpenFile(const std::string& path, int flags, mode_t mode) {
+  return Descriptor(static_cast<int>(Uninterrupted([&] { return open(path.c_str(), flags | O_CLOEXEC, mode); })));
+}
+
+// The lowest number that is free is taken. What is opened cannot be written, as one that is closed.
+void OccupyStandardDescriptors() {
+  for (int descriptor = STDIN_FILENO; descriptor <= STDERR_FILENO; ++descriptor) {
+    if (fcntl(descriptor, F_GETFD) == -1) {
+      open("/dev/null", O_RDONLY);
+    }
+  }
+}
+
+Descriptor Duplicate(int descriptor) {
+  return Descriptor(fcntl(descriptor, F_DUPFD_CLOEXEC, 0));
+}
+
 ssize_t ReadSome(int descriptor, char* buffer, std::size_t size) {
   return Uninterrupted([&] { return read(descriptor, buffer, size); });
 }
@@ -38,6 +56,16 @@ bool AppendAll(int descriptor, std::string& text) {
   while ((count = AppendSome(descriptor, text)) > 0) {
   }
   return count == 0;
+}
+
+std::optional<std::string> LastBytes(int descriptor, std::size_t size) {
+  const off_t end = lseek(descriptor, 0, SEEK_END);
+  const auto length = static_cast<off_t>(size);
+  std::string bytes(size, '\0');
+  const bool isThere =
+      end > length &&
+      Uninterrupted([&] { return pread(descriptor, bytes.data(), size, end - length); }) == static_cast<ssize_t>(size);
+  return isThere ? std::make_optional(bytes) : std::nullopt;
 }
 
 bool WriteAll(int descriptor, std::string_view bytes) {

@@ -7,6 +7,7 @@
 
 #include "standalone/language/keywords.h"
 #include "standalone/language/nearest_name.h"
+#include "standalone/text/error.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {
@@ -114,7 +115,7 @@ std::optional<std::string> Adviser::OnUnknownVariable(std::size_t token, const L
       return NeedsEquals(keyword->name);
     }
     return name && !lacksEquals ? std::optional(DidYouMean(*name)) : std::nullopt;
-  } catch (const DatasetError&) {
+  } catch (const Error&) {
     return std::nullopt;  // no hint is worth a failed command
   }
 }

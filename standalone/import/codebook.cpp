@@ -11,8 +11,9 @@
 #include <utility>
 
 #include "standalone/data/number_text.h"
+#include "standalone/files/input_file.h"
 #include "standalone/import/importer.h"
-#include "standalone/import/input_file.h"
+#include "standalone/text/error.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {
@@ -71,16 +72,16 @@ std::ptrdiff_t DeepestLevel(const std::string& json) {
 Json ParseJson(const std::string& path) {
   const std::string text = ReadAll(path);
   if (DeepestLevel(text) > kDeepestLevel) {
-    throw ImportError(fmt::format("{} is nested deeper than {} levels.", path, kDeepestLevel));
+    throw Error(fmt::format("{} is nested deeper than {} levels.", path, kDeepestLevel));
   }
   try {
     return Json::parse(text);
   } catch (const Json::parse_error& error) {
     const std::size_t before = error.byte == 0 ? 0 : error.byte - 1;
-    throw ImportError(
+    throw Error(
         fmt::format("{}, line {}: this is not JSON (byte {}).", path, LineOfByte(text, before), error.byte));
   } catch (const Json::out_of_range&) {
-    throw ImportError(fmt::format("{}: a number is out of range.", path));
+    throw Error(fmt::format("{}: a number is out of range.", path));
   }
 }
 
@@ -94,7 +95,7 @@ class FieldReader {
 
  private:
   [[noreturn]] void Fail(const std::string& what) const {
-    throw ImportError(fmt::format("{}, {}: {}.", fPath, fPlace, what));
+    throw Error(fmt::format("{}, {}: {}.", fPath, fPlace, what));
   }
 
   const Json* Member(const Json& object, const char* key) const;
@@ -276,7 +277,7 @@ void FieldReader::FailToFit(const Json& value) const {
 
 Json& FieldsOf(Json& codebook, const std::string& path) {
   if (!codebook.is_object() || !codebook.contains("fields") || !codebook["fields"].is_array()) {
-    throw ImportError(path + " is not a Table Schema: it has no array \"fields\".");
+    throw Error(path + " is not a Table Schema: it has no array \"fields\".");
   }
   return codebook["fields"];
 }
@@ -292,7 +293,7 @@ std::vector<CodebookField> ReadCodebook(const std::string& path) {
     json = nullptr;  // read, and large where there are many
     const std::string& name = fields.back().name;
     if (!names.insert(ToUpper(name)).second) {
-      throw ImportError(fmt::format("{}, field \"{}\": the name occurs twice.", path, name));
+      throw Error(fmt::format("{}, field \"{}\": the name occurs twice.", path, name));
     }
   }
   return fields;

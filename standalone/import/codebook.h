@@ -23,7 +23,7 @@ struct CodebookField {
 
 /// Reads the fields of a Table Schema (JSON). A field without a type, or of the type "any", is a string when it has a
 /// maxLength or a category that is a string, a number when all its categories are numbers, and else as the data are. A
-/// category without a label is labelled by its value. Names differ without regard to case. Failures are ImportErrors
+/// category without a label is labelled by its value. Names differ without regard to case. Failures are Errors
 /// that name the file and the field.
 std::vector<CodebookField> ReadCodebook(const std::string& path);
 

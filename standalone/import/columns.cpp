@@ -10,6 +10,7 @@
 
 #include "standalone/data/number_text.h"
 #include "standalone/import/importer.h"
+#include "standalone/text/error.h"
 #include "standalone/text/names.h"
 #include "standalone/text/unicode.h"
 
@@ -43,11 +44,11 @@ std::unordered_map<std::string, std::size_t> IndexNames(const std::vector<std::s
   for (std::size_t index = 0; index < header.size(); ++index) {
     const std::string& name = header[index];
     if (!IsValidVariableName(name)) {
-      throw ImportError(fmt::format("{}, column {}: {} is not a valid variable name.", path, index + 1, Quoted(name)));
+      throw Error(fmt::format("{}, column {}: {} is not a valid variable name.", path, index + 1, Quoted(name)));
     }
     const auto [entry, isNew] = columns.emplace(ToUpper(name), index);
     if (!isNew) {
-      throw ImportError(fmt::format("{}, column {}: the name {} is that of column {} already.", path, index + 1,
+      throw Error(fmt::format("{}, column {}: the name {} is that of column {} already.", path, index + 1,
                                     Quoted(name), entry->second + 1));
     }
   }
@@ -145,7 +146,7 @@ std::vector<Column> MakeColumns(const std::vector<std::string>& header, const st
   for (CodebookField& field : fields) {
     const auto found = columnOfName.find(ToUpper(field.name));
     if (found == columnOfName.end()) {
-      throw ImportError(
+      throw Error(
           fmt::format("{}, field {}: {} has no such column.", codebookPath, Quoted(field.name), dataPath));
     }
     described[found->second] = std::move(field);

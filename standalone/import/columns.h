@@ -42,7 +42,7 @@ class Column {
   std::string fScratch;
 };
 
-/// The columns of a header in its order, with what the codebook says of them. Throws ImportError when a name is invalid
+/// The columns of a header in its order, with what the codebook says of them. Throws Error when a name is invalid
 /// or occurs twice, or the codebook names a column that is not there.
 std::vector<Column> MakeColumns(const std::vector<std::string>& header, const std::string& dataPath,
                                 std::vector<CodebookField> fields, const std::string& codebookPath);

@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "standalone/import/importer.h"
+#include "standalone/text/error.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {
@@ -189,7 +190,7 @@ class CsvReader::Implementation {
 void CsvReader::Implementation::ReadHeader() {
   do {
     if (!NextQueuedRow()) {
-      throw ImportError(fFile.Path() + " is empty: there is no header row.");
+      throw Error(fFile.Path() + " is empty: there is no header row.");
     }
   } while (fCells.empty());
   fHeader.assign(fCells.begin(), fCells.end());
@@ -297,7 +298,7 @@ void CsvReader::Implementation::FinishParse() {
 }
 
 void CsvReader::Implementation::Fail(std::size_t line, const std::string& what) const {
-  throw ImportError(fmt::format("{}, line {}: {}.", fFile.Path(), line, what));
+  throw Error(fmt::format("{}, line {}: {}.", fFile.Path(), line, what));
 }
 
 CsvReader::CsvReader(InputFile& file) : fImplementation(std::make_unique<Implementation>(file)) {}

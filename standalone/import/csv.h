@@ -7,14 +7,14 @@
 #include <string_view>
 #include <vector>
 
-#include "standalone/import/input_file.h"
+#include "standalone/files/input_file.h"
 
 namespace standalone {
 
 /// Reads CSV as RFC 4180 has it: commas, quotes around a cell, a quote in such a cell doubled, blanks kept. A line ends
 /// in LF, CRLF or CR; a byte order mark at the beginning is passed over. Every row has a cell for each cell of the
 /// header. An empty line is a row with one empty cell where the header has one cell, else it is passed over. The memory
-/// does not depend on the number of rows; a row of more than 64 MiB is refused. Failures are ImportErrors that name the
+/// does not depend on the number of rows; a row of more than 64 MiB is refused. Failures are Errors that name the
 /// file and the line.
 class CsvReader {
  public:

@@ -1,6 +1,5 @@
 #include "standalone/import/importer.h"
 
-#include <fcntl.h>
 #include <fmt/format.h>
 #include <unistd.h>
 
@@ -10,10 +9,12 @@
 #include <utility>
 #include <vector>
 
+#include "standalone/files/input_file.h"
+#include "standalone/files/io.h"
 #include "standalone/import/codebook.h"
 #include "standalone/import/columns.h"
 #include "standalone/import/csv.h"
-#include "standalone/import/input_file.h"
+#include "standalone/text/error.h"
 
 namespace standalone {
 
@@ -63,7 +64,7 @@ std::size_t WriteCases(CsvReader& reader, std::vector<Column>& columns, const st
     cells = reader.Cells();
     for (std::size_t index = 0; index < cells.size(); ++index) {
       if (const auto wrong = columns[index].Convert(cells[index])) {
-        throw ImportError(
+        throw Error(
             fmt::format("{}, line {}, column {}: {}.", path, reader.Line(), reader.Header()[index], *wrong));
       }
     }
@@ -74,7 +75,7 @@ std::size_t WriteCases(CsvReader& reader, std::vector<Column>& columns, const st
 }
 
 std::unique_ptr<InputFile> OpenSurvey(const std::string& path) {
-  return path == "-" ? std::make_unique<InputFile>(SurveyName(path), fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0))
+  return path == "-" ? std::make_unique<InputFile>(SurveyName(path), Duplicate(STDIN_FILENO))
                      : std::make_unique<InputFile>(path);
 }
 
@@ -82,12 +83,16 @@ std::unique_ptr<CsvReader> ReadAgain(InputFile& file, const std::vector<std::str
   file.Rewind();
   auto reader = std::make_unique<CsvReader>(file);
   if (reader->Header() != header) {
-    throw ImportError(file.Path() + " changed while it was read.");
+    throw Error(file.Path() + " changed while it was read.");
   }
   return reader;
 }
 
 }  // namespace
+
+std::string SurveyName(const std::string& path) {
+  return path == "-" ? "standard input" : path;
+}
 
 // The data are read a second time only where a type comes from them.
 ImportSummary ImportSurvey(const ImportRequest& request) {

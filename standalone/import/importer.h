@@ -5,20 +5,11 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
-#include <stdexcept>
 #include <string>
 
 #include "standalone/data/dataset.h"
-#include "standalone/text/visible.h"
 
 namespace standalone {
-
-/// What is wrong with the input, as one plain sentence that names the file and the line, column or field.
-class ImportError : public std::runtime_error {
- public:
-  /// A text from the input may hold any character, and what() would end at a NUL: the sentence is made visible.
-  explicit ImportError(const std::string& sentence) : std::runtime_error(Visible(sentence)) {}
-};
 
 /// How an import gets on. The data are read twice where types come from them.
 struct ImportProgress {
@@ -41,7 +32,10 @@ struct ImportSummary {
   std::size_t cases = 0;
 };
 
-/// Reads a survey into a dataset file. Throws ImportError or DatasetError; then every file is as it was.
+/// What a survey is called in sentences: its path, or "standard input" for "-".
+std::string SurveyName(const std::string& path);
+
+/// Reads a survey into a dataset file. Throws Error; then every file is as it was.
 ImportSummary ImportSurvey(const ImportRequest& request);
 
 }  // namespace standalone

@@ -5,12 +5,12 @@
 #include <string>
 #include <vector>
 
+#include "standalone/files/spool.h"
 #include "standalone/output/html_command.h"
 #include "standalone/output/html_style.h"
 #include "standalone/output/html_text.h"
 #include "standalone/output/message_text.h"
 #include "standalone/output/renderer.h"
-#include "standalone/output/spool.h"
 
 namespace standalone {
 namespace {

@@ -7,19 +7,19 @@
 #include <iostream>
 #include <memory>
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "standalone/data/dataset.h"
+#include "standalone/files/same_file.h"
 #include "standalone/program/dataset_operand.h"
 #include "standalone/program/dataset_options.h"
 #include "standalone/program/delivery.h"
-#include "standalone/program/same_file.h"
 #include "standalone/program/subcommands.h"
 #include "standalone/sets/chosen_sets.h"
 #include "standalone/sets/copy_transaction.h"
+#include "standalone/text/error.h"
 #include "standalone/text/notice.h"
 #include "standalone/text/visible.h"
 
@@ -33,12 +33,6 @@ struct CopyOptions {
   bool skipIncomplete = false;
   bool dryRun = false;
   DatasetOptions datasetOptions;
-};
-
-/// A copy cannot be made from or to what the options name; what() is one sentence.
-class CopyError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
 };
 
 /// The copy as the history of the target's sets names it.
@@ -60,7 +54,7 @@ std::optional<std::string> CommandIfWanted(const CopyPlan& plan, const CopyOptio
 /// Two datasets, or one and a version of it.
 void CheckAreDifferent(const DatasetOperand& source, const CopyOptions& options) {
   if (!source.version && IsSameFile(source.path, options.targetPath)) {
-    throw CopyError(fmt::format("{} and {} are the same dataset.", source.path, options.targetPath));
+    throw Error(ErrorKind::kUsage, fmt::format("{} and {} are the same dataset.", source.path, options.targetPath));
   }
 }
 

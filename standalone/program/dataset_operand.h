@@ -20,7 +20,7 @@ struct DatasetOperand {
 /// trouble.
 DatasetOperand ReadDatasetOperand(const std::string& text);
 
-/// The sets that the operand names, of the dataset at its path. Throws DatasetError.
+/// The sets that the operand names, of the dataset at its path. Throws Error.
 std::vector<StoredSet> SetsOf(Dataset& dataset, const DatasetOperand& operand);
 
 }  // namespace standalone

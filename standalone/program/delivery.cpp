@@ -5,7 +5,8 @@
 #include <atomic>
 #include <iostream>
 
-#include "standalone/run/output_file.h"
+#include "standalone/files/output_file.h"
+#include "standalone/text/error.h"
 #include "standalone/text/notice.h"
 
 namespace standalone {
@@ -42,7 +43,7 @@ void EndDelivery() {
 void EnsureToldOf(const std::string& change) {
   std::cout.flush();
   if (!std::cout) {
-    throw OutputError("Standard output cannot be written; the change is made all the same: " + change + ".");
+    throw Error(ErrorKind::kOutput, "Standard output cannot be written; the change is made all the same: " + change + ".");
   }
 }
 

@@ -17,7 +17,7 @@ void SayAtEnd(const std::string& sentence);
 /// Says that, and ends the process as a reader that goes away ends others, if one went away since OutliveReader().
 void EndDelivery();
 
-/// Makes sure that standard output has told of a change that stands. Where it cannot, throws OutputError with what was
+/// Makes sure that standard output has told of a change that stands. Where it cannot, throws Error with what was
 /// changed, as in "the sets are copied".
 void EnsureToldOf(const std::string& change);
 

@@ -1,12 +1,10 @@
 #include "standalone/program/failure_advice.h"
 
 #include <fmt/format.h>
-#include <unistd.h>
 
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 #include <algorithm>
-#include <array>
 #include <filesystem>
 #include <optional>
 #include <system_error>
@@ -14,7 +12,6 @@
 
 #include "standalone/data/dataset.h"
 #include "standalone/language/nearest_name.h"
-#include "standalone/program/dataset_operand.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {
@@ -22,12 +19,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The operands that name a dataset, which must exist, by the names that they have in the help.
-constexpr std::array<const char*, 5> kDatasetOperands = {"DATASET", "SOURCE", "TARGET", "A", "B"};
-
 constexpr const char* kImport = "import";  // makes its dataset
 constexpr const char* kScript = "SCRIPT";
-constexpr const char* kCommand = "--command";
+constexpr const char* kDataset = "DATASET";
 
 /// The value of an option or operand; nothing where it is not given, or there is none of that name.
 std::optional<std::string> ValueOf(const CLI::App& subcommand, const char* name) {
@@ -79,60 +73,41 @@ NextSteps StepsWithOtherFile(const CLI::App& subcommand, const std::string& path
   return StepsToImport("survey.csv");
 }
 
-/// The dataset on which the sentence is.
-std::optional<std::string> DatasetNamedBy(const CLI::App& subcommand, const std::string& sentence) {
-  for (const char* operand : kDatasetOperands) {
-    const std::optional<std::string> value = ValueOf(subcommand, operand);
-    const std::string path = value ? ReadDatasetOperand(*value).path : "";
-    if (!path.empty() && sentence.rfind(path + " ", 0) == 0) {
-      return path;
-    }
-  }
-  return std::nullopt;
-}
-
 NextSteps StepsToRun(const std::string& dataset) {
   const std::string word = ShellWord(dataset);
   return {fmt::format("  mrset run {} commands.script", word),
           fmt::format("  mrset run {} -c 'MRSET /DISPLAY NAME=ALL'", word), fmt::format("  mrset shell {}", word)};
 }
 
-/// On what there is to run. It is looked at before the dataset is.
-NextSteps AdviceOnCommands(const CLI::App& subcommand) {
-  const bool runs = subcommand.get_option_no_throw(kCommand) != nullptr;
-  const std::optional<std::string> script = ValueOf(subcommand, kScript);
-  if (runs && !script && !ValueOf(subcommand, kCommand)) {
-    return StepsToRun(*ValueOf(subcommand, "DATASET"));
-  }
-  if (script && IsPieceOfCommand(*script) && !IsExistingFile(*script)) {
-    const bool isWhole = script->find(' ') != std::string::npos;
-    const std::string dataset = *ValueOf(subcommand, "DATASET");
-    return isWhole ? StepsToQuote(dataset, *script) : StepsToQuote(dataset);
-  }
-  return {};
-}
-
-/// On a path that is not that of a dataset. What else is wrong with one is said by the sentence.
-NextSteps AdviceOnDataset(const CLI::App& subcommand, const std::string& path) {
-  std::error_code notThere;
-  const fs::file_type type = fs::status(path, notThere).type();
-  if (type == fs::file_type::not_found) {
+/// On a file that does not exist: the script, or a dataset.
+NextSteps StepsWithoutFile(const CLI::App& subcommand, const std::string& path) {
+  if (ValueOf(subcommand, kScript) != path) {
     return StepsWithoutDataset(path);
   }
-  return type == fs::file_type::regular && access(path.c_str(), R_OK) == 0 && !IsDatasetFile(path)
-             ? StepsWithOtherFile(subcommand, path)
-             : NextSteps();
+  if (!IsPieceOfCommand(path)) {
+    return {};
+  }
+  const bool isWhole = path.find(' ') != std::string::npos;
+  const std::string dataset = *ValueOf(subcommand, kDataset);
+  return isWhole ? StepsToQuote(dataset, path) : StepsToQuote(dataset);
 }
 
 }  // namespace
 
-NextSteps AdviceOnFailure(const CLI::App& subcommand, const std::string& sentence) {
-  if (NextSteps steps = AdviceOnCommands(subcommand); !steps.empty()) {
-    return steps;
+NextSteps AdviceOnFailure(const CLI::App& subcommand, const Error& error) {
+  if (subcommand.get_name() == kImport) {
+    return {};
   }
-  const std::optional<std::string> dataset = DatasetNamedBy(subcommand, sentence);
-  const bool isWanted = dataset && subcommand.get_name() != kImport;
-  return isWanted ? AdviceOnDataset(subcommand, *dataset) : NextSteps();
+  switch (error.Kind()) {
+    case ErrorKind::kNothingToRun:
+      return StepsToRun(*ValueOf(subcommand, kDataset));
+    case ErrorKind::kMissingFile:
+      return StepsWithoutFile(subcommand, error.Subject());
+    case ErrorKind::kNotADataset:
+      return StepsWithOtherFile(subcommand, error.Subject());
+    default:
+      return {};
+  }
 }
 
 }  // namespace standalone

@@ -2,15 +2,15 @@
 #define STANDALONE_PROGRAM_FAILURE_ADVICE_H
 
 #include <CLI/App.hpp>
-#include <string>
 
 #include "standalone/program/next_steps.h"
+#include "standalone/text/error.h"
 
 namespace standalone {
 
-/// What to do once a subcommand has failed with this sentence: where there is nothing to run, or a file that it names
-/// is none of those that are wanted. Nothing where the sentence says it all.
-NextSteps AdviceOnFailure(const CLI::App& subcommand, const std::string& sentence);
+/// What to do once a subcommand has failed: where there is nothing to run, or a file that it names is missing or of
+/// another kind. Nothing where the sentence of the error says it all.
+NextSteps AdviceOnFailure(const CLI::App& subcommand, const Error& error);
 
 }  // namespace standalone
 

@@ -14,7 +14,7 @@ namespace standalone {
 void WriteLog(Dataset& dataset);
 
 /// Goes back to the sets of version `to`, or to those before the last change, and says so; kErrors, and a sentence on
-/// standard error, where there is no change. Throws DatasetError, and OutputError where standard output
+/// standard error, where there is no change. Throws Error, also where standard output
 /// cannot be written.
 ExitStatus UndoAndSay(const std::string& datasetPath, const DatasetOptions& options, std::optional<std::int64_t> to);
 

@@ -8,8 +8,8 @@
 #include <optional>
 #include <string>
 
+#include "standalone/files/input_file.h"
 #include "standalone/import/importer.h"
-#include "standalone/import/input_file.h"
 #include "standalone/program/counted.h"
 #include "standalone/program/dataset_options.h"
 #include "standalone/program/progress.h"

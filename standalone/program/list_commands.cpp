@@ -12,9 +12,9 @@
 #include <vector>
 
 #include "standalone/data/dataset.h"
+#include "standalone/files/spool.h"
 #include "standalone/output/markdown_text.h"
 #include "standalone/output/sets_json.h"
-#include "standalone/output/spool.h"
 #include "standalone/output/table_writer.h"
 #include "standalone/output/wrap.h"
 #include "standalone/program/dataset_options.h"

@@ -1,8 +1,6 @@
 #include "standalone/program/program.h"
 
-#include <fcntl.h>
 #include <fmt/format.h>
-#include <unistd.h>
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
@@ -14,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "standalone/files/io.h"
 #include "standalone/program/delivery.h"
 #include "standalone/program/exit_status.h"
 #include "standalone/program/failure_advice.h"
@@ -21,7 +20,7 @@
 #include "standalone/program/signals.h"
 #include "standalone/program/subcommands.h"
 #include "standalone/program/usage.h"
-#include "standalone/text/failure.h"
+#include "standalone/text/error.h"
 #include "standalone/text/notice.h"
 #include "standalone/text/visible.h"
 
@@ -72,24 +71,15 @@ int Perform(const CLI::App& subcommand, const Action& action) {
   try {
     return action();
   } catch (const std::exception& error) {
-    const std::string sentence = SentenceOf(error);
-    PrintError(sentence);
+    PrintError(SentenceOf(error));
     try {
-      PrintSteps(AdviceOnFailure(subcommand, sentence));
+      if (const auto* known = dynamic_cast<const Error*>(&error)) {
+        PrintSteps(AdviceOnFailure(subcommand, *known));
+      }
     } catch (const std::bad_alloc&) {
       return kUnusable;  // the sentence was said
     }
     return kUnusable;
-  }
-}
-
-/// A descriptor that is closed would be given to the next file that is opened, which then took in the results or
-/// errors.
-void OccupyStandardDescriptors() {
-  for (int descriptor = STDIN_FILENO; descriptor <= STDERR_FILENO; ++descriptor) {
-    if (fcntl(descriptor, F_GETFD) == -1) {
-      open("/dev/null", O_RDONLY);  // gets the lowest number that is free; cannot be written, as one that is closed
-    }
   }
 }
 

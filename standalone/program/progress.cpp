@@ -8,6 +8,7 @@
 #include <cmath>
 #include <utility>
 
+#include "standalone/files/io.h"
 #include "standalone/program/terminal.h"
 #include "standalone/text/unicode.h"
 
@@ -71,8 +72,7 @@ std::optional<ProgressScreen> ErrorScreen() {
     return std::nullopt;
   }
   return ProgressScreen{[](std::string_view text) {
-                          const ssize_t written = write(STDERR_FILENO, text.data(), text.size());
-                          static_cast<void>(written);  // a terminal that is gone shows no progress
+                          WriteAll(STDERR_FILENO, text);  // a terminal that is gone shows no progress
                         },
                         *width, Clock::now};
 }

@@ -14,6 +14,9 @@
 #include <utility>
 #include <vector>
 
+#include "standalone/data/companions.h"
+#include "standalone/files/output_file.h"
+#include "standalone/files/same_file.h"
 #include "standalone/output/renderer.h"
 #include "standalone/program/command_status.h"
 #include "standalone/program/counted.h"
@@ -22,13 +25,12 @@
 #include "standalone/program/format_option.h"
 #include "standalone/program/output_option.h"
 #include "standalone/program/progress.h"
-#include "standalone/program/same_file.h"
 #include "standalone/program/subcommands.h"
 #include "standalone/program/terminal.h"
 #include "standalone/program/vanished_name.h"
-#include "standalone/run/output_file.h"
 #include "standalone/run/script_source.h"
 #include "standalone/run/supervisor.h"
+#include "standalone/text/error.h"
 
 namespace standalone {
 namespace {
@@ -67,7 +69,7 @@ RunCommandList ReadCommands(const RunOptions& options) {
 /// Results never take the place of what they come from.
 void CheckOutputPath(const RunOptions& options, const std::string& outputPath) {
   if (IsSameFile(outputPath, options.datasetPath) || IsSameFile(outputPath, options.scriptPath.value_or(""))) {
-    throw OutputError(fmt::format("The output file {} is what the run reads; give another one.", outputPath));
+    throw Error(fmt::format("The output file {} is what the run reads; give another one.", outputPath));
   }
 }
 
@@ -102,7 +104,7 @@ std::unique_ptr<Renderer> MakeJson(const RunOptions& /*options*/, const Target& 
 
 std::unique_ptr<Renderer> MakeHtml(const RunOptions& options, const Target& target) {
   if (target.isTerminal) {
-    throw OutputError("A page is for a browser: give --output FILE, or send standard output to a file.");
+    throw Error("A page is for a browser: give --output FILE, or send standard output to a file.");
   }
   const std::string name = std::filesystem::path(options.datasetPath).filename().string();
   return MakeHtmlRenderer(target.stream, {name, options.dryRun});
@@ -185,7 +187,7 @@ std::string SentenceOfSaved(std::size_t count) {
 
 void RunIntoFile(const Job& job, Outcome& outcome) {
   CheckOutputPath(job.options, *job.options.outputPath);
-  OutputFile file(*job.options.outputPath);
+  OutputFile file(*job.options.outputPath, ComplaintOnReservedName);
   RunAndRender(job, {file.Stream(), false, kDefaultWidth}, outcome);
   file.Commit();
 }
@@ -194,13 +196,14 @@ void RunOnStandardOutput(const Job& job, Outcome& outcome) {
   RunAndRender(job, {std::cout, OutputIsTerminal(), OutputWidth()}, outcome);
   std::cout.flush();
   if (!std::cout && outcome.saved > 0) {
-    throw OutputError("Standard output cannot be written.");
+    throw Error("Standard output cannot be written.");
   }
 }
 
 ExitStatus Run(const RunOptions& options) {
   if (!options.scriptPath && options.commands.empty()) {
-    throw ScriptError(
+    throw Error(
+        ErrorKind::kNothingToRun,
         "There is nothing to run: give a SCRIPT, - for commands on standard input, or -c with a command.");
   }
   const RunCommandList list = ReadCommands(options);

@@ -12,15 +12,17 @@
 #include <string>
 #include <vector>
 
+#include "standalone/data/companions.h"
 #include "standalone/data/dataset.h"
+#include "standalone/files/output_file.h"
+#include "standalone/files/same_file.h"
 #include "standalone/program/dataset_operand.h"
 #include "standalone/program/dataset_options.h"
 #include "standalone/program/output_option.h"
-#include "standalone/program/same_file.h"
 #include "standalone/program/subcommands.h"
-#include "standalone/run/output_file.h"
 #include "standalone/sets/chosen_sets.h"
 #include "standalone/sets/set_script.h"
+#include "standalone/text/error.h"
 #include "standalone/text/notice.h"
 #include "standalone/text/visible.h"
 
@@ -74,10 +76,10 @@ void WriteScript(const std::string& script, const ScriptOptions& options) {
     return;
   }
   if (IsSameFile(*options.outputPath, ReadDatasetOperand(options.dataset).path)) {
-    throw OutputError(
+    throw Error(
         fmt::format("The output file {} is the dataset that is read; give another one.", *options.outputPath));
   }
-  OutputFile file(*options.outputPath);
+  OutputFile file(*options.outputPath, ComplaintOnReservedName);
   file.Stream() << script;
   file.Commit();
 }

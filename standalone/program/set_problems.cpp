@@ -9,6 +9,7 @@
 
 #include "standalone/data/database.h"
 #include "standalone/data/set_rules.h"
+#include "standalone/text/error.h"
 
 namespace standalone {
 namespace {
@@ -41,7 +42,8 @@ std::vector<std::vector<std::string>> ProblemsOfSets(Dataset& dataset, const std
       if (canRead) {
         AddSentences(set, MisfitsOf(set, find), sentences);
       }
-    } catch (const DamagedError& error) {
+    } catch (const Error& error) {
+      RethrowUnless(error, ErrorKind::kDamaged);
       canRead = false;
       sentences.push_back(fmt::format("The variables of the set {} cannot be read: {}", set.name, error.what()));
     }

@@ -9,11 +9,11 @@
 #include <iostream>
 #include <iterator>
 #include <memory>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "standalone/data/interrupt.h"
+#include "standalone/files/output_file.h"
 #include "standalone/output/renderer.h"
 #include "standalone/program/command_status.h"
 #include "standalone/program/counted.h"
@@ -25,7 +25,6 @@
 #include "standalone/program/subcommands.h"
 #include "standalone/program/terminal.h"
 #include "standalone/program/whole_number.h"
-#include "standalone/run/output_file.h"
 #include "standalone/run/supervisor.h"
 #include "standalone/shell/dataset_completion_source.h"
 #include "standalone/shell/help.h"
@@ -33,6 +32,7 @@
 #include "standalone/shell/piped_input.h"
 #include "standalone/shell/shell.h"
 #include "standalone/shell/terminal_input.h"
+#include "standalone/text/error.h"
 #include "standalone/text/notice.h"
 #include "standalone/text/visible.h"
 
@@ -45,13 +45,6 @@ constexpr std::size_t kMostListed = 1000;
 struct ShellOptions {
   std::string datasetPath;
   DatasetOptions datasetOptions;
-};
-
-/// A command of the shell that is not used as it is meant; what() is one sentence.
-class MisuseError : public std::runtime_error {
- public:
-  /// What was typed may hold any character, and what() would end at a NUL: the sentence is made visible.
-  explicit MisuseError(const std::string& sentence) : std::runtime_error(Visible(sentence)) {}
 };
 
 /// The positions, in dictionary order, of the variables that the pattern stands for; one more than kMostListed at most.
@@ -118,7 +111,7 @@ void DatasetActions::Run(const ScriptCommand& command) {
     fSaved += result.isSaved ? 1 : 0;
     (fIsAtTerminal ? *MakeRenderer(Echo::kNothing) : *fRenderer).Write(result);
     Take(StatusOf(result));
-  } catch (const RunError& error) {
+  } catch (const Error& error) {
     Complain(kUnusable, error);
   }
   EnsureIsRead();
@@ -130,7 +123,7 @@ void DatasetActions::EnsureIsRead() {
   if (fSaved > 0) {
     EnsureToldOf(fmt::format("{} changed the dataset", Counted(fSaved, "command")));
   } else if (!std::cout) {
-    throw OutputError("Standard output cannot be written.");
+    throw Error(ErrorKind::kOutput, "Standard output cannot be written.");
   }
 }
 
@@ -138,10 +131,11 @@ void DatasetActions::Perform(const ShellCommand& command) {
   try {
     isInterruptRequested = false;
     Take(Do(command));
-  } catch (const MisuseError& error) {
-    Complain(kErrors, error);
-  } catch (const DatasetError& error) {
-    Complain(kUnusable, error);
+  } catch (const Error& error) {
+    if (error.Kind() == ErrorKind::kOutput) {
+      throw;
+    }
+    Complain(error.Kind() == ErrorKind::kUsage ? kErrors : kUnusable, error);
   }
   EnsureIsRead();
 }
@@ -158,7 +152,7 @@ ExitStatus DatasetActions::Finish() {
 
 ExitStatus DatasetActions::Do(const ShellCommand& command) {
   if (command.rule->argument.empty() && !command.argument.empty()) {
-    throw MisuseError(fmt::format("{} stands alone on its line.", command.rule->name));
+    throw Error(ErrorKind::kUsage, fmt::format("{} stands alone on its line.", command.rule->name));
   }
   switch (command.rule->kind) {
     case ShellCommandKind::kHelp:
@@ -183,7 +177,7 @@ ExitStatus DatasetActions::Do(const ShellCommand& command) {
 ExitStatus DatasetActions::ShowHelp(const std::string& topic) {
   const std::optional<std::string> help = HelpOn(topic);
   if (!help) {
-    throw MisuseError(fmt::format("There is no help on {}; there is on {}.", topic, fmt::join(HelpTopics(), ", ")));
+    throw Error(ErrorKind::kUsage, fmt::format("There is no help on {}; there is on {}.", topic, fmt::join(HelpTopics(), ", ")));
   }
   std::cout << *help;
   return kSuccess;
@@ -205,7 +199,7 @@ ExitStatus DatasetActions::ShowSets(Dataset& dataset) {
 ExitStatus DatasetActions::ShowVariables(Dataset& dataset, const std::string& pattern) {
   std::vector<int> positions = PositionsOf(pattern, dataset);
   if (positions.empty()) {
-    throw MisuseError(fmt::format("The dataset has no variable {}.", pattern));
+    throw Error(ErrorKind::kUsage, fmt::format("The dataset has no variable {}.", pattern));
   }
   const bool isCut = positions.size() > kMostListed;
   positions.resize(std::min(positions.size(), kMostListed));
@@ -226,7 +220,7 @@ ExitStatus DatasetActions::ShowVariables(Dataset& dataset, const std::string& pa
 ExitStatus DatasetActions::Undo(const std::string& number) {
   const std::optional<std::int64_t> to = WholeNumber(number);
   if (!number.empty() && !to) {
-    throw MisuseError(fmt::format("{} is no number of a version.", number));
+    throw Error(ErrorKind::kUsage, fmt::format("{} is no number of a version.", number));
   }
   return UndoAndSay(fOptions.datasetPath, fOptions.datasetOptions, to);
 }

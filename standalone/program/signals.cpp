@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <array>
 
-#include "standalone/data/temporary_file.h"
+#include "standalone/files/temporary_file.h"
 
 namespace standalone {
 namespace {

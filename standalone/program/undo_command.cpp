@@ -14,6 +14,7 @@
 #include "standalone/program/history_actions.h"
 #include "standalone/program/subcommands.h"
 #include "standalone/program/whole_number.h"
+#include "standalone/text/error.h"
 #include "standalone/text/notice.h"
 
 namespace standalone {
@@ -48,7 +49,7 @@ ExitStatus UndoAndSay(const std::string& datasetPath, const DatasetOptions& opti
     return kErrors;
   }
   if (undone->changed && !undone->written) {
-    throw DatasetError(NoPermissionSentence(datasetPath));
+    throw Error(NoPermissionSentence(datasetPath));
   }
   std::cout << SentenceOf(*undone) << '\n';
   if (undone->changed) {

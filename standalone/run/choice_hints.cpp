@@ -12,6 +12,7 @@
 
 #include "standalone/data/number_text.h"
 #include "standalone/run/case_tally.h"
+#include "standalone/text/error.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {
@@ -131,7 +132,7 @@ std::vector<std::string> ChoiceHints::On(const SetList& before, const SetList& a
     if (!tallies.empty() && fDataset.VariableCount() <= kMostInDictionary && Tally(tallies)) {
       hints = HintsOn(tallies);
     }
-  } catch (const DatasetError&) {
+  } catch (const Error&) {
     hints.clear();  // no hint is worth a failed command
   }
   return hints;

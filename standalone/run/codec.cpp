@@ -84,6 +84,18 @@ class ViewBuffer : public std::streambuf {
   }
 };
 
+/// The members of an error, which cannot be set one by one.
+struct ErrorMembers {
+  ErrorKind kind = ErrorKind::kFailed;
+  std::string sentence;
+  std::string subject;
+
+  template <typename Archive>
+  void serialize(Archive& archive) {
+    archive(kind, sentence, subject);
+  }
+};
+
 template <typename Value>
 std::optional<Value> TakeFrame(std::string_view& bytes) {
   FrameSize size = 0;
@@ -113,12 +125,21 @@ std::string Encode(const Event& event) {
   return EncodeFrame(event);
 }
 
+std::string Encode(const Error& error) {
+  return EncodeFrame(ErrorMembers{error.Kind(), error.what(), error.Subject()});
+}
+
 std::optional<ScriptCommand> TakeCommand(std::string_view& bytes) {
   return TakeFrame<ScriptCommand>(bytes);
 }
 
 std::optional<Event> TakeEvent(std::string_view& bytes) {
   return TakeFrame<Event>(bytes);
+}
+
+std::optional<Error> TakeError(std::string_view& bytes) {
+  const std::optional<ErrorMembers> members = TakeFrame<ErrorMembers>(bytes);
+  return members ? std::make_optional<Error>(members->kind, members->sentence, members->subject) : std::nullopt;
 }
 
 }  // namespace standalone

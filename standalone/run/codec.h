@@ -7,6 +7,7 @@
 
 #include "standalone/language/script.h"
 #include "standalone/run/events.h"
+#include "standalone/text/error.h"
 
 namespace standalone {
 
@@ -15,10 +16,12 @@ namespace standalone {
 
 std::string Encode(const ScriptCommand& command);
 std::string Encode(const Event& event);
+std::string Encode(const Error& error);
 
 /// Take a value from the front of the bytes; nothing, and the bytes as they are, where it is not complete.
 std::optional<ScriptCommand> TakeCommand(std::string_view& bytes);
 std::optional<Event> TakeEvent(std::string_view& bytes);
+std::optional<Error> TakeError(std::string_view& bytes);
 
 }  // namespace standalone
 

@@ -11,6 +11,7 @@
 #include "standalone/language/nearest_name.h"
 #include "standalone/language/place.h"
 #include "standalone/language/tokenizer.h"
+#include "standalone/text/error.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {
@@ -55,7 +56,7 @@ CommandRunner::CommandRunner(const std::string& datasetPath, bool dryRun, Tell t
 
 bool CommandRunner::Run(const ScriptCommand& command) {
   if (IsInterrupted()) {
-    throw InterruptedError("The commands were interrupted.");
+    throw Error(ErrorKind::kInterrupted, "The commands were interrupted.");
   }
   try {
     const std::vector<Token> tokens = Tokenize(command.text);

@@ -19,11 +19,10 @@ namespace standalone {
 class CommandRunner {
  public:
   /// Opens the dataset. In a dry run nothing is written, and each command finds the sets that the one before it left.
-  /// Throws DatasetError.
+  /// Throws Error.
   CommandRunner(const std::string& datasetPath, bool dryRun, Tell tell, const DatasetOptions& options = {});
 
-  /// Runs one command, telling all that it puts out. Whether it changed the dataset. Throws DatasetError and
-  /// ModuleError.
+  /// Runs one command, telling all that it puts out. Whether it changed the dataset. Throws Error.
   bool Run(const ScriptCommand& command);
 
  private:

@@ -7,6 +7,8 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "standalone/text/error.h"
+
 namespace standalone {
 namespace {
 
@@ -28,7 +30,7 @@ std::string ModulePath() {
       return candidate.lexically_normal();
     }
   }
-  throw ModuleError(
+  throw Error(
       fmt::format("The module {} is neither beside the program in {} nor in its library folder; set "
                   "MRSET_MODULE to its path.",
                   kModuleFile, programFolder.string()));
@@ -41,11 +43,11 @@ CommandEntry LoadMrsetModule() {
   // A path without a slash would be looked up among the system's libraries.
   void* library = dlopen(fs::absolute(path).c_str(), RTLD_NOW | RTLD_LOCAL);
   if (library == nullptr) {
-    throw ModuleError(fmt::format("The module {} cannot be loaded: {}.", path, dlerror()));
+    throw Error(fmt::format("The module {} cannot be loaded: {}.", path, dlerror()));
   }
   void* entry = dlsym(library, "mrset_");
   if (entry == nullptr) {
-    throw ModuleError(fmt::format("The file {} is not an MRSET module: it has no entry point mrset_.", path));
+    throw Error(fmt::format("The file {} is not an MRSET module: it has no entry point mrset_.", path));
   }
   return reinterpret_cast<CommandEntry>(entry);
 }

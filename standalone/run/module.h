@@ -1,16 +1,9 @@
 #ifndef STANDALONE_RUN_MODULE_H
 #define STANDALONE_RUN_MODULE_H
 
-#include <stdexcept>
 #include <string>
 
 namespace standalone {
-
-/// A command module that cannot be loaded. what() is one sentence that names the file.
-class ModuleError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
 
 /// The entry point of a command module.
 using CommandEntry = void (*)();

@@ -4,10 +4,12 @@
 #include <fmt/format.h>
 #include <unistd.h>
 
-#include <array>
 #include <cerrno>
 #include <cstring>
 #include <utility>
+
+#include "standalone/files/io.h"
+#include "standalone/text/error.h"
 
 namespace standalone {
 namespace {
@@ -15,23 +17,19 @@ namespace {
 constexpr const char* kOnStandardInput = "on standard input";
 
 [[noreturn]] void ThrowCannotRead(const std::string& name) {
-  throw ScriptError(
-      fmt::format("The script {} cannot be read: {}.", name.empty() ? "of no name" : name, std::strerror(errno)));
+  const int number = errno;
+  throw Error(
+      number == ENOENT ? ErrorKind::kMissingFile : ErrorKind::kFailed,
+      fmt::format("The script {} cannot be read: {}.", name.empty() ? "of no name" : name, std::strerror(number)), name);
 }
 
 /// Appends what can be read now, or waits for it; false at the end.
 bool ReadMore(int descriptor, const std::string& name, std::string& text) {
-  std::array<char, 65536> buffer{};
-  while (true) {
-    const ssize_t count = read(descriptor, buffer.data(), buffer.size());
-    if (count >= 0) {
-      text.append(buffer.data(), static_cast<std::size_t>(count));
-      return count > 0;
-    }
-    if (errno != EINTR) {
-      ThrowCannotRead(name);
-    }
+  const ssize_t count = AppendSome(descriptor, text);
+  if (count < 0) {
+    ThrowCannotRead(name);
   }
+  return count > 0;
 }
 
 std::string ReadAll(int descriptor, const std::string& name) {
@@ -41,32 +39,17 @@ std::string ReadAll(int descriptor, const std::string& name) {
   return text;
 }
 
-/// A file that is open for reading as long as this lives.
-class OpenFile {
- public:
-  explicit OpenFile(const std::string& path) : fDescriptor(open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
-    if (fDescriptor < 0) {
-      ThrowCannotRead(path);
-    }
-  }
-  OpenFile(const OpenFile&) = delete;
-  OpenFile& operator=(const OpenFile&) = delete;
-  ~OpenFile() { close(fDescriptor); }
-
-  int Descriptor() const { return fDescriptor; }
-
- private:
-  int fDescriptor;
-};
-
 }  // namespace
 
 std::string ReadScript(const std::string& path) {
   if (path == "-") {
     return ReadAll(STDIN_FILENO, kOnStandardInput);
   }
-  const OpenFile file(path);
-  return ReadAll(file.Descriptor(), path);
+  const Descriptor file = OpenFile(path, O_RDONLY);
+  if (file.Number() < 0) {
+    ThrowCannotRead(path);
+  }
+  return ReadAll(file.Number(), path);
 }
 
 std::optional<std::string> StandardInputLines::Next() {

@@ -3,24 +3,17 @@
 
 #include <cstddef>
 #include <optional>
-#include <stdexcept>
 #include <string>
 
 namespace standalone {
 
-/// A script that cannot be read; what() is one sentence that names the file.
-class ScriptError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
-
-/// The whole text of a script file, or of standard input for "-". Throws ScriptError.
+/// The whole text of a script file, or of standard input for "-". Throws Error.
 std::string ReadScript(const std::string& path);
 
 /// Reads standard input line by line, each as soon as it is there.
 class StandardInputLines {
  public:
-  /// The next line without its "\n"; waits for it. Nothing at the end of the input. Throws ScriptError.
+  /// The next line without its "\n"; waits for it. Nothing at the end of the input. Throws Error.
   std::optional<std::string> Next();
 
  private:

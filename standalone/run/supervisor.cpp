@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "standalone/run/command_runner.h"
-#include "standalone/text/failure.h"
+#include "standalone/text/error.h"
 #include "standalone/text/visible.h"
 
 namespace standalone {
@@ -79,7 +79,7 @@ CommandResult Supervisor::RunInWorker(const ScriptCommand& command) {
     return result;
   } catch (const std::exception& error) {
     const bool isSaved = hasChanged.value_or(false);
-    throw RunError(SentenceOf(error) + (isSaved ? " The change of the command is saved all the same." : ""));
+    throw Error(SentenceOf(error) + (isSaved ? " The change of the command is saved all the same." : ""));
   }
 }
 
@@ -101,7 +101,7 @@ CommandResult Supervisor::Result(const ScriptCommand& command, const Worker& wor
 void Supervisor::Abort(CommandResult& result) {
   const std::unique_ptr<Worker> ended = std::move(fWorker);
   if (ended->HasGivenUp()) {
-    throw RunError(std::string("There is not enough memory, or another resource, to run the command.") +
+    throw Error(std::string("There is not enough memory, or another resource, to run the command.") +
                    (result.isSaveOpen ? " Whether its change was saved is not known." : ""));
   }
   result.status = Status::kAborted;

@@ -9,7 +9,7 @@
 #include "standalone/data/dataset.h"
 #include "standalone/language/script.h"
 #include "standalone/output/items.h"
-#include "standalone/run/run_error.h"
+#include "standalone/text/error.h"
 #include "standalone/run/worker.h"
 
 namespace standalone {
@@ -26,7 +26,7 @@ class Supervisor {
  public:
   explicit Supervisor(RunRequest request) : fRequest(std::move(request)) {}
 
-  /// The result of a command, when it is complete. Throws RunError where it could not be run; the next command finds
+  /// The result of a command, when it is complete. Throws Error where it could not be run; the next command finds
   /// what is there then.
   CommandResult Run(const ScriptCommand& command);
 

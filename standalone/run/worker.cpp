@@ -19,22 +19,21 @@
 #include <string_view>
 
 #include "standalone/data/interrupt.h"
-#include "standalone/data/temporary_file.h"
 #include "standalone/files/io.h"
+#include "standalone/files/temporary_file.h"
 #include "standalone/run/codec.h"
-#include "standalone/run/run_error.h"
-#include "standalone/text/failure.h"
+#include "standalone/text/error.h"
 #include "standalone/text/notice.h"
 
 namespace standalone {
 namespace {
 
-/// How a command came to its end; the sentence is behind kFailed.
+/// How a command came to its end; an Error follows kFailed.
 enum Outcome : char { kUnchanged = 'u', kChanged = 'c', kFailed = 'f' };
 
 [[noreturn]] void FailToStart() {
   const int number = errno;
-  throw RunError(fmt::format("The process that runs commands cannot be started: {}.", std::strerror(number)));
+  throw Error(fmt::format("The process that runs commands cannot be started: {}.", std::strerror(number)));
 }
 
 Descriptor Checked(int descriptor) {
@@ -72,8 +71,10 @@ class Child {
         isInterruptRequested = false;
         End(run(*command) ? kChanged : kUnchanged);
       }
+    } catch (const Error& error) {
+      Fail(error);
     } catch (const std::exception& error) {
-      Fail(SentenceOf(error));
+      Fail(Error(SentenceOf(error)));
     }
     std::fflush(nullptr);
     _exit(EXIT_SUCCESS);
@@ -97,7 +98,7 @@ class Child {
     const bool isKept =
         std::holds_alternative<CommandRestarted>(event) ? Empty(fOutput) : WriteAll(fOutput.Number(), Encode(event));
     if (!isKept) {
-      Fail(fmt::format("The results of a command cannot be kept: {}.", std::strerror(errno)));
+      Fail(Error(fmt::format("The results of a command cannot be kept: {}.", std::strerror(errno))));
       _exit(EXIT_FAILURE);
     }
   }
@@ -105,9 +106,9 @@ class Child {
   /// Where nobody can take it in, nobody misses it.
   void Show(const std::string& sentence) const { WriteAll(fConsole, NoticeLine(sentence)); }
 
-  void Fail(const std::string& sentence) const {
+  void Fail(const Error& error) const {
     End(kFailed);
-    WriteAll(fChannel.Number(), sentence);
+    WriteAll(fChannel.Number(), Encode(error));
   }
 
   /// Where nobody listens any more, nothing is to be done any more.
@@ -196,7 +197,7 @@ Worker::~Worker() {
 
 std::optional<bool> Worker::Run(const ScriptCommand& command) {
   if (!Empty(fOutput) || !Send(Encode(command))) {
-    throw RunError(fmt::format("The command cannot be run: {}.", std::strerror(errno)));
+    throw Error(fmt::format("The command cannot be run: {}.", std::strerror(errno)));
   }
   char outcome = 0;
   const ssize_t count = ReadSome(fChannel.Number(), &outcome, 1);
@@ -208,11 +209,16 @@ std::optional<bool> Worker::Run(const ScriptCommand& command) {
     return std::nullopt;
   }
   if (outcome == kFailed) {
-    std::string sentence;
-    AppendAll(fChannel.Number(), sentence);
-    throw RunError(sentence);
+    ThrowReceivedError();
   }
   return outcome == kChanged;
+}
+
+void Worker::ThrowReceivedError() const {
+  std::string bytes;
+  AppendAll(fChannel.Number(), bytes);
+  std::string_view received = bytes;
+  throw TakeError(received).value_or(Error("The command cannot be run: its process ended."));
 }
 
 /// A child that has ended is found out when its outcome is read.
@@ -231,7 +237,7 @@ bool Worker::Send(const std::string& bytes) const {
 std::vector<Event> Worker::Output() const {
   std::string bytes;
   if (!ReadFromStart(fOutput, bytes)) {
-    throw RunError(fmt::format("The results of a command cannot be read: {}.", std::strerror(errno)));
+    throw Error(fmt::format("The results of a command cannot be read: {}.", std::strerror(errno)));
   }
   std::vector<Event> events;
   std::string_view rest = bytes;
@@ -274,7 +280,7 @@ void Worker::FailToReadResults() {
   fChannel.Close();
   kill(fChild, SIGINT);
   WaitForEnd();
-  throw RunError(fmt::format("The results of a command cannot be read: {}. Whether its change was saved is not known.",
+  throw Error(fmt::format("The results of a command cannot be read: {}. Whether its change was saved is not known.",
                              std::strerror(number)));
 }
 

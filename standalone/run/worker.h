@@ -24,12 +24,11 @@ class Worker {
   using RunCommand = std::function<bool(const ScriptCommand& command)>;
 
   /// Called in the child, once. `tell` takes what a command tells. `notify` shows a sentence on the standard error of
-  /// the process that made the child, at once. An exception of either function ends the work; its sentence is passed
-  /// on.
+  /// the process that made the child, at once. An exception of either function ends the work and is passed on.
   using Begin =
       std::function<RunCommand(const Tell& tell, const std::function<void(const std::string& sentence)>& notify)>;
 
-  /// Throws RunError.
+  /// Throws Error.
   explicit Worker(const Begin& begin);
   Worker(const Worker&) = delete;
   Worker& operator=(const Worker&) = delete;
@@ -37,11 +36,11 @@ class Worker {
   /// Ends the child if it still runs.
   ~Worker();
 
-  /// Runs a command and waits for its end: whether it changed the dataset; nothing where the child ended first. Throws
-  /// RunError where no further command can be run.
+  /// Runs a command and waits for its end: whether it changed the dataset; nothing where the child ended first. Throws Error
+  /// where no further command can be run.
   std::optional<bool> Run(const ScriptCommand& command);
 
-  /// What the last command told, up to where the child ended in it. Throws RunError.
+  /// What the last command told, up to where the child ended in it. Throws Error.
   std::vector<Event> Output() const;
 
   /// Lets the child end, as it does when there is no further command.
@@ -55,6 +54,7 @@ class Worker {
   bool HasGivenUp() const;
 
  private:
+  [[noreturn]] void ThrowReceivedError() const;
   bool Send(const std::string& bytes) const;
   void WaitForEnd();
   [[noreturn]] void FailToReadResults();

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "standalone/text/error.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {
@@ -15,10 +16,10 @@ bool IsNameOf(const StoredSet& set, const std::string& name) {
 
 void CheckName(const std::vector<StoredSet>& sets, const std::string& name, const std::string& datasetPath) {
   if (name.empty()) {
-    throw UnknownSetError("The name of a set is empty; in a shell, put names in single quotes, as in '$drinks'.");
+    throw Error("The name of a set is empty; in a shell, put names in single quotes, as in '$drinks'.");
   }
   if (std::none_of(sets.begin(), sets.end(), [&](const StoredSet& set) { return IsNameOf(set, name); })) {
-    throw UnknownSetError(fmt::format("The dataset {} has no set {}.", datasetPath, name));
+    throw Error(fmt::format("The dataset {} has no set {}.", datasetPath, name));
   }
 }
 

@@ -20,7 +20,7 @@ struct TrialOutcome {
 /// for commands whose names are valid.
 class CommandTrial {
  public:
-  /// Loads the module; throws ModuleError. `dataset` must outlive the trial; what is tried sees the state of it in
+  /// Loads the module; throws Error. `dataset` must outlive the trial; what is tried sees the state of it in
   /// which its command began.
   explicit CommandTrial(Dataset& dataset) : fDataset(dataset), fMrset(LoadMrsetModule()) {}
 

@@ -33,7 +33,7 @@ using CommandOfCopy = std::function<std::optional<std::string>(const CopyPlan& p
 
 /// Copies the chosen sets into `target`, which sentences call `targetName`, in one transaction: planned again where
 /// another process changes the target meanwhile, at last with the target locked. Returns the plan that holds. Throws
-/// DatasetError.
+/// Error.
 CopyPlan CopySets(const std::vector<StoredSet>& chosen, const CopySide& source, Dataset& target,
                   const std::string& targetName, const CommandOfCopy& commandOf);
 

@@ -16,7 +16,7 @@ struct ScriptedSet {
 };
 
 /// Each set as a command that makes it on this dataset: what the command makes there has been compared with the set.
-/// Nothing is written. Throws DatasetError and ModuleError.
+/// Nothing is written. Throws Error.
 std::vector<ScriptedSet> ScriptSets(Dataset& dataset, const std::vector<StoredSet>& sets);
 
 /// The sets as a script, in their order, with a comment for each note. `title` is the text of the first comment. With

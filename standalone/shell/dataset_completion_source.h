@@ -11,7 +11,7 @@
 
 namespace standalone {
 
-/// A dataset as it is now, opened when it is asked for the first time. What it throws is a DatasetError. It must not
+/// A dataset as it is now, opened when it is asked for the first time. What it throws is an Error. It must not
 /// live on where the process forks.
 class DatasetCompletionSource : public CompletionSource {
  public:

@@ -11,7 +11,7 @@
 
 namespace standalone {
 
-/// Standard input that is no terminal: lines, as they come. Reading throws ScriptError.
+/// Standard input that is no terminal: lines, as they come. Reading throws Error.
 class PipedInput : public ShellInput {
  public:
   Typed Read(std::string_view /*openText*/) override {

@@ -33,6 +33,11 @@ deny 'the serialiser is included outside its file' \
 deny 'the line editor is included outside its file' \
   < <(includes backend host standalone | grep -E ':(histedit\.h|editline/)' | grep -v '^standalone/shell/line_editor.cpp:' || true)
 
+# Files are touched in one folder, which owns descriptors, repeats what signals interrupt and leaves nothing half done.
+deny 'a call on files stands outside standalone/files/' < <(
+  grep -rnE '(^|[^.>:A-Za-z_])(open|openat|creat|read|write|pread|pwrite|rename|renameat2?|link|unlink|fsync|fdatasync|mkostemp|close)\(' \
+    standalone --include='*.cpp' --include='*.h' | grep -vE '^standalone/files/|^[^:]+:[0-9]+: *(//|///)' || true)
+
 if [ "$failed" -eq 0 ]; then
   echo 'The layout holds.'
 fi

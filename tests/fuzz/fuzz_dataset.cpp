@@ -1,5 +1,5 @@
 // A damaged dataset into everything that opens one: reading it, saving sets, commands of the module on it, its history,
-// a check, and the replacement of its contents. Each does its work or fails with a DatasetError; no other file is left
+// a check, and the replacement of its contents. Each does its work or fails with an Error; no other file is left
 // behind.
 
 #include <array>
@@ -16,6 +16,7 @@
 #include "standalone/output/json.h"
 #include "standalone/output/log_text.h"
 #include "standalone/output/sets_json.h"
+#include "standalone/text/error.h"
 #include "tests/fuzz/check.h"
 #include "tests/fuzz/dataset_image.h"
 #include "tests/fuzz/target.h"
@@ -40,10 +41,10 @@ const DatasetImage& Image(bool large) {
 
 /// Every sentence names the file.
 template <typename Action>
-void AllowDatasetError(Action action) {
+void AllowError(Action action) {
   try {
     action();
-  } catch (const standalone::DatasetError& error) {
+  } catch (const standalone::Error& error) {
     const std::string sentence = error.what();
     Check(sentence.find(kDataset) != std::string::npos && sentence.back() == '.',
           "a failure is a sentence on the file");
@@ -129,7 +130,7 @@ void CheckWhole(const std::string& path) {
       ReadHistory(path);
       SaveChangedSets(path);
     }
-  } catch (const standalone::DatasetError& error) {
+  } catch (const standalone::Error& error) {
     Fail(error.what());
   }
 }
@@ -173,9 +174,9 @@ void Try(std::string_view input) {
   const std::string path = Folder().Path(kDataset);
   Folder().Clear();
   Folder().Write(kDataset, bytes);
-  AllowDatasetError([&path] { ReadAll(path); });
-  AllowDatasetError([&] { Act(choice / 2U % 11U, path); });
-  AllowDatasetError([&path] { ReadAll(path); });
+  AllowError([&path] { ReadAll(path); });
+  AllowError([&] { Act(choice / 2U % 11U, path); });
+  AllowError([&path] { ReadAll(path); });
   CheckFolder();
 }
 

@@ -11,6 +11,7 @@
 #include "standalone/data/dataset.h"
 #include "standalone/data/schema.h"
 #include "standalone/import/importer.h"
+#include "standalone/text/error.h"
 #include "tests/fuzz/check.h"
 #include "tests/fuzz/plain_csv.h"
 #include "tests/fuzz/scratch_folder.h"
@@ -172,10 +173,7 @@ void Try(const Input& input) {
   standalone::ImportSummary summary;
   try {
     summary = standalone::ImportSurvey(RequestOf(input));
-  } catch (const standalone::ImportError& error) {
-    CheckFailure(error.what(), before);
-    return;
-  } catch (const standalone::DatasetError& error) {
+  } catch (const standalone::Error& error) {
     CheckFailure(error.what(), before);
     return;
   }

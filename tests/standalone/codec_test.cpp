@@ -81,6 +81,16 @@ TEST(Codec, EveryKindOfEventArrives) {
   EXPECT_TRUE(std::holds_alternative<SaveBegun>(Sent(SaveBegun{})));
 }
 
+TEST(Codec, AnErrorArrivesWithItsKindAndSubject) {
+  const std::string bytes = Encode(Error(ErrorKind::kNotADataset, "A sentence.", "a path"));
+  std::string_view rest = bytes;
+  const std::optional<Error> error = TakeError(rest);
+  ASSERT_TRUE(error);
+  EXPECT_EQ(error->Kind(), ErrorKind::kNotADataset);
+  EXPECT_STREQ(error->what(), "A sentence.");
+  EXPECT_EQ(error->Subject(), "a path");
+}
+
 TEST(Codec, WhatIsNotCompleteStays) {
   const std::string first = Encode(Event(OneOfEverything()));
   for (std::size_t size = 0; size < first.size(); ++size) {

@@ -5,6 +5,7 @@
 #include <thread>
 
 #include "standalone/import/importer.h"
+#include "standalone/text/error.h"
 #include "tests/standalone/temporary_folder.h"
 
 namespace standalone {
@@ -30,7 +31,7 @@ std::vector<std::string> RowsOfFile(const std::string& path) {
       }
       rows.push_back(row);
     }
-  } catch (const ImportError& error) {
+  } catch (const Error& error) {
     rows.emplace_back(error.what());
   }
   return rows;

@@ -11,6 +11,7 @@
 
 #include "standalone/data/database.h"
 #include "standalone/data/dataset.h"
+#include "standalone/text/error.h"
 
 namespace standalone {
 
@@ -37,7 +38,7 @@ class Elsewhere {
     probe.SetLockTimeout(std::chrono::milliseconds(0));
     try {
       probe.Execute("BEGIN IMMEDIATE");
-    } catch (const DatasetError&) {
+    } catch (const Error&) {
       return true;
     }
     probe.Rollback();

@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-#include "standalone/run/run_error.h"
+#include "standalone/text/error.h"
 
 namespace standalone {
 namespace {
@@ -90,7 +90,7 @@ TEST(Worker, ForgetsWhatWasToldBeforeARestart) {
 std::string SentenceOfRun(Worker& worker) {
   try {
     worker.Run(kAny);
-  } catch (const RunError& error) {
+  } catch (const Error& error) {
     return error.what();
   }
   return "";

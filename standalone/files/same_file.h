@@ -1,5 +1,5 @@
-#ifndef STANDALONE_PROGRAM_SAME_FILE_H
-#define STANDALONE_PROGRAM_SAME_FILE_H
+#ifndef STANDALONE_FILES_SAME_FILE_H
+#define STANDALONE_FILES_SAME_FILE_H
 
 #include <filesystem>
 #include <string>
@@ -15,4 +15,4 @@ inline bool IsSameFile(const std::string& first, const std::string& second) {
 
 }  // namespace standalone
 
-#endif  // STANDALONE_PROGRAM_SAME_FILE_H
+#endif  // STANDALONE_FILES_SAME_FILE_H

@@ -1,4 +1,4 @@
-#include "standalone/data/temporary_file.h"
+#include "standalone/files/temporary_file.h"
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -20,8 +20,9 @@
 #include <utility>
 #include <vector>
 
-#include "standalone/data/database.h"
-#include "standalone/data/folder.h"
+#include "standalone/files/folder.h"
+#include "standalone/files/io.h"
+#include "standalone/text/error.h"
 
 namespace standalone {
 
@@ -30,9 +31,9 @@ namespace {
 [[noreturn]] void FailToWrite(const std::string& path, int number) {
   const std::string sentence = path + " cannot be written: " + std::strerror(number) + ".";
   if (number == EACCES || number == EPERM || number == EROFS) {
-    throw ReadOnlyError(sentence);
+    throw Error(ErrorKind::kNoPermission, sentence);
   }
-  throw DatasetError(sentence);
+  throw Error(sentence);
 }
 
 /// What is left of permissions where the group is another one: nothing for it, and for others what the old group had,
@@ -117,16 +118,12 @@ bool IsOwnRegularFile(const struct stat& status) {
 
 // Whoever made the file holds a lock on it for as long as it has this name.
 void RemoveIfLeftBehind(const std::string& path) {
-  const int descriptor = open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
-  if (descriptor < 0) {
-    return;
-  }
+  const Descriptor file = OpenFile(path, O_RDONLY | O_NOFOLLOW | O_NONBLOCK);
   struct stat status = {};
-  const bool isOurs = fstat(descriptor, &status) == 0 && IsOwnRegularFile(status);
-  if (isOurs && flock(descriptor, LOCK_EX | LOCK_NB) == 0 && IsNamed(path, descriptor)) {
+  const bool isOurs = file.Number() >= 0 && fstat(file.Number(), &status) == 0 && IsOwnRegularFile(status);
+  if (isOurs && flock(file.Number(), LOCK_EX | LOCK_NB) == 0 && IsNamed(path, file.Number())) {
     unlink(path.c_str());
   }
-  close(descriptor);
 }
 
 /// The journal of a temporary file that is not there any more.
@@ -157,9 +154,9 @@ void RemoveThoseLeftBehind(const std::string& folder) {
   std::for_each(companions.begin(), companions.end(), RemoveCompanionLeftBehind);
 }
 
-struct LockedFile {
+struct MadeFile {
   std::string path;
-  int descriptor;
+  Descriptor descriptor;  // holds the lock
 };
 
 /// What may be read of a file that is to be replaced is all that may be read of the one beside it.
@@ -174,22 +171,21 @@ mode_t ModeBeside(const std::string& destination) {
   return (mode & kNewFile) | kOwnerWrites;
 }
 
-LockedFile MakeFileIn(const std::string& folder, const std::string& destination) {
+MadeFile MakeFileIn(const std::string& folder, const std::string& destination) {
   const mode_t mode = ModeBeside(destination);
   std::random_device random;
   constexpr int kAttempts = 100;
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
     std::string path = fmt::format("{}{}{:08x}{}", folder, kPrefix, static_cast<std::uint32_t>(random()), kSuffix);
-    const int descriptor = open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode);
-    if (descriptor < 0 && errno != EEXIST) {
+    Descriptor descriptor = OpenFile(path, O_RDWR | O_CREAT | O_EXCL, mode);
+    if (descriptor.Number() < 0 && errno != EEXIST) {
       break;
     }
-    if (descriptor >= 0) {
-      flock(descriptor, LOCK_EX);
-      if (!WasTaken(path, descriptor)) {
-        return {std::move(path), descriptor};
+    if (descriptor.Number() >= 0) {
+      flock(descriptor.Number(), LOCK_EX);
+      if (!WasTaken(path, descriptor.Number())) {
+        return {std::move(path), std::move(descriptor)};
       }
-      close(descriptor);
     }
   }
   FailToWrite(destination, errno);
@@ -232,9 +228,9 @@ TemporaryFile::TemporaryFile(const std::string& destination) : fDestination(dest
   const std::string folder = FolderOf(destination);
   RemoveThoseLeftBehind(folder);
   const SignalsHeld held;  // until the handler of signals knows the file
-  LockedFile made = MakeFileIn(folder, destination);
+  MadeFile made = MakeFileIn(folder, destination);
   fPath = std::move(made.path);
-  fLock = made.descriptor;
+  fLock = std::move(made.descriptor);
   Exchange(nullptr, fPath.c_str());
 }
 
@@ -250,14 +246,14 @@ TemporaryFile::~TemporaryFile() {
 void TemporaryFile::Release() {
   Exchange(fPath.c_str(), nullptr);
   fPath.clear();
-  close(fLock);
+  fLock.Close();
 }
 
 std::optional<std::string> TemporaryFile::PutInPlaceAs(const std::string& place) {
-  SyncFile(fLock, place);
+  SyncFile(fLock.Number(), place);
   if (!RenameWithoutReplacing(fPath, place)) {
     if (errno == EEXIST) {
-      throw DatasetError(place + " exists already.");
+      throw Error(place + " exists already.");
     }
     FailToWrite(place, errno);
   }
@@ -268,9 +264,9 @@ std::optional<std::string> TemporaryFile::PutInPlaceAs(const std::string& place)
 std::optional<std::string> TemporaryFile::Replace() {
   struct stat replaced = {};
   if (stat(fDestination.c_str(), &replaced) == 0) {
-    TakePermissions(fLock, replaced);
+    TakePermissions(fLock.Number(), replaced);
   }
-  SyncFile(fLock, fDestination);
+  SyncFile(fLock.Number(), fDestination);
   if (rename(fPath.c_str(), fDestination.c_str()) != 0) {
     FailToWrite(fDestination, errno);
   }

@@ -1,9 +1,11 @@
-#include "standalone/data/folder.h"
+#include "standalone/files/folder.h"
 
 #include <fcntl.h>
 #include <unistd.h>
 
 #include <cerrno>
+
+#include "standalone/files/io.h"
 
 namespace standalone {
 
@@ -13,11 +15,8 @@ std::string FolderOf(const std::string& path) {
 }
 
 int SyncFolderOf(const std::string& path) {
-  const int descriptor = open(FolderOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  const int number = descriptor >= 0 && fsync(descriptor) == 0 ? 0 : errno;
-  if (descriptor >= 0) {
-    close(descriptor);
-  }
+  const Descriptor folder = OpenFile(FolderOf(path), O_RDONLY | O_DIRECTORY);
+  const int number = folder.Number() >= 0 && fsync(folder.Number()) == 0 ? 0 : errno;
   return number == EINVAL ? 0 : number;
 }
 

@@ -1,26 +1,24 @@
-#ifndef STANDALONE_IMPORT_INPUT_FILE_H
-#define STANDALONE_IMPORT_INPUT_FILE_H
+#ifndef STANDALONE_FILES_INPUT_FILE_H
+#define STANDALONE_FILES_INPUT_FILE_H
 
 #include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
 
+#include "standalone/files/descriptor.h"
+
 namespace standalone {
 
-/// What a survey is called in sentences: its path, or "standard input" for "-".
-std::string SurveyName(const std::string& path);
-
-/// A file that is read from where it stands, a pipe too. Failures are ImportErrors that name it.
+/// A file that is read from where it stands, a pipe too. Failures are Errors that name it.
 class InputFile {
  public:
   explicit InputFile(const std::string& path);
 
   /// A file that is open already, which goes over to this.
-  InputFile(std::string name, int descriptor);
+  InputFile(std::string name, Descriptor file);
   InputFile(const InputFile&) = delete;
   InputFile& operator=(const InputFile&) = delete;
-  ~InputFile();
 
   /// The path, or the name, that it was given.
   const std::string& Path() const { return fPath; }
@@ -44,20 +42,20 @@ class InputFile {
 
  private:
   std::size_t ReadNext(char* buffer, std::size_t size);
-  std::size_t ReadFrom(int descriptor, char* buffer, std::size_t size);
+  std::size_t ReadFrom(const Descriptor& file, char* buffer, std::size_t size) const;
   void CopyAside(const char* data, std::size_t size);
   [[noreturn]] void Fail(const std::string& what) const;
 
   std::string fPath;
-  int fDescriptor = -1;
+  Descriptor fFile;
   std::optional<std::uint64_t> fSize;
   std::uint64_t fBytesRead = 0;
   std::int64_t fBegin = 0;  // where reading began
-  int fCopy = -1;           // of what a pipe gave
+  Descriptor fCopy;         // of what a pipe gave
   bool fCopying = false;    // a pipe is read and may be rewound
   bool fFromCopy = false;   // the copy is read before the rest of the pipe
 };
 
 }  // namespace standalone
 
-#endif  // STANDALONE_IMPORT_INPUT_FILE_H
+#endif  // STANDALONE_FILES_INPUT_FILE_H

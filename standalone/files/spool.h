@@ -1,5 +1,5 @@
-#ifndef STANDALONE_OUTPUT_SPOOL_H
-#define STANDALONE_OUTPUT_SPOOL_H
+#ifndef STANDALONE_FILES_SPOOL_H
+#define STANDALONE_FILES_SPOOL_H
 
 #include <cstdio>
 #include <memory>
@@ -46,4 +46,4 @@ class SpoolStream : public std::ostream {
 
 }  // namespace standalone
 
-#endif  // STANDALONE_OUTPUT_SPOOL_H
+#endif  // STANDALONE_FILES_SPOOL_H

@@ -1,4 +1,4 @@
-#include "standalone/run/output_file.h"
+#include "standalone/files/output_file.h"
 
 #include <fmt/format.h>
 #include <sys/stat.h>
@@ -12,8 +12,7 @@
 #include <string>
 #include <system_error>
 
-#include "standalone/data/companions.h"
-#include "standalone/data/dataset.h"
+#include "standalone/text/error.h"
 #include "standalone/text/notice.h"
 
 namespace standalone {
@@ -22,7 +21,7 @@ namespace {
 namespace fs = std::filesystem;
 
 [[noreturn]] void ThrowCannotWrite(const std::string& path, const std::string& reason) {
-  throw OutputError(fmt::format("The output file {} cannot be written: {}.", path, reason));
+  throw Error(fmt::format("The output file {} cannot be written: {}.", path, reason));
 }
 
 bool IsOpenAs(int descriptor, const std::string& path) {
@@ -52,14 +51,14 @@ std::string WhereLinksLead(const std::string& path) {
 
 }  // namespace
 
-OutputFile::OutputFile(const std::string& path) : fPath(path) {
+OutputFile::OutputFile(const std::string& path, const ComplaintOn& complaintOn) : fPath(path) {
   if (std::ostream* own = OwnStreamAt(path)) {
     fStream = own;
     return;
   }
   const std::string target = WhereLinksLead(path);
-  if (const std::optional<std::string> complaint = ComplaintOnReservedName(target)) {
-    throw OutputError(*complaint);
+  if (const std::optional<std::string> complaint = complaintOn(target)) {
+    throw Error(*complaint);
   }
   std::error_code error;
   const fs::file_status status = fs::status(target, error);
@@ -76,7 +75,7 @@ OutputFile::OutputFile(const std::string& path) : fPath(path) {
 void OutputFile::OpenBesideIt(const std::string& target) {
   try {
     fTemporary = std::make_unique<TemporaryFile>(target);
-  } catch (const DatasetError&) {
+  } catch (const Error&) {
     ThrowCannotWrite(fPath, std::strerror(errno));
   }
   fFile.open(fTemporary->Path(), std::ios::binary);

@@ -1,5 +1,5 @@
-#ifndef STANDALONE_DATA_FOLDER_H
-#define STANDALONE_DATA_FOLDER_H
+#ifndef STANDALONE_FILES_FOLDER_H
+#define STANDALONE_FILES_FOLDER_H
 
 #include <string>
 
@@ -17,4 +17,4 @@ std::string UnsyncedSentence(const std::string& name, const std::string& reason)
 
 }  // namespace standalone
 
-#endif  // STANDALONE_DATA_FOLDER_H
+#endif  // STANDALONE_FILES_FOLDER_H

@@ -1,4 +1,4 @@
-#include "standalone/import/input_file.h"
+#include "standalone/files/input_file.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -9,8 +9,9 @@
 #include <cstring>
 #include <utility>
 
-#include "standalone/data/temporary_file.h"
-#include "standalone/import/importer.h"
+#include "standalone/files/io.h"
+#include "standalone/files/temporary_file.h"
+#include "standalone/text/error.h"
 
 namespace standalone {
 
@@ -22,31 +23,19 @@ bool IsSeekable(int descriptor) {
 
 }  // namespace
 
-std::string SurveyName(const std::string& path) {
-  return path == "-" ? "standard input" : path;
-}
+InputFile::InputFile(const std::string& path) : InputFile(path, OpenFile(path, O_RDONLY)) {}
 
-InputFile::InputFile(const std::string& path) : InputFile(path, open(path.c_str(), O_RDONLY | O_CLOEXEC)) {}
-
-InputFile::InputFile(std::string name, int descriptor) : fPath(std::move(name)), fDescriptor(descriptor) {
-  if (fDescriptor < 0) {
+InputFile::InputFile(std::string name, Descriptor file) : fPath(std::move(name)), fFile(std::move(file)) {
+  if (fFile.Number() < 0) {
     Fail(errno == ENOENT ? "does not exist" : std::string("cannot be read: ") + std::strerror(errno));
   }
   struct stat status = {};
-  if (fstat(fDescriptor, &status) == 0 && S_ISDIR(status.st_mode)) {
-    close(fDescriptor);
+  if (fstat(fFile.Number(), &status) == 0 && S_ISDIR(status.st_mode)) {
     Fail("is a directory");
   }
-  fBegin = std::max<std::int64_t>(lseek(fDescriptor, 0, SEEK_CUR), 0);
+  fBegin = std::max<std::int64_t>(lseek(fFile.Number(), 0, SEEK_CUR), 0);
   if (S_ISREG(status.st_mode)) {
     fSize = static_cast<std::uint64_t>(std::max<std::int64_t>(status.st_size - fBegin, 0));
-  }
-}
-
-InputFile::~InputFile() {
-  close(fDescriptor);
-  if (fCopy >= 0) {
-    close(fCopy);
   }
 }
 
@@ -64,7 +53,7 @@ std::size_t InputFile::ReadNext(char* buffer, std::size_t size) {
     }
     fFromCopy = false;
   }
-  const std::size_t count = ReadFrom(fDescriptor, buffer, size);
+  const std::size_t count = ReadFrom(fFile, buffer, size);
   if (fCopying) {
     CopyAside(buffer, count);
   }
@@ -72,30 +61,27 @@ std::size_t InputFile::ReadNext(char* buffer, std::size_t size) {
 }
 
 void InputFile::AllowRewind(const std::string& neighbour) {
-  if (IsSeekable(fDescriptor)) {
+  if (IsSeekable(fFile.Number())) {
     return;
   }
   const TemporaryFile file(neighbour);  // its name goes at once, the open file stays
-  fCopy = open(file.Path().c_str(), O_RDWR | O_CLOEXEC);
-  if (fCopy < 0) {
+  fCopy = OpenFile(file.Path(), O_RDWR);
+  if (fCopy.Number() < 0) {
     Fail(std::string("cannot be copied aside: ") + std::strerror(errno));
   }
   fCopying = true;
 }
 
 void InputFile::Rewind() {
-  fFromCopy = fCopy >= 0;
+  fFromCopy = fCopy.Number() >= 0;
   fBytesRead = 0;
-  if ((fFromCopy ? lseek(fCopy, 0, SEEK_SET) : lseek(fDescriptor, fBegin, SEEK_SET)) < 0) {
+  if ((fFromCopy ? lseek(fCopy.Number(), 0, SEEK_SET) : lseek(fFile.Number(), fBegin, SEEK_SET)) < 0) {
     Fail(std::string("cannot be read twice: ") + std::strerror(errno));
   }
 }
 
-std::size_t InputFile::ReadFrom(int descriptor, char* buffer, std::size_t size) {
-  ssize_t count = 0;
-  do {
-    count = read(descriptor, buffer, size);
-  } while (count < 0 && errno == EINTR);
+std::size_t InputFile::ReadFrom(const Descriptor& file, char* buffer, std::size_t size) const {
+  const ssize_t count = ReadSome(file.Number(), buffer, size);
   if (count < 0) {
     Fail(std::string("cannot be read: ") + std::strerror(errno));
   }
@@ -103,19 +89,13 @@ std::size_t InputFile::ReadFrom(int descriptor, char* buffer, std::size_t size) 
 }
 
 void InputFile::CopyAside(const char* data, std::size_t size) {
-  while (size > 0) {
-    const ssize_t count = write(fCopy, data, size);
-    if (count < 0 && errno != EINTR) {
-      Fail(std::string("cannot be copied aside: ") + std::strerror(errno));
-    }
-    const std::size_t written = count < 0 ? 0 : static_cast<std::size_t>(count);
-    data += written;
-    size -= written;
+  if (!WriteAll(fCopy.Number(), {data, size})) {
+    Fail(std::string("cannot be copied aside: ") + std::strerror(errno));
   }
 }
 
 void InputFile::Fail(const std::string& what) const {
-  throw ImportError(fPath + " " + what + ".");
+  throw Error(fPath + " " + what + ".");
 }
 
 }  // namespace standalone

@@ -1,4 +1,4 @@
-#include "standalone/output/spool.h"
+#include "standalone/files/spool.h"
 
 #include <fcntl.h>
 #include <fmt/format.h>

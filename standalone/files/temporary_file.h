@@ -1,15 +1,17 @@
-#ifndef STANDALONE_DATA_TEMPORARY_FILE_H
-#define STANDALONE_DATA_TEMPORARY_FILE_H
+#ifndef STANDALONE_FILES_TEMPORARY_FILE_H
+#define STANDALONE_FILES_TEMPORARY_FILE_H
 
 #include <optional>
 #include <string>
+
+#include "standalone/files/descriptor.h"
 
 namespace standalone {
 
 /// A new empty file in the folder of the path that it is meant for, with the permissions of a file made there, or fewer
 /// where the path names a file that gives fewer; removed again unless it is put in place. Files that programs which
-/// were killed left in that folder are removed as well: a lock tells those that are in use. Failures are DatasetErrors
-/// that name the path it is meant for, ReadOnlyErrors where there is no permission.
+/// were killed left in that folder are removed as well: a lock tells those that are in use. Failures are Errors
+/// that name the path it is meant for, of kind kNoPermission where there is none to write.
 class TemporaryFile {
  public:
   explicit TemporaryFile(const std::string& destination);
@@ -44,9 +46,9 @@ class TemporaryFile {
 
   std::string fDestination;
   std::string fPath;  // empty once in place
-  int fLock = -1;     // keeps other programs from taking the file for one that was left behind
+  Descriptor fLock;   // keeps other programs from taking the file for one that was left behind
 };
 
 }  // namespace standalone
 
-#endif  // STANDALONE_DATA_TEMPORARY_FILE_H
+#endif  // STANDALONE_FILES_TEMPORARY_FILE_H

@@ -58,11 +58,11 @@ void PrintSteps(const NextSteps& steps) {
 }
 
 /// What CLI11 throws for --help and --version is no error; all else is wrong usage.
-int EndOfParse(const CLI::App& app, const CLI::ParseError& error) {
+int EndOfParse(const CLI::App& app, const CLI::ParseError& error, const std::string& lastWord) {
   if (error.get_exit_code() == 0) {
     return app.exit(error, std::cout, std::cerr);
   }
-  const UsageAdvice advice = AdviceFor(app, error);
+  const UsageAdvice advice = AdviceFor(app, error, lastWord);
   PrintError(advice.sentence);
   PrintSteps(advice.nextSteps);
   return kUnusable;
@@ -108,7 +108,7 @@ int ParseAndPerform(int argc, const char* const* argv) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    return EndOfParse(app, error);
+    return EndOfParse(app, error, argv[argc - 1]);
   }
   return Perform(*app.get_subcommands().front(), chosen);
 }

@@ -6,7 +6,6 @@
 #include <CLI/Formatter.hpp>
 #include <algorithm>
 #include <sstream>
-#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -19,10 +18,6 @@ NextSteps FirstSteps() {
   return {"To begin:", "  mrset import survey.csv survey.mrset    makes a dataset of a survey in CSV",
           "  mrset variables survey.mrset            lists its variables",
           "  mrset shell survey.mrset                takes commands", "Run \"mrset --help\" for all subcommands."};
-}
-
-bool EndsWith(std::string_view text, std::string_view end) {
-  return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
 }
 
 NextSteps StepsWithFile(const std::string& path) {
@@ -41,6 +36,10 @@ NextSteps StepsWithFile(const std::string& path) {
 std::string StepToHelp(const std::string& subcommand) {
   return subcommand.empty() ? "Run \"mrset --help\" for the subcommands."
                             : fmt::format("Run \"mrset {} --help\" for its options.", subcommand);
+}
+
+bool LooksLikeOption(const std::string& word) {
+  return word.size() > 1 && word[0] == '-';
 }
 
 std::string WithoutValue(const std::string& option) {
@@ -66,7 +65,7 @@ bool IsOptionOfSubcommand(const CLI::App& app, const std::string& option) {
 
 NextSteps StepsOnUnknownOption(const CLI::App& app, const std::string& option) {
   if (IsOptionOfSubcommand(app, option)) {
-    return {"Options of a subcommand stand behind it."};
+    return {"Options of a subcommand come after it."};
   }
   return StepsToNearest(option, OptionsOf(app));
 }
@@ -86,8 +85,8 @@ NextSteps StepsOnUnknownSubcommand(const CLI::App& app, const std::string& word)
   if (IsPieceOfCommand(word)) {
     return StepsToQuote("survey.mrset");
   }
-  const bool isOption = word[0] == '-';
-  NextSteps steps = isOption ? StepsOnUnknownOption(app, WithoutValue(word)) : StepsToNearest(word, SubcommandsOf(app));
+  NextSteps steps =
+      LooksLikeOption(word) ? StepsOnUnknownOption(app, WithoutValue(word)) : StepsToNearest(word, SubcommandsOf(app));
   steps.push_back(StepToHelp(""));
   return steps;
 }
@@ -107,31 +106,61 @@ NextSteps StepsOnExtra(const CLI::App& subcommand, const std::string& word) {
   if (subcommand.get_name() == "run" && IsPieceOfCommand(word)) {
     return StepsToQuote(subcommand["DATASET"]->as<std::string>());
   }
-  NextSteps steps = word[0] == '-' ? StepsToNearest(WithoutValue(word), OptionsOf(subcommand)) : ExampleOf(subcommand);
+  NextSteps steps =
+      LooksLikeOption(word) ? StepsToNearest(WithoutValue(word), OptionsOf(subcommand)) : ExampleOf(subcommand);
   steps.push_back(StepToHelp(subcommand.get_name()));
   return steps;
 }
 
-/// CLI11 tells what is wrong with an option's values in counts of them.
-std::string SentenceOnOption(const CLI::ParseError& error) {
-  const std::string_view text = error.what();
-  const std::string option(text.substr(0, text.find(": ")));
-  if (EndsWith(text, " missing")) {
-    return option + " needs a value.";
+std::string SentenceOnExtra(const std::string& word, const char* kindOfOperand) {
+  return LooksLikeOption(word) ? fmt::format("Unknown option: {}.", WithoutValue(word))
+                               : fmt::format("{}: {}.", kindOfOperand, word);
+}
+
+const CLI::Option* FindOption(const CLI::App& app, bool (*isConcerned)(const CLI::Option&)) {
+  const std::vector<const CLI::Option*> options = app.get_options();
+  const auto found = std::find_if(options.begin(), options.end(), [=](auto* option) { return isConcerned(*option); });
+  return found == options.end() ? nullptr : *found;
+}
+
+bool IsMissing(const CLI::Option& option) {
+  return option.get_required() && option.count() == 0;
+}
+
+bool IsGivenTooOften(const CLI::Option& option) {
+  return option.count() > static_cast<std::size_t>(std::max(option.get_items_expected_max(), 1));
+}
+
+bool IsFlagWithValue(const CLI::Option& option) {
+  return option.get_items_expected_max() == 0 && option.count() > 0 && option.results().back() != "true";
+}
+
+/// What is wrong with the subcommand's options, told by the kind of CLI11's error. Only the last word can lack a value.
+std::string SentenceOnOptions(const CLI::App& subcommand, const CLI::ParseError& error, const std::string& lastWord) {
+  using Code = CLI::ExitCodes;
+  const auto isKind = [&](Code code) { return error.get_exit_code() == static_cast<int>(code); };
+  if (const CLI::Option* option = FindOption(subcommand, IsMissing); option && isKind(Code::RequiredError)) {
+    return option->get_name() + " is missing.";
   }
-  if (text.find(": At Most 1 required") != std::string_view::npos) {
-    return option + " can be given once only.";
+  if (const CLI::Option* option = FindOption(subcommand, IsGivenTooOften); option && isKind(Code::ArgumentMismatch)) {
+    return option->get_name() + " can be given only once.";
   }
-  return std::string(text) + ".";
+  const CLI::Option* last = subcommand.get_option_no_throw(WithoutValue(lastWord));
+  if (last != nullptr && isKind(Code::ArgumentMismatch)) {
+    return last->get_name() + " needs a value.";
+  }
+  if (const CLI::Option* option = FindOption(subcommand, IsFlagWithValue); option && isKind(Code::ConversionError)) {
+    return option->get_name() + " takes no value.";
+  }
+  return fmt::format("{}.", error.what());  // the option, and what its validator says
 }
 
 }  // namespace
 
-UsageAdvice AdviceFor(const CLI::App& app, const CLI::ParseError& error) {
+UsageAdvice AdviceFor(const CLI::App& app, const CLI::ParseError& error, const std::string& lastWord) {
   if (const std::vector<std::string> unknown = app.remaining(); !unknown.empty()) {
     const std::string& word = unknown.front();
-    const char* sentence = word[0] == '-' ? "{} is no option of mrset itself." : "{} is no subcommand.";
-    return {fmt::format(sentence, word), StepsOnUnknownSubcommand(app, word)};
+    return {SentenceOnExtra(word, "Unknown subcommand"), StepsOnUnknownSubcommand(app, word)};
   }
   const std::vector<CLI::App*> chosen = app.get_subcommands();
   if (chosen.empty()) {
@@ -140,12 +169,11 @@ UsageAdvice AdviceFor(const CLI::App& app, const CLI::ParseError& error) {
   const CLI::App& subcommand = *chosen.front();
   if (const std::vector<std::string> extras = subcommand.remaining(); !extras.empty()) {
     const std::string& word = extras[extras.size() > 1 && extras[0] == "--" ? 1 : 0];
-    return {fmt::format("{} is not expected by mrset {}.", word, subcommand.get_name()),
-            StepsOnExtra(subcommand, word)};
+    return {SentenceOnExtra(word, "Unexpected argument"), StepsOnExtra(subcommand, word)};
   }
   NextSteps steps = ExampleOf(subcommand);
   steps.push_back(StepToHelp(subcommand.get_name()));
-  return {SentenceOnOption(error), std::move(steps)};
+  return {SentenceOnOptions(subcommand, error, lastWord), std::move(steps)};
 }
 
 }  // namespace standalone

@@ -8,6 +8,7 @@
 #include <set>
 #include <string>
 
+#include "standalone/program/value_type.h"
 #include "standalone/program/whole_number.h"
 #include "standalone/text/notice.h"
 
@@ -26,8 +27,8 @@ std::string SecondsComplaint(const std::string& seconds) {
 
 }  // namespace
 
-void AddDatasetArgument(CLI::App& app, std::string& path, const std::string& description) {
-  app.add_option("DATASET", path, description)->required()->type_name("");
+void AddDatasetArgument(CLI::App& app, std::string& path, const std::string& description, const std::string& name) {
+  app.add_option(name, path, description)->required()->type_name(DatasetType());
 }
 
 void AddLockTimeoutOption(CLI::App& app, DatasetOptions& options) {

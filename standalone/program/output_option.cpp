@@ -3,6 +3,8 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 
+#include "standalone/program/value_type.h"
+
 namespace standalone {
 namespace {
 
@@ -20,7 +22,7 @@ std::string PathComplaint(const std::string& path) {
 }  // namespace
 
 void AddOutputOption(CLI::App& app, const std::string& description, std::optional<std::string>& path) {
-  app.add_option("--output", path, description)->check(PathComplaint)->type_name("FILE");
+  app.add_option("--output", path, description)->check(PathComplaint)->type_name(FileType("FILE"));
 }
 
 }  // namespace standalone

@@ -1,12 +1,14 @@
 # Completion of mrset(1) for bash: subcommands, options and their values, files by kind, names of sets.
 # The target "generate" of CMake writes what stands between "generated" and "end".
 
-# generated: options
+# generated: subcommands
 _mrset_subcommands='import run shell sets variables log undo check script diff copy'
+# end: subcommands
 
 # The options of a subcommand; of the program itself where there is none.
 _mrset_options() {
   case $1 in
+    # generated: options
     '') echo --version -h --help ;;
     import) echo -h --help --schema --replace --lock-timeout ;;
     run) echo -h --help -c --command --format --color --output --dry-run --stop-on-error --relaxed --lock-timeout ;;
@@ -19,13 +21,15 @@ _mrset_options() {
     script) echo -h --help --output --delete-all --lock-timeout ;;
     diff) echo -h --help --format --lock-timeout ;;
     copy) echo -h --help --skip-incomplete --dry-run --lock-timeout ;;
+    # end: options
   esac
 }
 
-# What offers values at a place, SUBCOMMAND:OPTION or SUBCOMMAND:NUMBER of an operand, goes to `offer`; fails
-# where no value can stand.
+# What offers values at a place, SUBCOMMAND:OPTION or SUBCOMMAND:NUMBER of an operand, goes to `offer`; fails where no
+# value can stand.
 _mrset_place() {
   case $1 in
+    # generated: places
     import:--schema) offer=(_mrset_files '*.json') ;;
     import:1) offer=(_mrset_files '*.csv') ;;
     import:2) offer=(_mrset_files '*.mrset') ;;
@@ -49,18 +53,18 @@ _mrset_place() {
     check:1) offer=(_mrset_files '*.mrset') ;;
     script:--output) offer=(_mrset_files '*') ;;
     script:1) offer=(_mrset_files '*.mrset') ;;
-    script:*[0-9]) offer=(_mrset_sets) ;;
+    script:[0-9]*) offer=(_mrset_sets) ;;
     diff:--format) offer=(_mrset_words text json) ;;
     diff:1) offer=(_mrset_files '*.mrset') ;;
     diff:2) offer=(_mrset_files '*.mrset') ;;
     copy:1) offer=(_mrset_files '*.mrset') ;;
     copy:2) offer=(_mrset_files '*.mrset') ;;
-    copy:*[0-9]) offer=(_mrset_sets) ;;
+    copy:[0-9]*) offer=(_mrset_sets) ;;
     *:--lock-timeout) offer=(_mrset_nothing) ;;
+    # end: places
     *) return 1 ;;
   esac
 }
-# end: options
 
 # Splits what is typed as the shell would: the words before the one at the cursor go, without their quotes, to `words`;
 # the one at the cursor as it is typed to `raw`, without quotes to `current`, its open quote to `quote`.
@@ -167,8 +171,8 @@ _mrset() {
     _mrset_words $(_mrset_options "$subcommand")
   elif [[ ${#words[@]} -eq 1 ]]; then
     _mrset_words $_mrset_subcommands
-  else
-    _mrset_values "$subcommand:${words[-1]}" || _mrset_values "$subcommand:$((${#operands[@]} + 1))"
+  elif [[ ${words[-1]} != -?* ]] || ! _mrset_values "$subcommand:${words[-1]}"; then
+    _mrset_values "$subcommand:$((${#operands[@]} + 1))"
   fi
   _mrset_cut_replies
 }

@@ -14,7 +14,7 @@ std::string PathComplaint(const std::string& path) {
     return "the name of the file is empty; without --output the results go to standard output";
   }
   if (path == "-") {
-    return "- is the name of no file; without --output the results go to standard output";
+    return "- is not a file name; without --output the results go to standard output";
   }
   return path[0] == '-' ? path + " looks like an option; a file of that name is ./" + path : std::string();
 }

@@ -79,7 +79,7 @@ int ParseAndPerform(int argc, const char* const* argv) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    return EndOfParse(app, error, argv[argc - 1]);
+    return EndOfParse(app, error, argc > 1 ? argv[argc - 1] : "");
   }
   return Perform(*app.get_subcommands().front(), chosen);
 }

@@ -39,7 +39,7 @@ std::string StepToHelp(const std::string& subcommand) {
 }
 
 bool LooksLikeOption(const std::string& word) {
-  return word.size() > 1 && word[0] == '-';
+  return word.size() > 1 && word[0] == '-' && word != "--";
 }
 
 std::string WithoutValue(const std::string& option) {

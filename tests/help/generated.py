@@ -15,7 +15,8 @@ import subprocess
 import sys
 
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
-REGION = r'(?m)^(?P<begin>.*\bgenerated: (?P<name>[a-z ]+?)(?: -->)?\n)(?P<text>(?:.*\n)*?)(?P<end>.*\bend: (?P=name)\b.*\n)'
+REGION = re.compile(r'(?P<begin>.* generated: (?P<name>[a-z ]+?)(?: -->)?\n)(?:.*\n)*?'
+                    r'(?P<end>.* end: (?P=name)(?: -->)?\n)')
 
 
 def own(subcommand, common):
@@ -55,7 +56,7 @@ def bash_places(scope, options):
 
 def bash_operands(subcommand):
     for number, operand in enumerate(subcommand['operands'], 1):
-        yield f"    {subcommand['name']}:{'*[0-9]' if operand['repeats'] else number}) offer=({bash_offer(operand)}) ;;"
+        yield f"    {subcommand['name']}:{'[0-9]*' if operand['repeats'] else number}) offer=({bash_offer(operand)}) ;;"
 
 
 def bash_options(scope, options):
@@ -64,17 +65,13 @@ def bash_options(scope, options):
 
 def bash(program, common):
     subcommands = program['subcommands']
-    lines = [f"_mrset_subcommands='{' '.join(subcommand['name'] for subcommand in subcommands)}'", '',
-             '# The options of a subcommand; of the program itself where there is none.', '_mrset_options() {',
-             '  case $1 in', bash_options("''", program['options'])]
-    lines += [bash_options(subcommand['name'], subcommand['options']) for subcommand in subcommands]
-    lines += ['  esac', '}', '',
-              '# What offers values at a place, SUBCOMMAND:OPTION or SUBCOMMAND:NUMBER of an operand, goes to `offer`; fails',
-              '# where no value can stand.', '_mrset_place() {', '  case $1 in']
+    options = [bash_options("''", program['options'])]
+    places = []
     for subcommand in subcommands:
-        lines += [*bash_places(subcommand['name'], own(subcommand, common)), *bash_operands(subcommand)]
-    lines += [*bash_places('*', common), '    *) return 1 ;;', '  esac', '}']
-    return {'options': lines}
+        options.append(bash_options(subcommand['name'], subcommand['options']))
+        places += [*bash_places(subcommand['name'], own(subcommand, common)), *bash_operands(subcommand)]
+    return {'subcommands': [f"_mrset_subcommands='{' '.join(subcommand['name'] for subcommand in subcommands)}'"],
+            'options': options, 'places': [*places, *bash_places('*', common)]}
 
 
 # --- zsh
@@ -145,7 +142,8 @@ def roff_option(option, names):
 
 
 def roff_options(options):
-    return [line for option in options for line in ('.TP', roff_option(option, option['names']), roff(option['description']) + '.')]
+    entries = [['.TP', roff_option(option, option['names']), roff(option['description']) + '.'] for option in options]
+    return sum(entries, [])
 
 
 def manual_page(program, common):
@@ -185,10 +183,11 @@ def markdown_options(subcommands, common):
 
 
 def manual(program, common):
-    subcommands = program['subcommands']
-    everywhere = markdown_options([{'name': 'all', 'options': common}], [])
-    return {'subcommands': ['', '| subcommand | |', '|---|---|', *(markdown_usage(each, common) for each in subcommands), ''],
-            'options': ['', '| option | of | |', '|---|---|---|', *markdown_options(subcommands, common), *everywhere, '']}
+    usages = [markdown_usage(subcommand, common) for subcommand in program['subcommands']]
+    options = [*markdown_options(program['subcommands'], common),
+               *markdown_options([{'name': 'all', 'options': common}], [])]
+    return {'subcommands': ['', '| subcommand | |', '|---|---|', *usages, ''],
+            'options': ['', '| option | of | |', '|---|---|---|', *options, '']}
 
 
 FILES = {'completions/mrset.bash': bash, 'completions/_mrset': zsh, 'docs/mrset.1': manual_page,
@@ -197,11 +196,11 @@ FILES = {'completions/mrset.bash': bash, 'completions/_mrset': zsh, 'docs/mrset.
 
 def generate(path, text, regions):
     """The text with its regions as they should be. Those that are empty need not be in it."""
-    found = [match['name'] for match in re.finditer(REGION, text)]
+    found = [match['name'] for match in REGION.finditer(text)]
     wanted = [name for name, lines in regions.items() if lines]
     if sorted(found) != sorted(wanted):
         sys.exit(f'{path} has the generated regions {sorted(found)}; it should have {sorted(wanted)}.')
-    return re.sub(REGION, lambda match: match['begin'] + '\n'.join(regions[match['name']]) + '\n' + match['end'], text)
+    return REGION.sub(lambda match: match['begin'] + '\n'.join(regions[match['name']]) + '\n' + match['end'], text)
 
 
 def main(arguments):

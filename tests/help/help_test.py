@@ -1,4 +1,7 @@
-"""The help fits a screen, and the manual page has what a reader expects. MRSET_PROGRAM names the program, MANDOC mandoc."""
+"""The help fits a screen, and the manual page has what a reader expects.
+
+MRSET_PROGRAM names the program, MANDOC mandoc.
+"""
 
 import os
 import re

@@ -365,7 +365,7 @@ Arguments that are missing, too many or of no use.
   [2]
   $ for path in --output= '--output -' '--output= --dry-run' '--output ./-'; do mrset run x.mrset $path -c MRSET 2>&1 | sed -n 1p; done
   mrset: --output: -c looks like an option; a file of that name is ./-c.
-  mrset: --output: - is the name of no file; without --output the results go to standard output.
+  mrset: --output: - is not a file name; without --output the results go to standard output.
   mrset: --output: --dry-run looks like an option; a file of that name is ./--dry-run.
   mrset: x.mrset does not exist.
   [2]
@@ -376,7 +376,7 @@ Arguments that are missing, too many or of no use.
   Run "mrset run --help" for its options.
   [2]
   $ mrset script x.mrset --output -
-  mrset: --output: - is the name of no file; without --output the results go to standard output.
+  mrset: --output: - is not a file name; without --output the results go to standard output.
   Example:
     mrset script survey.mrset --output sets.script
     mrset run other.mrset sets.script
@@ -391,6 +391,18 @@ Arguments that are missing, too many or of no use.
   [2]
   $ mrset run x.mrset -c MRSET --output a --output b
   mrset: --output can be given only once.
+  Example:
+    mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
+  Run "mrset run --help" for its options.
+  [2]
+  $ mrset run x.mrset --dry-run=maybe -c MRSET
+  mrset: --dry-run takes no value.
+  Example:
+    mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
+  Run "mrset run --help" for its options.
+  [2]
+  $ mrset run x.mrset y.script -
+  mrset: Unexpected argument: -.
   Example:
     mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
   Run "mrset run --help" for its options.

@@ -31,36 +31,46 @@ _mrset_place() {
   case $1 in
     # generated: places
     import:--schema) offer=(_mrset_files '*.json') ;;
+    import:--lock-timeout) offer=(_mrset_nothing) ;;
     import:1) offer=(_mrset_files '*.csv') ;;
     import:2) offer=(_mrset_files '*.mrset') ;;
     run:-c | run:--command) offer=(_mrset_nothing) ;;
     run:--format) offer=(_mrset_words text json html markdown csv) ;;
     run:--color) offer=(_mrset_words auto always never) ;;
     run:--output) offer=(_mrset_files '*') ;;
+    run:--lock-timeout) offer=(_mrset_nothing) ;;
     run:1) offer=(_mrset_files '*.mrset') ;;
     run:2) offer=(_mrset_files '*.script') ;;
+    shell:--lock-timeout) offer=(_mrset_nothing) ;;
     shell:1) offer=(_mrset_files '*.mrset') ;;
     sets:--format) offer=(_mrset_words text json markdown csv) ;;
     sets:--color) offer=(_mrset_words auto always never) ;;
+    sets:--lock-timeout) offer=(_mrset_nothing) ;;
     sets:1) offer=(_mrset_files '*.mrset') ;;
     variables:--format) offer=(_mrset_words text json markdown csv) ;;
     variables:--color) offer=(_mrset_words auto always never) ;;
+    variables:--lock-timeout) offer=(_mrset_nothing) ;;
     variables:1) offer=(_mrset_files '*.mrset') ;;
     log:--format) offer=(_mrset_words text json) ;;
+    log:--lock-timeout) offer=(_mrset_nothing) ;;
     log:1) offer=(_mrset_files '*.mrset') ;;
     undo:--to) offer=(_mrset_nothing) ;;
+    undo:--lock-timeout) offer=(_mrset_nothing) ;;
     undo:1) offer=(_mrset_files '*.mrset') ;;
+    check:--lock-timeout) offer=(_mrset_nothing) ;;
     check:1) offer=(_mrset_files '*.mrset') ;;
     script:--output) offer=(_mrset_files '*') ;;
+    script:--lock-timeout) offer=(_mrset_nothing) ;;
     script:1) offer=(_mrset_files '*.mrset') ;;
     script:[0-9]*) offer=(_mrset_sets) ;;
     diff:--format) offer=(_mrset_words text json) ;;
+    diff:--lock-timeout) offer=(_mrset_nothing) ;;
     diff:1) offer=(_mrset_files '*.mrset') ;;
     diff:2) offer=(_mrset_files '*.mrset') ;;
+    copy:--lock-timeout) offer=(_mrset_nothing) ;;
     copy:1) offer=(_mrset_files '*.mrset') ;;
     copy:2) offer=(_mrset_files '*.mrset') ;;
     copy:[0-9]*) offer=(_mrset_sets) ;;
-    *:--lock-timeout) offer=(_mrset_nothing) ;;
     # end: places
     *) return 1 ;;
   esac

@@ -157,7 +157,7 @@ Action DeclareCopy(CLI::App& app) {
   AddDatasetArgument(app, options->source,
                      "Dataset file from which sets are taken, or DATASET@N: its sets as change N left them", "SOURCE");
   AddDatasetArgument(app, options->targetPath, "Dataset file into which they are copied", "TARGET");
-  app.add_option("SET", options->names, "Names of the sets to copy; without any, all")->type_name(SetType());
+  app.add_option("SET", options->names, "Names of the sets to copy; without any, all")->type_name(kSetType);
   app.add_flag("--skip-incomplete", options->skipIncomplete,
                "Leave out the sets whose variables the target lacks and copy the others");
   app.add_flag("--dry-run", options->dryRun, "Show what would be copied and leave the target as it is");

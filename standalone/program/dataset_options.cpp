@@ -28,7 +28,7 @@ std::string SecondsComplaint(const std::string& seconds) {
 }  // namespace
 
 void AddDatasetArgument(CLI::App& app, std::string& path, const std::string& description, const std::string& name) {
-  app.add_option(name, path, description)->required()->type_name(DatasetType());
+  app.add_option(name, path, description)->required()->type_name(kDatasetType);
 }
 
 void AddLockTimeoutOption(CLI::App& app, DatasetOptions& options) {

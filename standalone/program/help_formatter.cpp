@@ -32,7 +32,7 @@ std::string HelpFormatter::make_description(const CLI::App* app) const {
 }
 
 std::string HelpFormatter::make_option(const CLI::Option* option, bool isPositional) const {
-  const std::string type = TypeName(*option);
+  const std::string type = NameOfType(*option);
   const std::string name = make_option_name(option, isPositional);
   return Row(type.empty() ? name : name + " " + type, option->get_description());
 }

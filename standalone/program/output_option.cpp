@@ -22,7 +22,7 @@ std::string PathComplaint(const std::string& path) {
 }  // namespace
 
 void AddOutputOption(CLI::App& app, const std::string& description, std::optional<std::string>& path) {
-  app.add_option("--output", path, description)->check(PathComplaint)->type_name(FileType("FILE"));
+  app.add_option("--output", path, description)->check(PathComplaint)->type_name(kFileType);
 }
 
 }  // namespace standalone

@@ -216,8 +216,7 @@ ExitStatus Run(const RunOptions& options) {
 Action DeclareRun(CLI::App& app) {
   const auto options = std::make_shared<RunOptions>();
   AddDatasetArgument(app, options->datasetPath);
-  app.add_option("SCRIPT", options->scriptPath, "File of commands; - for standard input")
-      ->type_name(FileType("", "*.script"));
+  app.add_option("SCRIPT", options->scriptPath, "File of commands; - for standard input")->type_name(kScriptType);
   app.add_option("-c,--command", options->commands, "Command to run, after SCRIPT; may lack its period")
       ->type_name("COMMAND")
       ->allow_extra_args(false);

@@ -111,7 +111,7 @@ ExitStatus Script(const ScriptOptions& options) {
 Action DeclareScript(CLI::App& app) {
   const auto options = std::make_shared<ScriptOptions>();
   AddDatasetArgument(app, options->dataset, "Dataset file, or DATASET@N: its sets as change N left them");
-  app.add_option("SET", options->names, "Names of the sets to write; without any, all")->type_name(SetType());
+  app.add_option("SET", options->names, "Names of the sets to write; without any, all")->type_name(kSetType);
   AddOutputOption(app, "Write the script to this file", options->outputPath);
   app.add_flag("--delete-all", options->deleteAll,
                "Begin by deleting all sets of the dataset on which the script runs");

@@ -5,6 +5,7 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 #include <algorithm>
+#include <array>
 #include <sstream>
 #include <utility>
 #include <vector>
@@ -117,42 +118,37 @@ std::string SentenceOnExtra(const std::string& word, const char* kindOfOperand) 
                                : fmt::format("{}: {}.", kindOfOperand, word);
 }
 
-const CLI::Option* FindOption(const CLI::App& app, bool (*isConcerned)(const CLI::Option&)) {
-  const std::vector<const CLI::Option*> options = app.get_options();
-  const auto found = std::find_if(options.begin(), options.end(), [=](auto* option) { return isConcerned(*option); });
-  return found == options.end() ? nullptr : *found;
-}
+/// A state of an option for which CLI11 throws an error of that kind.
+struct Complaint {
+  CLI::ExitCodes kind;
+  bool (*isConcerned)(const CLI::Option& option);
+  const char* sentence;
+};
 
-bool IsMissing(const CLI::Option& option) {
-  return option.get_required() && option.count() == 0;
-}
+const std::array<Complaint, 3> kComplaints = {{
+    {CLI::ExitCodes::RequiredError, [](auto& option) { return option.get_required() && option.empty(); },
+     "{} is missing."},
+    {CLI::ExitCodes::ArgumentMismatch,
+     [](auto& option) { return int(option.count()) > std::max(option.get_items_expected_max(), 1); },
+     "{} can be given only once."},
+    {CLI::ExitCodes::ConversionError,
+     [](auto& option) { return option.get_items_expected_max() == 0 && !option.empty(); }, "{} takes no value."},
+}};
 
-bool IsGivenTooOften(const CLI::Option& option) {
-  return option.count() > static_cast<std::size_t>(std::max(option.get_items_expected_max(), 1));
-}
-
-bool IsFlagWithValue(const CLI::Option& option) {
-  return option.get_items_expected_max() == 0 && option.count() > 0 && option.results().back() != "true";
-}
-
-/// What is wrong with the subcommand's options, told by the kind of CLI11's error. Only the last word can lack a value.
+/// What is wrong with the subcommand's options. Only the last word can lack a value.
 std::string SentenceOnOptions(const CLI::App& subcommand, const CLI::ParseError& error, const std::string& lastWord) {
-  using Code = CLI::ExitCodes;
-  const auto isKind = [&](Code code) { return error.get_exit_code() == static_cast<int>(code); };
-  if (const CLI::Option* option = FindOption(subcommand, IsMissing); option && isKind(Code::RequiredError)) {
-    return option->get_name() + " is missing.";
-  }
-  if (const CLI::Option* option = FindOption(subcommand, IsGivenTooOften); option && isKind(Code::ArgumentMismatch)) {
-    return option->get_name() + " can be given only once.";
+  const auto kind = static_cast<CLI::ExitCodes>(error.get_exit_code());
+  for (const Complaint& complaint : kComplaints) {
+    for (const CLI::Option* option : subcommand.get_options()) {
+      if (kind == complaint.kind && complaint.isConcerned(*option)) {
+        return fmt::format(complaint.sentence, option->get_name());
+      }
+    }
   }
   const CLI::Option* last = subcommand.get_option_no_throw(WithoutValue(lastWord));
-  if (last != nullptr && isKind(Code::ArgumentMismatch)) {
-    return last->get_name() + " needs a value.";
-  }
-  if (const CLI::Option* option = FindOption(subcommand, IsFlagWithValue); option && isKind(Code::ConversionError)) {
-    return option->get_name() + " takes no value.";
-  }
-  return fmt::format("{}.", error.what());  // the option, and what its validator says
+  return last != nullptr && kind == CLI::ExitCodes::ArgumentMismatch
+             ? last->get_name() + " needs a value."
+             : fmt::format("{}.", error.what());  // the option, and what its validator says
 }
 
 }  // namespace

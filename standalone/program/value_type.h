@@ -1,32 +1,33 @@
 #ifndef STANDALONE_PROGRAM_VALUE_TYPE_H
 #define STANDALONE_PROGRAM_VALUE_TYPE_H
 
+#include <fmt/format.h>
+
 #include <CLI/App.hpp>
 #include <string>
 #include <vector>
 
 namespace standalone {
 
-// The type of a value, as an option's or operand's declaration gives it to type_name(). Its name is shown after the
-// option in the help; an operand has a name of its own. The completions are made of the types.
+// What the value of an option or operand is, for type_name(): "NAME" or "NAME:OFFER". The help shows the name after an
+// option; an operand shows its own. Completion offers "files PATTERN", "words WORD...", "sets" of the dataset that is
+// the first operand, or nothing.
 
-/// A file. Completion offers folders and the files that fit the pattern.
-std::string FileType(const std::string& name, const std::string& pattern = "*");
+constexpr const char* kDatasetType = ":files *.mrset";
+constexpr const char* kSurveyType = ":files *.csv";
+constexpr const char* kScriptType = ":files *.script";
+constexpr const char* kCodebookType = "CODEBOOK:files *.json";
+constexpr const char* kFileType = "FILE:files *";
+constexpr const char* kSetType = ":sets";
 
-/// A dataset, as an operand.
-std::string DatasetType();
+inline std::string ChoiceType(const std::string& name, const std::vector<std::string>& words) {
+  return fmt::format("{}:words {}", name, fmt::join(words, " "));
+}
 
-/// A set of the dataset that is the first operand, as an operand.
-std::string SetType();
-
-/// One of a few words.
-std::string ChoiceType(const std::string& name, const std::vector<std::string>& words);
-
-/// The name of an option's type; empty for a flag. Types for which nothing can be offered are a name alone.
-std::string TypeName(const CLI::Option& option);
-
-/// What completion offers for the value: "files PATTERN", "words WORD...", "sets" or nothing.
-std::string OfferedValues(const CLI::Option& option);
+inline std::string NameOfType(const CLI::Option& option) {
+  const std::string type = option.get_type_name();
+  return type.substr(0, type.find(':'));
+}
 
 }  // namespace standalone
 

@@ -15,177 +15,130 @@ import subprocess
 import sys
 
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
-REGION = re.compile(r'(?P<begin>.* generated: (?P<name>[a-z ]+?)(?: -->)?\n)(?:.*\n)*?'
+REGION = re.compile(r'(?P<begin>.* generated: (?P<name>[a-z]+)(?: -->)?\n)(?:.*\n)*?'
                     r'(?P<end>.* end: (?P=name)(?: -->)?\n)')
 
 
-def own(subcommand, common):
-    """The options that not all subcommands have."""
-    return [option for option in subcommand['options'] if option not in common]
+class Option:
+    """An option, or an operand."""
+
+    def __init__(self, declared):
+        self.names = tuple(declared['names'].split(','))
+        self.type, _, offered = declared['type'].partition(':')
+        self.kind, *self.offered = offered.split() or ['nothing']
+        self.description = declared['description']
+        self.takes_value, self.repeats = declared['takesValue'], declared['repeats']
+        self.required, self.is_operand = declared['required'], declared['isOperand']
+
+    def briefly(self):
+        """What a shell shows beside an option: the part before the details."""
+        return re.split('[;:]', self.description)[0]
+
+    def in_usage(self, text):
+        return text if self.required else f"[{text}]{'...' if self.repeats else ''}"
 
 
-def optional(word, option):
-    return f"[{word}]{'...' if option['repeats'] else ''}"
+class Command:
+    """A subcommand, or the program itself."""
+
+    def __init__(self, declared):
+        self.name, self.description = declared['name'], declared['description']
+        declarations = [Option(option) for option in declared['options']]
+        self.options = [option for option in declarations if not option.is_operand]
+        self.operands = [option for option in declarations if option.is_operand]
+        self.subcommands = [Command(subcommand) for subcommand in declared.get('subcommands', [])]
+        if self.subcommands:
+            names = [{option.names for option in command.options} for command in self.subcommands]
+            self.names_in_all = set.intersection(*names)
 
 
-def operands(subcommand, write):
-    for operand in subcommand['operands']:
-        word = write(operand['names'][0])
-        yield word if operand['required'] else optional(word, operand)
+def bash(program):
+    def place(scope, names, option):
+        offered = [f"'{word}'" if '*' in word else word for word in option.offered]
+        patterns = ' | '.join(f'{scope}:{name}' for name in names)
+        return f"    {patterns}) offer=({' '.join(['_mrset_' + option.kind, *offered])}) ;;"
+
+    places, names = [], {"''": program.options}
+    for command in program.subcommands:
+        names[command.name] = command.options
+        places += [place(command.name, option.names, option) for option in command.options if option.takes_value]
+        places += [place(command.name, ['[0-9]*' if operand.repeats else number], operand)
+                   for number, operand in enumerate(command.operands, 1)]
+    return {'subcommands': [f"_mrset_subcommands='{' '.join(command.name for command in program.subcommands)}'"],
+            'options': [f"    {scope}) echo {' '.join(name for option in options for name in option.names)} ;;"
+                        for scope, options in names.items()],
+            'places': places}
 
 
-def briefly(description):
-    """What a shell shows beside an option: the part before the details."""
-    return re.split('[;:]', description)[0]
+def zsh(program):
+    def quoted(text):
+        return "'" + text.replace("'", "'\\''") + "'"
+
+    def action(option):
+        words = ' '.join(option.offered)
+        return {'nothing': ' ', 'words': f'({words})', 'sets': '_mrset_sets',
+                'files': f'_files -g "{words}"'}[option.kind]
+
+    def argument(option):
+        ends = option.names[-1] in ('--help', '--version')
+        before = quoted('(- *)' if ends else '*') if ends or option.repeats else ''
+        names = [name + '=' * (option.takes_value and name.startswith('--')) for name in option.names]
+        value = f':{option.type.lower()}:{action(option)}' if option.takes_value else ''
+        alternatives = f"{{{','.join(names)}}}" if len(names) > 1 else names[0]
+        return before + alternatives + quoted('[' + re.sub(r'([\[\]])', r'\\\1', option.briefly()) + ']' + value)
+
+    def arguments(command):
+        operands = [quoted(f"{'*' if operand.repeats else number}:{operand.names[0].lower()}:{action(operand)}")
+                    for number, operand in enumerate(command.operands, 1)]
+        return ' \\\n        '.join(['_arguments', *map(argument, command.options), *operands])
+
+    commands = program.subcommands
+    return {'subcommands': [f"    {quoted(f'{command.name}:{command.description}')}" for command in commands],
+            'arguments': [f'    {command.name})\n      {arguments(command)}\n      ;;' for command in commands],
+            'options': [f'    {argument(option)}' for option in program.options]}
 
 
-# --- bash
+def manual_page(program):
+    def roff(text):
+        return re.sub(r'(?<!\w)-', r'\-', text.replace('\\', r'\e')) + '.'
+
+    def term(option, names):
+        bold = ', '.join(rf'\fB{name}\fR' for name in names).replace('-', r'\-')
+        return bold + (rf' \fI{option.type}\fR' if option.type else '')
+
+    def entries(options):
+        return [f'.TP\n{term(option, option.names)}\n{roff(option.description)}' for option in options]
+
+    def own(command):
+        return [option for option in command.options if option.names not in program.names_in_all]
+
+    def usage(command):
+        options = [option.in_usage(term(option, option.names[:1])) for option in own(command)]
+        operands = [operand.in_usage(rf'\fI{operand.names[0]}\fR') for operand in command.operands]
+        return ' '.join([rf'\fBmrset {command.name}\fR', *options, *operands])
+
+    subcommands = []
+    for command in program.subcommands:
+        operands = [f'.TP\n.I {operand.names[0]}\n{roff(operand.description)}' for operand in command.operands]
+        subcommands += [f'.SS mrset {command.name}', roff(command.description), *operands, *entries(own(command))]
+    common = [option for option in program.subcommands[0].options if option.names in program.names_in_all]
+    return {'synopsis': [f'{usage(command)}\n.br' for command in program.subcommands], 'subcommands': subcommands,
+            'common': entries(common), 'options': entries(program.options)}
 
 
-def bash_offer(option):
-    kind, *arguments = option['offered'].split() or ['nothing']
-    return ' '.join([f'_mrset_{kind}', *(f"'{argument}'" if '*' in argument else argument for argument in arguments)])
+def manual(program):
+    def row(option):
+        value = f' {option.type}' if option.type else ''
+        return ', '.join(f'`{name}{value}`' for name in option.names), option.description
 
-
-def bash_places(scope, options):
-    for option in options:
-        if option['takesValue']:
-            places = ' | '.join(f'{scope}:{name}' for name in option['names'])
-            yield f'    {places}) offer=({bash_offer(option)}) ;;'
-
-
-def bash_operands(subcommand):
-    for number, operand in enumerate(subcommand['operands'], 1):
-        yield f"    {subcommand['name']}:{'[0-9]*' if operand['repeats'] else number}) offer=({bash_offer(operand)}) ;;"
-
-
-def bash_options(scope, options):
-    return f"    {scope}) echo {' '.join(name for option in options for name in option['names'])} ;;"
-
-
-def bash(program, common):
-    subcommands = program['subcommands']
-    options = [bash_options("''", program['options'])]
-    places = []
-    for subcommand in subcommands:
-        options.append(bash_options(subcommand['name'], subcommand['options']))
-        places += [*bash_places(subcommand['name'], own(subcommand, common)), *bash_operands(subcommand)]
-    return {'subcommands': [f"_mrset_subcommands='{' '.join(subcommand['name'] for subcommand in subcommands)}'"],
-            'options': options, 'places': [*places, *bash_places('*', common)]}
-
-
-# --- zsh
-
-
-def zsh_quoted(text):
-    return "'" + text.replace("'", "'\\''") + "'"
-
-
-def zsh_action(option):
-    kind, *arguments = option['offered'].split() or ['nothing']
-    return {'nothing': ' ', 'words': f"({' '.join(arguments)})", 'sets': '_mrset_sets',
-            'files': f"_files -g \"{' '.join(arguments)}\""}[kind]
-
-
-def zsh_option(option):
-    text = re.sub(r'([\[\]])', r'\\\1', briefly(option['description']))
-    value = f":{option['type'].lower()}:{zsh_action(option)}" if option['takesValue'] else ''
-    names = [name + ('=' if value and name.startswith('--') else '') for name in option['names']]
-    if option['names'][-1] in ('--help', '--version'):
-        before = '(- *)'
-    else:
-        before = '*' if option['repeats'] else ''
-    if len(names) == 1:
-        return zsh_quoted(f'{before}{names[0]}[{text}]{value}')
-    return f"{zsh_quoted(before) if before else ''}{{{','.join(names)}}}" + zsh_quoted(f'[{text}]{value}')
-
-
-def zsh_operands(subcommand):
-    for number, operand in enumerate(subcommand['operands'], 1):
-        yield zsh_quoted(f"{'*' if operand['repeats'] else number}:{operand['names'][0].lower()}:{zsh_action(operand)}")
-
-
-def zsh_arguments(indent, arguments):
-    return ' \\\n'.join(f'{indent}{argument}' for argument in arguments).split('\n')
-
-
-def zsh(program, common):
-    described = [f"    {zsh_quoted(subcommand['name'] + ':' + subcommand['description'])}"
-                 for subcommand in program['subcommands']]
-    arguments = []
-    for subcommand in program['subcommands']:
-        options = [zsh_option(option) for option in subcommand['options']]
-        arguments += [f"    {subcommand['name']})", '      _arguments \\',
-                      *zsh_arguments('        ', [*options, *zsh_operands(subcommand)]), '      ;;']
-    return {'subcommands': described, 'arguments': arguments,
-            'options': zsh_arguments('    ', map(zsh_option, program['options']))}
-
-
-# --- the manual page
-
-
-def roff(text):
-    return re.sub(r'(?<!\w)-', r'\-', text.replace('\\', r'\e'))
-
-
-def bold(text):
-    return r'\fB' + text.replace('-', r'\-') + r'\fR'
-
-
-def italic(text):
-    return rf'\fI{text}\fR'
-
-
-def roff_option(option, names):
-    value = f" {italic(option['type'])}" if option['type'] else ''
-    return ', '.join(map(bold, names)) + value
-
-
-def roff_options(options):
-    entries = [['.TP', roff_option(option, option['names']), roff(option['description']) + '.'] for option in options]
-    return sum(entries, [])
-
-
-def manual_page(program, common):
-    synopsis = []
-    for subcommand in program['subcommands']:
-        options = [optional(roff_option(option, option['names'][:1]), option) for option in own(subcommand, common)]
-        synopsis += [' '.join([bold('mrset ' + subcommand['name']), *options, *operands(subcommand, italic)]), '.br']
-    regions = {'synopsis': synopsis, 'options': roff_options(program['options']),
-               'options of every subcommand': roff_options(common)}
-    for subcommand in program['subcommands']:
-        regions[f"options of {subcommand['name']}"] = roff_options(own(subcommand, common))
-    return regions
-
-
-# --- the manual
-
-
-def with_value(option, name):
-    return f"{name} {option['type']}" if option['type'] else name
-
-
-def markdown_usage(subcommand, common):
-    options = ['[OPTIONS]'] if own(subcommand, common) else []
-    arguments = ' '.join([subcommand['name'], *options, *operands(subcommand, str)])
-    return f"| `mrset {arguments}` | {subcommand['description']} |"
-
-
-def markdown_options(subcommands, common):
-    """A row for each option; subcommands that declare the same share it."""
-    subcommands_of = {}
-    for subcommand in subcommands:
-        for option in own(subcommand, common):
-            names = ', '.join(f'`{with_value(option, name)}`' for name in option['names'])
-            subcommands_of.setdefault((names, option['description']), []).append(subcommand['name'])
-    return [f"| {names} | {', '.join(sharing)} | {description} |"
-            for (names, description), sharing in subcommands_of.items()]
-
-
-def manual(program, common):
-    usages = [markdown_usage(subcommand, common) for subcommand in program['subcommands']]
-    options = [*markdown_options(program['subcommands'], common),
-               *markdown_options([{'name': 'all', 'options': common}], [])]
+    usages, commands_of = [], {}
+    for command in program.subcommands:
+        operands = [operand.in_usage(operand.names[0]) for operand in command.operands]
+        usages.append(f"| `mrset {' '.join([command.name, '[OPTIONS]', *operands])}` | {command.description} |")
+        for option in command.options:
+            commands_of.setdefault(row(option), []).append(command.name)
+    options = [f"| {names} | {'all' if len(commands) == len(usages) else ', '.join(commands)} | {description} |"
+               for (names, description), commands in commands_of.items()]
     return {'subcommands': ['', '| subcommand | |', '|---|---|', *usages, ''],
             'options': ['', '| option | of | |', '|---|---|---|', *options, '']}
 
@@ -194,36 +147,23 @@ FILES = {'completions/mrset.bash': bash, 'completions/_mrset': zsh, 'docs/mrset.
          'docs/manual/program.md': manual}
 
 
-def generate(path, text, regions):
-    """The text with its regions as they should be. Those that are empty need not be in it."""
-    found = [match['name'] for match in REGION.finditer(text)]
-    wanted = [name for name, lines in regions.items() if lines]
-    if sorted(found) != sorted(wanted):
-        sys.exit(f'{path} has the generated regions {sorted(found)}; it should have {sorted(wanted)}.')
-    return REGION.sub(lambda match: match['begin'] + '\n'.join(regions[match['name']]) + '\n' + match['end'], text)
-
-
 def main(arguments):
-    update = arguments[:1] == ['--update']
-    program = json.loads(subprocess.run(arguments[-1:], check=True, stdout=subprocess.PIPE).stdout)
-    subcommands = program['subcommands']
-    common = [option for option in subcommands[0]['options']
-              if all(option in subcommand['options'] for subcommand in subcommands)]
+    program = Command(json.loads(subprocess.run(arguments[-1:], check=True, stdout=subprocess.PIPE).stdout))
     differences = []
     for name, make in FILES.items():
-        path = os.path.join(ROOT, name)
+        path, regions = os.path.join(ROOT, name), make(program)
         with open(path, encoding='utf-8') as file:
             text = file.read()
-        generated = generate(name, text, make(program, common))
-        differences += difflib.unified_diff(text.splitlines(True), generated.splitlines(True), name, 'as declared')
-        if update:
+        if sorted(region['name'] for region in REGION.finditer(text)) != sorted(regions):
+            sys.exit(f'{name} must have these generated regions, once each: {", ".join(regions)}')
+        made = REGION.sub(lambda found: found['begin'] + '\n'.join([*regions[found['name']], found['end']]), text)
+        differences += difflib.unified_diff(text.splitlines(True), made.splitlines(True), name, 'as declared')
+        if arguments[0] == '--update':
             with open(path, 'w', encoding='utf-8') as file:
-                file.write(generated)
+                file.write(made)
     sys.stdout.writelines(differences)
-    return 0 if update or not differences else 1
+    return 1 if differences and arguments[0] != '--update' else 0
 
 
 if __name__ == '__main__':
-    if sys.argv[1:] in ([], ['--update']):
-        sys.exit(__doc__)
     sys.exit(main(sys.argv[1:]))

@@ -53,8 +53,6 @@ class ManualPage(unittest.TestCase):
         wanted = ["NAME", "SYNOPSIS", "DESCRIPTION", "SUBCOMMANDS", "OPTIONS", "EXIT STATUS", "ENVIRONMENT", "FILES",
                   "EXAMPLES", "SEE ALSO"]
         self.assertEqual(re.findall(r"(?m)^\.SH (.*)", self.page), wanted)
-        described = re.findall(r"(?m)^\.SS mrset (.*)", self.page)
-        self.assertEqual(described, subcommands())
 
     def test_it_mentions_no_option_that_is_not_there(self):
         known = options().union(*map(options, subcommands()))

@@ -1,27 +1,78 @@
 # Completion of mrset(1) for bash: subcommands, options and their values, files by kind, names of sets.
+# The target "generate" of CMake writes what stands between "generated" and "end".
 
+# generated: subcommands
 _mrset_subcommands='import run shell sets variables log undo check script diff copy'
+# end: subcommands
 
 # The options of a subcommand; of the program itself where there is none.
 _mrset_options() {
   case $1 in
-    '') echo '--help -h --version' && return ;;
-    import) echo --schema --replace ;;
-    run) echo --command -c --format --color --output --dry-run --stop-on-error --relaxed ;;
-    sets | variables) echo --format --color ;;
-    log | diff) echo --format ;;
-    undo) echo --to ;;
-    script) echo --output --delete-all ;;
-    copy) echo --skip-incomplete --dry-run ;;
+    # generated: options
+    '') echo --version -h --help ;;
+    import) echo -h --help --schema --replace --lock-timeout ;;
+    run) echo -h --help -c --command --format --color --output --dry-run --stop-on-error --relaxed --lock-timeout ;;
+    shell) echo -h --help --lock-timeout ;;
+    sets) echo -h --help --format --color --lock-timeout ;;
+    variables) echo -h --help --format --color --lock-timeout ;;
+    log) echo -h --help --format --lock-timeout ;;
+    undo) echo -h --help --to --lock-timeout ;;
+    check) echo -h --help --lock-timeout ;;
+    script) echo -h --help --output --delete-all --lock-timeout ;;
+    diff) echo -h --help --format --lock-timeout ;;
+    copy) echo -h --help --skip-incomplete --dry-run --lock-timeout ;;
+    # end: options
   esac
-  echo --help -h --lock-timeout
 }
 
-_mrset_formats() {
+# What offers values at a place, SUBCOMMAND:OPTION or SUBCOMMAND:NUMBER of an operand, goes to `offer`; fails where no
+# value can stand.
+_mrset_place() {
   case $1 in
-    run) echo text json html markdown csv ;;
-    sets | variables) echo text json markdown csv ;;
-    log | diff) echo text json ;;
+    # generated: places
+    import:--schema) offer=(_mrset_files '*.json') ;;
+    import:--lock-timeout) offer=(_mrset_nothing) ;;
+    import:1) offer=(_mrset_files '*.csv') ;;
+    import:2) offer=(_mrset_files '*.mrset') ;;
+    run:-c | run:--command) offer=(_mrset_nothing) ;;
+    run:--format) offer=(_mrset_words text json html markdown csv) ;;
+    run:--color) offer=(_mrset_words auto always never) ;;
+    run:--output) offer=(_mrset_files '*') ;;
+    run:--lock-timeout) offer=(_mrset_nothing) ;;
+    run:1) offer=(_mrset_files '*.mrset') ;;
+    run:2) offer=(_mrset_files '*.script') ;;
+    shell:--lock-timeout) offer=(_mrset_nothing) ;;
+    shell:1) offer=(_mrset_files '*.mrset') ;;
+    sets:--format) offer=(_mrset_words text json markdown csv) ;;
+    sets:--color) offer=(_mrset_words auto always never) ;;
+    sets:--lock-timeout) offer=(_mrset_nothing) ;;
+    sets:1) offer=(_mrset_files '*.mrset') ;;
+    variables:--format) offer=(_mrset_words text json markdown csv) ;;
+    variables:--color) offer=(_mrset_words auto always never) ;;
+    variables:--lock-timeout) offer=(_mrset_nothing) ;;
+    variables:1) offer=(_mrset_files '*.mrset') ;;
+    log:--format) offer=(_mrset_words text json) ;;
+    log:--lock-timeout) offer=(_mrset_nothing) ;;
+    log:1) offer=(_mrset_files '*.mrset') ;;
+    undo:--to) offer=(_mrset_nothing) ;;
+    undo:--lock-timeout) offer=(_mrset_nothing) ;;
+    undo:1) offer=(_mrset_files '*.mrset') ;;
+    check:--lock-timeout) offer=(_mrset_nothing) ;;
+    check:1) offer=(_mrset_files '*.mrset') ;;
+    script:--output) offer=(_mrset_files '*') ;;
+    script:--lock-timeout) offer=(_mrset_nothing) ;;
+    script:1) offer=(_mrset_files '*.mrset') ;;
+    script:[0-9]*) offer=(_mrset_sets) ;;
+    diff:--format) offer=(_mrset_words text json) ;;
+    diff:--lock-timeout) offer=(_mrset_nothing) ;;
+    diff:1) offer=(_mrset_files '*.mrset') ;;
+    diff:2) offer=(_mrset_files '*.mrset') ;;
+    copy:--lock-timeout) offer=(_mrset_nothing) ;;
+    copy:1) offer=(_mrset_files '*.mrset') ;;
+    copy:2) offer=(_mrset_files '*.mrset') ;;
+    copy:[0-9]*) offer=(_mrset_sets) ;;
+    # end: places
+    *) return 1 ;;
   esac
 }
 
@@ -66,9 +117,10 @@ _mrset_files() {
   mapfile -t -O ${#COMPREPLY[@]} COMPREPLY < <(compgen -d -- "$path")
 }
 
-# Offers the names of a dataset's sets that are not among the words, in any case, so that the shell leaves them alone.
+# Offers the names of the sets of the dataset that is the first operand. Those among the words are left out; any case
+# of the letters will do, so that the shell leaves the names alone.
 _mrset_sets() {
-  local program=$1 dataset=${2/#\~\//$HOME/} name
+  local dataset=${operands[0]/#\~\//$HOME/} name
   [[ -e $dataset ]] || dataset=${dataset%@*}
   while IFS= read -r name; do
     [[ ${name,,} == "${current,,}"* && " ${words[*]} " != *" $name "* ]] || continue
@@ -81,40 +133,24 @@ _mrset_sets() {
     grep -o '{"name":"[^"]*"' | cut -d '"' -f 4)
 }
 
-# Offers values of an option; fails where it takes none, or nobody gave it.
-_mrset_value() {
-  case $2 in
-    --format) _mrset_words "$(_mrset_formats "$1")" ;;
-    --color) _mrset_words auto always never ;;
-    --schema) _mrset_files '*.json' ;;
-    --output) _mrset_files '*' ;;
-    --to | --lock-timeout | -c | --command) ;;
-    *) return 1 ;;
-  esac
+_mrset_nothing() { :; }
+
+# Offers values at a place of the subcommand: an option, or the number of an operand. Fails where none can stand there.
+_mrset_values() {
+  local offer
+  _mrset_place "$1" && "${offer[@]}"
 }
 
-# Offers what can stand as an operand of the subcommand, behind those that are given.
-_mrset_operand() {
-  local program=$1 subcommand=$2 given=("${@:3}")
-  case $subcommand:${#given[@]} in
-    import:0) _mrset_files '*.csv' ;;
-    run:1) _mrset_files '*.script' ;;
-    import:1 | diff:[01] | copy:[01] | [!i]*:0) _mrset_files '*.mrset' ;;
-    script:*) _mrset_sets "$program" "${given[0]}" ;;
-    copy:*) _mrset_sets "$program" "${given[0]}" ;;
-  esac
-}
-
-# The operands among the words behind the subcommand go to `operands`.
+# The operands among the words after the subcommand go to `operands`.
 _mrset_read_operands() {
-  local index
+  local index offer
   operands=()
   for ((index = 2; index < ${#words[@]}; index++)); do
-    case ${words[index]} in
-      --format | --color | --schema | --output | --to | --lock-timeout | -c | --command) ((++index)) ;;
-      -?*) ;;
-      *) operands+=("${words[index]}") ;;
-    esac
+    if [[ ${words[index]} != -?* ]]; then
+      operands+=("${words[index]}")
+    elif _mrset_place "$subcommand:${words[index]}"; then
+      ((++index))
+    fi
   done
 }
 
@@ -130,23 +166,23 @@ _mrset_cut_replies() {
 }
 
 _mrset() {
-  local words raw current quote operands option
+  local words raw current quote operands option program=$1
   COMPREPLY=()
   _mrset_split
   local subcommand=${words[1]-}
   if [[ ${#words[@]} -gt 1 && " $_mrset_subcommands " != *" $subcommand "* ]]; then
     return
   fi
+  _mrset_read_operands
   if [[ $current == --*=* ]]; then
     option=${current%%=*} raw=${raw#*=} current=${current#*=}
-    _mrset_value "$subcommand" "$option"
+    _mrset_values "$subcommand:$option"
   elif [[ $current == -* ]]; then
-    _mrset_words "$(_mrset_options "$subcommand")"
+    _mrset_words $(_mrset_options "$subcommand")
   elif [[ ${#words[@]} -eq 1 ]]; then
-    _mrset_words "$_mrset_subcommands"
-  elif ! _mrset_value "$subcommand" "${words[-1]}"; then
-    _mrset_read_operands
-    _mrset_operand "$1" "$subcommand" "${operands[@]}"
+    _mrset_words $_mrset_subcommands
+  elif [[ ${words[-1]} != -?* ]] || ! _mrset_values "$subcommand:${words[-1]}"; then
+    _mrset_values "$subcommand:$((${#operands[@]} + 1))"
   fi
   _mrset_cut_replies
 }

@@ -46,7 +46,7 @@ export_coverage() {
 report_coverage() {
   mkdir -p build/test-results
   export_coverage "$1" exact module.json bin/module_tests &&
-    export_coverage "$1" profile program.json bin/mrset lib/libmrset-host.so &&
+    export_coverage "$1" profile program.json bin/mrset &&
     python3 -B tests/coverage/report.py build/test-results/coverage.txt "$PWD" \
       "$1/module.json:backend/mrset:100:100" "$1/program.json:standalone:95:85"
 }

@@ -17,6 +17,7 @@
 #include "standalone/program/dataset_options.h"
 #include "standalone/program/delivery.h"
 #include "standalone/program/subcommands.h"
+#include "standalone/program/value_type.h"
 #include "standalone/sets/chosen_sets.h"
 #include "standalone/sets/copy_transaction.h"
 #include "standalone/text/error.h"
@@ -147,12 +148,10 @@ ExitStatus Copy(const CopyOptions& options) {
 
 Action DeclareCopy(CLI::App& app) {
   const auto options = std::make_shared<CopyOptions>();
-  app.add_option("SOURCE", options->source,
-                 "Dataset file from which sets are taken, or DATASET@N: its sets as change N left them")
-      ->required()
-      ->type_name("");
-  app.add_option("TARGET", options->targetPath, "Dataset file into which they are copied")->required()->type_name("");
-  app.add_option("SET", options->names, "Names of the sets to copy; without any, all")->type_name("");
+  AddDatasetArgument(app, options->source,
+                     "Dataset file from which sets are taken, or DATASET@N: its sets as change N left them", "SOURCE");
+  AddDatasetArgument(app, options->targetPath, "Dataset file into which they are copied", "TARGET");
+  app.add_option("SET", options->names, "Names of the sets to copy; without any, all")->type_name(kSetType);
   app.add_flag("--skip-incomplete", options->skipIncomplete,
                "Leave out the sets whose variables the target lacks and copy the others");
   app.add_flag("--dry-run", options->dryRun, "Show what would be copied and leave the target as it is");

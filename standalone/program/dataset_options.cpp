@@ -8,6 +8,7 @@
 #include <set>
 #include <string>
 
+#include "standalone/program/value_type.h"
 #include "standalone/program/whole_number.h"
 #include "standalone/text/notice.h"
 
@@ -21,13 +22,13 @@ std::string SecondsComplaint(const std::string& seconds) {
   }
   const bool isNumber = !seconds.empty() && seconds.find_first_not_of("0123456789") == std::string::npos;
   return seconds + (isNumber ? " has more than nine digits; 999999999 seconds is the longest wait"
-                             : " is no whole number of seconds");
+                             : " is not a whole number of seconds");
 }
 
 }  // namespace
 
-void AddDatasetArgument(CLI::App& app, std::string& path, const std::string& description) {
-  app.add_option("DATASET", path, description)->required()->type_name("");
+void AddDatasetArgument(CLI::App& app, std::string& path, const std::string& description, const std::string& name) {
+  app.add_option(name, path, description)->required()->type_name(kDatasetType);
 }
 
 void AddLockTimeoutOption(CLI::App& app, DatasetOptions& options) {

@@ -8,8 +8,9 @@
 
 namespace standalone {
 
-/// Adds the required argument DATASET to a subcommand.
-void AddDatasetArgument(CLI::App& app, std::string& path, const std::string& description = "Dataset file");
+/// Adds a required argument that names a dataset to a subcommand.
+void AddDatasetArgument(CLI::App& app, std::string& path, const std::string& description = "Dataset file",
+                        const std::string& name = "DATASET");
 
 /// Adds --lock-timeout to a subcommand. What a user should know goes to standard error as it happens.
 void AddLockTimeoutOption(CLI::App& app, DatasetOptions& options);

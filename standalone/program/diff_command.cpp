@@ -48,10 +48,9 @@ ExitStatus Diff(const DiffOptions& options) {
 
 Action DeclareDiff(CLI::App& app) {
   const auto options = std::make_shared<DiffOptions>();
-  app.add_option("A", options->a, "Dataset file, or DATASET@N: its sets as change N left them; 0 is before the first")
-      ->required()
-      ->type_name("");
-  app.add_option("B", options->b, "Dataset file to compare with it, likewise")->required()->type_name("");
+  AddDatasetArgument(app, options->a,
+                     "Dataset file, or DATASET@N: its sets as change N left them; 0 is before the first", "A");
+  AddDatasetArgument(app, options->b, "Dataset file to compare with it, likewise", "B");
   AddFormatOption(app, {"text", kJsonDiff}, options->format);
   AddLockTimeoutOption(app, options->datasetOptions);
   app.footer(

@@ -8,6 +8,8 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "standalone/program/value_type.h"
+
 namespace standalone {
 namespace {
 
@@ -26,9 +28,9 @@ void AddChoice(CLI::App& app, const char* name, const std::vector<std::string>& 
   value = choices.front();
   const auto isKnown = [choices](const std::string& given) {
     const bool found = std::find(choices.begin(), choices.end(), given) != choices.end();
-    return found ? std::string() : fmt::format("{} is none of {}", given, fmt::join(choices, ", "));
+    return found ? std::string() : fmt::format("{} is not one of {}", given, fmt::join(choices, ", "));
   };
-  app.add_option(name, value, description)->check(isKnown)->type_name(typeName);
+  app.add_option(name, value, description)->check(isKnown)->type_name(ChoiceType(typeName, choices));
 }
 
 std::string_view Environment(const char* name) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "standalone/output/wrap.h"
+#include "standalone/program/value_type.h"
 
 namespace standalone {
 namespace {
@@ -31,7 +32,7 @@ std::string HelpFormatter::make_description(const CLI::App* app) const {
 }
 
 std::string HelpFormatter::make_option(const CLI::Option* option, bool isPositional) const {
-  const std::string type = option->get_type_size() == 0 ? "" : option->get_type_name();
+  const std::string type = NameOfType(*option);
   const std::string name = make_option_name(option, isPositional);
   return Row(type.empty() ? name : name + " " + type, option->get_description());
 }

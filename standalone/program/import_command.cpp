@@ -14,6 +14,7 @@
 #include "standalone/program/dataset_options.h"
 #include "standalone/program/progress.h"
 #include "standalone/program/subcommands.h"
+#include "standalone/program/value_type.h"
 #include "standalone/text/visible.h"
 
 namespace standalone {
@@ -45,13 +46,13 @@ ExitStatus Import(const ImportRequest& request) {
 Action DeclareImport(CLI::App& options) {
   const auto request = std::make_shared<ImportRequest>();
   options.add_option("--schema", request->codebookPath, "Codebook of the survey: Table Schema, JSON")
-      ->type_name("CODEBOOK");
+      ->type_name(kCodebookType);
   options.add_flag("--replace", request->replace,
                    "Replace the variables and cases of a dataset that exists; its sets are kept");
   AddLockTimeoutOption(options, request->datasetOptions);
   options.add_option("DATA", request->dataPath, "Survey: CSV, UTF-8, header row; - for standard input")
       ->required()
-      ->type_name("");
+      ->type_name(kSurveyType);
   AddDatasetArgument(options, request->datasetPath, "Dataset file to make");
   options.footer("Example:\n  mrset import --schema survey.schema.json survey.csv survey.mrset\n");
   return [request] { return Import(*request); };

@@ -3,6 +3,8 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 
+#include "standalone/program/value_type.h"
+
 namespace standalone {
 namespace {
 
@@ -12,7 +14,7 @@ std::string PathComplaint(const std::string& path) {
     return "the name of the file is empty; without --output the results go to standard output";
   }
   if (path == "-") {
-    return "- is the name of no file; without --output the results go to standard output";
+    return "- is not a file name; without --output the results go to standard output";
   }
   return path[0] == '-' ? path + " looks like an option; a file of that name is ./" + path : std::string();
 }
@@ -20,7 +22,7 @@ std::string PathComplaint(const std::string& path) {
 }  // namespace
 
 void AddOutputOption(CLI::App& app, const std::string& description, std::optional<std::string>& path) {
-  app.add_option("--output", path, description)->check(PathComplaint)->type_name("FILE");
+  app.add_option("--output", path, description)->check(PathComplaint)->type_name(kFileType);
 }
 
 }  // namespace standalone

@@ -8,7 +8,6 @@
 #include <array>
 #include <exception>
 #include <iostream>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -18,7 +17,6 @@
 #include "standalone/program/failure_advice.h"
 #include "standalone/program/help_formatter.h"
 #include "standalone/program/signals.h"
-#include "standalone/program/subcommands.h"
 #include "standalone/program/usage.h"
 #include "standalone/text/error.h"
 #include "standalone/text/notice.h"
@@ -57,11 +55,11 @@ void PrintSteps(const NextSteps& steps) {
 }
 
 /// What CLI11 throws for --help and --version is no error; all else is wrong usage.
-int EndOfParse(const CLI::App& app, const CLI::ParseError& error) {
+int EndOfParse(const CLI::App& app, const CLI::ParseError& error, const std::string& lastWord) {
   if (error.get_exit_code() == 0) {
     return app.exit(error, std::cout, std::cerr);
   }
-  const UsageAdvice advice = AdviceFor(app, error);
+  const UsageAdvice advice = AdviceFor(app, error, lastWord);
   PrintError(advice.sentence);
   PrintSteps(advice.nextSteps);
   return kUnusable;
@@ -84,26 +82,33 @@ int Perform(const CLI::App& subcommand, const Action& action) {
 }
 
 int ParseAndPerform(int argc, const char* const* argv) {
-  CLI::App app("mrset defines, displays and deletes the multiple response sets of a survey.", "mrset");
-  app.set_version_flag("--version", "mrset " MRSET_VERSION, "Show the version");
-  app.formatter(std::make_shared<HelpFormatter>());
-  app.set_help_flag("-h,--help", "Show this help");
-  app.require_subcommand(1);
-  app.footer(kExample);
   Action chosen;
-  for (const Subcommand& subcommand : kSubcommands) {
-    CLI::App& options = *app.add_subcommand(subcommand.name, subcommand.description);
-    options.callback([action = subcommand.declare(options), &chosen] { chosen = action; });
-  }
+  const std::unique_ptr<CLI::App> program = DeclareProgram(chosen);
+  CLI::App& app = *program;
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    return EndOfParse(app, error);
+    return EndOfParse(app, error, argc > 1 ? argv[argc - 1] : "");
   }
   return Perform(*app.get_subcommands().front(), chosen);
 }
 
 }  // namespace
+
+std::unique_ptr<CLI::App> DeclareProgram(Action& chosen) {
+  auto app = std::make_unique<CLI::App>("mrset defines, displays and deletes the multiple response sets of a survey.",
+                                        "mrset");
+  app->set_version_flag("--version", "mrset " MRSET_VERSION, "Show the version");
+  app->formatter(std::make_shared<HelpFormatter>());
+  app->set_help_flag("-h,--help", "Show this help");
+  app->require_subcommand(1);
+  app->footer(kExample);
+  for (const Subcommand& subcommand : kSubcommands) {
+    CLI::App& options = *app->add_subcommand(subcommand.name, subcommand.description);
+    options.callback([action = subcommand.declare(options), &chosen] { chosen = action; });
+  }
+  return app;
+}
 
 int RunProgram(int argc, const char* const* argv) {
   OccupyStandardDescriptors();

@@ -27,6 +27,7 @@
 #include "standalone/program/progress.h"
 #include "standalone/program/subcommands.h"
 #include "standalone/program/terminal.h"
+#include "standalone/program/value_type.h"
 #include "standalone/program/vanished_name.h"
 #include "standalone/run/script_source.h"
 #include "standalone/run/supervisor.h"
@@ -226,7 +227,7 @@ ExitStatus Run(const RunOptions& options) {
 Action DeclareRun(CLI::App& app) {
   const auto options = std::make_shared<RunOptions>();
   AddDatasetArgument(app, options->datasetPath);
-  app.add_option("SCRIPT", options->scriptPath, "File of commands; - for standard input")->type_name("");
+  app.add_option("SCRIPT", options->scriptPath, "File of commands; - for standard input")->type_name(kScriptType);
   app.add_option("-c,--command", options->commands, "Command to run, after SCRIPT; may lack its period")
       ->type_name("COMMAND")
       ->allow_extra_args(false);

@@ -20,6 +20,7 @@
 #include "standalone/program/dataset_options.h"
 #include "standalone/program/output_option.h"
 #include "standalone/program/subcommands.h"
+#include "standalone/program/value_type.h"
 #include "standalone/sets/chosen_sets.h"
 #include "standalone/sets/set_script.h"
 #include "standalone/text/error.h"
@@ -112,7 +113,7 @@ ExitStatus Script(const ScriptOptions& options) {
 Action DeclareScript(CLI::App& app) {
   const auto options = std::make_shared<ScriptOptions>();
   AddDatasetArgument(app, options->dataset, "Dataset file, or DATASET@N: its sets as change N left them");
-  app.add_option("SET", options->names, "Names of the sets to write; without any, all")->type_name("");
+  app.add_option("SET", options->names, "Names of the sets to write; without any, all")->type_name(kSetType);
   AddOutputOption(app, "Write the script to this file", options->outputPath);
   app.add_flag("--delete-all", options->deleteAll,
                "Begin by deleting all sets of the dataset on which the script runs");

@@ -220,7 +220,7 @@ ExitStatus DatasetActions::ShowVariables(Dataset& dataset, const std::string& pa
 ExitStatus DatasetActions::Undo(const std::string& number) {
   const std::optional<std::int64_t> to = WholeNumber(number);
   if (!number.empty() && !to) {
-    throw Error(ErrorKind::kUsage, fmt::format("{} is no number of a version.", number));
+    throw Error(ErrorKind::kUsage, fmt::format("{} is not a version number.", number));
   }
   return UndoAndSay(fOptions.datasetPath, fOptions.datasetOptions, to);
 }

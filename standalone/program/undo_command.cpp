@@ -66,7 +66,7 @@ Action DeclareUndo(CLI::App& options) {
           "--to", [request](const std::string& value) { request->to = WholeNumber(value); },
           "Go back to the sets as change N left them, instead of undoing the last change")
       ->check([](const std::string& value) {
-        return WholeNumber(value) ? std::string() : value + " is no number of a version";
+        return WholeNumber(value) ? std::string() : value + " is not a version number";
       })
       ->type_name("N");
   AddLockTimeoutOption(options, request->datasetOptions);

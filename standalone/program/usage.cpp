@@ -5,8 +5,8 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 #include <algorithm>
+#include <array>
 #include <sstream>
-#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -19,10 +19,6 @@ NextSteps FirstSteps() {
   return {"To begin:", "  mrset import survey.csv survey.mrset    makes a dataset of a survey in CSV",
           "  mrset variables survey.mrset            lists its variables",
           "  mrset shell survey.mrset                takes commands", "Run \"mrset --help\" for all subcommands."};
-}
-
-bool EndsWith(std::string_view text, std::string_view end) {
-  return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
 }
 
 NextSteps StepsWithFile(const std::string& path) {
@@ -41,6 +37,10 @@ NextSteps StepsWithFile(const std::string& path) {
 std::string StepToHelp(const std::string& subcommand) {
   return subcommand.empty() ? "Run \"mrset --help\" for the subcommands."
                             : fmt::format("Run \"mrset {} --help\" for its options.", subcommand);
+}
+
+bool LooksLikeOption(const std::string& word) {
+  return word.size() > 1 && word[0] == '-' && word != "--";
 }
 
 std::string WithoutValue(const std::string& option) {
@@ -66,7 +66,7 @@ bool IsOptionOfSubcommand(const CLI::App& app, const std::string& option) {
 
 NextSteps StepsOnUnknownOption(const CLI::App& app, const std::string& option) {
   if (IsOptionOfSubcommand(app, option)) {
-    return {"Options of a subcommand stand behind it."};
+    return {"Options of a subcommand come after it."};
   }
   return StepsToNearest(option, OptionsOf(app));
 }
@@ -86,8 +86,8 @@ NextSteps StepsOnUnknownSubcommand(const CLI::App& app, const std::string& word)
   if (IsPieceOfCommand(word)) {
     return StepsToQuote("survey.mrset");
   }
-  const bool isOption = word[0] == '-';
-  NextSteps steps = isOption ? StepsOnUnknownOption(app, WithoutValue(word)) : StepsToNearest(word, SubcommandsOf(app));
+  NextSteps steps =
+      LooksLikeOption(word) ? StepsOnUnknownOption(app, WithoutValue(word)) : StepsToNearest(word, SubcommandsOf(app));
   steps.push_back(StepToHelp(""));
   return steps;
 }
@@ -107,31 +107,56 @@ NextSteps StepsOnExtra(const CLI::App& subcommand, const std::string& word) {
   if (subcommand.get_name() == "run" && IsPieceOfCommand(word)) {
     return StepsToQuote(subcommand["DATASET"]->as<std::string>());
   }
-  NextSteps steps = word[0] == '-' ? StepsToNearest(WithoutValue(word), OptionsOf(subcommand)) : ExampleOf(subcommand);
+  NextSteps steps =
+      LooksLikeOption(word) ? StepsToNearest(WithoutValue(word), OptionsOf(subcommand)) : ExampleOf(subcommand);
   steps.push_back(StepToHelp(subcommand.get_name()));
   return steps;
 }
 
-/// CLI11 tells what is wrong with an option's values in counts of them.
-std::string SentenceOnOption(const CLI::ParseError& error) {
-  const std::string_view text = error.what();
-  const std::string option(text.substr(0, text.find(": ")));
-  if (EndsWith(text, " missing")) {
-    return option + " needs a value.";
+std::string SentenceOnExtra(const std::string& word, const char* kindOfOperand) {
+  return LooksLikeOption(word) ? fmt::format("Unknown option: {}.", WithoutValue(word))
+                               : fmt::format("{}: {}.", kindOfOperand, word);
+}
+
+/// A state of an option for which CLI11 throws an error of that kind.
+struct Complaint {
+  CLI::ExitCodes kind;
+  bool (*isConcerned)(const CLI::Option& option);
+  const char* sentence;
+};
+
+const std::array<Complaint, 3> kComplaints = {{
+    {CLI::ExitCodes::RequiredError, [](auto& option) { return option.get_required() && option.empty(); },
+     "{} is missing."},
+    {CLI::ExitCodes::ArgumentMismatch,
+     [](auto& option) { return int(option.count()) > std::max(option.get_items_expected_max(), 1); },
+     "{} can be given only once."},
+    {CLI::ExitCodes::ConversionError,
+     [](auto& option) { return option.get_items_expected_max() == 0 && !option.empty(); }, "{} takes no value."},
+}};
+
+/// What is wrong with the subcommand's options. Only the last word can lack a value.
+std::string SentenceOnOptions(const CLI::App& subcommand, const CLI::ParseError& error, const std::string& lastWord) {
+  const auto kind = static_cast<CLI::ExitCodes>(error.get_exit_code());
+  for (const Complaint& complaint : kComplaints) {
+    for (const CLI::Option* option : subcommand.get_options()) {
+      if (kind == complaint.kind && complaint.isConcerned(*option)) {
+        return fmt::format(complaint.sentence, option->get_name());
+      }
+    }
   }
-  if (text.find(": At Most 1 required") != std::string_view::npos) {
-    return option + " can be given once only.";
-  }
-  return std::string(text) + ".";
+  const CLI::Option* last = subcommand.get_option_no_throw(WithoutValue(lastWord));
+  return last != nullptr && kind == CLI::ExitCodes::ArgumentMismatch
+             ? last->get_name() + " needs a value."
+             : fmt::format("{}.", error.what());  // the option, and what its validator says
 }
 
 }  // namespace
 
-UsageAdvice AdviceFor(const CLI::App& app, const CLI::ParseError& error) {
+UsageAdvice AdviceFor(const CLI::App& app, const CLI::ParseError& error, const std::string& lastWord) {
   if (const std::vector<std::string> unknown = app.remaining(); !unknown.empty()) {
     const std::string& word = unknown.front();
-    const char* sentence = word[0] == '-' ? "{} is no option of mrset itself." : "{} is no subcommand.";
-    return {fmt::format(sentence, word), StepsOnUnknownSubcommand(app, word)};
+    return {SentenceOnExtra(word, "Unknown subcommand"), StepsOnUnknownSubcommand(app, word)};
   }
   const std::vector<CLI::App*> chosen = app.get_subcommands();
   if (chosen.empty()) {
@@ -140,12 +165,11 @@ UsageAdvice AdviceFor(const CLI::App& app, const CLI::ParseError& error) {
   const CLI::App& subcommand = *chosen.front();
   if (const std::vector<std::string> extras = subcommand.remaining(); !extras.empty()) {
     const std::string& word = extras[extras.size() > 1 && extras[0] == "--" ? 1 : 0];
-    return {fmt::format("{} is not expected by mrset {}.", word, subcommand.get_name()),
-            StepsOnExtra(subcommand, word)};
+    return {SentenceOnExtra(word, "Unexpected argument"), StepsOnExtra(subcommand, word)};
   }
   NextSteps steps = ExampleOf(subcommand);
   steps.push_back(StepToHelp(subcommand.get_name()));
-  return {SentenceOnOption(error), std::move(steps)};
+  return {SentenceOnOptions(subcommand, error, lastWord), std::move(steps)};
 }
 
 }  // namespace standalone

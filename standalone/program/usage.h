@@ -14,8 +14,8 @@ struct UsageAdvice {
   NextSteps nextSteps;   ///< what to do about it
 };
 
-/// The advice for what CLI11 found wrong with the arguments.
-UsageAdvice AdviceFor(const CLI::App& app, const CLI::ParseError& error);
+/// The advice for what CLI11 found wrong with the arguments, the last of which is `lastWord`.
+UsageAdvice AdviceFor(const CLI::App& app, const CLI::ParseError& error, const std::string& lastWord);
 
 }  // namespace standalone
 

@@ -92,7 +92,8 @@ class Bash(CompletionTest):
                             ("import --replace ", ["a.csv"]), ("run s.mrset ", ["c.script"]),
                             ("run -c x ", ["s.mrset"]), ("run --format json s.mrset ", ["c.script"]),
                             ("run --format=json s.mrset ", ["c.script"]), ("diff ", ["s.mrset"]),
-                            ("diff s.mrset@0 ", ["s.mrset"]), ("copy s.mrset ", ["s.mrset"])):
+                            ("diff s.mrset@0 ", ["s.mrset"]), ("copy s.mrset ", ["s.mrset"]),
+                            ("copy 2waves.mrset ", ["s.mrset"]), ("copy wave2 ", ["s.mrset"])):
             self.assertEqual(self.replies(f"mrset {line}"), sorted(files + folders), line)
         for subcommand in set(subcommands()) - {"import"}:
             self.assertEqual(self.replies(f"mrset {subcommand} "), ["folder", "my surveys", "s.mrset"], subcommand)

@@ -37,4 +37,4 @@ def options(*subcommand):
 def choices(subcommand, option):
     """The values of an option that takes one of a few: those that the program names when it gets another."""
     result = subprocess.run([PROGRAM, subcommand, "a", option, "?"], capture_output=True, text=True, check=False)
-    return set(re.match(rf"mrset: {option}: \? is none of (.*)\.\n", result.stderr).group(1).split(", "))
+    return set(re.match(rf"mrset: {option}: \? is not one of (.*)\.\n", result.stderr).group(1).split(", "))

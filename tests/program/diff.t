@@ -94,7 +94,7 @@ What cannot be compared.
     mrset import survey.csv missing.mrset
   [2]
   $ mrset diff a.mrset
-  mrset: B is required.
+  mrset: B is missing.
   Examples:
     mrset diff wave1.mrset wave2.mrset
     mrset diff survey.mrset@3 survey.mrset

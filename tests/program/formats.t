@@ -337,7 +337,7 @@ Colour is for terminals.
                                                       q2
                                                       q3
   $ mrset sets s.mrset --color sometimes
-  mrset: --color: sometimes is none of auto, always, never.
+  mrset: --color: sometimes is not one of auto, always, never.
   Example:
     mrset sets survey.mrset --format json
   Run "mrset sets --help" for its options.

@@ -82,19 +82,19 @@ There is no such version.
   mrset: s.mrset has no version 12; it keeps 0 to 11.
   [2]
   $ mrset undo s.mrset --to -1
-  mrset: --to: -1 is no number of a version.
+  mrset: --to: -1 is not a version number.
   Example:
     mrset undo survey.mrset --to 3
   Run "mrset undo --help" for its options.
   [2]
   $ mrset undo s.mrset --to 1.5
-  mrset: --to: 1.5 is no number of a version.
+  mrset: --to: 1.5 is not a version number.
   Example:
     mrset undo survey.mrset --to 3
   Run "mrset undo --help" for its options.
   [2]
   $ mrset undo s.mrset --to ''
-  mrset: --to:  is no number of a version.
+  mrset: --to:  is not a version number.
   Example:
     mrset undo survey.mrset --to 3
   Run "mrset undo --help" for its options.

@@ -124,19 +124,19 @@ the pipe here, while more than the pipe holds is still to come.
 What is no time:
 
   $ define '$c' --lock-timeout soon
-  mrset: --lock-timeout: soon is no whole number of seconds.
+  mrset: --lock-timeout: soon is not a whole number of seconds.
   Example:
     mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
   Run "mrset run --help" for its options.
   [2]
   $ define '$c' --lock-timeout -1
-  mrset: --lock-timeout: -1 is no whole number of seconds.
+  mrset: --lock-timeout: -1 is not a whole number of seconds.
   Example:
     mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
   Run "mrset run --help" for its options.
   [2]
   $ define '$c' --lock-timeout 1.5
-  mrset: --lock-timeout: 1.5 is no whole number of seconds.
+  mrset: --lock-timeout: 1.5 is not a whole number of seconds.
   Example:
     mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
   Run "mrset run --help" for its options.

@@ -10,19 +10,19 @@ Wrong use is told in one sentence with the next step, and exit status 2.
   Run "mrset --help" for all subcommands.
   [2]
   $ mrset frobnicate
-  mrset: frobnicate is no subcommand.
+  mrset: Unknown subcommand: frobnicate.
   Run "mrset --help" for the subcommands.
   [2]
 
 What is given in place of a subcommand tells what is wanted: a survey, a dataset, another file, a command.
 
   $ mrset survey.csv
-  mrset: survey.csv is no subcommand.
+  mrset: Unknown subcommand: survey.csv.
   To make a dataset of a survey in CSV:
     mrset import survey.csv survey.mrset
   [2]
   $ mrset "my survey's.csv"
-  mrset: my survey's.csv is no subcommand.
+  mrset: Unknown subcommand: my survey's.csv.
   To make a dataset of a survey in CSV:
     mrset import 'my survey'\''s.csv' 'my survey'\''s.mrset'
   [2]
@@ -30,20 +30,20 @@ What is given in place of a subcommand tells what is wanted: a survey, a dataset
   $ mrset import tiny.csv tiny.mrset
   tiny.mrset: 2 variables, 1 case
   $ mrset tiny.mrset
-  mrset: tiny.mrset is no subcommand.
+  mrset: Unknown subcommand: tiny.mrset.
   To work with this dataset:
     mrset shell tiny.mrset
     mrset run tiny.mrset -c 'MRSET /DISPLAY NAME=ALL'
   [2]
   $ echo 'MRSET /DISPLAY NAME=ALL.' > commands.txt
   $ mrset commands.txt
-  mrset: commands.txt is no subcommand.
+  mrset: Unknown subcommand: commands.txt.
   To run the commands of a script, or to make a dataset of a survey in CSV:
     mrset run survey.mrset commands.txt
     mrset import commands.txt commands.mrset
   [2]
   $ mrset MRSET /DISPLAY NAME=ALL
-  mrset: MRSET is no subcommand.
+  mrset: Unknown subcommand: MRSET.
   A command stands behind -c, in single quotes: so the shell neither splits it nor replaces $names.
     mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
   [2]
@@ -51,7 +51,7 @@ What is given in place of a subcommand tells what is wanted: a survey, a dataset
 A command that is not quoted: the shell has split it, and the name is gone.
 
   $ mrset run tiny.mrset MRSET /DISPLAY NAME=ALL
-  mrset: /DISPLAY is not expected by mrset run.
+  mrset: Unexpected argument: /DISPLAY.
   A command stands behind -c, in single quotes: so the shell neither splits it nor replaces $names.
     mrset run tiny.mrset -c 'MRSET /DISPLAY NAME=ALL'
   [2]
@@ -69,7 +69,7 @@ A command that is not quoted: the shell has split it, and the name is gone.
   mrset: The script /none/DISPLAY cannot be read: No such file or directory.
   [2]
   $ mrset run tiny.mrset -c MRSET /MDGROUP NAME=$likes VARIABLES=q1
-  mrset: NAME= is not expected by mrset run.
+  mrset: Unexpected argument: NAME=.
   A command stands behind -c, in single quotes: so the shell neither splits it nor replaces $names.
     mrset run tiny.mrset -c 'MRSET /DISPLAY NAME=ALL'
   [2]
@@ -163,59 +163,59 @@ command that is an argument.
 A word that is misspelt.
 
   $ mrset sest tiny.mrset
-  mrset: sest is no subcommand.
+  mrset: Unknown subcommand: sest.
   Did you mean sets?
   Run "mrset --help" for the subcommands.
   [2]
   $ mrset Sets tiny.mrset
-  mrset: Sets is no subcommand.
+  mrset: Unknown subcommand: Sets.
   Did you mean sets?
   Run "mrset --help" for the subcommands.
   [2]
   $ mrset vars tiny.mrset
-  mrset: vars is no subcommand.
+  mrset: Unknown subcommand: vars.
   Run "mrset --help" for the subcommands.
   [2]
   $ mrset var tiny.mrset
-  mrset: var is no subcommand.
+  mrset: Unknown subcommand: var.
   Did you mean variables?
   Run "mrset --help" for the subcommands.
   [2]
   $ mrset s tiny.mrset
-  mrset: s is no subcommand.
+  mrset: Unknown subcommand: s.
   Run "mrset --help" for the subcommands.
   [2]
   $ mrset --hepl
-  mrset: --hepl is no option of mrset itself.
+  mrset: Unknown option: --hepl.
   Did you mean --help?
   Run "mrset --help" for the subcommands.
   [2]
   $ mrset --format json sets tiny.mrset
-  mrset: --format is no option of mrset itself.
-  Options of a subcommand stand behind it.
+  mrset: Unknown option: --format.
+  Options of a subcommand come after it.
   Run "mrset --help" for the subcommands.
   [2]
   $ mrset run tiny.mrset --dry -c MRSET
-  mrset: --dry is not expected by mrset run.
+  mrset: Unknown option: --dry.
   Did you mean --dry-run?
   Run "mrset run --help" for its options.
   [2]
   $ mrset run tiny.mrset --formt=json -c MRSET
-  mrset: --formt=json is not expected by mrset run.
+  mrset: Unknown option: --formt.
   Did you mean --format?
   Run "mrset run --help" for its options.
   [2]
   $ mrset run tiny.mrset -format json -c MRSET
-  mrset: -format is not expected by mrset run.
+  mrset: Unknown option: -format.
   Did you mean --format?
   Run "mrset run --help" for its options.
   [2]
   $ mrset run tiny.mrset --frobnicate
-  mrset: --frobnicate is not expected by mrset run.
+  mrset: Unknown option: --frobnicate.
   Run "mrset run --help" for its options.
   [2]
   $ mrset run tiny.mrset -- --formt z
-  mrset: z is not expected by mrset run.
+  mrset: Unexpected argument: z.
   Example:
     mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
   Run "mrset run --help" for its options.
@@ -299,7 +299,7 @@ A dataset that is not there, or that is none.
   mrset: pipe.mrset is not a dataset.
   [2]
   $ timeout 10 mrset pipe.mrset
-  mrset: pipe.mrset is no subcommand.
+  mrset: Unknown subcommand: pipe.mrset.
   To run the commands of a script, or to make a dataset of a survey in CSV:
     mrset run survey.mrset pipe.mrset
     mrset import pipe.mrset survey.mrset
@@ -313,7 +313,7 @@ A dataset that is not there, or that is none.
   mrset: folder is a directory.
   [2]
   $ mrset folder
-  mrset: folder is no subcommand.
+  mrset: Unknown subcommand: folder.
   Run "mrset --help" for the subcommands.
   [2]
 
@@ -335,18 +335,18 @@ Nothing to run.
 Arguments that are missing, too many or of no use.
 
   $ mrset run
-  mrset: DATASET is required.
+  mrset: DATASET is missing.
   Example:
     mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
   Run "mrset run --help" for its options.
   [2]
   $ mrset run x.mrset --formt json -c MRSET
-  mrset: --formt is not expected by mrset run.
+  mrset: Unknown option: --formt.
   Did you mean --format?
   Run "mrset run --help" for its options.
   [2]
   $ mrset run x.mrset --format xml -c MRSET
-  mrset: --format: xml is none of text, json, html, markdown, csv.
+  mrset: --format: xml is not one of text, json, html, markdown, csv.
   Example:
     mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
   Run "mrset run --help" for its options.
@@ -365,7 +365,7 @@ Arguments that are missing, too many or of no use.
   [2]
   $ for path in --output= '--output -' '--output= --dry-run' '--output ./-'; do mrset run x.mrset $path -c MRSET 2>&1 | sed -n 1p; done
   mrset: --output: -c looks like an option; a file of that name is ./-c.
-  mrset: --output: - is the name of no file; without --output the results go to standard output.
+  mrset: --output: - is not a file name; without --output the results go to standard output.
   mrset: --output: --dry-run looks like an option; a file of that name is ./--dry-run.
   mrset: x.mrset does not exist.
   [2]
@@ -376,7 +376,7 @@ Arguments that are missing, too many or of no use.
   Run "mrset run --help" for its options.
   [2]
   $ mrset script x.mrset --output -
-  mrset: --output: - is the name of no file; without --output the results go to standard output.
+  mrset: --output: - is not a file name; without --output the results go to standard output.
   Example:
     mrset script survey.mrset --output sets.script
     mrset run other.mrset sets.script
@@ -390,31 +390,43 @@ Arguments that are missing, too many or of no use.
   Run "mrset script --help" for its options.
   [2]
   $ mrset run x.mrset -c MRSET --output a --output b
-  mrset: --output can be given once only.
+  mrset: --output can be given only once.
+  Example:
+    mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
+  Run "mrset run --help" for its options.
+  [2]
+  $ mrset run x.mrset --dry-run=maybe -c MRSET
+  mrset: --dry-run takes no value.
+  Example:
+    mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
+  Run "mrset run --help" for its options.
+  [2]
+  $ mrset run x.mrset y.script -
+  mrset: Unexpected argument: -.
   Example:
     mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
   Run "mrset run --help" for its options.
   [2]
   $ mrset run x.mrset y.script z.script
-  mrset: z.script is not expected by mrset run.
+  mrset: Unexpected argument: z.script.
   Example:
     mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
   Run "mrset run --help" for its options.
   [2]
   $ mrset import tiny.csv tiny.schema.json tiny.mrset
-  mrset: tiny.mrset is not expected by mrset import.
+  mrset: Unexpected argument: tiny.mrset.
   Example:
     mrset import --schema survey.schema.json survey.csv survey.mrset
   Run "mrset import --help" for its options.
   [2]
   $ mrset import only.csv
-  mrset: DATASET is required.
+  mrset: DATASET is missing.
   Example:
     mrset import --schema survey.schema.json survey.csv survey.mrset
   Run "mrset import --help" for its options.
   [2]
   $ mrset sets
-  mrset: DATASET is required.
+  mrset: DATASET is missing.
   Example:
     mrset sets survey.mrset --format json
   Run "mrset sets --help" for its options.

@@ -471,7 +471,7 @@ class Commands(ShellTest):
             (DEFINE + ".", PROMPT + DEFINE + "."),
             ("log", "defined $new"),
             ("undo.", "Change 1 was undone"),
-            ("undo x", "mrset: x is no number of a version."),
+            ("undo x", "mrset: x is not a version number."),
         ):
             terminal.enter(command)
             terminal.wait_for(shown)

@@ -1,0 +1,17 @@
+#!/usr/bin/env bash
+# The program shows the operations of host/ and nothing else. They are what the standalone and the scripted host both
+# define: no other header belongs to both.
+#   exports.sh PROGRAM EXPORTS SCRIPTED-HOST OBJECT...
+set -euo pipefail
+program=$1
+exports=$2
+scripted=$3
+shift 3
+
+# Weak symbols are templates of the C++ library and of fmt, which their libraries have as well.
+strong() { nm --extern-only --defined-only "$@" | awk '$2 ~ /^[TDB]$/ { print $3 }' | LC_ALL=C sort -u; }
+declared() { LC_ALL=C comm -12 <(strong "$scripted") <(strong "$@"); }
+listed() { sed -nE 's/^ +([^ ]+);$/\1/p' "$exports"; }
+
+diff -u --label "$exports" --label 'operations that both hosts define' <(listed) <(declared "$@")
+diff -u --label "$exports" --label "symbols that $program shows" <(listed) <(strong --dynamic "$program")

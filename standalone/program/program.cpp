@@ -21,6 +21,7 @@
 #include "standalone/program/signals.h"
 #include "standalone/program/subcommands.h"
 #include "standalone/program/usage.h"
+#include "standalone/program/version.h"
 #include "standalone/text/failure.h"
 #include "standalone/text/notice.h"
 #include "standalone/text/visible.h"
@@ -95,7 +96,7 @@ void OccupyStandardDescriptors() {
 
 int ParseAndPerform(int argc, const char* const* argv) {
   CLI::App app("mrset defines, displays and deletes the multiple response sets of a survey.", "mrset");
-  app.set_version_flag("--version", "mrset " MRSET_VERSION, "Show the version");
+  app.set_version_flag("--version", "mrset " + Version(), "Show the version");
   app.formatter(std::make_shared<HelpFormatter>());
   app.set_help_flag("-h,--help", "Show this help");
   app.require_subcommand(1);

@@ -61,7 +61,7 @@ def as_bytes(text):
 
 
 def to_document(path, lines, transcript, printed):
-    """The document's lines with the output that cram has put into the transcript."""
+    """The document's lines with the output that cram has put into the transcript. A line in which only what varies differs stays."""
     unchanged = {converted: line for converted, line in zip(transcript, lines)}
     document = [lines[0]]
     for line in printed[1:]:
@@ -70,7 +70,8 @@ def to_document(path, lines, transcript, printed):
         elif line in unchanged:
             document.append(unchanged[line])
         else:
-            document.append(escaped(path, output(line[len(INDENT):])))
+            printed_line = output(line[len(INDENT):])
+            document.append(unchanged.get(INDENT + expected(path, printed_line), escaped(path, printed_line)))
     return document
 
 

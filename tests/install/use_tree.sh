@@ -24,10 +24,12 @@ use_program() {
   local mrset=$2/bin/mrset examples=$1/examples scratch=$3
   "$mrset" import --schema "$examples/breakfast.schema.json" "$examples/breakfast.csv" "$scratch/b.mrset" 2> /dev/null
   "$mrset" run "$scratch/b.mrset" -c 'MRSET /MCGROUP NAME=$t VARIABLES=topping1 TO topping4' > /dev/null
-  "$mrset" sets "$scratch/b.mrset" --format json > "$scratch/sets.json"
-  expect "$scratch/sets.json" program <<'JSON'
-{"sets":[{"name":"$t","type":"category","label":"","countedValue":"","labelFromVariable":false,"categoryLabelsFromCountedValue":false,"variables":["topping1","topping2","topping3","topping4"]}]}
-JSON
+  "$mrset" script "$scratch/b.mrset" | grep -v '^\*' > "$scratch/b.script"
+  expect "$scratch/b.script" program <<'SCRIPT'
+
+MRSET /MCGROUP NAME=$t
+  VARIABLES=topping1 topping2 topping3 topping4.
+SCRIPT
 }
 
 # use_help TREE SCRATCH: the manual page and the completions.

@@ -17,6 +17,7 @@ from dataclasses import dataclass, field
 HERE = os.path.dirname(os.path.abspath(__file__))
 ROOT = os.path.dirname(os.path.dirname(HERE))
 TABLE = os.path.join(HERE, 'near.txt')
+NOT_OF_PROJECT = ('build', '.git', '.cache', '.idea', '.vscode', 'node_modules', '__pycache__')  # folders
 
 
 @dataclass
@@ -87,9 +88,9 @@ def run(build, paths):
     return 0 if passed else 1
 
 
-def call(command, **options):
+def call(command):
     print('+', ' '.join(command), flush=True)
-    return subprocess.run(command, check=False, **options).returncode == 0
+    return subprocess.run(command, check=False).returncode == 0
 
 
 def build_targets(build, targets):
@@ -120,8 +121,8 @@ def files_of_project():
         return [path for path in listed.stdout.splitlines() if os.path.exists(os.path.join(ROOT, path))]
     found = []
     for folder, folders, files in os.walk(ROOT):
-        folders[:] = [name for name in folders if not name.startswith(('build', '.git', 'node_modules'))]
-        found += [os.path.relpath(os.path.join(folder, name), ROOT) for name in files]
+        folders[:] = [name for name in folders if not name.startswith(NOT_OF_PROJECT)]
+        found += [os.path.relpath(os.path.join(folder, name), ROOT) for name in files if name != 'compile_commands.json']
     return found
 
 
@@ -153,13 +154,14 @@ def problems(build):
     yield from (f'{target}: no such target.' for target in plan.targets.keys() - names_of_targets(build))
     tests = '\n'.join(names_of_tests(build))
     yield from (f'{test}: no such test.' for test in plan.tests if not re.search(f'^({test})$', tests, re.MULTILINE))
-    yield from (f'{program}: no such tests.' for program in plan.programs if not lists_tests(build, program))
+    yield from (f'{program}: no such tests, or not built.' for program in plan.programs if not lists_tests(build, program))
 
 
 def lists_tests(build, program):
     name, tests = filtered(program)
-    listed = subprocess.run([os.path.join(build, 'bin', name), '--gtest_list_tests', *tests], check=False, capture_output=True)
-    return listed.stdout != b''
+    path = os.path.join(build, 'bin', name)
+    return os.path.exists(path) and subprocess.run([path, '--gtest_list_tests', *tests], check=False,
+                                                   capture_output=True).stdout != b''
 
 
 def check(build):

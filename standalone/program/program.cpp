@@ -18,6 +18,7 @@
 #include "standalone/program/help_formatter.h"
 #include "standalone/program/signals.h"
 #include "standalone/program/usage.h"
+#include "standalone/program/version.h"
 #include "standalone/text/error.h"
 #include "standalone/text/notice.h"
 #include "standalone/text/visible.h"
@@ -98,7 +99,7 @@ int ParseAndPerform(int argc, const char* const* argv) {
 std::unique_ptr<CLI::App> DeclareProgram(Action& chosen) {
   auto app = std::make_unique<CLI::App>("mrset defines, displays and deletes the multiple response sets of a survey.",
                                         "mrset");
-  app->set_version_flag("--version", "mrset " MRSET_VERSION, "Show the version");
+  app->set_version_flag("--version", "mrset " + Version(), "Show the version");
   app->formatter(std::make_shared<HelpFormatter>());
   app->set_help_flag("-h,--help", "Show this help");
   app->require_subcommand(1);

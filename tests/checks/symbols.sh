@@ -19,6 +19,9 @@ libraries() { readelf -d "$module" | sed -nE 's/.*\(NEEDED\).*\[(.*)\]/\1/p' | L
 failed=0
 compare() {
   if ! diff -u "$lists/$1" <("$2"); then
+    if [ -n "${MRSET_UPDATE:-}" ]; then
+      "$2" > "$lists/$1"
+    fi
     printf 'The module disagrees with %s.\n' "$1"
     failed=1
   fi

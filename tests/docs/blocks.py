@@ -15,7 +15,7 @@ from dataclasses import dataclass
 
 FORMS = ('json', 'cmake', 'cpp', 'syntax')
 # What a line of a ```sh block begins with; comments stand behind it.
-SET_UP = re.compile(r'(scripts/(demo|test|bench|coverage|mutate)|git|cd|cp|cmake|ctest|export)( |$)')
+SET_UP = re.compile(r'(scripts/(demo|test|bench|coverage|mutate)|git|cd|cp|cmake|cpack|ctest|export)( |$)')
 PROGRAM = re.compile(r'(^|[/\s;|&])mrset\s')
 COMMAND = re.compile(r'\s*MRSET\s+/?\w', re.IGNORECASE)
 
@@ -93,6 +93,14 @@ def roff_blocks(path, lines):
 
 ROFF_ESCAPES = {'\\-': '-', '\\e': '\\', '\\&': '', '\\(aq': "'", '\\(dq': '"', '\\(ha': '^', '\\(ti': '~',
                 '\\(rs': '\\', '\\fB': '', '\\fI': '', '\\fR': '', '\\fP': ''}
+
+
+def escaped(path, line):
+    """A line of output as it stands in the document."""
+    if not path.endswith('.1'):
+        return line
+    line = line.replace('\\', '\\e').replace('-', '\\-').replace("'", '\\(aq')
+    return '\\&' + line if line.startswith('.') else line
 
 
 def without_escapes(place, line):

@@ -1,9 +1,8 @@
 #!/usr/bin/env python3
 """Runs the examples of a document with cram and compares what they print, letter by letter.
 
-examples.py DOCUMENT            fails, with a diff whose line numbers are the document's, where anything differs
-examples.py --update DOCUMENT   writes what is printed into a document in Markdown
-Environment: MRSET_PROGRAM, CRAM3 and CMARK are the programs.
+examples.py DOCUMENT...   fails, with a diff whose line numbers are the document's, where anything differs
+Environment: MRSET_PROGRAM, CRAM3 and CMARK are the programs. With MRSET_UPDATE what is printed is written into the document.
 """
 
 import os
@@ -25,8 +24,8 @@ def run_cram(folder, transcript):
                           stdout=subprocess.PIPE, stderr=subprocess.STDOUT, stdin=subprocess.DEVNULL, check=False)
 
 
-def run(path, update):
-    """Returns whether the examples print what the document says, or have been made to."""
+def run(path):
+    """Returns whether the examples print what the document says."""
     lines = lines_of(path)
     blocks = examples_of(path, lines)
     commands = sum(line.startswith('$ ') for block in blocks for line in block.lines)
@@ -39,12 +38,10 @@ def run(path, update):
         with open(os.path.join(folder, name), 'w', encoding='utf-8') as file:
             file.write('\n'.join(transcript) + '\n')
         result = run_cram(folder, name)
-        if update:
-            printed = os.path.join(folder, name + '.err')  # the transcript with what was printed, if that differs
-            if os.path.exists(printed):
-                with open(path, 'w', encoding='utf-8') as document:
-                    document.write('\n'.join(to_document(lines, transcript, lines_of(printed))) + '\n')
-            return True
+        printed = os.path.join(folder, name + '.err')  # the transcript with what was printed, if that differs
+        if 'MRSET_UPDATE' in os.environ and os.path.exists(printed):
+            with open(path, 'w', encoding='utf-8') as document:
+                document.write('\n'.join(to_document(path, lines, transcript, lines_of(printed))) + '\n')
     # Cram calls a run that ends with status 80 skipped, and that a success.
     if result.returncode != 0 or b'# Ran 1 tests, 0 skipped, 0 failed.' not in result.stdout:
         sys.stdout.write(result.stdout.decode(errors='replace'))
@@ -53,13 +50,11 @@ def run(path, update):
     return True
 
 
-def main(arguments):
-    update = arguments[:1] == ['--update']
-    paths = arguments[1:] if update else arguments
+def main(paths):
     if not paths:
         sys.exit(__doc__)
     try:
-        return 0 if all([run(path, update) for path in paths]) else 1
+        return 0 if all([run(path) for path in paths]) else 1
     except DocumentError as error:
         print(error)
         return 1

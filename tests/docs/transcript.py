@@ -2,7 +2,7 @@
 
 import re
 
-from blocks import DocumentError
+from blocks import DocumentError, escaped
 
 INDENT = '  '
 PROSE = '| '  # begins a line of the document that is no part of an example
@@ -10,10 +10,12 @@ ANNOTATION = re.compile(r' \((re|glob|esc|no-eol)\)$')
 
 # What varies from run to run or from compiler to compiler, and all that may stand in its place. Nothing else is a
 # pattern: every other letter is compared.
-TIMES = (
+VARYING = (
     # of a change, as `mrset log` shows it
     (re.compile(r'(^ +\d+  )\d{4}-\d\d-\d\d \d\d:\d\d:\d\d(?=  )'), r'\d{4}-\d\d-\d\d \d\d:\d\d:\d\d'),
     (re.compile(r'("time":)"\d{4}-\d\d-\d\dT\d\d:\d\d:\d\dZ"'), r'"\d{4}-\d\d-\d\dT\d\d:\d\d:\d\dZ"'),
+    # the commit, which a build without git does not know
+    (re.compile(r'(^mrset \d+\.\d+\.\d+)( \([0-9a-f]{12}\))?$'), r'( \([0-9a-f]{12}\))?'),
 )
 # The line number of a failed assertion; compilers write "Record &" or "Record&" in the signature behind it.
 ASSERTION = re.compile(r'(^Fatal: mrset: backend/mrset/mrset[a-z]*\.cpp:)\d+(?=: )')
@@ -36,9 +38,9 @@ def expected(place, line):
     """A line of output as cram expects it."""
     if ANNOTATION.search(line):
         raise DocumentError(f'{place}: output must not end as an annotation of the transcript does')
-    for time, pattern in TIMES:
-        if time.search(line):
-            return as_bytes(escaped_but(time, pattern, line)) + ' (re)'
+    for varying, pattern in VARYING:
+        if varying.search(line):
+            return as_bytes(escaped_but(varying, pattern, line)) + ' (re)'
     if ASSERTION.search(line):
         return REFERENCE.sub(r' ?\2', escaped_but(ASSERTION, r'\d+', line)) + ' (re)'
     return line if line.isascii() else as_bytes(line.replace('\\', '\\\\')) + ' (esc)'
@@ -58,8 +60,8 @@ def as_bytes(text):
     return ''.join(c if c.isascii() else ''.join(f'\\x{byte:02x}' for byte in c.encode()) for c in text)
 
 
-def to_document(lines, transcript, printed):
-    """The document's lines with the output that cram has put into the transcript."""
+def to_document(path, lines, transcript, printed):
+    """The document's lines with the output that cram has put into the transcript. A line in which only what varies differs stays."""
     unchanged = {converted: line for converted, line in zip(transcript, lines)}
     document = [lines[0]]
     for line in printed[1:]:
@@ -68,7 +70,8 @@ def to_document(lines, transcript, printed):
         elif line in unchanged:
             document.append(unchanged[line])
         else:
-            document.append(output(line[len(INDENT):]))
+            printed_line = output(line[len(INDENT):])
+            document.append(unchanged.get(INDENT + expected(path, printed_line), escaped(path, printed_line)))
     return document
 
 

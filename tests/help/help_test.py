@@ -59,9 +59,8 @@ class ManualPage(unittest.TestCase):
         mentioned = re.findall(r"(?<![\w-])--[a-z][a-z-]*", self.page.replace(r"\-", "-"))
         self.assertLessEqual(set(mentioned), known)
 
-    def test_its_version_is_that_of_the_program(self):
-        version = subprocess.run([PROGRAM, "--version"], check=True, capture_output=True, text=True).stdout.strip()
-        self.assertRegex(self.page.splitlines()[0], rf'^\.TH MRSET 1 \d{{4}}-\d\d-\d\d "{re.escape(version)}"$')
+    def test_its_title_names_the_program_and_no_version(self):
+        self.assertRegex(self.page.splitlines()[0], r"^\.TH MRSET 1 \d{4}-\d\d-\d\d mrset$")
 
     def test_it_is_well_formed(self):
         result = subprocess.run([os.environ["MANDOC"], "-T", "lint", "-W", "warning", PAGE], check=False,

@@ -434,7 +434,7 @@ Arguments that are missing, too many or of no use.
 
 Help and version are results.
 
-  $ mrset --version
+  $ mrset --version | sed -E 's/ \([0-9a-f]{12}\)$//'
   mrset 0.1.0
   $ mrset --help
   mrset defines, displays and deletes the multiple response sets of a survey.

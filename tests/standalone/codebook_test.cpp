@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "standalone/import/importer.h"
+#include "standalone/import/input_file.h"
 #include "tests/standalone/temporary_folder.h"
 
 namespace standalone {
@@ -77,8 +78,8 @@ TEST_F(CodebookTest, ATitleThatIsEmptyOrNullIsNone) {
 }
 
 TEST_F(CodebookTest, WhatIsNoTableSchemaIsOneSentence) {
-  EXPECT_EQ(SentenceOf([] { ReadCodebook(kFile); }), "codebook.json does not exist.");
-  EXPECT_EQ(SentenceOf([] { ReadCodebook("."); }), ". is a directory.");
+  EXPECT_EQ(SentenceOf([] { ReadCodebook(kFile); }), SentenceOf([] { InputFile file(kFile); }));
+  EXPECT_EQ(SentenceOf([] { ReadCodebook("."); }), SentenceOf([] { InputFile file("."); }));
   EXPECT_EQ(SentenceOfText(""), "codebook.json, line 1: this is not JSON (byte 1).");
   EXPECT_EQ(SentenceOfText("{\n\"fields\": [,]}"), "codebook.json, line 2: this is not JSON (byte 14).");
   EXPECT_EQ(SentenceOfText("{\"fields\": [\"\xFF\"]}"), "codebook.json, line 1: this is not JSON (byte 14).");

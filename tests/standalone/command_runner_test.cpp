@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "standalone/language/tokenizer.h"
 #include "tests/standalone/elsewhere.h"
 #include "tests/standalone/temporary_folder.h"
 
@@ -100,7 +101,7 @@ TEST_F(CommandRunnerTest, TheLineOfAnErrorIsThatOfTheScript) {
   });
   EXPECT_FALSE(runner.Run({"MRSET\n /MCGROUP\n LABEL='open", 7}));
   EXPECT_FALSE(runner.Run({std::string(100, 'X'), 3}));
-  EXPECT_EQ(items, (Kinds{"Line 9: A string is not closed on its line.",
+  EXPECT_EQ(items, (Kinds{"Line 9: " + SentenceOf([] { Tokenize("'open"); }),
                           "Line 3: " + std::string(60, 'X') + "... is not a command. The command here is MRSET."}));
 }
 

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "standalone/output/csv_text.h"
+#include "standalone/output/message_text.h"
 #include "standalone/output/renderer.h"
 #include "tests/standalone/results.h"
 
@@ -110,7 +111,8 @@ TEST(CsvRenderer, TellsMessagesAndHintsBeside) {
             "hint: try BAR\n"
             "hint: and this\n"
             "a.script, line 1: Fatal: report\n"
-            "a.script, line 1: The command was aborted; the dataset is as it was before it.\n");
+            "a.script, line 1: " +
+                std::string(AbortedSentence(second)) + "\n");
 }
 
 TEST(CsvRenderer, KeepsCharactersForProgramsAndShowsThemOnTerminals) {

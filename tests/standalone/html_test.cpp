@@ -10,6 +10,7 @@
 #include "standalone/output/html_style.h"
 #include "standalone/output/html_table.h"
 #include "standalone/output/html_text.h"
+#include "standalone/output/message_text.h"
 #include "standalone/output/renderer.h"
 #include "tests/standalone/results.h"
 
@@ -163,15 +164,18 @@ TEST(CommandHtml, TellsOfSuccessAndOfAborts) {
             "<h2 id=\"command-1-heading\"><span class=\"position\">1</span> <code>A</code></h2>\n"
             "<p class=\"facts\"><span class=\"status ok\">OK</span> line 1</p>\n"
             "</section>\n");
-  EXPECT_EQ(CommandHtml(Result("A", {Message{Level::kFatal, "report\n"}}, Status::kAborted)),
+  const CommandResult aborted = Result("A", {Message{Level::kFatal, "report\n"}}, Status::kAborted);
+  EXPECT_EQ(CommandHtml(aborted),
             "<section class=\"command\" id=\"command-1\" aria-labelledby=\"command-1-heading\">\n"
             "<h2 id=\"command-1-heading\"><span class=\"position\">1</span> <code>A</code></h2>\n"
             "<p class=\"facts\"><span class=\"status aborted\">Aborted</span> line 1</p>\n"
             "<ul class=\"messages\">\n"
             "<li class=\"error\"><p><strong>Fatal:</strong> report</p></li>\n"
             "</ul>\n"
-            "<p class=\"outcome\">The command was aborted; the dataset is as it was before it.</p>\n"
-            "</section>\n");
+            "<p class=\"outcome\">" +
+                std::string(AbortedSentence(aborted)) +
+                "</p>\n"
+                "</section>\n");
 }
 
 TEST(CommandHtml, ALongCommandStandsBelowItsHeading) {

@@ -6,6 +6,7 @@
 
 #include "standalone/data/database.h"
 #include "standalone/data/dataset.h"
+#include "standalone/import/input_file.h"
 #include "tests/standalone/temporary_folder.h"
 
 namespace standalone {
@@ -188,10 +189,13 @@ TEST_F(ImporterTest, ALongCellIsShownByItsBeginning) {
 }
 
 TEST_F(ImporterTest, FilesThatCannotBeReadAreOneSentence) {
-  EXPECT_EQ(SentenceOf([] { Import(); }), "survey.csv does not exist.");
+  EXPECT_EQ(SentenceOf([] { Import(); }), SentenceOf([] { InputFile file(kData); }));
   Write(kData, "a\n1\n");
-  EXPECT_EQ(SentenceOf([] { Import(kCodebook); }), "codebook.json does not exist.");
-  EXPECT_EQ(SentenceOf([] { ImportSurvey({".", std::nullopt, kDataset, false}); }), ". is a directory.");
+  EXPECT_EQ(SentenceOf([] { Import(kCodebook); }), SentenceOf([] { InputFile file(kCodebook); }));
+  EXPECT_EQ(SentenceOf([] {
+              ImportSurvey({".", std::nullopt, kDataset, false});
+            }),
+            SentenceOf([] { InputFile file("."); }));
   EXPECT_THAT(Files(), ElementsAre(kData));
 }
 

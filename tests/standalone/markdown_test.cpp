@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "standalone/output/markdown_text.h"
+#include "standalone/output/message_text.h"
 #include "standalone/output/renderer.h"
 #include "tests/standalone/results.h"
 
@@ -58,7 +59,8 @@ TEST(MarkdownRenderer, WritesCommandsMessagesAndTables) {
   first.items.emplace_back(Message{Level::kError, "e", Place{2, 4, 3, 9, 3}, "try *BAR*"});
   first.hints = {"and this"};
   first.source = "a_b.script";
-  EXPECT_EQ(Markdown({first, Result("B", {Message{Level::kFatal, "report\n"}}, Status::kAborted)}),
+  const CommandResult second = Result("B", {Message{Level::kFatal, "report\n"}}, Status::kAborted);
+  EXPECT_EQ(Markdown({first, second}),
             "## Command 1\n"
             "\n"
             "```\n"
@@ -99,8 +101,8 @@ TEST(MarkdownRenderer, WritesCommandsMessagesAndTables) {
             "```\n"
             "\n"
             "**Fatal:** report\n"
-            "\n"
-            "The command was aborted; the dataset is as it was before it.\n");
+            "\n" +
+                std::string(AbortedSentence(second)) + "\n");
 }
 
 TEST(MarkdownRenderer, ShowsThePlaceOfARepeatedMessageOnce) {

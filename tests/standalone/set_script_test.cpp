@@ -108,10 +108,14 @@ TEST_F(SetScriptTest, TheScriptHasItsTitleAndTheSetsInTheirOrder) {
 
 TEST_F(SetScriptTest, WhatCannotBeWrittenIsLeftOutWithTheReason) {
   const std::string left = "The set $a cannot be written as a command: ";
-  EXPECT_EQ(NoteOn(Dichotomy({"q1", "gone"}, "1")), left + "The variable gone is not in the dataset.");
-  EXPECT_EQ(NoteOn(Dichotomy({"gone", "lost"}, "1")), left + "The variable gone is not in the dataset.");
+  const auto errorOf = [](const std::string& variables) {
+    Make(kSource, kDictionary);
+    return Run(kSource, "MRSET /MDGROUP NAME=$a VARIABLES=" + variables + " VALUE=1.").at(0);
+  };
+  EXPECT_EQ(NoteOn(Dichotomy({"q1", "gone"}, "1")), left + errorOf("q1 gone"));
+  EXPECT_EQ(NoteOn(Dichotomy({"gone", "lost"}, "1")), left + errorOf("gone lost"));
   EXPECT_EQ(NoteOn(Dichotomy({"q1", "Q2"}, "1")), left + "its variable Q2 is q2 in the dictionary.");
-  EXPECT_EQ(NoteOn(Dichotomy({"q1", "q1"}, "1")), left + "The variable q1 is listed twice.");
+  EXPECT_EQ(NoteOn(Dichotomy({"q1", "q1"}, "1")), left + errorOf("q1 q1"));
   EXPECT_EQ(NoteOn(Dichotomy({"q1"}, "1")), left + "Only one variable q1 was found.");
   EXPECT_EQ(NoteOn(Dichotomy({}, "1")), left + "MDGROUP $a has no variable names.");
   EXPECT_EQ(NoteOn(Category("$a", {})), left + "MCGROUP $a has no variable names.");

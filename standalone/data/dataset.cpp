@@ -77,6 +77,12 @@ std::string NoPermissionSentence(const std::string& name) {
   return name + " cannot be written: there is no permission to write it or its folder.";
 }
 
+void FailIfNameless(const std::string& path) {
+  if (path.empty()) {
+    throw DatasetError("The name of the dataset is empty.");
+  }
+}
+
 bool StoredSet::operator==(const StoredSet& other) const {
   return Members(*this) == Members(other);
 }
@@ -130,7 +136,6 @@ class Dataset::Implementation {
 
  private:
   void ForgetWhatWasRead();
-  void ForgetSets();
   bool HasHistory();
   Saved SaveOrder(const SetList& sets, const std::string& command);
   void EndSaveOfOrder();
@@ -191,7 +196,7 @@ Dataset::Saved Dataset::Implementation::Save(const SetList& sets, const std::str
     End();
     return saved;
   } catch (...) {
-    ForgetSets();
+    End();
     throw;
   }
 }
@@ -206,7 +211,6 @@ Dataset::Saved Dataset::Implementation::SaveOrder(const SetList& sets, const std
     return saved == Saved::kConflict ? Saved::kUnchanged : saved;
   } catch (const DatasetError& error) {
     EndSaveOfOrder();
-    fSets.reset();
     if (mayWait && dynamic_cast<const ReadOnlyError*>(&error) == nullptr) {
       throw;
     }
@@ -262,12 +266,6 @@ void Dataset::Implementation::ForgetWhatWasRead() {
   fPositions.clear();
   fSets.reset();
   ++fEpoch;
-}
-
-// After a failure: what lies where need not be what was read since.
-void Dataset::Implementation::ForgetSets() {
-  End();
-  fSets.reset();
 }
 
 bool Dataset::Implementation::HasHistory() {

@@ -20,8 +20,11 @@ class DatasetError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// What is wrong where a dataset that can be read cannot be written.
+/// What is wrong where a file that may be readable cannot be written for want of permission.
 std::string NoPermissionSentence(const std::string& name);
+
+/// Throws DatasetError for the empty path.
+void FailIfNameless(const std::string& path);
 
 struct ValueLabel {
   std::string value;  ///< of a numeric variable, the shortest text that gives the number again

@@ -50,6 +50,7 @@ void CheckIsAlone(const std::string& path) {
 }
 
 void CheckDestination(const std::string& path, bool replace, const DatasetOptions& options) {
+  FailIfNameless(path);
   if (const std::optional<std::string> complaint = ComplaintOnReservedName(path)) {
     throw DatasetError(*complaint);
   }

@@ -27,14 +27,6 @@ namespace standalone {
 
 namespace {
 
-[[noreturn]] void FailToWrite(const std::string& path, int number) {
-  const std::string sentence = path + " cannot be written: " + std::strerror(number) + ".";
-  if (number == EACCES || number == EPERM || number == EROFS) {
-    throw ReadOnlyError(sentence);
-  }
-  throw DatasetError(sentence);
-}
-
 /// What is left of permissions where the group is another one: nothing for it, and for others what the old group had,
 /// since its members are among them now.
 mode_t WithoutGroup(mode_t mode) {
@@ -174,7 +166,7 @@ mode_t ModeBeside(const std::string& destination) {
   return (mode & kNewFile) | kOwnerWrites;
 }
 
-LockedFile MakeFileIn(const std::string& folder, const std::string& destination) {
+LockedFile MakeFileIn(const std::string& folder, const std::string& destination, const std::string& name) {
   const mode_t mode = ModeBeside(destination);
   std::random_device random;
   constexpr int kAttempts = 100;
@@ -192,12 +184,12 @@ LockedFile MakeFileIn(const std::string& folder, const std::string& destination)
       close(descriptor);
     }
   }
-  FailToWrite(destination, errno);
+  FailToWrite(name, errno);
 }
 
-void SyncFile(int descriptor, const std::string& destination) {
+void SyncFile(int descriptor, const std::string& name) {
   if (fsync(descriptor) != 0) {
-    FailToWrite(destination, errno);
+    FailToWrite(name, errno);
   }
 }
 
@@ -223,16 +215,24 @@ bool RenameWithoutReplacing(const std::string& from, const std::string& to) {
 
 }  // namespace
 
+void FailToWrite(const std::string& name, int number) {
+  if (number == EACCES || number == EPERM || number == EROFS) {
+    throw ReadOnlyError(NoPermissionSentence(name));
+  }
+  throw DatasetError(name + " cannot be written: " + std::strerror(number) + ".");
+}
+
 bool TemporaryFile::IsReserved(const std::string& path) {
   const std::string name = path.substr(path.rfind('/') + 1);
   return IsTemporaryName(name) || IsTemporaryName(WithoutCompanionEnding(name));
 }
 
-TemporaryFile::TemporaryFile(const std::string& destination) : fDestination(destination) {
+TemporaryFile::TemporaryFile(const std::string& destination, std::string name)
+    : fDestination(destination), fName(std::move(name)) {
   const std::string folder = FolderOf(destination);
   RemoveThoseLeftBehind(folder);
   const SignalsHeld held;  // until the handler of signals knows the file
-  LockedFile made = MakeFileIn(folder, destination);
+  LockedFile made = MakeFileIn(folder, destination, fName);
   fPath = std::move(made.path);
   fLock = made.descriptor;
   Exchange(nullptr, fPath.c_str());
@@ -270,9 +270,9 @@ std::optional<std::string> TemporaryFile::Replace() {
   if (stat(fDestination.c_str(), &replaced) == 0) {
     TakePermissions(fLock, replaced);
   }
-  SyncFile(fLock, fDestination);
+  SyncFile(fLock, fName);
   if (rename(fPath.c_str(), fDestination.c_str()) != 0) {
-    FailToWrite(fDestination, errno);
+    FailToWrite(fName, errno);
   }
   Release();
   return SyncFolder(fDestination);

@@ -166,12 +166,6 @@ void RunAndRender(const RunOptions& options, const RunRequest& request, std::siz
   renderer->Finish();
 }
 
-/// Of changes that stand although their results are lost.
-std::string SentenceOfSaved(std::size_t count) {
-  return fmt::format("{} changed the dataset all the same, and that is saved; mrset log lists it.",
-                     Counted(count, "command"));
-}
-
 void RunIntoFile(const RunOptions& options, const RunRequest& request, std::size_t fromScript, Outcome& outcome) {
   CheckOutputPath(options, *options.outputPath);
   OutputFile file(*options.outputPath);

@@ -72,7 +72,8 @@ std::vector<int> PositionsOf(const std::string& pattern, Dataset& dataset) {
 class DatasetActions : public ShellActions {
  public:
   DatasetActions(const ShellOptions& options, bool isAtTerminal)
-      : fOptions(options),
+      : fPath(options.datasetPath),
+        fDatasetOptions(options.datasetOptions),
         fIsAtTerminal(isAtTerminal),
         fRun({options.datasetPath, {}, false, false, options.datasetOptions}),
         fRenderer(MakeRenderer(Echo::kCommands)) {}
@@ -102,7 +103,8 @@ class DatasetActions : public ShellActions {
   void Take(ExitStatus status) { fStatus = std::max(fStatus, status); }
   void Complain(ExitStatus status, const std::exception& error);
 
-  const ShellOptions& fOptions;
+  const std::string& fPath;
+  DatasetOptions fDatasetOptions;
   bool fIsAtTerminal;
   LiveRun fRun;
   std::unique_ptr<Renderer> fRenderer;
@@ -127,16 +129,19 @@ void DatasetActions::Run(const ScriptCommand& command) {
 /// Nothing goes on where nobody can see what it does.
 void DatasetActions::EnsureIsRead() {
   std::cout.flush();
-  if (fSaved > 0) {
-    EnsureToldOf(fmt::format("{} changed the dataset", Counted(fSaved, "command")));
-  } else if (!std::cout) {
-    throw OutputError("Standard output cannot be written.");
+  if (std::cout) {
+    return;
   }
+  if (fSaved > 0) {
+    SayAtEnd(SentenceOfSaved(fSaved));
+  }
+  throw OutputError("Standard output cannot be written.");
 }
 
 void DatasetActions::Perform(const ShellCommand& command) {
   try {
     isInterruptRequested = false;
+    fDatasetOptions.notify = NoticesOnce();  // a wait is told again
     Take(Do(command));
   } catch (const MisuseError& error) {
     Complain(kErrors, error);
@@ -168,7 +173,7 @@ ExitStatus DatasetActions::Do(const ShellCommand& command) {
     default:
       break;
   }
-  Dataset dataset(fOptions.datasetPath, fOptions.datasetOptions);
+  Dataset dataset(fPath, fDatasetOptions);
   dataset.BeginCommand(false);
   if (command.rule->kind == ShellCommandKind::kVariables) {
     return ShowVariables(dataset, command.argument);
@@ -228,7 +233,7 @@ ExitStatus DatasetActions::Undo(const std::string& number) {
   if (!number.empty() && !to) {
     throw MisuseError(fmt::format("{} is no number of a version.", number));
   }
-  return UndoAndSay(fOptions.datasetPath, fOptions.datasetOptions, to);
+  return UndoAndSay(fPath, fDatasetOptions, to);
 }
 
 void DatasetActions::Complain(ExitStatus status, const std::exception& error) {

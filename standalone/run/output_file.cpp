@@ -21,8 +21,22 @@ namespace {
 
 namespace fs = std::filesystem;
 
+std::string NameOf(const std::string& path) {
+  return "The output file " + path;
+}
+
 [[noreturn]] void ThrowCannotWrite(const std::string& path, const std::string& reason) {
-  throw OutputError(fmt::format("The output file {} cannot be written: {}.", path, reason));
+  throw OutputError(fmt::format("{} cannot be written: {}.", NameOf(path), reason));
+}
+
+/// Does what throws DatasetErrors on a file that is no dataset here.
+template <typename Action>
+auto OnOutputFile(Action action) {
+  try {
+    return action();
+  } catch (const DatasetError& error) {
+    throw OutputError(error.what());
+  }
 }
 
 bool IsOpenAs(int descriptor, const std::string& path) {
@@ -74,18 +88,14 @@ OutputFile::OutputFile(const std::string& path) : fPath(path) {
 }
 
 void OutputFile::OpenBesideIt(const std::string& target) {
-  try {
-    fTemporary = std::make_unique<TemporaryFile>(target);
-  } catch (const DatasetError&) {
-    ThrowCannotWrite(fPath, std::strerror(errno));
-  }
+  fTemporary = OnOutputFile([&] { return std::make_unique<TemporaryFile>(target, NameOf(fPath)); });
   fFile.open(fTemporary->Path(), std::ios::binary);
 }
 
 void OutputFile::OpenAsItIs() {
   fFile.open(fPath, std::ios::binary);
   if (!fFile) {
-    ThrowCannotWrite(fPath, std::strerror(errno));
+    OnOutputFile([&] { FailToWrite(NameOf(fPath), errno); });
   }
 }
 
@@ -101,7 +111,7 @@ void OutputFile::Commit() {
   }
   if (fTemporary) {
     fFile.close();
-    if (const std::optional<std::string> unsynced = fTemporary->Replace()) {
+    if (const std::optional<std::string> unsynced = OnOutputFile([&] { return fTemporary->Replace(); })) {
       std::cerr << NoticeLine(*unsynced);
     }
   }

@@ -63,15 +63,16 @@ class Work {
       }
     }
     if (fChannel != nullptr) {
-      RunWhatComes(runner);
+      RunWhatComes(runner, told);
     }
   }
 
-  void RunWhatComes(CommandRunner& runner) const {
+  void RunWhatComes(CommandRunner& runner, std::set<std::string>& told) const {
     fChannel->EndSending();
     std::size_t index = fRequest.commands.size();
     while (const std::optional<ScriptCommand> command = fChannel->Receive()) {
       isInterruptRequested = false;
+      told.clear();
       runner.Run(*command, index++);
     }
   }

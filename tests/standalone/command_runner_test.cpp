@@ -69,7 +69,7 @@ TEST_F(CommandRunnerTest, ACommandRunsAgainWhereAnotherProcessCameFirst) {
   EXPECT_EQ(StoredNames().size(), 4U + 1U + 2U + 3U);
 }
 
-TEST_F(CommandRunnerTest, AnErrorBeforeARestartDoesNotCount) {
+TEST_F(CommandRunnerTest, AnErrorCountsForItsOwnCommandAlone) {
   bool interfered = false;
   CommandRunner runner(kFile, false, [&](const Event& event) {
     if (std::holds_alternative<ItemIssued>(event) && !interfered) {

@@ -123,6 +123,16 @@ int Delete(sqlite3_vfs* /*self*/, const char* path, int syncFolder) {
   return result;
 }
 
+/// A link that leads nowhere is there as well. SQLite would not look at it before it writes.
+int Access(sqlite3_vfs* /*self*/, const char* path, int flags, int* result) {
+  struct stat status = {};
+  if (flags == SQLITE_ACCESS_EXISTS && lstat(path, &status) == 0 && S_ISLNK(status.st_mode)) {
+    *result = 1;
+    return SQLITE_OK;
+  }
+  return System()->xAccess(System(), path, flags, result);
+}
+
 int FullPathname(sqlite3_vfs* /*self*/, const char* path, int size, char* full) {
   const std::string_view given(path);
   if (given.substr(0, kByDescriptor.size()) != kByDescriptor) {
@@ -141,6 +151,7 @@ sqlite3_vfs Registered() {
   own.pNext = nullptr;
   own.xOpen = Open;
   own.xDelete = Delete;
+  own.xAccess = Access;
   own.xFullPathname = FullPathname;
   return own;
 }

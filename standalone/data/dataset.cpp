@@ -74,8 +74,10 @@ std::unique_ptr<Variable> LoadVariable(Database& database, int position) {
 
 }  // namespace
 
-std::string NoPermissionSentence(const std::string& name) {
-  return name + " cannot be written: there is no permission to write it or its folder.";
+void FailIfNameless(const std::string& path) {
+  if (path.empty()) {
+    throw Error("The name of the dataset is empty.");
+  }
 }
 
 bool StoredSet::operator==(const StoredSet& other) const {
@@ -131,7 +133,6 @@ class Dataset::Implementation {
 
  private:
   void ForgetWhatWasRead();
-  void ForgetSets();
   bool HasHistory();
   Saved SaveOrder(const SetList& sets, const std::string& command);
   void EndSaveOfOrder();
@@ -192,7 +193,7 @@ Dataset::Saved Dataset::Implementation::Save(const SetList& sets, const std::str
     End();
     return saved;
   } catch (...) {
-    ForgetSets();
+    End();
     throw;
   }
 }
@@ -207,7 +208,6 @@ Dataset::Saved Dataset::Implementation::SaveOrder(const SetList& sets, const std
     return saved == Saved::kConflict ? Saved::kUnchanged : saved;
   } catch (const Error& error) {
     EndSaveOfOrder();
-    fSets.reset();
     if (mayWait && error.Kind() != ErrorKind::kNoPermission) {
       throw;
     }
@@ -263,12 +263,6 @@ void Dataset::Implementation::ForgetWhatWasRead() {
   fPositions.clear();
   fSets.reset();
   ++fEpoch;
-}
-
-// After a failure: what lies where need not be what was read since.
-void Dataset::Implementation::ForgetSets() {
-  End();
-  fSets.reset();
 }
 
 bool Dataset::Implementation::HasHistory() {

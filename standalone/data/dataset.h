@@ -13,8 +13,8 @@
 
 namespace standalone {
 
-/// What is wrong where a dataset that can be read cannot be written.
-std::string NoPermissionSentence(const std::string& name);
+/// Throws Error for the empty path.
+void FailIfNameless(const std::string& path);
 
 struct ValueLabel {
   std::string value;  ///< of a numeric variable, the shortest text that gives the number again

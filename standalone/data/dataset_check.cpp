@@ -7,6 +7,7 @@
 #include <limits>
 #include <map>
 #include <optional>
+#include <sstream>
 #include <string_view>
 #include <unordered_set>
 #include <utility>
@@ -153,8 +154,8 @@ std::int64_t Checker::CountOf(std::string_view sqlOfKeys) {
   return count;
 }
 
-// What is wrong with the pages comes first, in one row. The rows of all tables would be read next, which never
-// ends where pages are shared.
+// What is wrong with the pages comes first, in one row: a heading, and a line for each fault. The rows of all tables
+// would be read next, which never ends where pages are shared.
 void Checker::Integrity() {
   constexpr std::string_view kBeginningOfPages = "***";
   Query rows(fDatabase, "PRAGMA integrity_check");
@@ -164,10 +165,14 @@ void Checker::Integrity() {
     if (SaysThatDiskFailed(text)) {
       throw Error(fName + " cannot be read or written: input or output failed.");
     }
-    if (text != "ok") {
-      Finding("The file is not sound: {}.", text);
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
+      const bool isHeading = line.substr(0, kBeginningOfPages.size()) == kBeginningOfPages;
+      goesOn = goesOn && !isHeading;
+      if (line != "ok" && !isHeading) {
+        Finding("The file is not sound: {}.", line);
+      }
     }
-    goesOn = text.substr(0, kBeginningOfPages.size()) != kBeginningOfPages;
   }
 }
 

@@ -51,6 +51,7 @@ void CheckIsAlone(const std::string& path) {
 }
 
 void CheckDestination(const std::string& path, bool replace, const DatasetOptions& options) {
+  FailIfNameless(path);
   if (const std::optional<std::string> complaint = ComplaintOnReservedName(path)) {
     throw Error(*complaint);
   }

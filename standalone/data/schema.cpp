@@ -103,6 +103,7 @@ constexpr const char* kHistorySet = R"(CREATE TABLE history_set(
 
 // SQLite's own words for what cannot be opened do not tell these cases apart.
 void CheckReadableFile(const std::string& path) {
+  FailIfNameless(path);
   struct stat status = {};
   if (stat(path.c_str(), &status) != 0) {
     const int number = errno;

@@ -20,8 +20,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
+std::string NameOf(const std::string& path) {
+  return "The output file " + path;
+}
+
 [[noreturn]] void ThrowCannotWrite(const std::string& path, const std::string& reason) {
-  throw Error(fmt::format("The output file {} cannot be written: {}.", path, reason));
+  throw Error(fmt::format("{} cannot be written: {}.", NameOf(path), reason));
 }
 
 bool IsOpenAs(int descriptor, const std::string& path) {
@@ -73,18 +77,14 @@ OutputFile::OutputFile(const std::string& path, const ComplaintOn& complaintOn) 
 }
 
 void OutputFile::OpenBesideIt(const std::string& target) {
-  try {
-    fTemporary = std::make_unique<TemporaryFile>(target);
-  } catch (const Error&) {
-    ThrowCannotWrite(fPath, std::strerror(errno));
-  }
+  fTemporary = std::make_unique<TemporaryFile>(target, NameOf(fPath));
   fFile.open(fTemporary->Path(), std::ios::binary);
 }
 
 void OutputFile::OpenAsItIs() {
   fFile.open(fPath, std::ios::binary);
   if (!fFile) {
-    ThrowCannotWrite(fPath, std::strerror(errno));
+    FailToWrite(NameOf(fPath), errno);
   }
 }
 

@@ -28,14 +28,6 @@ namespace standalone {
 
 namespace {
 
-[[noreturn]] void FailToWrite(const std::string& path, int number) {
-  const std::string sentence = path + " cannot be written: " + std::strerror(number) + ".";
-  if (number == EACCES || number == EPERM || number == EROFS) {
-    throw Error(ErrorKind::kNoPermission, sentence);
-  }
-  throw Error(sentence);
-}
-
 /// What is left of permissions where the group is another one: nothing for it, and for others what the old group had,
 /// since its members are among them now.
 mode_t WithoutGroup(mode_t mode) {
@@ -171,7 +163,7 @@ mode_t ModeBeside(const std::string& destination) {
   return (mode & kNewFile) | kOwnerWrites;
 }
 
-MadeFile MakeFileIn(const std::string& folder, const std::string& destination) {
+MadeFile MakeFileIn(const std::string& folder, const std::string& destination, const std::string& name) {
   const mode_t mode = ModeBeside(destination);
   std::random_device random;
   constexpr int kAttempts = 100;
@@ -188,12 +180,12 @@ MadeFile MakeFileIn(const std::string& folder, const std::string& destination) {
       }
     }
   }
-  FailToWrite(destination, errno);
+  FailToWrite(name, errno);
 }
 
-void SyncFile(int descriptor, const std::string& destination) {
+void SyncFile(int descriptor, const std::string& name) {
   if (fsync(descriptor) != 0) {
-    FailToWrite(destination, errno);
+    FailToWrite(name, errno);
   }
 }
 
@@ -219,16 +211,24 @@ bool RenameWithoutReplacing(const std::string& from, const std::string& to) {
 
 }  // namespace
 
+void FailToWrite(const std::string& name, int number) {
+  if (number == EACCES || number == EPERM || number == EROFS) {
+    throw Error(ErrorKind::kNoPermission, NoPermissionSentence(name));
+  }
+  throw Error(name + " cannot be written: " + std::strerror(number) + ".");
+}
+
 bool TemporaryFile::IsReserved(const std::string& path) {
   const std::string name = path.substr(path.rfind('/') + 1);
   return IsTemporaryName(name) || IsTemporaryName(WithoutCompanionEnding(name));
 }
 
-TemporaryFile::TemporaryFile(const std::string& destination) : fDestination(destination) {
+TemporaryFile::TemporaryFile(const std::string& destination, std::string name)
+    : fDestination(destination), fName(std::move(name)) {
   const std::string folder = FolderOf(destination);
   RemoveThoseLeftBehind(folder);
   const SignalsHeld held;  // until the handler of signals knows the file
-  MadeFile made = MakeFileIn(folder, destination);
+  MadeFile made = MakeFileIn(folder, destination, fName);
   fPath = std::move(made.path);
   fLock = std::move(made.descriptor);
   Exchange(nullptr, fPath.c_str());
@@ -266,9 +266,9 @@ std::optional<std::string> TemporaryFile::Replace() {
   if (stat(fDestination.c_str(), &replaced) == 0) {
     TakePermissions(fLock.Number(), replaced);
   }
-  SyncFile(fLock.Number(), fDestination);
+  SyncFile(fLock.Number(), fName);
   if (rename(fPath.c_str(), fDestination.c_str()) != 0) {
-    FailToWrite(fDestination, errno);
+    FailToWrite(fName, errno);
   }
   Release();
   return SyncFolder(fDestination);

@@ -8,13 +8,20 @@
 
 namespace standalone {
 
+/// Throws: the file cannot be written, for the reason that errno gave; an Error of kind kNoPermission where there is no
+/// permission.
+[[noreturn]] void FailToWrite(const std::string& name, int number);
+
 /// A new empty file in the folder of the path that it is meant for, with the permissions of a file made there, or fewer
 /// where the path names a file that gives fewer; removed again unless it is put in place. Files that programs which
 /// were killed left in that folder are removed as well: a lock tells those that are in use. Failures are Errors
 /// that name the path it is meant for, of kind kNoPermission where there is none to write.
 class TemporaryFile {
  public:
-  explicit TemporaryFile(const std::string& destination);
+  explicit TemporaryFile(const std::string& destination) : TemporaryFile(destination, destination) {}
+
+  /// `name` is what failures call the destination.
+  TemporaryFile(const std::string& destination, std::string name);
   TemporaryFile(const TemporaryFile&) = delete;
   TemporaryFile& operator=(const TemporaryFile&) = delete;
   ~TemporaryFile();
@@ -45,6 +52,7 @@ class TemporaryFile {
   void Release();
 
   std::string fDestination;
+  std::string fName;
   std::string fPath;  // empty once in place
   Descriptor fLock;   // keeps other programs from taking the file for one that was left behind
 };

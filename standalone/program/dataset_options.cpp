@@ -31,13 +31,16 @@ void AddDatasetArgument(CLI::App& app, std::string& path, const std::string& des
   app.add_option(name, path, description)->required()->type_name(kDatasetType);
 }
 
-void AddLockTimeoutOption(CLI::App& app, DatasetOptions& options) {
-  // Once, though several connections to one dataset may wait.
-  options.notify = [told = std::make_shared<std::set<std::string>>()](const std::string& sentence) {
+std::function<void(const std::string& sentence)> NoticesOnce() {
+  return [told = std::make_shared<std::set<std::string>>()](const std::string& sentence) {
     if (told->insert(sentence).second) {
       std::cerr << NoticeLine(sentence);
     }
   };
+}
+
+void AddLockTimeoutOption(CLI::App& app, DatasetOptions& options) {
+  options.notify = NoticesOnce();
   const auto set = [&options](const std::string& value) {
     options.lockTimeout = std::chrono::seconds(*WholeNumber(value));
   };

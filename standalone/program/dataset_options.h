@@ -12,6 +12,9 @@ namespace standalone {
 void AddDatasetArgument(CLI::App& app, std::string& path, const std::string& description = "Dataset file",
                         const std::string& name = "DATASET");
 
+/// Writes sentences to standard error, each of them once, though several connections to one dataset may wait.
+std::function<void(const std::string& sentence)> NoticesOnce();
+
 /// Adds --lock-timeout to a subcommand. What a user should know goes to standard error as it happens.
 void AddLockTimeoutOption(CLI::App& app, DatasetOptions& options);
 

@@ -1,11 +1,12 @@
 #include "standalone/program/delivery.h"
 
+#include <fmt/format.h>
 #include <signal.h>
 
 #include <atomic>
 #include <iostream>
 
-#include "standalone/files/output_file.h"
+#include "standalone/program/counted.h"
 #include "standalone/text/error.h"
 #include "standalone/text/notice.h"
 
@@ -24,6 +25,11 @@ void OutliveReader() {
   if (action.sa_handler != SIG_IGN) {
     signal(SIGPIPE, [](int) { isReaderGone = true; });
   }
+}
+
+std::string SentenceOfSaved(std::size_t count) {
+  return fmt::format("{} changed the dataset all the same, and that is saved; mrset log lists it.",
+                     Counted(count, "command"));
 }
 
 void SayAtEnd(const std::string& sentence) {

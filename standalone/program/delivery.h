@@ -11,6 +11,9 @@ namespace standalone {
 /// From now on a reader that goes away is an error as a full disk is, and ends this process only after that was told.
 void OutliveReader();
 
+/// On the changes of so many commands, whose results are lost.
+std::string SentenceOfSaved(std::size_t count);
+
 /// What is to be said of changes that stand once it was said why their results are lost; a sentence.
 void SayAtEnd(const std::string& sentence);
 

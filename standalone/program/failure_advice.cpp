@@ -12,6 +12,7 @@
 
 #include "standalone/data/dataset.h"
 #include "standalone/language/nearest_name.h"
+#include "standalone/text/error.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {

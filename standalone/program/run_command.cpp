@@ -180,12 +180,6 @@ void RunAndRender(const Job& job, const Target& target, Outcome& outcome) {
   renderer->Finish();
 }
 
-/// Of changes that stand although their results are lost.
-std::string SentenceOfSaved(std::size_t count) {
-  return fmt::format("{} changed the dataset all the same, and that is saved; mrset log lists it.",
-                     Counted(count, "command"));
-}
-
 void RunIntoFile(const Job& job, Outcome& outcome) {
   CheckOutputPath(job.options, *job.options.outputPath);
   OutputFile file(*job.options.outputPath, ComplaintOnReservedName);

@@ -65,7 +65,8 @@ std::vector<int> PositionsOf(const std::string& pattern, Dataset& dataset) {
 class DatasetActions : public ShellActions {
  public:
   DatasetActions(const ShellOptions& options, bool isAtTerminal)
-      : fOptions(options),
+      : fPath(options.datasetPath),
+        fDatasetOptions(options.datasetOptions),
         fIsAtTerminal(isAtTerminal),
         fSupervisor({options.datasetPath, false, options.datasetOptions}),
         fRenderer(MakeRenderer(Echo::kCommands)) {}
@@ -95,7 +96,8 @@ class DatasetActions : public ShellActions {
   void Take(ExitStatus status) { fStatus = std::max(fStatus, status); }
   void Complain(ExitStatus status, const std::exception& error);
 
-  const ShellOptions& fOptions;
+  const std::string& fPath;
+  DatasetOptions fDatasetOptions;
   bool fIsAtTerminal;
   Supervisor fSupervisor;
   std::unique_ptr<Renderer> fRenderer;
@@ -120,16 +122,19 @@ void DatasetActions::Run(const ScriptCommand& command) {
 /// Nothing goes on where nobody can see what it does.
 void DatasetActions::EnsureIsRead() {
   std::cout.flush();
-  if (fSaved > 0) {
-    EnsureToldOf(fmt::format("{} changed the dataset", Counted(fSaved, "command")));
-  } else if (!std::cout) {
-    throw Error(ErrorKind::kOutput, "Standard output cannot be written.");
+  if (std::cout) {
+    return;
   }
+  if (fSaved > 0) {
+    SayAtEnd(SentenceOfSaved(fSaved));
+  }
+  throw Error("Standard output cannot be written.");
 }
 
 void DatasetActions::Perform(const ShellCommand& command) {
   try {
     isInterruptRequested = false;
+    fDatasetOptions.notify = NoticesOnce();  // a wait is told again
     Take(Do(command));
   } catch (const Error& error) {
     if (error.Kind() == ErrorKind::kOutput) {
@@ -162,7 +167,7 @@ ExitStatus DatasetActions::Do(const ShellCommand& command) {
     default:
       break;
   }
-  Dataset dataset(fOptions.datasetPath, fOptions.datasetOptions);
+  Dataset dataset(fPath, fDatasetOptions);
   dataset.BeginCommand(false);
   if (command.rule->kind == ShellCommandKind::kVariables) {
     return ShowVariables(dataset, command.argument);
@@ -222,7 +227,7 @@ ExitStatus DatasetActions::Undo(const std::string& number) {
   if (!number.empty() && !to) {
     throw Error(ErrorKind::kUsage, fmt::format("{} is not a version number.", number));
   }
-  return UndoAndSay(fOptions.datasetPath, fOptions.datasetOptions, to);
+  return UndoAndSay(fPath, fDatasetOptions, to);
 }
 
 void DatasetActions::Complain(ExitStatus status, const std::exception& error) {

@@ -10,6 +10,8 @@
 #include <sstream>
 #include <streambuf>
 
+#include "standalone/text/error.h"
+
 namespace standalone {
 
 // The members of each type. The library finds these functions by their name and their first parameter.

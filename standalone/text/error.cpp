@@ -10,6 +10,10 @@ namespace standalone {
 Error::Error(ErrorKind kind, const std::string& sentence, std::string subject)
     : std::runtime_error(Visible(sentence)), fKind(kind), fSubject(std::move(subject)) {}
 
+std::string NoPermissionSentence(const std::string& name) {
+  return name + " cannot be written: there is no permission to write it or its folder.";
+}
+
 void RethrowUnless(const Error& error, ErrorKind kind) {
   if (error.Kind() != kind) {
     throw;

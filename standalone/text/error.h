@@ -38,6 +38,9 @@ class Error : public std::runtime_error {
   std::string fSubject;
 };
 
+/// The sentence on a file that may be readable and cannot be written for want of permission.
+std::string NoPermissionSentence(const std::string& name);
+
 /// In a handler: throws the error on unless it is of that kind.
 void RethrowUnless(const Error& error, ErrorKind kind);
 

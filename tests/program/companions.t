@@ -117,7 +117,16 @@ What is no file at all keeps nobody waiting.
   $ rm s.mrset-journal; mkdir s.mrset-journal; mrset sets s.mrset
   mrset: s.mrset-journal is not a regular file, so this program did not write it; move it away.
   [2]
-  $ rmdir s.mrset-journal
+  $ rmdir s.mrset-journal; ln -s nowhere s.mrset-journal; for list in sets variables log check; do mrset $list s.mrset; done
+  mrset: s.mrset-journal is not a regular file, so this program did not write it; move it away.
+  mrset: s.mrset-journal is not a regular file, so this program did not write it; move it away.
+  mrset: s.mrset-journal is not a regular file, so this program did not write it; move it away.
+  mrset: s.mrset-journal is not a regular file, so this program did not write it; move it away.
+  [2]
+  $ touch nowhere; mrset sets s.mrset; rm nowhere s.mrset-journal
+  mrset: s.mrset-journal is not a regular file, so this program did not write it; move it away.
+  $ ln -s nowhere s.mrset-wal; mrset sets s.mrset; rm s.mrset-wal
+  mrset: s.mrset-wal was not written by this program; finish what another program began, or move it away.
   $ mkfifo s.mrset-journal; timeout 10 mrset run s.mrset -c 'MRSET /MCGROUP NAME=$a VARIABLES=t1 t2'
   mrset: s.mrset-journal is not a regular file, so this program did not write it; move it away.
   [2]

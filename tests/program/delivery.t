@@ -51,7 +51,8 @@ Results that nobody gets: a full disk ...
 ... and in the shell.
 
   $ mrset run s.mrset -c 'MRSET /DELETE NAME=ALL' > /dev/null; mrset shell s.mrset < many.script > /dev/full
-  mrset: Standard output cannot be written; the change is made all the same: 1 command changed the dataset.
+  mrset: Standard output cannot be written.
+  mrset: 1 command changed the dataset all the same, and that is saved; mrset log lists it.
   [2]
   $ echo help | mrset shell s.mrset > /dev/full
   mrset: Standard output cannot be written.

@@ -37,6 +37,18 @@ A file that may not grow any more.
   out.txt
   s.mrset
 
+A shell goes on after a save that failed; once there is room the next one is whole.
+
+  $ mkfifo typed; (ulimit -S -f 100; exec mrset shell s.mrset < typed > shell.txt 2> error.txt) & shell=$!; exec 9> typed
+  $ cat many.script >&9; until [ -s error.txt ]; do sleep 0.05; done; prlimit --pid $shell --fsize=unlimited
+  $ for i in $(seq 100); do echo "MRSET /MCGROUP NAME=\$after$i LABEL='$label' VARIABLES=t1 t2."; done >&9; exec 9>&-; wait $shell
+  [2]
+  $ sort -u error.txt; test "$(answers < shell.txt)" = "$(sets s.mrset)"; grep -c 'NAME=$after' shell.txt; mrset check s.mrset
+  mrset: s.mrset cannot be read or written: File too large.
+  100
+  s.mrset is sound.
+  $ rm typed
+
 Two imports onto one path: one of them makes the dataset, whichever ends first, the other one says so.
 
   $ rm *.mrset *.txt && mkfifo pipe
@@ -108,5 +120,17 @@ Permission that is taken away while a script runs, from somebody who depends on 
   [2]
   $ by_somebody bin/mrset import --replace /dev/null s.mrset
   mrset: s.mrset cannot be written: there is no permission to write it or its folder.
+  [2]
+  $ by_somebody bin/mrset import long.script new.mrset
+  mrset: new.mrset cannot be written: there is no permission to write it or its folder.
+  [2]
+  $ chmod a+w "$place/s.mrset"; by_somebody bin/mrset import --replace /dev/null s.mrset
+  mrset: s.mrset cannot be written: there is no permission to write it or its folder.
+  [2]
+  $ by_somebody bin/mrset run s.mrset --output out.txt -c 'MRSET /DISPLAY NAME=ALL'
+  mrset: The output file out.txt cannot be written: there is no permission to write it or its folder.
+  [2]
+  $ mkfifo -m 0444 "$place/results"; by_somebody bin/mrset script s.mrset --output results
+  mrset: The output file results cannot be written: there is no permission to write it or its folder.
   [2]
   $ chmod u+w "$place" && rm -r "$place"

@@ -50,7 +50,7 @@ On media that cannot be written it is displayed, too.
   $b    Colours  Categories  N/A            String     First colour
                                                        t2
   $ in_place bin/mrset run data/s.mrset -c 'MRSET /DELETE NAME=[$b]'
-  mrset: data/s.mrset cannot be written: Permission denied.
+  mrset: data/s.mrset cannot be written: there is no permission to write it or its folder.
   [2]
   $ chmod u+w "$place/data" && rm -r "$place"
 

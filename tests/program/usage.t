@@ -369,6 +369,26 @@ Arguments that are missing, too many or of no use.
   mrset: --output: --dry-run looks like an option; a file of that name is ./--dry-run.
   mrset: x.mrset does not exist.
   [2]
+  $ for command in sets variables log check undo script shell; do mrset $command ''; done
+  mrset: The name of the dataset is empty.
+  mrset: The name of the dataset is empty.
+  mrset: The name of the dataset is empty.
+  mrset: The name of the dataset is empty.
+  mrset: The name of the dataset is empty.
+  mrset: The name of the dataset is empty.
+  mrset: The name of the dataset is empty.
+  [2]
+  $ echo a > a.csv; breakfast there.mrset
+  $ mrset run '' -c MRSET; mrset copy '' there.mrset; mrset copy there.mrset ''; mrset diff '' there.mrset; mrset diff there.mrset ''; mrset import a.csv ''; mrset import --replace a.csv ''
+  mrset: The name of the dataset is empty.
+  mrset: The name of the dataset is empty.
+  mrset: The name of the dataset is empty.
+  mrset: The name of the dataset is empty.
+  mrset: The name of the dataset is empty.
+  mrset: The name of the dataset is empty.
+  mrset: The name of the dataset is empty.
+  [2]
+  $ rm a.csv there.mrset
   $ mrset run x.mrset -c MRSET --output ''
   mrset: --output: the name of the file is empty; without --output the results go to standard output.
   Example:

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "standalone/text/error.h"
+
 namespace standalone {
 namespace {
 

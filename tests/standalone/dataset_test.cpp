@@ -1,6 +1,8 @@
 #include "standalone/data/dataset.h"
 
 #include <gmock/gmock.h>
+#include <signal.h>
+#include <sys/resource.h>
 
 #include <chrono>
 #include <future>
@@ -564,6 +566,27 @@ TEST_F(DatasetTest, ATruncatedOrGarbledFileIsReadOrRefused) {
   EXPECT_GT(refused, 100);
 }
 
+TEST_F(DatasetTest, NothingOfASaveThatFailedIsKept) {
+  MakeDataset(kFile);
+  Dataset dataset(kFile);
+  dataset.SaveSets({SetOf("$a"), SetOf("$b")}, kCommand);
+  std::vector<StoredSet> sets = dataset.Sets();
+  sets.insert(sets.begin() + 1, SetOf("$long", std::vector<std::string>(10000, "q1")));
+
+  signal(SIGXFSZ, SIG_IGN);
+  rlimit before{};
+  getrlimit(RLIMIT_FSIZE, &before);
+  const rlimit small{Read(kFile).size(), before.rlim_max};
+  setrlimit(RLIMIT_FSIZE, &small);
+  EXPECT_EQ(SentenceOf([&] { dataset.SaveSets(sets, kCommand); }),
+            "survey.mrs cannot be read or written: File too large.");
+  setrlimit(RLIMIT_FSIZE, &before);
+  EXPECT_THAT(NamesOf(dataset.Sets()), ElementsAre("$a", "$b"));
+  EXPECT_EQ(dataset.SaveSets(sets, kCommand), Dataset::Saved::kDone);
+  EXPECT_EQ(Dataset(kFile).Sets(), sets);
+  EXPECT_EQ(Dataset(kFile).Versions().last, 2);
+}
+
 TEST_F(DatasetTest, AFileWithoutPermissionToReadIsOneSentence) {
   MakeDataset(kFile);
   chmod(kFile, 0);
@@ -685,7 +708,7 @@ TEST_F(DatasetWriterTest, AFolderThatDoesNotExistIsOneSentence) {
 TEST_F(DatasetWriterTest, AFolderThatCannotBeWrittenIsOneSentence) {
   chmod(".", 0555);
   EXPECT_EQ(WithoutPrivileges([] { return SentenceOf([] { MakeDataset(kFile); }); }),
-            "survey.mrs cannot be written: Permission denied.");
+            "survey.mrs cannot be written: there is no permission to write it or its folder.");
 }
 
 TEST_F(DatasetWriterTest, ANewDatasetHasThePermissionsOfAnyNewFile) {

@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <string>
 
 #include "standalone/data/dataset.h"
@@ -89,6 +91,18 @@ TEST_F(SupervisorTest, RehearsesWhatADryRunHasComeTo) {
   const CommandResult result = dry.Run({"MRSET /DISPLAY NAME=ALL", 3});
   EXPECT_EQ(std::get<Table>(result.items.at(0)).rows.at(0).name, "$a");
   EXPECT_EQ(SetCount(), 0U);
+}
+
+TEST_F(SupervisorTest, KeepsNobodyFromSavingBetweenItsCommands) {
+  DatasetOptions patient;
+  patient.lockTimeout = std::chrono::seconds(10);  // the dry run may still be ending its command
+  for (const bool dryRun : {false, true}) {
+    Supervisor run(RunRequest{kFile, dryRun, {}});
+    run.Run({kDefine, 1});
+    Dataset other(kFile, patient);
+    EXPECT_NO_THROW(
+        other.SaveSets({{dryRun ? "$b" : "$c", SetType::kCategory, "", "", false, false, {"q1", "q2"}}}, "x"));
+  }
 }
 
 TEST_F(SupervisorTest, TakesCommandsOfAnySizeAndBytes) {

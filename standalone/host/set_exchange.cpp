@@ -40,13 +40,28 @@ StoredSet ToStored(const VariableSet& form) {
   return stored;
 }
 
+// The names in a form, without the copy of them that host/ gives out: that copy, of each set in each command, was what
+// took most of the time of a long script. An explicit instantiation may name what is private.
+using NamesInForm = std::vector<std::string> VariableSet::*;
+
+struct VariableNames {
+  friend NamesInForm Member(VariableNames names);
+};
+
+template <NamesInForm kMember>
+struct Opened {
+  friend NamesInForm Member(VariableNames /*names*/) { return kMember; }
+};
+
+template struct Opened<&VariableSet::fVariableNames>;
+
 /// As ToStored(form) == stored, but for the copies that would take.
 bool IsFormOf(const VariableSet& form, const StoredSet& stored) {
   return form.GetName(VariableSet::kAsStored) == stored.name && TypeOf(form) == stored.type &&
          form.GetLabel() == stored.label && form.GetValue() == stored.countedValue &&
          form.qLabelSetByVariable() == stored.labelFromVariable &&
          form.qUseVariableCategoryLabels() == stored.categoryLabelsFromCountedValue &&
-         form.GetVariableNames(VariableSet::kAsStored) == stored.variables;
+         form.*Member(VariableNames()) == stored.variables;
 }
 
 /// Finds the sets that stay. Most do so in their order; the others are looked up by their names.

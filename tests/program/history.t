@@ -42,6 +42,14 @@ What changes nothing is not listed; an order that changed is.
   $ TZ=UTC mrset log s.mrset | sed -n 1p | tr ' ' T | grep -cF "$(mrset log s.mrset --format json | grep -oE '[0-9]{4}-[-0-9T:]*' | head -1)"
   1
 
+Its time is UTC, whatever the zone of the machine.
+
+  $ cp s.mrset zones.mrset; before=$(date -u +%FT%TZ)
+  $ TZ=EARLY-9 mrset run zones.mrset -c 'MRSET /DELETE NAME=[$d]' > /dev/null; TZ=LATE+9 mrset run zones.mrset -c 'MRSET /DELETE NAME=[$e]' > /dev/null
+  $ after=$(date -u +%FT%TZ); mrset log zones.mrset --format json | grep -oE '"time":"[^"]*"' | head -2 | cut -d'"' -f4 | while read -r time; do [[ ! $time < $before && ! $time > $after ]] && echo 'in between'; done
+  in between
+  in between
+
 To undo is a change too.
 
   $ names s.mrset

@@ -100,7 +100,7 @@ the pipe here, while more than the pipe holds is still to come.
   $ mkfifo paused; : > input; count=0
   $ while_paused() {
   >   "$@" > paused < input & exec 7< paused; head -c 1 <&7 > /dev/null; count=$((count + 1))
-  >   mrset run w.mrset -c 'MRSET /MCGROUP NAME=$s'$count" VARIABLES=${name}1 ${name}2" --lock-timeout 0 | cut -d ' ' -f 1-4
+  >   mrset run w.mrset -c 'MRSET /MCGROUP NAME=$s'$count" VARIABLES=${name}1 ${name}2" --lock-timeout ${patience:-0} | cut -d ' ' -f 1-4
   >   test "$(wc -c <&7)" -gt 65536 || echo 'The pipe held all of it.'; exec 7<&-; wait
   > }
   $ for list in sets variables; do for format in text json markdown csv; do while_paused mrset $list w.mrset --format $format; done; done
@@ -120,6 +120,30 @@ the pipe here, while more than the pipe holds is still to come.
   1> MRSET /MCGROUP NAME=$s11
   1> MRSET /MCGROUP NAME=$s12
   1> MRSET /MCGROUP NAME=$s13
+
+Nor for one of the log, which reads one change after the other, or of a dry run, which keeps no transaction from one
+command to the next. These are still reading when their first byte comes, but not for long.
+
+  $ label=$(printf '%0200d' 0); for i in $(seq 800); do echo "MRSET /MCGROUP NAME=\$s1 LABEL='$label$i' VARIABLES=${name}1 ${name}2."; done > long.script
+  $ mrset run w.mrset long.script --relaxed > /dev/null
+  $ patience=20; for format in text json; do while_paused mrset log w.mrset --format $format; done; echo log > input; while_paused mrset shell w.mrset
+  1> MRSET /MCGROUP NAME=$s14
+  1> MRSET /MCGROUP NAME=$s15
+  1> MRSET /MCGROUP NAME=$s16
+  $ for i in 1 2 3; do echo "MRSET /MCGROUP NAME=\$dry VARIABLES=${name}1 ${name}2 LABEL='$i' /DISPLAY NAME=ALL."; done > dry.script
+  $ mrset run w.mrset dry.script --dry-run > paused & exec 7< paused; head -c 1 <&7 > /dev/null
+  $ mrset run w.mrset -c "MRSET /MCGROUP NAME=\$s17 VARIABLES=${name}1 ${name}2" --lock-timeout 20 | cut -d ' ' -f 1-4
+  1> MRSET /MCGROUP NAME=$s17
+  $ test "$(wc -c <&7)" -gt 262144 || echo 'The pipes held all of it.'; exec 7<&-; wait
+
+A wait in a later command is told again.
+
+  $ mrset run w.mrset -c 'MRSET /DISPLAY NAME=ALL' > /dev/null; cp s.mrset kept.mrset; cp w.mrset s.mrset
+  $ { echo "MRSET /MCGROUP NAME=\$x VARIABLES=${name}1 ${name}2."; cat input input input | sed 's,log,MRSET /DISPLAY NAME=ALL.,'; echo "MRSET /MCGROUP NAME=\$y VARIABLES=${name}1 ${name}2."; } > waits.script
+  $ hold IMMEDIATE 2; mrset run s.mrset waits.script > paused 2> err & exec 7< paused; head -c 1 <&7 > /dev/null
+  $ hold IMMEDIATE 3; cat <&7 > /dev/null; exec 7<&-; wait; cat err; mv kept.mrset s.mrset
+  mrset: waiting for s.mrset, which another process has locked.
+  mrset: waiting for s.mrset, which another process has locked.
 
 What is no time:
 

@@ -285,6 +285,18 @@ class History(ShellTest):
         mode = os.stat(self.path("state/mrset/history")).st_mode
         self.assertEqual(stat.S_IMODE(mode), 0o600)
 
+    def test_has_an_entry_before_its_command_runs(self):
+        terminal = self.shell()
+        for count, command in enumerate((DEFINE + ".", "sets"), 1):
+            other = sqlite3.connect(self.dataset, isolation_level=None)
+            other.execute("BEGIN EXCLUSIVE")
+            terminal.enter(command)
+            terminal.wait(lambda: terminal.text().count("waiting for s.mrset") == count)
+            with open(self.path("state/mrset/history"), encoding="utf-8") as file:
+                self.assertEqual(file.read().splitlines()[-1], command)
+            other.close()
+            terminal.wait_for_input(PROMPT)
+
     def test_runs_an_entry_of_several_lines_again(self):
         terminal = self.shell()
         terminal.type("MRSET" + ENTER + "/DISPLAY NAME=ALL." + ENTER)

@@ -89,6 +89,18 @@ TEST_F(CodebookTest, WhatIsNoTableSchemaIsOneSentence) {
   EXPECT_EQ(SentenceOfText(std::string(1000000, '[')), "codebook.json is nested deeper than 64 levels.");
 }
 
+TEST_F(CodebookTest, BracketsNestOutsideOfStringsOnly) {
+  const std::string open(100, '[');
+  for (const char* begin : {R"(a)", R"(a\")", R"(a\\\")", R"(\"\")"}) {
+    EXPECT_TRUE(FieldOf(R"({"name": "q", "title": ")" + std::string(begin) + open + "\"}").title) << begin;
+  }
+  for (const char* string : {R"("a")", R"("a\"")", R"("a\\")", R"("\"\\")"}) {
+    EXPECT_EQ(SentenceOfField("{\"title\": " + std::string(string) + ", \"x\": " + open),
+              "codebook.json is nested deeper than 64 levels.")
+        << string;
+  }
+}
+
 TEST_F(CodebookTest, ABadFieldIsOneSentenceThatNamesIt) {
   const std::pair<const char*, const char*> rows[] = {
       {"1", "codebook.json, field 1: it is not a JSON object."},

@@ -1,7 +1,9 @@
 #include "standalone/import/csv.h"
 
 #include <gmock/gmock.h>
+#include <unistd.h>
 
+#include <array>
 #include <thread>
 
 #include "standalone/import/importer.h"
@@ -12,11 +14,12 @@ namespace {
 
 constexpr const char* kFile = "survey.csv";
 
-// Each row as "line:cell|cell"; an error as its sentence.
-std::vector<std::string> RowsOfFile(const std::string& path) {
+// Each row as "line:cell|cell"; an error as its sentence. `source` is a path, or a name and a descriptor.
+template <typename... Source>
+std::vector<std::string> RowsOfFile(const Source&... source) {
   std::vector<std::string> rows;
   try {
-    InputFile file(path);
+    InputFile file(source...);
     CsvReader reader(file);
     std::string header = "h:";
     for (const std::string& cell : reader.Header()) {
@@ -57,6 +60,8 @@ TEST_F(CsvTest, RowsAreReadAsRfc4180HasIt) {
   Check({{"a,b\n1,2\n", {"h:a|b|", "2:1|2|"}},
          {"a,b\r\n1,2\r\n3,4\r\n", {"h:a|b|", "2:1|2|", "3:3|4|"}},
          {"a,b\r1,2\r3,4", {"h:a|b|", "2:1|2|", "3:3|4|"}},
+         {"a,b\r1,2\n3,4\r5,6\n", {"h:a|b|", "2:1|2|", "3:3|4|", "4:5|6|"}},
+         {"a,b\r1,2\n\n3,4", {"h:a|b|", "2:1|2|", "4:3|4|"}},
          {"a,b\n1,2", {"h:a|b|", "2:1|2|"}},
          {"a,b\n1,\n", {"h:a|b|", "2:1||"}},
          {"a,b\n,", {"h:a|b|", "2:||"}},
@@ -135,16 +140,20 @@ TEST_F(CsvTest, RowsMayLieAcrossWhatIsReadAtOnce) {
 
 TEST_F(CsvTest, APipeMayGiveByteAfterByte) {
   const std::string csv = "\xEF\xBB\xBF\"a\",b\r\n1,\"x\r\n\"\r\n\xE2\x82\xAC,\r\n";
-  ASSERT_EQ(mkfifo(kFile, 0600), 0);
-  std::thread writer([&csv] {
-    std::ofstream pipe(kFile);
+  std::array<int, 2> ends{};
+  ASSERT_EQ(pipe(ends.data()), 0);
+  std::thread writer([&csv, end = ends[1]] {
     for (const char byte : csv) {
-      pipe.put(byte).flush();
+      EXPECT_EQ(write(end, &byte, 1), 1);
       std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
+    close(end);
   });
-  EXPECT_THAT(RowsOfFile(kFile), ::testing::ElementsAre("h:a|b|", "2:1|x\r\n|", "4:\xE2\x82\xAC||"));
+  // This end stays open: whoever gives up reading must not end the writer, and all tests with it.
+  EXPECT_THAT(RowsOfFile("survey.csv", dup(ends[0])),
+              ::testing::ElementsAre("h:a|b|", "2:1|x\r\n|", "4:\xE2\x82\xAC||"));
   writer.join();
+  close(ends[0]);
 }
 
 TEST_F(CsvTest, ARowBeyondTheLimitIsRefused) {

@@ -106,6 +106,32 @@ TEST_F(ImporterTest, AHeaderWithoutRowsIsADatasetWithoutCases) {
   EXPECT_THAT(Variables(), ElementsAre("a:1", "b:1"));
 }
 
+TEST_F(ImporterTest, AFileThatChangesBetweenTheTwoReadingsIsRefused) {
+  Write(kData, "a,b\n1,2\n");
+  ImportRequest request{kData, std::nullopt, kDataset, false};
+  request.progress = [](const ImportProgress& now) {
+    if (now.isForTypes) {
+      Write(kData, "a,c\n1,2\n");
+    }
+  };
+  EXPECT_EQ(SentenceOf([&] { ImportSurvey(request); }), "survey.csv changed while it was read.");
+  EXPECT_FALSE(std::filesystem::exists(kDataset));
+}
+
+TEST_F(ImporterTest, AFileThatTakesThePlaceOfTheOneThatIsReadIsNotRead) {
+  Write(kData, "a,b\n1,2\n");
+  ImportRequest request{kData, std::nullopt, kDataset, false};
+  request.progress = [](const ImportProgress& now) {
+    if (now.isForTypes) {
+      Write("other.csv", "c\nx\n");
+      std::filesystem::rename("other.csv", kData);
+    }
+  };
+  ImportSurvey(request);
+  EXPECT_THAT(Variables(), ElementsAre("a:0", "b:0"));
+  EXPECT_THAT(Cases(), ElementsAre("[1,2]"));
+}
+
 TEST_F(ImporterTest, APipeIsReadWithAndWithoutACodebook) {
   std::string csv = "a,b\n";
   for (int row = 0; row < 50000; ++row) {

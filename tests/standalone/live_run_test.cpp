@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <string>
 
 #include "standalone/run/command_channel.h"
@@ -90,6 +92,17 @@ TEST_F(LiveRunTest, RehearsesWhatADryRunHasComeTo) {
   EXPECT_EQ(SetCount(), 0U);
 }
 
+TEST_F(LiveRunTest, KeepsNobodyFromSavingBetweenItsCommands) {
+  DatasetOptions patient;
+  patient.lockTimeout = std::chrono::seconds(10);  // the dry run may still be ending its command
+  for (const bool dryRun : {false, true}) {
+    LiveRun run(RunRequest{kFile, {}, dryRun, false, {}});
+    run.Run({kDefine, 1});
+    Dataset other(kFile, patient);
+    EXPECT_NO_THROW(other.SaveSets({{dryRun ? "$b" : "$c", SetType::kCategory, "", "", false, false, {"q1", "q2"}}}, "x"));
+  }
+}
+
 TEST_F(LiveRunTest, TakesCommandsOfAnySizeAndBytes) {
   Run(kDefine);
   const std::string long_ = "MRSET /MCGROUP NAME=$long VARIABLES=q1 q2 /* " + std::string(5000000, 'x');
@@ -118,9 +131,13 @@ TEST(CommandChannel, TakesEveryMember) {
 }
 
 TEST(CommandChannel, IsHarmlessWhereNobodyReceives) {
-  CommandChannel channel;
-  channel.EndReceiving();
-  channel.Send({std::string(1000000, 'x'), 1});
+  const auto send = [] {
+    CommandChannel channel;
+    channel.EndReceiving();
+    channel.Send({std::string(1000000, 'x'), 1});
+    std::exit(EXIT_SUCCESS);
+  };
+  EXPECT_EXIT(send(), ::testing::ExitedWithCode(EXIT_SUCCESS), "");
 }
 
 }  // namespace

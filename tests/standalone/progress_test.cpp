@@ -132,10 +132,15 @@ TEST(Progress, OfShortWorkIsNotShown) {
 }
 
 TEST(Progress, WithoutAScreenDoesNothing) {
-  Progress progress(std::nullopt);
-  progress.Begin({"A", "x"});
-  progress.Update(1);
-  progress.Clear();
+  testing::internal::CaptureStdout();
+  testing::internal::CaptureStderr();
+  {
+    Progress progress(std::nullopt);
+    progress.Begin({"A", "x"});
+    progress.Update(1);
+    progress.Clear();
+  }
+  EXPECT_EQ(testing::internal::GetCapturedStdout() + testing::internal::GetCapturedStderr(), "");
 }
 
 }  // namespace

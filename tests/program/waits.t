@@ -10,7 +10,7 @@ waits until N waits were told.
   $ hold() { rm -f held; sqlite3 s.mrset < orders > /dev/null 7>&- & holder=$!; exec 8> orders; printf '%s\n' '.timeout 10000' "BEGIN $1; SELECT count(*) FROM meta;" '.shell touch held' >&8; until [ -e held ]; do sleep 0.02; done; }
   $ release() { printf '%s\n' "$1" 'COMMIT;' >&8; exec 8>&-; wait $holder; }
   $ soon() { for try in $(seq 200); do "$@" && return; sleep 0.05; done; echo "Not so: $*"; }
-  $ told() { soon eval "[ \$(grep -c waiting err) -ge $1 ]"; }
+  $ told() { soon eval "[ \$(cat err 2> /dev/null | grep -c waiting) -ge $1 ]"; }
 
 A command that is overtaken by another process is run again. The error of the try that was given up is forgotten: it is
 not shown, does not stop the run and does not count. The module of this test reports one where q1 is numeric.

@@ -151,8 +151,8 @@ std::int64_t Checker::CountOf(std::string_view sqlOfKeys) {
   return count;
 }
 
-// What is wrong with the pages comes first, in one row: a line on each page, below a heading. The rows of all tables would be read next, which never
-// ends where pages are shared.
+// What is wrong with the pages comes first, in one row: a heading, and a line for each fault. The rows of all tables
+// would be read next, which never ends where pages are shared.
 void Checker::Integrity() {
   constexpr std::string_view kBeginningOfPages = "***";
   Query rows(fDatabase, "PRAGMA integrity_check");

@@ -6,8 +6,8 @@
 
 namespace standalone {
 
-/// Throws a DatasetError on a file that cannot be written for the reason that errno gave; a ReadOnlyError where there is
-/// no permission.
+/// Throws a DatasetError: the file cannot be written, for the reason that errno gave. A ReadOnlyError where there is no
+/// permission.
 [[noreturn]] void FailToWrite(const std::string& name, int number);
 
 /// A new empty file in the folder of the path that it is meant for, with the permissions of a file made there, or fewer

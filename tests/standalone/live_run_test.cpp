@@ -99,7 +99,8 @@ TEST_F(LiveRunTest, KeepsNobodyFromSavingBetweenItsCommands) {
     LiveRun run(RunRequest{kFile, {}, dryRun, false, {}});
     run.Run({kDefine, 1});
     Dataset other(kFile, patient);
-    EXPECT_NO_THROW(other.SaveSets({{dryRun ? "$b" : "$c", SetType::kCategory, "", "", false, false, {"q1", "q2"}}}, "x"));
+    EXPECT_NO_THROW(
+        other.SaveSets({{dryRun ? "$b" : "$c", SetType::kCategory, "", "", false, false, {"q1", "q2"}}}, "x"));
   }
 }
 

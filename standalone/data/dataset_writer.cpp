@@ -14,6 +14,7 @@
 #include "standalone/data/database.h"
 #include "standalone/data/dataset.h"
 #include "standalone/data/folder.h"
+#include "standalone/data/import_log.h"
 #include "standalone/data/migration.h"
 #include "standalone/data/schema.h"
 #include "standalone/data/temporary_file.h"
@@ -105,6 +106,7 @@ void ReplaceContents(const std::string& path, const std::string& newContents, co
       "INSERT INTO main.cases SELECT * FROM new.cases;"
       "UPDATE main.meta SET generation = generation + 1, (variable_count, case_count) ="
       " (SELECT variable_count, case_count FROM new.meta) WHERE id = 1");
+  AddReplacingImport(*database);
   Tell(options, CommitGeneration(*database, generation));
   Tell(options, migrated);
 }
@@ -119,6 +121,7 @@ class DatasetWriter::Implementation {
 
   void SetVariables(const std::vector<Variable>& variables);
   void AddCase(const std::vector<std::string_view>& cells);
+  void SetCommand(const std::string& command) { fCommand = command; }
   void Commit();
 
  private:
@@ -139,6 +142,7 @@ class DatasetWriter::Implementation {
   std::vector<Column> fColumns;
   std::int64_t fCaseCount = 0;
   std::string fCells;
+  std::string fCommand;
 };
 
 DatasetWriter::Implementation::Implementation(const std::string& path, bool replace, const DatasetOptions& options)
@@ -194,6 +198,9 @@ void DatasetWriter::Implementation::FinishFile() {
       .Bind(static_cast<std::int64_t>(fColumns.size()))
       .Bind(fCaseCount)
       .Run();
+  if (!fCommand.empty()) {
+    AddFirstImport(*fDatabase, fCommand, static_cast<std::int64_t>(fColumns.size()), fCaseCount);
+  }
   fDatabase->Execute("COMMIT");
   fDatabase.reset();
 }
@@ -221,6 +228,10 @@ void DatasetWriter::SetVariables(const std::vector<Variable>& variables) {
 
 void DatasetWriter::AddCase(const std::vector<std::string_view>& cells) {
   fImplementation->AddCase(cells);
+}
+
+void DatasetWriter::SetCommand(const std::string& command) {
+  fImplementation->SetCommand(command);
 }
 
 void DatasetWriter::Commit() {

@@ -470,8 +470,8 @@ class Commands(ShellTest):
             ("undo", "mrset: s.mrset keeps no change; there is nothing to undo."),
             (DEFINE + ".", PROMPT + DEFINE + "."),
             ("log", "defined $new"),
-            ("undo.", "Change 1 was undone"),
-            ("undo x", "mrset: x is no number of a version."),
+            ("undo.", "Undone: change 1, which defined $new."),
+            ("undo x", "mrset: x is not the number of a version."),
         ):
             terminal.enter(command)
             terminal.wait_for(shown)
@@ -595,7 +595,7 @@ class Recording(ShellTest):
         terminal.wait_for("Elementary Variables")
         terminal.wait_for_input(PROMPT)
         terminal.enter("undo")
-        terminal.wait_for("was undone")
+        terminal.wait_for("Undone: ")
         terminal.wait_for_input(PROMPT)
         terminal.enter("quit")
         self.assert_ends(terminal)

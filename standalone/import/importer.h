@@ -7,6 +7,7 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "standalone/data/dataset.h"
 #include "standalone/text/visible.h"
@@ -36,9 +37,19 @@ struct ImportRequest {
   std::function<void(const ImportProgress&)> progress = {};  ///< called for each case; may be empty
 };
 
+/// A column that became a string for the sake of few cells that are not numbers.
+struct NearlyNumericColumn {
+  std::string name;
+  std::size_t notNumbers = 0;
+  std::size_t cells = 0;  ///< that are not missing
+  std::size_t line = 0;   ///< of the first that is not a number
+  std::string text;       ///< and its beginning
+};
+
 struct ImportSummary {
   std::size_t variables = 0;
   std::size_t cases = 0;
+  std::vector<NearlyNumericColumn> nearlyNumeric;
 };
 
 /// Reads a survey into a dataset file. Throws ImportError or DatasetError; then every file is as it was.

@@ -24,6 +24,7 @@ A file whose pages are children again and again: a scan of all would never end. 
   display: 0
   define: 0
   replace: 0
+  mrset: The set $b has the variable q3, which no longer exists.
   check: 1
   The header cannot be read to the end.
   x.mrset: 2 findings.
@@ -111,6 +112,7 @@ A file whose pages are children again and again: a scan of all would never end. 
   display: 0
   define: 0
   replace: 0
+  mrset: The set $b has the variable q3, which no longer exists.
   check: 1
   x.mrset: 1 finding.
 
@@ -166,6 +168,7 @@ A file whose pages are children again and again: a scan of all would never end. 
   display: 0
   define: 0
   replace: 0
+  mrset: The set $b has the variable q3, which no longer exists.
   check: 1
   The history cannot be read to the end.
   x.mrset: 2 findings.
@@ -181,6 +184,7 @@ A file whose pages are children again and again: a scan of all would never end. 
   display: 0
   define: 0
   replace: 0
+  mrset: The set $b has the variable q3, which no longer exists.
   check: 1
   The history cannot be read to the end.
   x.mrset: 2 findings.

@@ -37,6 +37,7 @@ struct ToEventJson {
   Json operator()(const CommandSaves&) const { return {{"saves", true}}; }
   Json operator()(const CommandDone& event) const { return {{"done", {event.command, event.hasSaved}}}; }
   Json operator()(const HintGiven& event) const { return {{"hint", event.hint}}; }
+  Json operator()(const DryRunTold& event) const { return {{"dryRun", event.sentence}}; }
   Json operator()(const RunFailed& event) const { return {{"failed", event.sentence}}; }
   Json operator()(const Noticed& event) const { return {{"noticed", event.sentence}}; }
 };
@@ -84,6 +85,9 @@ Event EventFromLine(const std::string& line) {
   }
   if (kind == "hint") {
     return HintGiven{value};
+  }
+  if (kind == "dryRun") {
+    return DryRunTold{value};
   }
   return RunFailed{value};
 }

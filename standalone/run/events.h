@@ -24,6 +24,11 @@ struct HintGiven {
   std::string hint;
 };
 
+/// What the command would change, as a sentence.
+struct DryRunTold {
+  std::string sentence;
+};
+
 /// The command begins anew: what it has told so far does not count.
 struct CommandRestarted {};
 
@@ -47,7 +52,7 @@ struct Noticed {
 };
 
 using Event = std::variant<ProcedureOpened, ItemIssued, CommandRestarted, CommandSaves, CommandDone, RunFailed, Noticed,
-                           HintGiven>;
+                           HintGiven, DryRunTold>;
 
 /// An event as one line, without its line end, and back.
 std::string ToLine(const Event& event);

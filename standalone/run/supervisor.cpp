@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "standalone/data/interrupt.h"
+#include "standalone/run/abort_hint.h"
 #include "standalone/run/command_channel.h"
 #include "standalone/run/command_runner.h"
 #include "standalone/run/worker.h"
@@ -165,6 +166,8 @@ class Supervisor {
       result.items.push_back(issued->item);
     } else if (const auto* given = std::get_if<HintGiven>(&event)) {
       result.hints.push_back(given->hint);
+    } else if (const auto* told = std::get_if<DryRunTold>(&event)) {
+      result.dryRun = told->sentence;
     } else if (const auto* failed = std::get_if<RunFailed>(&event)) {
       throw RunError(failed->sentence);
     }
@@ -195,6 +198,9 @@ class Supervisor {
     fAborted.insert(index);
     result.status = Status::kAborted;
     result.items.emplace_back(Message{Level::kFatal, ended->LastWords()});
+    if (const std::optional<std::string> hint = HintOnAbort(result.text)) {
+      result.hints.push_back(*hint);
+    }
     return result;
   }
 

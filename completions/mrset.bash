@@ -7,9 +7,11 @@ _mrset_options() {
   case $1 in
     '') echo '--help -h --version' && return ;;
     import) echo --schema --replace ;;
-    run) echo --command -c --format --color --output --dry-run --stop-on-error --relaxed ;;
-    sets | variables) echo --format --color ;;
-    log | diff) echo --format ;;
+    run) echo --command -c --format --color --width --output --dry-run --stop-on-error --relaxed ;;
+    sets | variables) echo --format --color --width ;;
+    log) echo --format --width ;;
+    shell) echo --width ;;
+    diff) echo --format ;;
     undo) echo --to ;;
     script) echo --output --delete-all ;;
     copy) echo --skip-incomplete --dry-run ;;
@@ -88,7 +90,7 @@ _mrset_value() {
     --color) _mrset_words auto always never ;;
     --schema) _mrset_files '*.json' ;;
     --output) _mrset_files '*' ;;
-    --to | --lock-timeout | -c | --command) ;;
+    --to | --width | --lock-timeout | -c | --command) ;;
     *) return 1 ;;
   esac
 }
@@ -111,7 +113,7 @@ _mrset_read_operands() {
   operands=()
   for ((index = 2; index < ${#words[@]}; index++)); do
     case ${words[index]} in
-      --format | --color | --schema | --output | --to | --lock-timeout | -c | --command) ((++index)) ;;
+      --format | --color | --width | --schema | --output | --to | --lock-timeout | -c | --command) ((++index)) ;;
       -?*) ;;
       *) operands+=("${words[index]}") ;;
     esac

@@ -9,6 +9,7 @@
 #include <iostream>
 #include <iterator>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -29,7 +30,6 @@
 #include "standalone/run/supervisor.h"
 #include "standalone/shell/dataset_completion_source.h"
 #include "standalone/shell/help.h"
-#include "standalone/shell/name_pattern.h"
 #include "standalone/shell/piped_input.h"
 #include "standalone/shell/shell.h"
 #include "standalone/shell/terminal_input.h"
@@ -44,6 +44,7 @@ constexpr std::size_t kMostListed = 1000;
 
 struct ShellOptions {
   std::string datasetPath;
+  std::optional<std::size_t> width;
   DatasetOptions datasetOptions;
 };
 
@@ -53,20 +54,6 @@ class MisuseError : public std::runtime_error {
   /// What was typed may hold any character, and what() would end at a NUL: the sentence is made visible.
   explicit MisuseError(const std::string& sentence) : std::runtime_error(Visible(sentence)) {}
 };
-
-/// The positions, in dictionary order, of the variables that the pattern stands for; one more than kMostListed at most.
-std::vector<int> PositionsOf(const std::string& pattern, Dataset& dataset) {
-  const NamePattern names(pattern);
-  std::vector<int> positions;
-  dataset.VisitVariables(names.Beginning(), 0, [&](int position, const std::string& name) {
-    if (names.Matches(name)) {
-      positions.push_back(position);
-    }
-    return positions.size() <= kMostListed;
-  });
-  std::sort(positions.begin(), positions.end());
-  return positions;
-}
 
 /// Does what a shell's commands say. Each opens the dataset as it is then; none stays open, since the process forks.
 class DatasetActions : public ShellActions {
@@ -85,9 +72,10 @@ class DatasetActions : public ShellActions {
   ExitStatus Finish();
 
  private:
-  static Colour OutputColour() { return ChosenColour({"text", "auto"}, OutputIsTerminal()); }
-  static std::unique_ptr<Renderer> MakeRenderer(Echo echo) {
-    return MakeTextRenderer(std::cout, OutputWidth(), OutputColour(), echo);
+  static Colour OutputColour() { return ChosenColour({"text", "auto", std::nullopt}, OutputIsTerminal()); }
+  std::size_t Width() const { return fOptions.width.value_or(OutputWidth()); }
+  std::unique_ptr<Renderer> MakeRenderer(Echo echo) const {
+    return MakeTextRenderer(std::cout, Width(), OutputColour(), echo);
   }
 
   ExitStatus Do(const ShellCommand& command);
@@ -176,7 +164,7 @@ ExitStatus DatasetActions::Do(const ShellCommand& command) {
   if (command.rule->kind == ShellCommandKind::kSets) {
     return ShowSets(dataset);
   }
-  WriteLog(dataset);
+  WriteLog(dataset, Width());
   return kSuccess;
 }
 
@@ -198,14 +186,14 @@ ExitStatus DatasetActions::ShowSets(Dataset& dataset) {
   }
   Table table = SetsHeading();
   std::transform(sets.begin(), sets.end(), std::back_inserter(table.rows), SetRow);
-  MakeTextTableWriter(std::cout, OutputWidth(), OutputColour())->Write(table);
+  MakeTextTableWriter(std::cout, Width(), OutputColour())->Write(table);
   return kSuccess;
 }
 
 ExitStatus DatasetActions::ShowVariables(Dataset& dataset, const std::string& pattern) {
-  std::vector<int> positions = PositionsOf(pattern, dataset);
+  std::vector<int> positions = PositionsOf(pattern, dataset, kMostListed + 1);
   if (positions.empty()) {
-    throw MisuseError(fmt::format("The dataset has no variable {}.", pattern));
+    throw MisuseError(NoSuchVariable(pattern));
   }
   const bool isCut = positions.size() > kMostListed;
   positions.resize(std::min(positions.size(), kMostListed));
@@ -215,7 +203,7 @@ ExitStatus DatasetActions::ShowVariables(Dataset& dataset, const std::string& pa
   }
   const auto count = static_cast<std::size_t>(dataset.VariableCount());
   dataset.EndCommand();
-  MakeTextTableWriter(std::cout, OutputWidth(), OutputColour())->Write(table);
+  MakeTextTableWriter(std::cout, Width(), OutputColour())->Write(table);
   if (isCut) {
     std::cout << fmt::format("These are {} of the dataset's {}; a pattern such as q* shows fewer.\n", kMostListed,
                              Counted(count, "variable"));
@@ -226,7 +214,7 @@ ExitStatus DatasetActions::ShowVariables(Dataset& dataset, const std::string& pa
 ExitStatus DatasetActions::Undo(const std::string& number) {
   const std::optional<std::int64_t> to = WholeNumber(number);
   if (!number.empty() && !to) {
-    throw MisuseError(fmt::format("{} is no number of a version.", number));
+    throw MisuseError(fmt::format("{} is not the number of a version.", number));
   }
   return UndoAndSay(fOptions.datasetPath, fOptions.datasetOptions, to);
 }
@@ -260,6 +248,7 @@ ExitStatus RunShell(const ShellOptions& options) {
 Action DeclareShell(CLI::App& app) {
   const auto options = std::make_shared<ShellOptions>();
   AddDatasetArgument(app, options->datasetPath);
+  AddWidthOption(app, options->width);
   AddLockTimeoutOption(app, options->datasetOptions);
   app.footer(
       "At a terminal: Tab completes, Ctrl-R searches the history, help says more.\n"

@@ -122,6 +122,11 @@ std::string SentenceOnOption(const CLI::ParseError& error) {
   if (text.find(": At Most 1 required") != std::string_view::npos) {
     return option + " can be given once only.";
   }
+  constexpr std::string_view kExcludes = " excludes ";
+  if (const std::size_t found = text.find(kExcludes); found != std::string_view::npos) {
+    return fmt::format("{} and {} cannot be given together.", text.substr(0, found),
+                       text.substr(found + kExcludes.size()));
+  }
   return std::string(text) + ".";
 }
 

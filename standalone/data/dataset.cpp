@@ -14,6 +14,7 @@
 #include "standalone/data/counters.h"
 #include "standalone/data/database.h"
 #include "standalone/data/history.h"
+#include "standalone/data/import_log.h"
 #include "standalone/data/interrupt.h"
 #include "standalone/data/migration.h"
 #include "standalone/data/ordered_keys.h"
@@ -128,16 +129,18 @@ class Dataset::Implementation {
   std::uint64_t Epoch();
 
   VersionRange Versions();
+  std::vector<LoggedImport> Imports();
   std::vector<StoredSet> SetsOfVersion(std::int64_t version);
   void ForEachChange(const std::function<void(const Change&)>& handOver);
 
  private:
   void ForgetWhatWasRead();
   bool HasHistory();
-  Saved SaveOrder(const SetList& sets, const std::string& command);
+  Saved SaveOrder(const SetList& sets);
   void EndSaveOfOrder();
-  Saved Write(const SetList& sets, const std::string& command);
-  void WriteLocked(const SetList& sets, const std::string& command);
+  Saved Write(const SetList& sets, const std::string* command);
+  void WriteLocked(const SetList& sets, const std::string* command);
+  void Record(const SetEdits& edits, const std::string* command);
 
   std::string fPath;
   DatasetOptions fOptions;
@@ -186,10 +189,10 @@ Dataset::Saved Dataset::Implementation::Save(const SetList& sets, const std::str
     return Saved::kUnchanged;
   }
   if (SameButForOrder(stored, sets)) {
-    return SaveOrder(sets, command);
+    return SaveOrder(sets);
   }
   try {
-    const Saved saved = Write(sets, command);
+    const Saved saved = Write(sets, &command);
     End();
     return saved;
   } catch (...) {
@@ -199,13 +202,13 @@ Dataset::Saved Dataset::Implementation::Save(const SetList& sets, const std::str
 }
 
 // Whoever displays sets asked for no change: what keeps their order from being written is no concern of theirs.
-Dataset::Saved Dataset::Implementation::SaveOrder(const SetList& sets, const std::string& command) {
+Dataset::Saved Dataset::Implementation::SaveOrder(const SetList& sets) {
   const bool mayWait = fExclusive;
   try {
     fDatabase->SetLockTimeout(mayWait ? fOptions.lockTimeout : std::chrono::milliseconds(0), fOptions.notify);
-    const Saved saved = HasHistory() ? Write(sets, command) : Saved::kUnchanged;
+    const Saved saved = HasHistory() ? Write(sets, nullptr) : Saved::kUnchanged;
     EndSaveOfOrder();
-    return saved == Saved::kConflict ? Saved::kUnchanged : saved;
+    return saved == Saved::kDone ? Saved::kReordered : Saved::kUnchanged;
   } catch (const Error& error) {
     EndSaveOfOrder();
     if (mayWait && error.Kind() != ErrorKind::kNoPermission) {
@@ -220,9 +223,9 @@ void Dataset::Implementation::EndSaveOfOrder() {
   fDatabase->SetLockTimeout(fOptions.lockTimeout, fOptions.notify);
 }
 
-// A transaction that has read cannot wait for the right to write while another one waits for it to finish reading; so
-// it ends, and the next one checks that nothing was written in between.
-Dataset::Saved Dataset::Implementation::Write(const SetList& sets, const std::string& command) {
+// Without a command only the order changes. A transaction that has read cannot wait for the right to write while
+// another one waits for it to finish reading; so it ends, and the next one checks that nothing was written in between.
+Dataset::Saved Dataset::Implementation::Write(const SetList& sets, const std::string* command) {
   if (!fExclusive) {
     fDatabase->Rollback();
     Query(*fDatabase, "BEGIN IMMEDIATE").Run();
@@ -234,14 +237,14 @@ Dataset::Saved Dataset::Implementation::Write(const SetList& sets, const std::st
   return Saved::kDone;
 }
 
-void Dataset::Implementation::WriteLocked(const SetList& sets, const std::string& command) {
-  FailIfChangesAreUsedUp(*fDatabase, fPath);
+void Dataset::Implementation::WriteLocked(const SetList& sets, const std::string* command) {
+  (command == nullptr ? FailIfWritesAreUsedUp : FailIfChangesAreUsedUp)(*fDatabase, fPath);
   const std::optional<std::string> migrated = Migrate(*fDatabase, fPath);
   if (migrated) {
     fSets = LoadSets(*fDatabase);  // they lie elsewhere now
   }
   SetWrite write = WriteSets(*fDatabase, *fSets, sets);
-  AddChange(*fDatabase, command, write.edits);
+  Record(write.edits, command);
   Query(*fDatabase, "UPDATE meta SET generation = generation + 1 WHERE id = 1").Run();
   const std::optional<std::string> unconfirmed = CommitGeneration(*fDatabase, fGeneration + 1);
   ++fGeneration;
@@ -254,6 +257,14 @@ void Dataset::Implementation::WriteLocked(const SetList& sets, const std::string
     }
   } catch (const std::bad_alloc&) {
     fSets.reset();  // the change stands: to keep its result is no part of it
+  }
+}
+
+void Dataset::Implementation::Record(const SetEdits& edits, const std::string* command) {
+  if (command == nullptr) {
+    AddToLastChange(*fDatabase, edits);
+  } else {
+    AddChange(*fDatabase, *command, edits);
   }
 }
 
@@ -371,6 +382,11 @@ VersionRange Dataset::Implementation::Versions() {
   return HasHistory() ? KeptVersions(*fDatabase) : VersionRange{};
 }
 
+std::vector<LoggedImport> Dataset::Implementation::Imports() {
+  BeginIfNone();
+  return HasHistory() ? LoadImports(*fDatabase) : std::vector<LoggedImport>();
+}
+
 std::vector<StoredSet> Dataset::Implementation::SetsOfVersion(std::int64_t version) {
   const VersionRange range = Versions();
   if (version < range.first || version > range.last) {
@@ -468,6 +484,10 @@ std::uint64_t Dataset::Epoch() {
 
 VersionRange Dataset::Versions() {
   return fImplementation->Versions();
+}
+
+std::vector<LoggedImport> Dataset::Imports() {
+  return fImplementation->Imports();
 }
 
 std::vector<StoredSet> Dataset::SetsOfVersion(std::int64_t version) {

@@ -86,13 +86,22 @@ struct Change {
   std::vector<ChangedSet> sets;  ///< without those that were only moved
 };
 
+/// One import that made the dataset or replaced its variables and cases.
+struct LoggedImport {
+  std::int64_t afterChange = 0;  ///< the number of the last change before it
+  std::string time;              ///< as of a change
+  std::string command;           ///< its options and the name of the survey
+  std::int64_t variables = 0;
+  std::int64_t cases = 0;
+};
+
 /// The versions of the sets that can be had. Version N is what change N left, version 0 what stood before the first.
 struct VersionRange {
   std::int64_t first = 0;
   std::int64_t last = 0;  ///< the sets as they are
 };
 
-/// How many changes a dataset keeps.
+/// How many changes a dataset keeps, and how many imports.
 inline constexpr std::int64_t kKeptChanges = 1000;
 
 /// Whether the file begins as datasets do; false where it cannot be read. It may still be damaged, or of a newer
@@ -119,15 +128,16 @@ class Dataset {
 
   enum class Saved {
     kDone,       ///< the sets are on the disk
+    kReordered,  ///< their new order is on the disk, which is no change
     kUnchanged,  ///< nothing is written: they were the same already, or only their order differs and cannot be kept
     kConflict    ///< nothing is written: another process changed the dataset since the command began
   };
 
   /// Ends a command that leaves these sets, in this order, in one transaction; where they differ from those stored,
   /// that is a change, which is kept with the command's text. A file of an older format is migrated first, in the same
-  /// transaction, and a copy of it set aside. An order alone is kept where that takes neither a wait nor a migration,
-  /// and never fails a command that is not exclusive.
-  /// What is saved costs what has changed, as far as the list shares its sets with SharedSets().
+  /// transaction, and a copy of it set aside. An order alone is no change: the last one takes it in, so that its
+  /// version has the new order. It is kept where that takes neither a wait nor a migration, and never fails a command
+  /// that is not exclusive. What is saved costs what has changed, as far as the list shares its sets with SharedSets().
   Saved SaveSets(const SetList& sets, const std::string& command);
   Saved SaveSets(const std::vector<StoredSet>& sets, const std::string& command);
 
@@ -165,6 +175,9 @@ class Dataset {
 
   VersionRange Versions();
 
+  /// The imports that are kept, from the newest to the oldest.
+  std::vector<LoggedImport> Imports();
+
   /// The sets of a version, in their order. Throws Error, one sentence with the range, when there is no such
   /// version.
   std::vector<StoredSet> SetsOfVersion(std::int64_t version);
@@ -197,6 +210,9 @@ class DatasetWriter {
   /// One case: a cell for each variable. A cell of a numeric variable is a number as JSON writes it, or empty for
   /// a missing value.
   void AddCase(const std::vector<std::string_view>& cells);
+
+  /// What the log of imports tells of this one; without it the import is not in that log.
+  void SetCommand(const std::string& command);
 
   /// Puts the new dictionary and cases in place, all at once and on the disk.
   void Commit();

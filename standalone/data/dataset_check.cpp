@@ -16,6 +16,7 @@
 #include "standalone/data/case_check.h"
 #include "standalone/data/database.h"
 #include "standalone/data/history.h"
+#include "standalone/data/import_log.h"
 #include "standalone/data/limits.h"
 #include "standalone/data/number_text.h"
 #include "standalone/data/ordered_keys.h"
@@ -70,6 +71,7 @@ class Checker {
   void Changes(const VersionRange& versions);
   void ChangedNames(const Change& change);
   void KeptForm(std::int64_t number, const StoredSet& before);
+  void Imports();
 
   template <typename Check>
   void Row(const char* what, std::int64_t number, Check check);
@@ -112,6 +114,7 @@ void Checker::Run() {
   Perform("The cases", &Checker::Cases);
   if (fVersion == kFormatVersion) {
     Perform("The history", &Checker::History);
+    Perform("The log of imports", &Checker::Imports);
   }
 }
 
@@ -479,6 +482,18 @@ void Checker::KeptForm(std::int64_t number, const StoredSet& before) {
   for (const SetProblem& fault : FaultsOf(before)) {
     if (fault.kind != kSetNameProblem) {
       Finding("Before change {} the history has a set that cannot be: {} {}.", number, before.name, fault.text);
+    }
+  }
+}
+
+void Checker::Imports() {
+  const std::int64_t last = KeptVersions(fDatabase).last;
+  for (const LoggedImport& import : LoadImports(fDatabase)) {
+    if (!IsTimeOfChange(import.time)) {
+      Finding("An import has the time {}, which is none.", import.time);
+    }
+    if (import.afterChange > last) {
+      Finding("An import came after change {}, which does not exist.", import.afterChange);
     }
   }
 }

@@ -13,6 +13,7 @@
 #include "standalone/data/counters.h"
 #include "standalone/data/database.h"
 #include "standalone/data/dataset.h"
+#include "standalone/data/import_log.h"
 #include "standalone/data/migration.h"
 #include "standalone/data/schema.h"
 #include "standalone/files/folder.h"
@@ -107,6 +108,7 @@ void ReplaceContents(const std::string& path, const std::string& newContents, co
       "INSERT INTO main.cases SELECT * FROM new.cases;"
       "UPDATE main.meta SET generation = generation + 1, (variable_count, case_count) ="
       " (SELECT variable_count, case_count FROM new.meta) WHERE id = 1");
+  AddReplacingImport(*database);
   Tell(options, CommitGeneration(*database, generation));
   Tell(options, migrated);
 }
@@ -121,6 +123,7 @@ class DatasetWriter::Implementation {
 
   void SetVariables(const std::vector<Variable>& variables);
   void AddCase(const std::vector<std::string_view>& cells);
+  void SetCommand(const std::string& command) { fCommand = command; }
   void Commit();
 
  private:
@@ -141,6 +144,7 @@ class DatasetWriter::Implementation {
   std::vector<Column> fColumns;
   std::int64_t fCaseCount = 0;
   std::string fCells;
+  std::string fCommand;
 };
 
 DatasetWriter::Implementation::Implementation(const std::string& path, bool replace, const DatasetOptions& options)
@@ -196,6 +200,9 @@ void DatasetWriter::Implementation::FinishFile() {
       .Bind(static_cast<std::int64_t>(fColumns.size()))
       .Bind(fCaseCount)
       .Run();
+  if (!fCommand.empty()) {
+    AddFirstImport(*fDatabase, fCommand, static_cast<std::int64_t>(fColumns.size()), fCaseCount);
+  }
   fDatabase->Execute("COMMIT");
   fDatabase.reset();
 }
@@ -223,6 +230,10 @@ void DatasetWriter::SetVariables(const std::vector<Variable>& variables) {
 
 void DatasetWriter::AddCase(const std::vector<std::string_view>& cells) {
   fImplementation->AddCase(cells);
+}
+
+void DatasetWriter::SetCommand(const std::string& command) {
+  fImplementation->SetCommand(command);
 }
 
 void DatasetWriter::Commit() {

@@ -17,15 +17,6 @@ namespace {
 
 constexpr const char* kTimeFormat = "%Y-%m-%dT%H:%M:%SZ";
 
-std::string TimeNow() {
-  const std::time_t now = std::time(nullptr);
-  std::tm parts{};
-  gmtime_r(&now, &parts);
-  std::string text(sizeof "2024-05-01T12:33:01Z", '\0');
-  text.resize(std::strftime(text.data(), text.size(), kTimeFormat, &parts));
-  return text;
-}
-
 std::string ToJsonArray(const std::vector<std::string>& texts) {
   std::string json = "[";
   for (const std::string& text : texts) {
@@ -73,6 +64,15 @@ void AddBeforeForm(Database& database, std::int64_t number, const SetEdit& edit)
       .Run();
 }
 
+// Where the change has touched the set already, it has kept an older position.
+void AddMove(Database& database, std::int64_t number, const SetEdit& edit) {
+  Query(database, "INSERT OR IGNORE INTO history_set (history, set_id, kind, position) VALUES (?, ?, 4, ?)")
+      .Bind(number)
+      .Bind(edit.id)
+      .Bind(edit.before->position)
+      .Run();
+}
+
 void AddEdit(Database& database, std::int64_t number, const SetEdit& edit) {
   if (edit.kind == ChangeKind::kDefined) {
     Query(database, "INSERT INTO history_set (history, set_id, kind, name) VALUES (?, ?, 1, ?)")
@@ -81,11 +81,7 @@ void AddEdit(Database& database, std::int64_t number, const SetEdit& edit) {
         .Bind(edit.name)
         .Run();
   } else if (edit.kind == ChangeKind::kMoved) {
-    Query(database, "INSERT INTO history_set (history, set_id, kind, position) VALUES (?, ?, 4, ?)")
-        .Bind(number)
-        .Bind(edit.id)
-        .Bind(edit.before->position)
-        .Run();
+    AddMove(database, number, edit);
   } else {
     AddBeforeForm(database, number, edit);
   }
@@ -146,6 +142,24 @@ void AddChange(Database& database, const std::string& command, const SetEdits& e
     AddEdit(database, number, edit);
   }
   DropUpTo(database, number - kKeptChanges);
+}
+
+void AddToLastChange(Database& database, const SetEdits& moves) {
+  const std::int64_t number = LastNumber(database);
+  for (const SetEdit& move : moves.edits) {
+    if (number > 0) {
+      AddMove(database, number, move);
+    }
+  }
+}
+
+std::string TimeNow() {
+  const std::time_t now = std::time(nullptr);
+  std::tm parts{};
+  gmtime_r(&now, &parts);
+  std::string text(sizeof "2024-05-01T12:33:01Z", '\0');
+  text.resize(std::strftime(text.data(), text.size(), kTimeFormat, &parts));
+  return text;
 }
 
 bool IsTimeOfChange(const std::string& text) {

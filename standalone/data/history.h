@@ -20,6 +20,12 @@ namespace standalone {
 /// Adds a change, within the transaction that makes it, and drops those beyond kKeptChanges.
 void AddChange(Database& database, const std::string& command, const SetEdits& edits);
 
+/// Adds sets that were only moved to what the last change did, if there is one, within the transaction that moves them.
+void AddToLastChange(Database& database, const SetEdits& moves);
+
+/// The time as it is kept with a change.
+std::string TimeNow();
+
 /// Whether the text is a time as it is kept with a change.
 bool IsTimeOfChange(const std::string& text);
 

@@ -30,7 +30,7 @@ constexpr std::size_t kApplicationIdOffset = 68;     // in SQLite's header, big-
 //
 // A row of `history` is a change of the sets. Its rows of `history_set` tell how each set that it touched was before:
 // of one that was defined nothing but its name, of one that was only moved its position. `kind` is a ChangeKind;
-// `variables` is a JSON array.
+// `variables` is a JSON array. A row of `imported` is an import, and the number of the last change before it.
 
 constexpr const char* kMeta = R"(CREATE TABLE meta(
   id INTEGER PRIMARY KEY CHECK (id = 1),
@@ -100,6 +100,15 @@ constexpr const char* kHistorySet = R"(CREATE TABLE history_set(
   variables TEXT,
   PRIMARY KEY (history, set_id)
 ) STRICT, WITHOUT ROWID)";
+
+constexpr const char* kImported = R"(CREATE TABLE imported(
+  id INTEGER PRIMARY KEY,
+  after_change INTEGER NOT NULL CHECK (after_change >= 0),
+  time TEXT NOT NULL,
+  command TEXT NOT NULL,
+  variable_count INTEGER NOT NULL CHECK (variable_count >= 0),
+  case_count INTEGER NOT NULL CHECK (case_count >= 0)
+) STRICT)";
 
 // SQLite's own words for what cannot be opened do not tell these cases apart.
 void CheckReadableFile(const std::string& path) {
@@ -228,7 +237,7 @@ const std::vector<TableDefinition>& Tables() {
   static const std::vector<TableDefinition> tables = {
       {"meta", 1, kMeta},       {"variable", 1, kVariable},           {"value_label", 1, kValueLabel},
       {"mr_set", 1, kSet},      {"mr_set_variable", 1, kSetVariable}, {"cases", 1, kCases},
-      {"history", 2, kHistory}, {"history_set", 2, kHistorySet}};
+      {"history", 2, kHistory}, {"history_set", 2, kHistorySet},      {"imported", 2, kImported}};
   return tables;
 }
 

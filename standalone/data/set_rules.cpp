@@ -88,7 +88,7 @@ class Fitting {
   Problems Take() { return std::move(fProblems); }
 
  private:
-  void Add(const char* kind, std::string text) { fProblems.push_back({kind, std::move(text)}); }
+  void Add(std::string_view kind, std::string text) { fProblems.push_back({kind, std::move(text)}); }
 
   void AddOnce(const char* kind, std::string text) {
     if (fTold.insert(kind).second) {
@@ -123,13 +123,13 @@ class Fitting {
   void CompareLabel(const Variable& variable) {
     const std::string* label = LabelOfCountedValue(variable);
     if (label == nullptr) {
-      Add("no value label", fmt::format("takes its category labels from the counted value {}, which has no label in"
-                                        " the variable {}",
-                                        fSet.countedValue, variable.name));
+      Add(kNoValueLabelProblem, fmt::format("takes its category labels from the counted value {}, which has no label in"
+                                            " the variable {}",
+                                            fSet.countedValue, variable.name));
     } else if (!fLabels.insert(ToUpper(*label)).second) {
-      Add("same value label", fmt::format("takes its category labels from the counted value {}, whose label in the"
-                                          " variable {} another one has, too",
-                                          fSet.countedValue, variable.name));
+      Add(kSameValueLabelProblem, fmt::format("takes its category labels from the counted value {}, whose label in the"
+                                              " variable {} another one has, too",
+                                              fSet.countedValue, variable.name));
     }
   }
 

@@ -23,6 +23,11 @@ struct SetProblem {
 /// The kind of a name that cannot be one of a set.
 inline constexpr std::string_view kSetNameProblem = "set name";
 
+/// The kinds of variables whose labels of the counted value cannot name the categories: there is none, or another one
+/// has it.
+inline constexpr std::string_view kNoValueLabelProblem = "no value label";
+inline constexpr std::string_view kSameValueLabelProblem = "same value label";
+
 /// The longest label in bytes.
 inline constexpr std::size_t kLongestSetLabel = 255;
 

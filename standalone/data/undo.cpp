@@ -1,7 +1,6 @@
 #include "standalone/data/undo.h"
 
 #include <string>
-#include <vector>
 
 namespace standalone {
 
@@ -14,9 +13,10 @@ std::optional<Undone> UndoChanges(Dataset& dataset, std::optional<std::int64_t> 
     return std::nullopt;
   }
   undone.target = to.value_or(undone.versions.last - 1);
-  const std::vector<StoredSet> sets = dataset.SetsOfVersion(undone.target);
-  undone.changed = sets != dataset.Sets();
-  undone.written = dataset.SaveSets(sets, to ? "undo --to " + std::to_string(*to) : "undo") == Dataset::Saved::kDone;
+  undone.before = dataset.Sets();
+  undone.after = dataset.SetsOfVersion(undone.target);
+  const Dataset::Saved saved = dataset.SaveSets(undone.after, to ? "undo --to " + std::to_string(*to) : "undo");
+  undone.written = saved != Dataset::Saved::kUnchanged;
   return undone;
 }
 

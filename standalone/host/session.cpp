@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "standalone/host/records.h"
+#include "standalone/language/slips.h"
 
 namespace {
 
@@ -71,14 +72,20 @@ void Session::IssueMessage(Level level, const std::string& text, const std::vect
   if (const std::optional<std::size_t> token = fReading.TokenOfMessage(quoted.empty() ? "" : quoted.front())) {
     message.place = PlaceOf(*token);
   }
-  message.hint = fAdviser.OnMessage(quoted);
+  if (const std::optional<std::size_t> token = fReading.TokenJustRead()) {
+    message.hint = HintOnSlip(fCommand, Tokens(), *token);
+  }
+  if (!message.hint) {
+    message.hint = fAdviser.OnMessage(quoted);
+  }
   fReading.NoteMessage();
   Issue(message);
 }
 
 void Session::IssueProblem(const ListProblem& problem, const ListTokens& list) {
   Message message{Level::kError, problem.sentence, PlaceOf(problem.token)};
-  if (problem.isUnknown) {
+  message.hint = HintOnSlip(fCommand, Tokens(), problem.token);
+  if (!message.hint && problem.isUnknown) {
     message.hint = fAdviser.OnUnknownVariable(problem.token, list);
   }
   fReading.NoteMessage();

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <initializer_list>
 #include <limits>
 #include <nlohmann/json.hpp>
 #include <unordered_set>
@@ -28,6 +29,10 @@ constexpr std::array<std::pair<std::string_view, FieldType>, 6> kTypes = {{{"any
                                                                            {"number", FieldType::kNumber},
                                                                            {"boolean", FieldType::kBoolean},
                                                                            {"year", FieldType::kYear}}};
+
+/// What a Table Schema has besides.
+constexpr std::array<std::string_view, 10> kOtherTypes = {"date",   "time",  "datetime", "yearmonth", "duration",
+                                                          "object", "array", "list",     "geopoint",  "geojson"};
 
 std::string ReadAll(const std::string& path) {
   InputFile file(path);
@@ -88,8 +93,9 @@ Json ParseJson(const std::string& path) {
 /// Reads one field's object; failures name the field.
 class FieldReader {
  public:
-  FieldReader(const std::string& path, const Json& json, std::size_t number)
-      : fPath(path), fJson(json), fPlace(fmt::format("field {}", number)) {}
+  /// `missingValues` are those of the whole codebook, or null.
+  FieldReader(const std::string& path, const Json& json, std::size_t number, const Json* missingValues)
+      : fPath(path), fJson(json), fMissingValues(missingValues), fPlace(fmt::format("field {}", number)) {}
 
   CodebookField Read();
 
@@ -105,6 +111,12 @@ class FieldReader {
   void ReadTitle();
   void ReadMaxLength();
   void ReadCategories();
+  void ReadMissingValues();
+  void ReadBooleans();
+  void ReadNumberForm();
+  const Json* MemberOfTypes(const char* key, std::initializer_list<FieldType> types) const;
+  std::vector<std::string> TextsIn(const Json& array, const char* key) const;
+  std::string CharacterIn(const char* key, const Json& value) const;
   void SettleType(const Json& categories);
   ValueLabel ReadCategory(const Json& category) const;
   std::string CategoryValue(const Json& value) const;
@@ -113,6 +125,7 @@ class FieldReader {
 
   const std::string& fPath;
   const Json& fJson;
+  const Json* fMissingValues;
   std::string fPlace;
   std::string fTypeName = "string";
   CodebookField fField;
@@ -126,7 +139,10 @@ CodebookField FieldReader::Read() {
   ReadType();
   ReadTitle();
   ReadMaxLength();
+  ReadBooleans();
   ReadCategories();
+  ReadMissingValues();
+  ReadNumberForm();
   return std::move(fField);
 }
 
@@ -164,6 +180,10 @@ void FieldReader::ReadType() {
   fTypeName = TextOf(*type, "its type");
   const auto* known =
       std::find_if(kTypes.begin(), kTypes.end(), [this](const auto& entry) { return entry.first == fTypeName; });
+  if (std::find(kOtherTypes.begin(), kOtherTypes.end(), fTypeName) != kOtherTypes.end()) {
+    Fail(fmt::format("the type \"{}\" is not supported; with the type \"string\" the values are kept as text",
+                     fTypeName));
+  }
   if (known == kTypes.end()) {
     Fail(fmt::format("the type \"{}\" is none of string, integer, number, boolean and year", fTypeName));
   }
@@ -236,6 +256,69 @@ void FieldReader::ReadCategories() {
   }
 }
 
+/// Those of the field take the place of those of the whole codebook.
+void FieldReader::ReadMissingValues() {
+  const Json* own = Member(fJson, "missingValues");
+  if (const Json* values = own == nullptr ? fMissingValues : own) {
+    fField.missingValues = TextsIn(*values, "missingValues");
+  }
+}
+
+void FieldReader::ReadBooleans() {
+  if (const Json* values = MemberOfTypes("trueValues", {FieldType::kBoolean})) {
+    fField.trueValues = TextsIn(*values, "trueValues");
+  }
+  if (const Json* values = MemberOfTypes("falseValues", {FieldType::kBoolean})) {
+    fField.falseValues = TextsIn(*values, "falseValues");
+  }
+}
+
+void FieldReader::ReadNumberForm() {
+  if (const Json* mark = MemberOfTypes("decimalChar", {FieldType::kNumber})) {
+    fField.decimalChar = CharacterIn("decimalChar", *mark);
+  }
+  if (const Json* mark = MemberOfTypes("groupChar", {FieldType::kNumber, FieldType::kInteger})) {
+    fField.groupChar = CharacterIn("groupChar", *mark);
+  }
+  if (fField.groupChar == fField.decimalChar) {
+    Fail("its decimalChar and its groupChar are the same");
+  }
+  const Json* bare = Member(fJson, "bareNumber");
+  if (bare != nullptr && *bare != true) {
+    Fail("bareNumber is not supported; take signs such as % out of the data, or give the field the type string");
+  }
+}
+
+/// The member, null where it is absent; it is refused where it would do nothing.
+const Json* FieldReader::MemberOfTypes(const char* key, std::initializer_list<FieldType> types) const {
+  const Json* member = Member(fJson, key);
+  if (member != nullptr && std::find(types.begin(), types.end(), fField.type) == types.end()) {
+    Fail(fmt::format("{} does not go with its type; take it out, or give the field the type {}", key,
+                     *types.begin() == FieldType::kBoolean ? "boolean" : "number"));
+  }
+  return member;
+}
+
+/// Each entry is a text, or an object with a text "value".
+std::vector<std::string> FieldReader::TextsIn(const Json& array, const char* key) const {
+  if (!array.is_array()) {
+    Fail(fmt::format("its {} are not a JSON array", key));
+  }
+  std::vector<std::string> texts;
+  for (const Json& entry : array) {
+    texts.push_back(TextOf(ValueOf(entry), fmt::format("an entry of its {}", key)));
+  }
+  return texts;
+}
+
+std::string FieldReader::CharacterIn(const char* key, const Json& value) const {
+  std::string character = TextOf(value, fmt::format("its {}", key));
+  if (CountCharacters(character) != 1 || std::string_view("0123456789+-eE").find(character) != std::string_view::npos) {
+    Fail(fmt::format("its {} is not one character that numbers do without", key));
+  }
+  return character;
+}
+
 ValueLabel FieldReader::ReadCategory(const Json& category) const {
   if (category.is_object() && !category.contains("value")) {
     Fail("one of its categories has no value");
@@ -267,7 +350,18 @@ std::optional<double> FieldReader::NumberOf(const Json& value) const {
   if (fField.type == FieldType::kBoolean && value.is_boolean()) {
     return value.get<bool>() ? 1 : 0;
   }
-  return value.is_string() ? NumberValue(value.get_ref<const std::string&>()) : std::nullopt;
+  if (!value.is_string()) {
+    return std::nullopt;
+  }
+  const auto& text = value.get_ref<const std::string&>();
+  const auto holdsIt = [&text](const std::vector<std::string>& texts) {
+    return std::find(texts.begin(), texts.end(), text) != texts.end();
+  };
+  if (fField.type == FieldType::kBoolean && holdsIt(fField.trueValues)) {
+    return 1;
+  }
+  return fField.type == FieldType::kBoolean && holdsIt(fField.falseValues) ? std::optional<double>(0)
+                                                                           : NumberValue(text);
 }
 
 void FieldReader::FailToFit(const Json& value) const {
@@ -288,8 +382,10 @@ std::vector<CodebookField> ReadCodebook(const std::string& path) {
   Json codebook = ParseJson(path);
   std::vector<CodebookField> fields;
   std::unordered_set<std::string> names;
+  const auto found = codebook.is_object() ? codebook.find("missingValues") : codebook.end();
+  const Json* missingValues = found == codebook.end() || found->is_null() ? nullptr : &*found;
   for (Json& json : FieldsOf(codebook, path)) {
-    fields.push_back(FieldReader(path, json, fields.size() + 1).Read());
+    fields.push_back(FieldReader(path, json, fields.size() + 1, missingValues).Read());
     json = nullptr;  // read, and large where there are many
     const std::string& name = fields.back().name;
     if (!names.insert(ToUpper(name)).second) {

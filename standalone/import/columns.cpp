@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <unordered_map>
 #include <utility>
@@ -31,6 +30,10 @@ bool IsWhole(std::string_view number) {
   }
   const std::optional<double> value = NumberValue(number);
   return value && *value == std::floor(*value);
+}
+
+bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
 }
 
 std::string Quoted(std::string_view text) {
@@ -61,12 +64,13 @@ Column::Column(CodebookField field) : fField(std::move(field)) {}
 
 void Column::Learn(std::string_view cell) {
   const std::string_view text = WithoutBlanks(cell);
-  if (IsSettled() || text.empty()) {
+  if (IsSettled() || text.empty() || IsMissing(cell)) {
     return;
   }
   fHasNumber = true;
   if (!IsJsonNumber(text)) {
     fField.type = FieldType::kString;
+    fIsStringByData = true;
   }
 }
 
@@ -87,7 +91,41 @@ Variable Column::ToVariable() const {
   return variable;
 }
 
-std::optional<std::string> Column::Convert(std::string_view& cell) {
+bool Column::IsMissing(std::string_view cell) const {
+  const std::vector<std::string>& missing = fField.missingValues;
+  const auto isCell = [text = WithoutBlanks(cell), cell](const std::string& one) { return one == cell || one == text; };
+  return std::any_of(missing.begin(), missing.end(), isCell);
+}
+
+bool Column::IsStringForFewCells() const {
+  constexpr std::size_t kFew = 3;
+  constexpr std::size_t kShare = 20;
+  const bool isFew = fOdd.count <= std::max(kFew, (fOdd.count + fOdd.numbers) / kShare);
+  return fOdd.count > 0 && isFew && fOdd.numbers >= 3 * fOdd.count;
+}
+
+/// Ends where the column is one of texts, as most are.
+void Column::CountOdd(std::string_view cell, std::size_t line) {
+  constexpr std::size_t kMostOdd = 1000;
+  const std::string_view text = WithoutBlanks(cell);
+  if (!fIsStringByData || text.empty()) {
+    return;
+  }
+  if (IsJsonNumber(text)) {
+    ++fOdd.numbers;
+  } else if (fOdd.count++ == 0) {
+    fOdd.line = line;
+    fOdd.text = Shortened(text);
+  }
+  fIsStringByData = fOdd.count <= kMostOdd + fOdd.numbers;
+}
+
+std::optional<std::string> Column::Convert(std::string_view& cell, std::size_t line) {
+  if (!fField.missingValues.empty() && IsMissing(cell)) {
+    cell = {};
+    return std::nullopt;
+  }
+  CountOdd(cell, line);
   switch (fField.type) {
     case FieldType::kString:
       return ConvertString(cell);
@@ -112,7 +150,7 @@ std::optional<std::string> Column::ConvertNumber(std::string_view& cell) {
     cell = text;
     return std::nullopt;
   }
-  const std::optional<std::string_view> number = JsonNumber(text, fScratch);
+  const std::optional<std::string_view> number = JsonNumber(WithPlainMarks(text), fScratch);
   if (!number) {
     return Quoted(cell) + " is not a number";
   }
@@ -123,15 +161,46 @@ std::optional<std::string> Column::ConvertNumber(std::string_view& cell) {
   return std::nullopt;
 }
 
+/// The number with a point for the codebook's decimalChar and without its groupChar, which stands between digits;
+/// empty, which is no number, where they stand elsewhere.
+std::string_view Column::WithPlainMarks(std::string_view number) {
+  const std::string& decimal = fField.decimalChar;
+  const std::string& group = fField.groupChar;
+  if (decimal == "." && group.empty()) {
+    return number;
+  }
+  fPlain.clear();
+  for (std::size_t offset = 0; offset < number.size();) {
+    const std::string_view rest = number.substr(offset);
+    if (!group.empty() && rest.substr(0, group.size()) == group) {
+      offset += group.size();
+      const bool isBetweenDigits =
+          !fPlain.empty() && IsDigit(fPlain.back()) && offset < number.size() && IsDigit(number[offset]);
+      if (!isBetweenDigits || fPlain.find('.') != std::string::npos) {
+        return {};
+      }
+    } else if (rest.substr(0, decimal.size()) == decimal) {
+      fPlain += '.';
+      offset += decimal.size();
+    } else if (rest[0] == '.') {
+      return {};
+    } else {
+      fPlain += rest[0];
+      ++offset;
+    }
+  }
+  return fPlain;
+}
+
 std::optional<std::string> Column::ConvertBoolean(std::string_view& cell) const {
-  constexpr std::array<std::string_view, 4> kTrue = {"1", "true", "True", "TRUE"};
-  constexpr std::array<std::string_view, 4> kFalse = {"0", "false", "False", "FALSE"};
+  const std::vector<std::string>& trues = fField.trueValues;
+  const std::vector<std::string>& falses = fField.falseValues;
   const std::string_view text = WithoutBlanks(cell);
   if (text.empty()) {
     cell = text;
-  } else if (std::find(kTrue.begin(), kTrue.end(), text) != kTrue.end()) {
+  } else if (std::find(trues.begin(), trues.end(), text) != trues.end()) {
     cell = "1";
-  } else if (std::find(kFalse.begin(), kFalse.end(), text) != kFalse.end()) {
+  } else if (std::find(falses.begin(), falses.end(), text) != falses.end()) {
     cell = "0";
   } else {
     return Quoted(cell) + " is neither true nor false";

@@ -1,6 +1,7 @@
 #ifndef STANDALONE_IMPORT_COLUMNS_H
 #define STANDALONE_IMPORT_COLUMNS_H
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -9,6 +10,14 @@
 #include "standalone/import/codebook.h"
 
 namespace standalone {
+
+/// Cells that are not numbers in a column of numbers.
+struct OddCells {
+  std::size_t count = 0;
+  std::size_t numbers = 0;  ///< the other cells, without missing ones
+  std::size_t line = 0;     ///< of the first
+  std::string text;         ///< of the first
+};
 
 /// One column of the data, which becomes one variable.
 class Column {
@@ -28,17 +37,27 @@ class Column {
   /// The variable; of a string without maxLength, with the width of its longest value.
   Variable ToVariable() const;
 
+  /// Where the type came from the data and it became a string although most cells are numbers: how many are not.
+  const OddCells& Odd() const { return fOdd; }
+  bool IsStringForFewCells() const;
+
   /// Turns a cell into what DatasetWriter::AddCase() takes, valid until the next call. Otherwise says what is wrong
-  /// with it, as the end of a sentence. Only after the type is settled.
-  std::optional<std::string> Convert(std::string_view& cell);
+  /// with it, as the end of a sentence. Only after the type is settled. `line` is where the cell stands.
+  std::optional<std::string> Convert(std::string_view& cell, std::size_t line);
 
  private:
+  bool IsMissing(std::string_view cell) const;
+  void CountOdd(std::string_view cell, std::size_t line);
   std::optional<std::string> ConvertString(std::string_view cell) const;
   std::optional<std::string> ConvertNumber(std::string_view& cell);
+  std::string_view WithPlainMarks(std::string_view number);
   std::optional<std::string> ConvertBoolean(std::string_view& cell) const;
 
   CodebookField fField;
   bool fHasNumber = false;
+  bool fIsStringByData = false;
+  OddCells fOdd;
+  std::string fPlain;
   std::string fScratch;
 };
 

@@ -63,7 +63,7 @@ std::size_t WriteCases(CsvReader& reader, std::vector<Column>& columns, const st
     advance();
     cells = reader.Cells();
     for (std::size_t index = 0; index < cells.size(); ++index) {
-      if (const auto wrong = columns[index].Convert(cells[index])) {
+      if (const auto wrong = columns[index].Convert(cells[index], reader.Line())) {
         throw Error(
             fmt::format("{}, line {}, column {}: {}.", path, reader.Line(), reader.Header()[index], *wrong));
       }
@@ -86,6 +86,24 @@ std::unique_ptr<CsvReader> ReadAgain(InputFile& file, const std::vector<std::str
     throw Error(file.Path() + " changed while it was read.");
   }
   return reader;
+}
+
+std::vector<NearlyNumericColumn> StringsForFewCells(const std::vector<std::string>& header,
+                                                    const std::vector<Column>& columns) {
+  std::vector<NearlyNumericColumn> found;
+  for (std::size_t index = 0; index < columns.size(); ++index) {
+    const OddCells& odd = columns[index].Odd();
+    if (columns[index].IsStringForFewCells()) {
+      found.push_back({header[index], odd.count, odd.count + odd.numbers, odd.line, odd.text});
+    }
+  }
+  return found;
+}
+
+/// The import as the log tells it.
+std::string CommandOf(const ImportRequest& request) {
+  return fmt::format("import{}{} {}", request.replace ? " --replace" : "",
+                     request.codebookPath ? " --schema " + *request.codebookPath : "", request.dataPath);
 }
 
 }  // namespace
@@ -114,8 +132,9 @@ ImportSummary ImportSurvey(const ImportRequest& request) {
   file.ForbidRewind();
   WriteVariables(columns, writer);
   const std::size_t cases = WriteCases(*reader, columns, file.Path(), writer, AdvanceOf(request, file, false));
+  writer.SetCommand(CommandOf(request));
   writer.Commit();
-  return {columns.size(), cases};
+  return {columns.size(), cases, StringsForFewCells(reader->Header(), columns)};
 }
 
 }  // namespace standalone

@@ -6,6 +6,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "standalone/data/dataset.h"
 
@@ -27,9 +28,19 @@ struct ImportRequest {
   std::function<void(const ImportProgress&)> progress = {};  ///< called for each case; may be empty
 };
 
+/// A column that became a string for the sake of few cells that are not numbers.
+struct NearlyNumericColumn {
+  std::string name;
+  std::size_t notNumbers = 0;
+  std::size_t cells = 0;  ///< that are not missing
+  std::size_t line = 0;   ///< of the first that is not a number
+  std::string text;       ///< and its beginning
+};
+
 struct ImportSummary {
   std::size_t variables = 0;
   std::size_t cases = 0;
+  std::vector<NearlyNumericColumn> nearlyNumeric;
 };
 
 /// What a survey is called in sentences: its path, or "standard input" for "-".

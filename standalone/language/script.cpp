@@ -1,10 +1,13 @@
 #include "standalone/language/script.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <cstddef>
 #include <utility>
 
 #include "standalone/language/blanks.h"
+#include "standalone/language/slips.h"
 
 namespace standalone {
 namespace {
@@ -78,11 +81,21 @@ void CommandCollector::AddCharacter(std::size_t offset) {
 
 std::optional<ScriptCommand> CommandCollector::EndCommand(std::size_t textEnd) {
   const bool isOpen = std::exchange(fIsOpen, false);
+  if (isOpen && fLines[fBegin] == '*') {
+    RemarkOnComment();
+  }
   if (!isOpen || textEnd == fBegin || fLines[fBegin] == '*') {
     return std::nullopt;
   }
   return ScriptCommand{fLines.substr(fBegin, textEnd - fBegin), fFirstLine, fLines.substr(0, fBegin),
                        RestOfLine(textEnd), fSource};
+}
+
+void CommandCollector::RemarkOnComment() {
+  if (const int lines = LineTakenIn(std::string_view(fLines).substr(fBegin))) {
+    fRemark = fmt::format("{}he comment from line {} took in line {}, because no period ends it.",
+                          fSource.empty() ? "T" : fSource + ": t", fFirstLine, fFirstLine + lines);
+  }
 }
 
 std::string CommandCollector::RestOfLine(std::size_t offset) const {
@@ -94,12 +107,16 @@ std::string CommandCollector::RestOfLine(std::size_t offset) const {
   return std::string(rest);
 }
 
-std::vector<ScriptCommand> SplitScript(std::string_view script, const std::string& source) {
+std::vector<ScriptCommand> SplitScript(std::string_view script, const std::string& source,
+                                       const std::function<void(const std::string& sentence)>& remark) {
   CommandCollector collector(source);
   std::vector<ScriptCommand> commands;
-  const auto keep = [&commands](std::optional<ScriptCommand> command) {
+  const auto keep = [&](std::optional<ScriptCommand> command) {
     if (command) {
       commands.push_back(*std::move(command));
+    }
+    if (const std::optional<std::string> sentence = collector.TakeRemark(); sentence && remark) {
+      remark(*sentence);
     }
   };
   for (std::size_t begin = 0; begin < script.size();) {

@@ -2,6 +2,7 @@
 #define STANDALONE_LANGUAGE_SCRIPT_H
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -35,6 +36,9 @@ class CommandCollector {
   /// Ends the script: returns the command that was not complete, if any.
   std::optional<ScriptCommand> End();
 
+  /// Where the last line ended a comment that seems to have taken in a command: a sentence that says so, once.
+  std::optional<std::string> TakeRemark() { return std::exchange(fRemark, std::nullopt); }
+
   /// Whether a command, or a comment in the place of one, has begun and is not complete.
   bool IsOpen() const { return fIsOpen; }
 
@@ -48,11 +52,13 @@ class CommandCollector {
   bool ReadCharacters(std::size_t begin);
   void AddCharacter(std::size_t offset);
   std::optional<ScriptCommand> EndCommand(std::size_t textEnd);
+  void RemarkOnComment();
   std::string RestOfLine(std::size_t offset) const;
 
   std::string fSource;
   int fLine = 0;       // the last one that was added
   std::string fLines;  // from the one on which the open command begins
+  std::optional<std::string> fRemark;
 
   // The open command, from its first character to behind its last one; comments and blanks are not characters of it.
   bool fIsOpen = false;
@@ -65,8 +71,10 @@ class CommandCollector {
 /// Splits a script, which is called `source`, into its commands. A command ends at a period that is the last thing on
 /// its line, at a blank line or at the end of the script. Comments count as blanks; a command that begins with "*" is a
 /// comment, and neither it nor an empty command is returned. Lines end with "\n" or "\r\n". A byte-order mark at the
-/// beginning is skipped.
-std::vector<ScriptCommand> SplitScript(std::string_view script, const std::string& source = "");
+/// beginning is skipped. `remark`, if it is not empty, gets a sentence for each comment that seems to have taken in a
+/// command.
+std::vector<ScriptCommand> SplitScript(std::string_view script, const std::string& source = "",
+                                       const std::function<void(const std::string& sentence)>& remark = {});
 
 }  // namespace standalone
 

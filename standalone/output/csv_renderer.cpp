@@ -29,6 +29,9 @@ class CsvRenderer final : public Renderer {
     for (const std::string& hint : result.hints) {
       TellHint(hint);
     }
+    if (result.dryRun) {
+      Tell(CommandInWords(result), *result.dryRun);
+    }
     if (result.status == Status::kAborted) {
       Tell(CommandInWords(result), AbortedSentence(result));
     }

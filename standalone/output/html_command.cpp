@@ -152,10 +152,12 @@ std::string CommandBeginning(std::string_view text, std::size_t bytes) {
 
 std::string CommandHtml(const CommandResult& result) {
   const std::string id = CommandId(result.number);
-  const std::string aborted =
-      result.status == Status::kAborted ? fmt::format("<p class=\"outcome\">{}</p>\n", AbortedSentence(result)) : "";
+  const std::string outcome =
+      result.status == Status::kAborted ? std::string(AbortedSentence(result)) : result.dryRun.value_or("");
+  const std::string outcomeHtml =
+      outcome.empty() ? "" : fmt::format("<p class=\"outcome\">{}</p>\n", HtmlText(outcome));
   return fmt::format("<section class=\"command\" id=\"{0}\" aria-labelledby=\"{0}-heading\">\n{1}{2}{3}</section>\n",
-                     id, HeadingHtml(result), ItemsHtml(result).Html(), aborted);
+                     id, HeadingHtml(result), ItemsHtml(result).Html(), outcomeHtml);
 }
 
 }  // namespace standalone

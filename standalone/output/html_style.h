@@ -109,6 +109,7 @@ thead th { border-bottom: 2px solid var(--line); color: var(--soft); font-weight
 tbody tr { border-bottom: 1px solid var(--line); }
 tbody th { font-weight: 600; }
 th, td { max-width: 28rem; overflow-wrap: break-word; }
+td li { padding-inline-start: 1em; text-indent: -1em; }
 td.number { text-align: right; font-variant-numeric: tabular-nums; }
 th.number { text-align: right; }
 td.none { color: var(--soft); }

@@ -61,9 +61,10 @@ struct CommandResult {
   std::optional<std::string> procedure;
   Status status = Status::kOk;
   std::vector<Item> items;
-  bool isSaved = false;            ///< it changed the dataset
-  bool isSaveOpen = false;         ///< of an aborted command: it may have been saved all the same
-  std::vector<std::string> hints;  ///< the host's advice that belongs to no message
+  bool isSaved = false;                              ///< it changed the dataset
+  bool isSaveOpen = false;                           ///< of an aborted command: it may have been saved all the same
+  std::vector<std::string> hints;                    ///< the host's advice that belongs to no message
+  std::optional<std::string> dryRun = std::nullopt;  ///< what the command would change, as a sentence
 };
 
 }  // namespace standalone

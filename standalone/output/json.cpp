@@ -107,6 +107,9 @@ Json ToJson(const CommandResult& result) {
   if (!result.hints.empty()) {
     json["hints"] = result.hints;
   }
+  if (result.dryRun) {
+    json["dryRun"] = *result.dryRun;
+  }
   return json;
 }
 

@@ -92,16 +92,35 @@ std::string CutToWidth(const std::string& text, std::size_t width) {
   return text;
 }
 
+/// The first line of an entry.
+struct EntryHead {
+  std::string number;
+  const std::string& time;
+  std::string what;
+};
+
+std::string EntryText(const EntryHead& head, const std::string& command, std::size_t width) {
+  constexpr std::size_t kIndent = 7;
+  // A text far longer than a line need not be made harmless whole.
+  const std::string_view beginning = PrefixOfWholeCharacters(command, 64 * width);
+  return fmt::format("{:>5}  {}  {}\n{:{}}{}\n", head.number, Visible(LocalTime(head.time)), Visible(head.what), "",
+                     kIndent, CutToWidth(Visible(OnOneLine(beginning)), width > kIndent ? width - kIndent : 1));
+}
+
+std::string Counted(std::int64_t number, const char* thing) {
+  return fmt::format("{} {}{}", number, thing, number == 1 ? "" : "s");
+}
+
 }  // namespace
 
 std::string ChangeText(const Change& change, std::size_t width) {
-  constexpr std::size_t kIndent = 7;
-  // A text far longer than a line need not be made harmless whole.
-  const std::string_view beginning = PrefixOfWholeCharacters(change.command, 64 * width);
-  const std::string command = Visible(OnOneLine(beginning));
-  return fmt::format("{:>5}  {}  {}\n{:{}}{}\n", change.number, Visible(LocalTime(change.time)),
-                     Visible(WhatChanged(change)), "", kIndent,
-                     CutToWidth(command, width > kIndent ? width - kIndent : 1));
+  return EntryText({std::to_string(change.number), change.time, WhatChanged(change)}, change.command, width);
+}
+
+std::string ImportText(const LoggedImport& import, std::size_t width) {
+  const std::string what =
+      fmt::format("imported {}, {}", Counted(import.variables, "variable"), Counted(import.cases, "case"));
+  return EntryText({"", import.time, what}, import.command, width);
 }
 
 Json ToJson(const Change& change) {
@@ -114,6 +133,14 @@ Json ToJson(const Change& change) {
           {"command", change.command},
           {"changes", sets},
           {"orderChanged", change.reordered}};
+}
+
+Json ToJson(const LoggedImport& import) {
+  return {{"afterChange", import.afterChange},
+          {"time", import.time},
+          {"command", import.command},
+          {"variables", import.variables},
+          {"cases", import.cases}};
 }
 
 }  // namespace standalone

@@ -13,8 +13,13 @@ namespace standalone {
 /// command on one line, cut so that it takes no more than `width` terminal columns. Harmless to a terminal.
 std::string ChangeText(const Change& change, std::size_t width);
 
-/// A change in the documented form.
+/// An import likewise; it has no number.
+std::string ImportText(const LoggedImport& import, std::size_t width);
+
+// In the documented form.
+
 Json ToJson(const Change& change);
+Json ToJson(const LoggedImport& import);
 
 }  // namespace standalone
 

@@ -30,6 +30,9 @@ class MarkdownRenderer final : public Renderer {
     for (const std::string& hint : result.hints) {
       WriteHint(hint);
     }
+    if (result.dryRun) {
+      fStream << '\n' << MarkdownText(*result.dryRun) << '\n';
+    }
     if (result.status == Status::kAborted) {
       fStream << '\n' << AbortedSentence(result) << '\n';
     }

@@ -69,6 +69,10 @@ void TextRenderer::Write(const CommandResult& result) {
     SetApart(fFollowsTable);
     WriteHint(hint);
   }
+  if (result.dryRun) {
+    SetApart(fFollowsTable);
+    fStream << Visible(*result.dryRun) << '\n';
+  }
   if (result.status == Status::kAborted) {
     SetApart(fFollowsTable);
     fStream << AbortedSentence(result) << '\n';

@@ -97,6 +97,7 @@ class Layout {
   std::string fTitle;
   std::vector<Lines> fHeadings;
   std::vector<std::vector<Lines>> fRows;
+  std::vector<bool> fIsList;  // by column: cells are lists, whose entries must not blur where they are wrapped
   std::vector<std::size_t> fWidths;
   Notes fNotes;
 };
@@ -106,12 +107,15 @@ Layout::Layout(const Table& table, std::size_t width) : fWidth(width), fTitle(Vi
   for (const std::string& column : table.columns) {
     AddHeading(column);
   }
+  fIsList.resize(fHeadings.size());
   for (const TableRow& row : table.rows) {
     AddRow(row);
   }
   const std::size_t gaps = kGap.size() * table.columns.size();
   fWidths = ColumnWidths(Needs(), width - std::min(gaps, width));
-  Wrap(fHeadings);
+  for (Lines& heading : fHeadings) {
+    heading = WrapText(heading[0], fWidths[static_cast<std::size_t>(&heading - fHeadings.data())]);
+  }
   for (std::vector<Lines>& row : fRows) {
     Wrap(row);
   }
@@ -124,6 +128,9 @@ void Layout::AddHeading(const std::string& text) {
 void Layout::AddRow(const TableRow& row) {
   std::vector<Lines> cells = {VisibleLines(row.name)};
   for (const Cell& cell : row.cells) {
+    if (std::holds_alternative<std::vector<std::string>>(cell.value) && cells.size() < fIsList.size()) {
+      fIsList[cells.size()] = true;
+    }
     cells.push_back(LinesOf(cell));
     if (cell.note) {
       AppendMarker(cells.back(), MarkerAt(fNotes.IndexOf(*cell.note)));
@@ -142,7 +149,8 @@ std::vector<ColumnNeeds> Layout::Needs() const {
     for (std::size_t column = 0; column < row.size(); ++column) {
       for (const std::string& line : row[column]) {
         needs[column].content = std::max(needs[column].content, DisplayWidth(line));
-        needs[column].contentWord = std::max(needs[column].contentWord, WidestWord(line));
+        const std::size_t word = fIsList[column] ? HangingWidth(line) : WidestWord(line);
+        needs[column].contentWord = std::max(needs[column].contentWord, word);
       }
     }
   }
@@ -193,7 +201,7 @@ void Layout::Wrap(std::vector<Lines>& row) const {
     }
     Lines wrapped;
     for (const std::string& line : row[column]) {
-      Lines parts = WrapText(line, width);
+      Lines parts = (fIsList[column] ? WrapTextHanging : WrapText)(line, width);
       std::move(parts.begin(), parts.end(), std::back_inserter(wrapped));
     }
     row[column] = std::move(wrapped);

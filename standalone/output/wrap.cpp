@@ -36,21 +36,33 @@ std::string_view WithoutLeadingBlanks(std::string_view text) {
   return text.substr(std::min(text.find_first_not_of(' '), text.size()));
 }
 
-}  // namespace
+constexpr std::string_view kHanging = "  ";
 
-std::vector<std::string> WrapText(std::string_view text, std::size_t width) {
+/// All lines but the first begin with the indent.
+std::vector<std::string> Wrapped(std::string_view text, std::size_t width, std::string_view indent) {
   std::vector<std::string> lines;
   std::size_t fitting = FittingLength(text, width);
   while (fitting < text.size()) {
     const std::size_t end = BreakAt(text, fitting);
-    lines.emplace_back(text.substr(0, end));
+    lines.push_back(std::string(lines.empty() ? "" : indent).append(text.substr(0, end)));
     text = WithoutLeadingBlanks(text.substr(end));
-    fitting = FittingLength(text, width);
+    fitting = FittingLength(text, width - indent.size());
   }
   if (!text.empty() || lines.empty()) {
-    lines.emplace_back(text);
+    lines.push_back(std::string(lines.empty() ? "" : indent).append(text));
   }
   return lines;
+}
+
+}  // namespace
+
+std::vector<std::string> WrapText(std::string_view text, std::size_t width) {
+  return Wrapped(text, width, "");
+}
+
+std::vector<std::string> WrapTextHanging(std::string_view text, std::size_t width) {
+  constexpr std::size_t kNarrowest = 8;
+  return Wrapped(text, width, width < kNarrowest ? std::string_view() : kHanging);
 }
 
 std::size_t WidestWord(std::string_view text) {
@@ -61,6 +73,12 @@ std::size_t WidestWord(std::string_view text) {
     text.remove_prefix(std::min(end + 1, text.size()));
   }
   return widest;
+}
+
+std::size_t HangingWidth(std::string_view text) {
+  const std::size_t end = std::min(text.find(' '), text.size());
+  const std::size_t others = WidestWord(text.substr(end));
+  return std::max(DisplayWidth(text.substr(0, end)), others == 0 ? 0 : others + kHanging.size());
 }
 
 }  // namespace standalone

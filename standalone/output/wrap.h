@@ -13,8 +13,14 @@ namespace standalone {
 /// `width` has a line of its own.
 std::vector<std::string> WrapText(std::string_view text, std::size_t width);
 
+/// The same with a hanging indent: all lines but the first begin with two blanks, where `width` leaves room for that.
+std::vector<std::string> WrapTextHanging(std::string_view text, std::size_t width);
+
 /// The display width of the widest word of the text.
 std::size_t WidestWord(std::string_view text);
+
+/// The width in which WrapTextHanging() breaks no word.
+std::size_t HangingWidth(std::string_view text);
 
 }  // namespace standalone
 

@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "standalone/program/value_type.h"
+#include "standalone/program/whole_number.h"
 
 namespace standalone {
 namespace {
@@ -42,16 +43,33 @@ bool KnowsColours(std::string_view terminal) {
   return !terminal.empty() && terminal != "dumb";
 }
 
+/// What is wrong with a width; empty where nothing is.
+std::string WidthComplaint(const std::string& value) {
+  constexpr std::int64_t kNarrowest = 20;
+  constexpr std::int64_t kWidest = 10'000;
+  const std::optional<std::int64_t> width = WholeNumber(value);
+  const bool isUsable = width && *width >= kNarrowest && *width <= kWidest;
+  return isUsable ? std::string() : fmt::format("{} is not a whole number from {} to {}", value, kNarrowest, kWidest);
+}
+
 }  // namespace
 
 void AddFormatOption(CLI::App& app, const std::vector<std::string>& names, std::string& format) {
   AddChoice(app, "--format", names, "FORMAT", fmt::format("Form of the output: {}", Alternatives(names)), format);
 }
 
+void AddWidthOption(CLI::App& app, std::optional<std::size_t>& width) {
+  const auto set = [&width](const std::string& value) { width = static_cast<std::size_t>(*WholeNumber(value)); };
+  app.add_option_function<std::string>("--width", set, "Columns of text; else the terminal's, or 80")
+      ->check(WidthComplaint)
+      ->type_name("N");
+}
+
 void AddFormatOptions(CLI::App& app, const std::vector<std::string>& names, FormatOptions& options) {
   AddFormatOption(app, names, options.format);
   AddChoice(app, "--color", {kAuto, kAlways, kNever}, "WHEN", "When text is coloured: auto, always or never",
             options.colour);
+  AddWidthOption(app, options.width);
 }
 
 Colour ChosenColour(const FormatOptions& options, bool isTerminal) {

@@ -3,6 +3,8 @@
 
 #include <CLI/App.hpp>
 #include <algorithm>
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,6 +16,7 @@ namespace standalone {
 struct FormatOptions {
   std::string format;
   std::string colour;
+  std::optional<std::size_t> width;
 };
 
 /// The names of formats, structs with a member `name`.
@@ -33,7 +36,10 @@ const auto& FormatNamed(const Formats& formats, const std::string& name) {
 /// Adds --format, one of `names`, the first unless the user says otherwise.
 void AddFormatOption(CLI::App& app, const std::vector<std::string>& names, std::string& format);
 
-/// Adds --format, as above, and --color.
+/// Adds --width.
+void AddWidthOption(CLI::App& app, std::optional<std::size_t>& width);
+
+/// Adds --format, as above, --color and --width.
 void AddFormatOptions(CLI::App& app, const std::vector<std::string>& names, FormatOptions& options);
 
 /// The colour of text output: unless --color says otherwise, where it goes to a terminal that knows colours and

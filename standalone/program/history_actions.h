@@ -1,6 +1,7 @@
 #ifndef STANDALONE_PROGRAM_HISTORY_ACTIONS_H
 #define STANDALONE_PROGRAM_HISTORY_ACTIONS_H
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -10,8 +11,8 @@
 
 namespace standalone {
 
-/// Writes the changes that the dataset keeps to standard output, for people.
-void WriteLog(Dataset& dataset);
+/// Writes the changes and imports that the dataset keeps to standard output, for people.
+void WriteLog(Dataset& dataset, std::size_t width);
 
 /// Goes back to the sets of version `to`, or to those before the last change, and says so; kErrors, and a sentence on
 /// standard error, where there is no change. Throws Error, also where standard output

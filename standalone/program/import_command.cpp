@@ -3,18 +3,22 @@
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
+#include <exception>
 #include <iostream>
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "standalone/files/input_file.h"
 #include "standalone/import/importer.h"
 #include "standalone/program/counted.h"
 #include "standalone/program/dataset_options.h"
 #include "standalone/program/progress.h"
+#include "standalone/program/set_problems.h"
 #include "standalone/program/subcommands.h"
 #include "standalone/program/value_type.h"
+#include "standalone/text/notice.h"
 #include "standalone/text/visible.h"
 
 namespace standalone {
@@ -34,10 +38,33 @@ ImportSummary ImportWithProgress(ImportRequest request) {
   return ImportSurvey(request);
 }
 
+std::string SentenceOn(const NearlyNumericColumn& column, const std::string& survey) {
+  return fmt::format("{}: {} is a string variable because {} of its {} values {}; the first is \"{}\" in line {}.",
+                     survey, column.name, column.notNumbers, column.cells,
+                     column.notNumbers == 1 ? "is not a number" : "are not numbers", column.text, column.line);
+}
+
+/// The sets were kept, whatever became of their variables. The import stands, even if this cannot be told.
+std::vector<std::string> Misfits(const ImportRequest& request) {
+  try {
+    Dataset dataset(request.datasetPath, request.datasetOptions);
+    const std::vector<StoredSet> sets = dataset.Sets();
+    return NotesOnProblems(sets, ProblemsOfSets(dataset, sets));
+  } catch (const std::exception&) {
+    return {};
+  }
+}
+
 ExitStatus Import(const ImportRequest& request) {
   const ImportSummary summary = ImportWithProgress(request);
   std::cerr << fmt::format("{}: {}, {}\n", Visible(request.datasetPath), Counted(summary.variables, "variable"),
                            Counted(summary.cases, "case"));
+  for (const NearlyNumericColumn& column : summary.nearlyNumeric) {
+    std::cerr << NoticeLine(SentenceOn(column, SurveyName(request.dataPath)));
+  }
+  for (const std::string& note : request.replace ? Misfits(request) : std::vector<std::string>()) {
+    std::cerr << NoticeLine(note);
+  }
   return kSuccess;
 }
 

@@ -23,6 +23,7 @@
 #include "standalone/program/set_problems.h"
 #include "standalone/program/subcommands.h"
 #include "standalone/program/terminal.h"
+#include "standalone/text/notice.h"
 #include "standalone/text/visible.h"
 
 namespace standalone {
@@ -30,6 +31,7 @@ namespace {
 
 struct ListRequest {
   std::string datasetPath;
+  std::string pattern;  ///< of names of variables; may be empty
   FormatOptions format;
   DatasetOptions datasetOptions;
 };
@@ -53,19 +55,21 @@ void WriteSetsTable(const std::vector<StoredSet>& sets, TableWriter& writer) {
   writer.End();
 }
 
-void WriteVariablesTable(Dataset& dataset, TableWriter& writer) {
+void WriteVariablesTable(Dataset& dataset, const std::vector<int>& positions, TableWriter& writer) {
   writer.Begin(VariablesHeading());
-  for (int position = 0; position < dataset.VariableCount(); ++position) {
+  for (const int position : positions) {
     writer.Add(VariableRow(dataset.VariableAt(position)));
   }
   writer.End();
 }
 
 /// Written one by one: a dictionary may be large.
-void WriteVariablesJson(Dataset& dataset, std::ostream& stream) {
+void WriteVariablesJson(Dataset& dataset, const std::vector<int>& positions, std::ostream& stream) {
   stream << "{\"variables\":[";
-  for (int position = 0; position < dataset.VariableCount(); ++position) {
-    stream << (position == 0 ? "" : ",") << OneLine(ToJson(dataset.VariableAt(position)));
+  const char* separator = "";
+  for (const int position : positions) {
+    stream << separator << OneLine(ToJson(dataset.VariableAt(position)));
+    separator = ",";
   }
   stream << "]}\n";
 }
@@ -73,29 +77,34 @@ void WriteVariablesJson(Dataset& dataset, std::ostream& stream) {
 /// One form of a list as a table; json has a form of its own for each list.
 struct ListFormat {
   const char* name;
-  void (*writeNotes)(const std::vector<std::string>& notes);  ///< below a table for people; else null
+  /// Below a table for people; else null.
+  void (*writeNotes)(const std::vector<std::string>& notes, const FormatOptions& options);
   std::unique_ptr<TableWriter> (*makeWriter)(std::ostream& stream, const FormatOptions& options);
 };
 
-void WriteTextNotes(const std::vector<std::string>& notes) {
+std::size_t WidthOf(const FormatOptions& options) {
+  return options.width.value_or(OutputWidth());
+}
+
+void WriteTextNotes(const std::vector<std::string>& notes, const FormatOptions& options) {
   if (!notes.empty()) {
     std::cout << '\n';
   }
   for (const std::string& note : notes) {
-    for (const std::string& line : WrapText(Visible(note), OutputWidth())) {
+    for (const std::string& line : WrapText(Visible(note), WidthOf(options))) {
       std::cout << line << '\n';
     }
   }
 }
 
-void WriteMarkdownNotes(const std::vector<std::string>& notes) {
+void WriteMarkdownNotes(const std::vector<std::string>& notes, const FormatOptions& /*options*/) {
   for (const std::string& note : notes) {
     std::cout << '\n' << MarkdownText(note) << '\n';
   }
 }
 
 std::unique_ptr<TableWriter> MakeText(std::ostream& stream, const FormatOptions& options) {
-  return MakeTextTableWriter(stream, OutputWidth(), ChosenColour(options, OutputIsTerminal()));
+  return MakeTextTableWriter(stream, WidthOf(options), ChosenColour(options, OutputIsTerminal()));
 }
 
 std::unique_ptr<TableWriter> MakeMarkdown(std::ostream& stream, const FormatOptions& /*options*/) {
@@ -116,7 +125,8 @@ constexpr std::array<ListFormat, 4> kListFormats = {{
 // Both read all before they write the first byte: who reads the output may pause, and a dataset that is being read
 // cannot be written by anyone.
 
-void WriteSets(Dataset& dataset, const FormatOptions& options) {
+ExitStatus WriteSets(Dataset& dataset, const ListRequest& request) {
+  const FormatOptions& options = request.format;
   const std::vector<StoredSet> sets = dataset.Sets();
   const std::vector<std::vector<std::string>> problems = ProblemsOfSets(dataset, sets);
   dataset.EndCommand();
@@ -128,42 +138,51 @@ void WriteSets(Dataset& dataset, const FormatOptions& options) {
   } else {
     WriteSetsTable(sets, *format.makeWriter(std::cout, options));
     if (format.writeNotes != nullptr) {
-      format.writeNotes(NotesOnProblems(sets, problems));
+      format.writeNotes(NotesOnProblems(sets, problems), options);
     }
   }
+  return kSuccess;
 }
 
-void WriteVariables(Dataset& dataset, const FormatOptions& options) {
-  const ListFormat& format = FormatNamed(kListFormats, options.format);
+ExitStatus WriteVariables(Dataset& dataset, const ListRequest& request) {
+  const std::vector<int> positions = PositionsOf(request.pattern, dataset);
+  if (positions.empty() && !request.pattern.empty()) {
+    std::cerr << NoticeLine(NoSuchVariable(request.pattern));
+    return kErrors;
+  }
+  const ListFormat& format = FormatNamed(kListFormats, request.format.format);
   SpoolStream spool;
   if (format.makeWriter == nullptr) {
-    WriteVariablesJson(dataset, spool);
+    WriteVariablesJson(dataset, positions, spool);
   } else {
-    WriteVariablesTable(dataset, *format.makeWriter(spool, options));
+    WriteVariablesTable(dataset, positions, *format.makeWriter(spool, request.format));
   }
   dataset.EndCommand();
   spool.CopyTo(std::cout);
+  return kSuccess;
 }
 
 /// One list of what a dataset holds.
 struct List {
   const char* example;
-  void (*write)(Dataset& dataset, const FormatOptions& options);  ///< a command of the dataset has begun
+  ExitStatus (*write)(Dataset& dataset, const ListRequest& request);  ///< a command of the dataset has begun
 };
 
 constexpr List kSets = {"mrset sets survey.mrset --format json", WriteSets};
-constexpr List kVariables = {"mrset variables survey.mrset --format csv", WriteVariables};
+constexpr List kVariables = {"mrset variables survey.mrset 'q1*' --format csv", WriteVariables};
 
 ExitStatus Write(const List& list, const ListRequest& request) {
   Dataset dataset(request.datasetPath, request.datasetOptions);
   dataset.BeginCommand(false);
-  list.write(dataset, request.format);
-  return kSuccess;
+  return list.write(dataset, request);
 }
 
 Action DeclareList(CLI::App& app, const List& list) {
   const auto request = std::make_shared<ListRequest>();
   AddDatasetArgument(app, request->datasetPath);
+  if (&list == &kVariables) {
+    app.add_option("PATTERN", request->pattern, "Names to list, such as 'q*', or their beginning")->type_name("");
+  }
   AddFormatOptions(app, FormatNames(kListFormats), request->format);
   AddLockTimeoutOption(app, request->datasetOptions);
   app.footer(fmt::format("Example:\n  {}\n", list.example));

@@ -2,11 +2,14 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <numeric>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "standalone/program/counted.h"
+#include "standalone/shell/name_pattern.h"
 
 namespace standalone {
 namespace {
@@ -50,6 +53,28 @@ TableRow VariableRow(const Variable& variable) {
   const std::string type =
       variable.width == 0 ? "numeric" : "string, " + Counted(static_cast<std::size_t>(variable.width), "byte");
   return {variable.name, {TextCell(type), TextCell(variable.label.value_or("")), ListCell(std::move(valueLabels))}};
+}
+
+std::vector<int> PositionsOf(const std::string& pattern, Dataset& dataset, std::size_t most) {
+  std::vector<int> positions;
+  if (pattern.empty()) {
+    positions.resize(std::min(static_cast<std::size_t>(dataset.VariableCount()), most));
+    std::iota(positions.begin(), positions.end(), 0);
+    return positions;
+  }
+  const NamePattern names(pattern);
+  dataset.VisitVariables(names.Beginning(), 0, [&](int position, const std::string& name) {
+    if (names.Matches(name)) {
+      positions.push_back(position);
+    }
+    return positions.size() < most;
+  });
+  std::sort(positions.begin(), positions.end());
+  return positions;
+}
+
+std::string NoSuchVariable(const std::string& pattern) {
+  return fmt::format("The dataset has no variable {}.", pattern);
 }
 
 std::string AbsenceOfSets(const std::vector<StoredSet>& sets) {

@@ -3,7 +3,9 @@
 #include <CLI/Formatter.hpp>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "standalone/data/dataset.h"
 #include "standalone/output/log_text.h"
@@ -21,44 +23,72 @@ constexpr const char* kJsonLog = "json";
 struct LogRequest {
   std::string datasetPath;
   std::string format;
+  std::optional<std::size_t> width;
   DatasetOptions datasetOptions;
 };
 
 // Written one by one: commands may be long.
 void WriteJson(Dataset& dataset) {
+  const std::vector<LoggedImport> imports = dataset.Imports();
+  dataset.EndCommand();
   std::cout << "{\"log\":[";
   const char* separator = "";
   dataset.ForEachChange([&](const Change& change) {
     std::cout << separator << OneLine(ToJson(change));
     separator = ",";
   });
+  std::cout << "],\"imports\":[";
+  separator = "";
+  for (const LoggedImport& import : imports) {
+    std::cout << separator << OneLine(ToJson(import));
+    separator = ",";
+  }
   std::cout << "]}\n";
 }
 
 ExitStatus Log(const LogRequest& request) {
   Dataset dataset(request.datasetPath, request.datasetOptions);
-  (request.format == kJsonLog ? WriteJson : WriteLog)(dataset);
+  if (request.format == kJsonLog) {
+    WriteJson(dataset);
+  } else {
+    WriteLog(dataset, request.width.value_or(OutputWidth()));
+  }
   return kSuccess;
 }
 
 }  // namespace
 
-void WriteLog(Dataset& dataset) {
+void WriteLog(Dataset& dataset, std::size_t width) {
   const VersionRange versions = dataset.Versions();
+  const std::vector<LoggedImport> imports = dataset.Imports();
   dataset.EndCommand();
   if (versions.first == versions.last) {
     std::cout << "The dataset keeps no change of its sets.\n";
   }
-  const std::size_t width = OutputWidth();
-  dataset.ForEachChange([&](const Change& change) { std::cout << ChangeText(change, width); });
+  auto next = imports.begin();
+  const auto writeImportsSince = [&](std::int64_t change) {
+    for (; next != imports.end() && next->afterChange >= change; ++next) {
+      std::cout << ImportText(*next, width);
+    }
+  };
+  dataset.ForEachChange([&](const Change& change) {
+    writeImportsSince(change.number);
+    std::cout << ChangeText(change, width);
+  });
+  writeImportsSince(0);
 }
 
 Action DeclareLog(CLI::App& options) {
   const auto request = std::make_shared<LogRequest>();
   AddDatasetArgument(options, request->datasetPath);
   AddFormatOption(options, {"text", kJsonLog}, request->format);
+  AddWidthOption(options, request->width);
   AddLockTimeoutOption(options, request->datasetOptions);
-  options.footer("Example:\n  mrset log survey.mrset\n");
+  options.footer(
+      "Imports are listed where they happened, without a number;\n"
+      "undo leaves them as they are.\n"
+      "Example:\n"
+      "  mrset log survey.mrset\n");
   return [request] { return Log(*request); };
 }
 

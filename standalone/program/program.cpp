@@ -5,10 +5,14 @@
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
+#include <algorithm>
 #include <array>
 #include <exception>
 #include <iostream>
+#include <memory>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "standalone/files/io.h"
@@ -19,6 +23,7 @@
 #include "standalone/program/signals.h"
 #include "standalone/program/usage.h"
 #include "standalone/program/version.h"
+#include "standalone/shell/help.h"
 #include "standalone/text/error.h"
 #include "standalone/text/notice.h"
 #include "standalone/text/visible.h"
@@ -32,7 +37,7 @@ constexpr std::array<Subcommand, 11> kSubcommands = {{
     {"shell", "Type commands on a dataset, with help and completion", DeclareShell},
     {"sets", "List a dataset's multiple response sets", DeclareSets},
     {"variables", "List a dataset's variables", DeclareVariables},
-    {"log", "List the changes of a dataset's sets", DeclareLog},
+    {"log", "List the changes of a dataset's sets, and its imports", DeclareLog},
     {"undo", "Go back to the sets as they were", DeclareUndo},
     {"check", "Verify that a dataset is sound", DeclareCheck},
     {"script", "Write the commands that make a dataset's sets", DeclareScript},
@@ -41,6 +46,7 @@ constexpr std::array<Subcommand, 11> kSubcommands = {{
 }};
 
 constexpr const char* kExample =
+    "\"mrset help run\" shows the options of run, \"mrset help MDGROUP\" the language.\n"
     "Example:\n"
     "  mrset import --schema survey.schema.json survey.csv survey.mrset\n"
     "  mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'\n";
@@ -82,12 +88,37 @@ int Perform(const CLI::App& subcommand, const Action& action) {
   }
 }
 
+/// The arguments of "help", as in a shell, put as the options that do it: those of the program or of a subcommand.
+std::vector<std::string> WithoutHelpWord(std::vector<std::string> arguments) {
+  if (arguments.empty() || arguments[0] != "help") {
+    return arguments;
+  }
+  arguments.erase(arguments.begin());
+  const auto isAsked = [&](const Subcommand& subcommand) { return arguments[0] == subcommand.name; };
+  if (arguments.empty() || std::any_of(kSubcommands.begin(), kSubcommands.end(), isAsked)) {
+    arguments.emplace_back("--help");
+  }
+  return arguments;
+}
+
+/// Help on the command language, which is no subcommand of the program.
+std::optional<std::string> HelpOnLanguage(const std::vector<std::string>& arguments) {
+  return arguments.size() == 2 && arguments[0] == "help" && !arguments[1].empty() ? HelpOn(arguments[1]) : std::nullopt;
+}
+
 int ParseAndPerform(int argc, const char* const* argv) {
+  const std::vector<std::string> arguments(argv + std::min(argc, 1), argv + argc);
+  if (const std::optional<std::string> help = HelpOnLanguage(arguments)) {
+    std::cout << *help;
+    return kSuccess;
+  }
   Action chosen;
   const std::unique_ptr<CLI::App> program = DeclareProgram(chosen);
   CLI::App& app = *program;
   try {
-    app.parse(argc, argv);
+    std::vector<std::string> reversed = WithoutHelpWord(arguments);
+    std::reverse(reversed.begin(), reversed.end());
+    app.parse(std::move(reversed));
   } catch (const CLI::ParseError& error) {
     return EndOfParse(app, error, argc > 1 ? argv[argc - 1] : "");
   }

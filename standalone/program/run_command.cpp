@@ -11,6 +11,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -32,6 +33,8 @@
 #include "standalone/run/script_source.h"
 #include "standalone/run/supervisor.h"
 #include "standalone/text/error.h"
+#include "standalone/text/notice.h"
+#include "standalone/text/unicode.h"
 
 namespace standalone {
 namespace {
@@ -54,14 +57,16 @@ struct RunCommandList {
 
 /// The commands of the script, then those of each -c.
 RunCommandList ReadCommands(const RunOptions& options) {
+  const auto remark = [](const std::string& sentence) { std::cerr << NoticeLine(sentence); };
   std::vector<ScriptCommand> commands;
   if (options.scriptPath) {
     const std::string& path = *options.scriptPath;
-    commands = SplitScript(ReadScript(path), path == "-" ? "standard input" : path);
+    commands = SplitScript(ReadScript(path), path == "-" ? "standard input" : path, remark);
   }
   const std::size_t fromScript = commands.size();
   for (std::size_t index = 0; index < options.commands.size(); ++index) {
-    const std::vector<ScriptCommand> more = SplitScript(options.commands[index], fmt::format("-c {}", index + 1));
+    const std::vector<ScriptCommand> more =
+        SplitScript(options.commands[index], fmt::format("-c {}", index + 1), remark);
     commands.insert(commands.end(), more.begin(), more.end());
   }
   return {std::move(commands), fromScript};
@@ -92,6 +97,7 @@ struct Target {
 /// One form of the results.
 struct RunFormat {
   const char* name;
+  std::array<std::string_view, 2> endings;  ///< of names of files that have this form
   std::unique_ptr<Renderer> (*makeRenderer)(const RunOptions& options, const Target& target);
 };
 
@@ -121,12 +127,22 @@ std::unique_ptr<Renderer> MakeCsv(const RunOptions& /*options*/, const Target& t
 }
 
 constexpr std::array<RunFormat, 5> kRunFormats = {{
-    {"text", MakeText},
-    {"json", MakeJson},
-    {"html", MakeHtml},
-    {"markdown", MakeMarkdown},
-    {kCsvFormat, MakeCsv},
+    {"text", {".txt", ".text"}, MakeText},
+    {"json", {".json", ".jsonl"}, MakeJson},
+    {"html", {".html", ".htm"}, MakeHtml},
+    {"markdown", {".md", ".markdown"}, MakeMarkdown},
+    {kCsvFormat, {".csv", ".csv"}, MakeCsv},
 }};
+
+/// The format that the name of a file asks for; text where it asks for none.
+const char* FormatOfFile(const std::string& path) {
+  const std::string ending = std::filesystem::path(path).extension().string();
+  const auto* found = std::find_if(kRunFormats.begin(), kRunFormats.end(), [&](const RunFormat& format) {
+    return std::any_of(format.endings.begin(), format.endings.end(),
+                       [&](std::string_view one) { return CompareNoCase(one, ending) == 0; });
+  });
+  return (found == kRunFormats.end() ? kRunFormats.front() : *found).name;
+}
 
 std::unique_ptr<Renderer> MakeRenderer(const RunOptions& options, const Target& target) {
   return FormatNamed(kRunFormats, options.format.format).makeRenderer(options, target);
@@ -183,12 +199,12 @@ void RunAndRender(const Job& job, const Target& target, Outcome& outcome) {
 void RunIntoFile(const Job& job, Outcome& outcome) {
   CheckOutputPath(job.options, *job.options.outputPath);
   OutputFile file(*job.options.outputPath, ComplaintOnReservedName);
-  RunAndRender(job, {file.Stream(), false, kDefaultWidth}, outcome);
+  RunAndRender(job, {file.Stream(), false, job.options.format.width.value_or(kDefaultWidth)}, outcome);
   file.Commit();
 }
 
 void RunOnStandardOutput(const Job& job, Outcome& outcome) {
-  RunAndRender(job, {std::cout, OutputIsTerminal(), OutputWidth()}, outcome);
+  RunAndRender(job, {std::cout, OutputIsTerminal(), job.options.format.width.value_or(OutputWidth())}, outcome);
   std::cout.flush();
   if (!std::cout && outcome.saved > 0) {
     throw Error("Standard output cannot be written.");
@@ -226,18 +242,23 @@ Action DeclareRun(CLI::App& app) {
       ->type_name("COMMAND")
       ->allow_extra_args(false);
   AddFormatOptions(app, FormatNames(kRunFormats), options->format);
-  AddOutputOption(app, "Write the results to this file", options->outputPath);
+  AddOutputOption(app, "Write results to this file; its ending sets the format", options->outputPath);
   app.add_flag("--dry-run", options->dryRun, "Show what would be done; leave the dataset as it is");
   app.add_flag("--stop-on-error", options->stopOnError, "Run no command after one that fails");
   app.add_flag("--relaxed", options->datasetOptions.relaxed,
                "Faster, but a power failure or a crash of the system can damage the dataset beyond repair");
   AddLockTimeoutOption(app, options->datasetOptions);
   app.footer(
-      "Exit status: 0 no error, 1 an error message, 2 wrong usage or an unusable file,\n"
-      "3 an aborted command.\n"
+      "json is an object a command, a line each (JSON Lines). Exit status: 0 no error,\n"
+      "1 an error message, 2 wrong usage or an unusable file, 3 an aborted command.\n"
       "Example:\n"
       "  mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'\n");
-  return [options] { return Run(*options); };
+  return [options, &app] {
+    if (options->outputPath && app.count("--format") == 0) {
+      options->format.format = FormatOfFile(*options->outputPath);
+    }
+    return Run(*options);
+  };
 }
 
 }  // namespace standalone

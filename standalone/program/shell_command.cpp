@@ -9,6 +9,7 @@
 #include <iostream>
 #include <iterator>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -28,7 +29,6 @@
 #include "standalone/run/supervisor.h"
 #include "standalone/shell/dataset_completion_source.h"
 #include "standalone/shell/help.h"
-#include "standalone/shell/name_pattern.h"
 #include "standalone/shell/piped_input.h"
 #include "standalone/shell/shell.h"
 #include "standalone/shell/terminal_input.h"
@@ -44,28 +44,16 @@ constexpr std::size_t kMostListed = 1000;
 
 struct ShellOptions {
   std::string datasetPath;
+  std::optional<std::size_t> width;
   DatasetOptions datasetOptions;
 };
-
-/// The positions, in dictionary order, of the variables that the pattern stands for; one more than kMostListed at most.
-std::vector<int> PositionsOf(const std::string& pattern, Dataset& dataset) {
-  const NamePattern names(pattern);
-  std::vector<int> positions;
-  dataset.VisitVariables(names.Beginning(), 0, [&](int position, const std::string& name) {
-    if (names.Matches(name)) {
-      positions.push_back(position);
-    }
-    return positions.size() <= kMostListed;
-  });
-  std::sort(positions.begin(), positions.end());
-  return positions;
-}
 
 /// Does what a shell's commands say. Each opens the dataset as it is then; none stays open, since the process forks.
 class DatasetActions : public ShellActions {
  public:
   DatasetActions(const ShellOptions& options, bool isAtTerminal)
       : fPath(options.datasetPath),
+        fWidth(options.width),
         fDatasetOptions(options.datasetOptions),
         fIsAtTerminal(isAtTerminal),
         fSupervisor({options.datasetPath, false, options.datasetOptions}),
@@ -79,9 +67,10 @@ class DatasetActions : public ShellActions {
   ExitStatus Finish();
 
  private:
-  static Colour OutputColour() { return ChosenColour({"text", "auto"}, OutputIsTerminal()); }
-  static std::unique_ptr<Renderer> MakeRenderer(Echo echo) {
-    return MakeTextRenderer(std::cout, OutputWidth(), OutputColour(), echo);
+  static Colour OutputColour() { return ChosenColour({"text", "auto", std::nullopt}, OutputIsTerminal()); }
+  std::size_t Width() const { return fWidth.value_or(OutputWidth()); }
+  std::unique_ptr<Renderer> MakeRenderer(Echo echo) const {
+    return MakeTextRenderer(std::cout, Width(), OutputColour(), echo);
   }
 
   ExitStatus Do(const ShellCommand& command);
@@ -97,6 +86,7 @@ class DatasetActions : public ShellActions {
   void Complain(ExitStatus status, const std::exception& error);
 
   const std::string& fPath;
+  std::optional<std::size_t> fWidth;
   DatasetOptions fDatasetOptions;
   bool fIsAtTerminal;
   Supervisor fSupervisor;
@@ -175,7 +165,7 @@ ExitStatus DatasetActions::Do(const ShellCommand& command) {
   if (command.rule->kind == ShellCommandKind::kSets) {
     return ShowSets(dataset);
   }
-  WriteLog(dataset);
+  WriteLog(dataset, Width());
   return kSuccess;
 }
 
@@ -197,14 +187,14 @@ ExitStatus DatasetActions::ShowSets(Dataset& dataset) {
   }
   Table table = SetsHeading();
   std::transform(sets.begin(), sets.end(), std::back_inserter(table.rows), SetRow);
-  MakeTextTableWriter(std::cout, OutputWidth(), OutputColour())->Write(table);
+  MakeTextTableWriter(std::cout, Width(), OutputColour())->Write(table);
   return kSuccess;
 }
 
 ExitStatus DatasetActions::ShowVariables(Dataset& dataset, const std::string& pattern) {
-  std::vector<int> positions = PositionsOf(pattern, dataset);
+  std::vector<int> positions = PositionsOf(pattern, dataset, kMostListed + 1);
   if (positions.empty()) {
-    throw Error(ErrorKind::kUsage, fmt::format("The dataset has no variable {}.", pattern));
+    throw Error(ErrorKind::kUsage, NoSuchVariable(pattern));
   }
   const bool isCut = positions.size() > kMostListed;
   positions.resize(std::min(positions.size(), kMostListed));
@@ -214,7 +204,7 @@ ExitStatus DatasetActions::ShowVariables(Dataset& dataset, const std::string& pa
   }
   const auto count = static_cast<std::size_t>(dataset.VariableCount());
   dataset.EndCommand();
-  MakeTextTableWriter(std::cout, OutputWidth(), OutputColour())->Write(table);
+  MakeTextTableWriter(std::cout, Width(), OutputColour())->Write(table);
   if (isCut) {
     std::cout << fmt::format("These are {} of the dataset's {}; a pattern such as q* shows fewer.\n", kMostListed,
                              Counted(count, "variable"));
@@ -259,6 +249,7 @@ ExitStatus RunShell(const ShellOptions& options) {
 Action DeclareShell(CLI::App& app) {
   const auto options = std::make_shared<ShellOptions>();
   AddDatasetArgument(app, options->datasetPath);
+  AddWidthOption(app, options->width);
   AddLockTimeoutOption(app, options->datasetOptions);
   app.footer(
       "At a terminal: Tab completes, Ctrl-R searches the history, help says more.\n"

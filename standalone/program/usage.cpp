@@ -135,9 +135,24 @@ const std::array<Complaint, 3> kComplaints = {{
      [](auto& option) { return option.get_items_expected_max() == 0 && !option.empty(); }, "{} takes no value."},
 }};
 
+/// Two options that exclude each other and are both given.
+std::string SentenceOnExclusion(const CLI::App& subcommand) {
+  for (const CLI::Option* option : subcommand.get_options([](const CLI::Option* one) { return !one->empty(); })) {
+    for (const CLI::Option* other : option->get_excludes()) {
+      if (!other->empty()) {
+        return fmt::format("{} and {} cannot be given together.", option->get_name(), other->get_name());
+      }
+    }
+  }
+  return {};
+}
+
 /// What is wrong with the subcommand's options. Only the last word can lack a value.
 std::string SentenceOnOptions(const CLI::App& subcommand, const CLI::ParseError& error, const std::string& lastWord) {
   const auto kind = static_cast<CLI::ExitCodes>(error.get_exit_code());
+  if (kind == CLI::ExitCodes::ExcludesError) {
+    return SentenceOnExclusion(subcommand);
+  }
   for (const Complaint& complaint : kComplaints) {
     for (const CLI::Option* option : subcommand.get_options()) {
       if (kind == complaint.kind && complaint.isConcerned(*option)) {

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 #include <variant>
 
@@ -123,14 +124,52 @@ std::vector<std::string> HintsOn(const std::vector<SetTally>& tallies) {
   return hints;
 }
 
+/// The label of a value; null where it has none.
+const std::string* LabelOf(const Variable& variable, const std::string& value) {
+  const std::optional<double> number = NumberValue(value);
+  const auto isLabelled = [&](const ValueLabel& entry) {
+    return variable.width == 0 ? number && NumberValue(entry.value) == number : entry.value == value;
+  };
+  const auto found = std::find_if(variable.valueLabels.begin(), variable.valueLabels.end(), isLabelled);
+  return found == variable.valueLabels.end() ? nullptr : &found->label;
+}
+
+/// Whether each variable has a label for the counted value, and another one than the others.
+bool HasAnswersAsLabels(Dataset& dataset, const StoredSet& set) {
+  std::unordered_set<std::string> labels;
+  return set.variables.size() <= kMostVariables &&
+         std::all_of(set.variables.begin(), set.variables.end(), [&](const std::string& name) {
+           const int position = dataset.FindVariable(name);
+           const std::string* label = position < 0 ? nullptr : LabelOf(dataset.VariableAt(position), set.countedValue);
+           return label != nullptr && labels.insert(ToUpper(*label)).second;
+         });
+}
+
+/// The module warns once for each variable; what to do about it is said once for the set.
+std::vector<std::string> HintsOnLabels(Dataset& dataset, const std::vector<const StoredSet*>& sets) {
+  std::vector<std::string> hints;
+  for (const StoredSet* set : sets) {
+    if (set->type == SetType::kDichotomy && !set->categoryLabelsFromCountedValue && HasAnswersAsLabels(dataset, *set)) {
+      hints.push_back(
+          fmt::format("the variables of {} label {} differently, so each label may be an answer:"
+                      " CATEGORYLABELS=COUNTEDVALUES names the answers by these labels",
+                      set->name, set->countedValue));
+    }
+  }
+  return hints;
+}
+
 }  // namespace
 
 std::vector<std::string> ChoiceHints::On(const SetList& before, const SetList& after) {
   std::vector<std::string> hints;
   try {
-    std::vector<SetTally> tallies = TalliesOf(fDataset, SetsMade(before, after));
+    const std::vector<const StoredSet*> made = SetsMade(before, after);
+    hints = HintsOnLabels(fDataset, made);
+    std::vector<SetTally> tallies = TalliesOf(fDataset, made);
     if (!tallies.empty() && fDataset.VariableCount() <= kMostInDictionary && Tally(tallies)) {
-      hints = HintsOn(tallies);
+      const std::vector<std::string> onCases = HintsOn(tallies);
+      hints.insert(hints.end(), onCases.begin(), onCases.end());
     }
   } catch (const Error&) {
     hints.clear();  // no hint is worth a failed command

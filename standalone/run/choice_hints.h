@@ -22,9 +22,9 @@ class ChoiceHints {
   /// The dataset must outlive the hints.
   explicit ChoiceHints(Dataset& dataset) : fDataset(dataset) {}
 
-  /// The hints after a command that found the sets `before` and leaves `after`: for each set that it made, either that
-  /// no case holds the counted value, with values that there are, without blanks at their ends, or which variables no
-  /// case has chosen.
+  /// The hints after a command that found the sets `before` and leaves `after`, for each set that it made: that its
+  /// variables label the counted value differently, as answers do; and that no case holds the counted value, with
+  /// values that there are, without blanks at their ends, or which variables no case has chosen.
   std::vector<std::string> On(const SetList& before, const SetList& after);
 
  private:

@@ -57,6 +57,11 @@ void serialize(Archive& archive, HintGiven& event) {
 }
 
 template <typename Archive>
+void serialize(Archive& archive, DryRunTold& event) {
+  archive(event.sentence);
+}
+
+template <typename Archive>
 void serialize(Archive& /*archive*/, SaveBegun& /*event*/) {}
 
 template <typename Archive>

@@ -10,7 +10,9 @@
 #include "standalone/language/keywords.h"
 #include "standalone/language/nearest_name.h"
 #include "standalone/language/place.h"
+#include "standalone/language/slips.h"
 #include "standalone/language/tokenizer.h"
+#include "standalone/run/dry_run.h"
 #include "standalone/text/error.h"
 #include "standalone/text/unicode.h"
 
@@ -37,13 +39,16 @@ Message NotACommand(const ScriptCommand& command, const Token& token) {
       PlaceIn(command, token.offset, token.length)};
   if (IsWord(token) && MeantWord(token.text, {kMrset})) {
     message.hint = DidYouMean(kMrset);
+  } else {
+    message.hint = HintOnBeginning(command.text);
   }
   return message;
 }
 
 Message Unreadable(const ScriptCommand& command, const TokenizerError& error) {
   const Place place = PlaceIn(command, error.Offset(), error.Size());
-  return {Level::kError, fmt::format("Line {}: {}", place.line, error.what()), place};
+  return {Level::kError, fmt::format("Line {}: {}", place.line, error.what()), place,
+          HintOnOpenString(std::string_view(command.text).substr(error.Offset(), error.Size()))};
 }
 
 }  // namespace
@@ -97,6 +102,9 @@ Dataset::Saved CommandRunner::TryRun(const ScriptCommand& command, const std::ve
   }
   GiveHints(before, *session.SavedSets());
   if (fDryRun) {
+    if (const std::optional<std::string> sentence = SentenceOnDryRun(before, *session.SavedSets())) {
+      fTell(DryRunTold{*sentence});
+    }
     fDataset.EndCommand();
     fDryRunSets = session.SavedSets();
     return Dataset::Saved::kUnchanged;

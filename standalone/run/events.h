@@ -20,13 +20,18 @@ struct HintGiven {
   std::string hint;
 };
 
+/// What the command would change, as a sentence.
+struct DryRunTold {
+  std::string sentence;
+};
+
 /// The command did its work and begins to save it.
 struct SaveBegun {};
 
 /// The command starts over: what it has told so far does not count.
 struct CommandRestarted {};
 
-using Event = std::variant<ProcedureOpened, Message, Table, HintGiven, SaveBegun, CommandRestarted>;
+using Event = std::variant<ProcedureOpened, Message, Table, HintGiven, DryRunTold, SaveBegun, CommandRestarted>;
 
 using Tell = std::function<void(const Event& event)>;
 

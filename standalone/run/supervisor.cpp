@@ -5,6 +5,7 @@
 #include <set>
 #include <utility>
 
+#include "standalone/run/abort_hint.h"
 #include "standalone/run/command_runner.h"
 #include "standalone/text/error.h"
 #include "standalone/text/visible.h"
@@ -23,6 +24,8 @@ void Take(Event event, CommandResult& result) {
     result.items.emplace_back(std::move(*table));
   } else if (auto* given = std::get_if<HintGiven>(&event)) {
     result.hints.push_back(std::move(given->hint));
+  } else if (auto* told = std::get_if<DryRunTold>(&event)) {
+    result.dryRun = std::move(told->sentence);
   }
 }
 
@@ -106,6 +109,9 @@ void Supervisor::Abort(CommandResult& result) {
   }
   result.status = Status::kAborted;
   result.items.emplace_back(Message{Level::kFatal, ended->LastWords()});
+  if (std::optional<std::string> hint = HintOnAbort(result.text)) {
+    result.hints.push_back(std::move(*hint));
+  }
 }
 
 void Supervisor::Finish() {

@@ -3,6 +3,8 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <optional>
+#include <string_view>
 
 #include "standalone/data/set_rules.h"
 #include "standalone/text/unicode.h"
@@ -38,6 +40,9 @@ class SetCopier {
     if (!lacking.empty()) {
       fOutcome.problems.push_back(fmt::format("{} lacks {}", fTarget.name, fmt::join(lacking, ", ")));
     }
+    if (fOutcome.problems.empty()) {
+      CompareLabels();
+    }
   }
 
   const StoredSet& Set() const { return fCopy; }
@@ -53,6 +58,24 @@ class SetCopier {
           fmt::format("{} is {} in {}, {}", variable.name, TypeName(variable), fTarget.name, where));
     } else if (variable.width != 0) {
       CompareWidths(variable, original);
+    }
+  }
+
+  /// MRSET would not make the set without them.
+  void CompareLabels() {
+    const auto find = [this](const std::string& name, bool /*withLabels*/) -> std::optional<Variable> {
+      const Variable* variable = fTarget.find(name);
+      return variable == nullptr ? std::nullopt : std::make_optional(*variable);
+    };
+    const std::vector<SetProblem> misfits = MisfitsOf(fCopy, find);
+    for (const std::string_view kind : {kNoValueLabelProblem, kSameValueLabelProblem}) {
+      const auto isOfKind = [kind](const SetProblem& problem) { return problem.kind == kind; };
+      const auto first = std::find_if(misfits.begin(), misfits.end(), isOfKind);
+      if (first != misfits.end()) {
+        const auto others = std::count_if(first + 1, misfits.end(), isOfKind);
+        fOutcome.problems.push_back(fmt::format("in {} it {}{}", fTarget.name, first->text,
+                                                others == 0 ? "" : fmt::format(" (and {} more)", others)));
+      }
     }
   }
 

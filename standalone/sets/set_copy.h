@@ -42,7 +42,8 @@ struct CopyPlan {
 
 /// Puts the chosen sets into the target's list: in the place of the set of the same name, without regard to case, else
 /// at the end. Variables are spelled as in the target's dictionary. A set is incomplete, and left out of the list,
-/// where the target lacks one of its variables, has it with another type, or not wide enough for the counted value.
+/// where the target lacks one of its variables, has it with another type, or not wide enough for the counted value, or
+/// has no value labels where the set takes its category labels from them.
 CopyPlan PlanCopy(const std::vector<StoredSet>& chosen, const std::vector<StoredSet>& targetSets,
                   const CopySide& source, const CopySide& target);
 

@@ -26,6 +26,7 @@ void Shell::Run() {
     }
   }
   const std::optional<ScriptCommand> last = fCollector.End();
+  SayRemark();
   if (last && fInput.IsScript()) {
     fActions.Run(*last);
   }
@@ -64,8 +65,15 @@ void Shell::AddLine(std::string_view line) {
   if (!fCollector.IsOpen()) {
     EndEntry();
   }
+  SayRemark();
   if (command) {
     fActions.Run(*command);
+  }
+}
+
+void Shell::SayRemark() {
+  if (const std::optional<std::string> sentence = fCollector.TakeRemark()) {
+    fActions.Say(*sentence);
   }
 }
 

@@ -40,6 +40,7 @@ class Shell {
   void RefuseWhatIsNoCommand();
   void RemarkOnShellCommand(std::string_view line);
   void EndEntry();
+  void SayRemark();
 
   ShellInput& fInput;
   ShellActions& fActions;

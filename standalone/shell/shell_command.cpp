@@ -55,7 +55,7 @@ const std::vector<ShellCommandRule>& ShellCommands() {
       {"log", ShellCommandKind::kLog, "", "the changes of the sets, the last one first"},
       {"quit", ShellCommandKind::kQuit, "", "leave the shell; so does Ctrl-D on an empty line"},
       {"sets", ShellCommandKind::kSets, "", "the dataset's sets"},
-      {"undo", ShellCommandKind::kUndo, "[N]", "take the last change back, or all behind version N"},
+      {"undo", ShellCommandKind::kUndo, "[N]", "take back the last change, or all after N; twice restores"},
       {"variables", ShellCommandKind::kVariables, "[PATTERN]", "the variables, or those with names such as q*"},
   };
   return kRules;

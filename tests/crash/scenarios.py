@@ -40,7 +40,7 @@ IMPORT = ["import", SURVEY, DATASET]
 IMPORT_OTHER = ["import", SURVEY, OTHER]
 
 # A dataset as the first version of the format had it.
-AS_VERSION_1 = "DROP TABLE history; DROP TABLE history_set; PRAGMA user_version = 1;"
+AS_VERSION_1 = "DROP TABLE history; DROP TABLE history_set; DROP TABLE imported; PRAGMA user_version = 1;"
 COPIES_OF_VERSION_1 = DATASET + ".v1.bak*"
 
 

@@ -23,7 +23,7 @@ $ mrset run b.mrset -c 'MRSET
 >   /MCGROUP NAME=$t LABEL="Brötchen" VARIABLES=topping1 topping2'
 1> MRSET
    /MCGROUP NAME=$t LABEL="Brötchen" VARIABLES=topping1 topping2
-$ mrset log b.mrset
+$ mrset log b.mrset | head -n 2
     1  2026-01-31 12:00:00  defined $t
        MRSET /MCGROUP NAME=$t LABEL="Brötchen" VARIABLES=topping1 topping2
 ```

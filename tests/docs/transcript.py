@@ -11,8 +11,8 @@ ANNOTATION = re.compile(r' \((re|glob|esc|no-eol)\)$')
 # What varies from run to run or from compiler to compiler, and all that may stand in its place. Nothing else is a
 # pattern: every other letter is compared.
 VARYING = (
-    # of a change, as `mrset log` shows it
-    (re.compile(r'(^ +\d+  )\d{4}-\d\d-\d\d \d\d:\d\d:\d\d(?=  )'), r'\d{4}-\d\d-\d\d \d\d:\d\d:\d\d'),
+    # of a change, with its number, or an import, as `mrset log` shows it
+    (re.compile(r'(^ +(?:\d+  )?)\d{4}-\d\d-\d\d \d\d:\d\d:\d\d(?=  )'), r'\d{4}-\d\d-\d\d \d\d:\d\d:\d\d'),
     (re.compile(r'("time":)"\d{4}-\d\d-\d\dT\d\d:\d\d:\d\dZ"'), r'"\d{4}-\d\d-\d\dT\d\d:\d\d:\d\dZ"'),
     # the commit, which a build without git does not know
     (re.compile(r'(^mrset \d+\.\d+\.\d+)( \([0-9a-f]{12}\))?$'), r'( \([0-9a-f]{12}\))?'),

@@ -17,10 +17,12 @@ A failed assertion of the module ends its command and nothing else.
       MRSET /DELETE NAME=ALL /MCGROUP VARIABLES=q1 q2.
                               ^^^^^^^
   Fatal: mrset: backend/mrset/mrsetapply.cpp:LINE: void AddMCGroup(const MRSetSubcommand&, const ZEVA_DataSource&, VARIABLESETS&): Assertion `!subcmd.fName.empty()' failed.
+  hint: MCGROUP has no name: add NAME=$name
   The command was aborted; the dataset is as it was before it.
   
   2> MRSET /DELETE NAME=[]
   Fatal: mrset: backend/mrset/mrsetapply.cpp:LINE: void DeleteMRSets(const MRSetSubcommand&, VARIABLESETS&): Assertion `!subcmd.fNames.empty()' failed.
+  hint: the list in the brackets is empty
   The command was aborted; the dataset is as it was before it.
   
   3> MRSET /DISPLAY NAME=ALL /DELETE NAME=[x]
@@ -33,6 +35,7 @@ A failed assertion of the module ends its command and nothing else.
                                                          t2
   
   Fatal: mrset: backend/mrset/mrsetapply.cpp:LINE: void DeleteMRSets(const MRSetSubcommand&, VARIABLESETS&): Assertion `(*namesIter)[0] == '$'' failed.
+  hint: names of sets begin with $; x does not
   The command was aborted; the dataset is as it was before it.
   [3]
   $ cmp s.mrset before.mrset
@@ -40,9 +43,9 @@ A failed assertion of the module ends its command and nothing else.
 The commands after them run.
 
   $ mrset run s.mrset aborting.script -c 'MRSET /MCGROUP NAME=$q VARIABLES=q1 q2' --format json | numberless
-  {"command":1,"line":1,"text":"MRSET /DELETE NAME=ALL /MCGROUP VARIABLES=q1 q2","procedure":"Multiple Response Set","status":"aborted","items":[{"kind":"message","level":"error","text":"MCGROUP has no name.","line":1,"column":25,"length":7},{"kind":"message","level":"fatal","text":"mrset: backend/mrset/mrsetapply.cpp:LINE: void AddMCGroup(const MRSetSubcommand&, const ZEVA_DataSource&, VARIABLESETS&): Assertion `!subcmd.fName.empty()' failed."}],"source":"aborting.script"}
-  {"command":2,"line":2,"text":"MRSET /DELETE NAME=[]","procedure":"Multiple Response Set","status":"aborted","items":[{"kind":"message","level":"fatal","text":"mrset: backend/mrset/mrsetapply.cpp:LINE: void DeleteMRSets(const MRSetSubcommand&, VARIABLESETS&): Assertion `!subcmd.fNames.empty()' failed."}],"source":"aborting.script"}
-  {"command":3,"line":3,"text":"MRSET /DISPLAY NAME=ALL /DELETE NAME=[x]","procedure":"Multiple Response Set","status":"aborted","items":[{"kind":"table","title":"Multiple Response Sets","rowDimension":"Name","columnDimension":"Attributes","columns":["Label","Coded As","Counted Value","Data Type","Elementary Variables"],"rows":[{"name":"$colours","cells":[null,"Categories","N/A","String",["First colour","t2"]],"notes":[null,null,null,null,null]}]},{"kind":"message","level":"fatal","text":"mrset: backend/mrset/mrsetapply.cpp:LINE: void DeleteMRSets(const MRSetSubcommand&, VARIABLESETS&): Assertion `(*namesIter)[0] == '$'' failed."}],"source":"aborting.script"}
+  {"command":1,"line":1,"text":"MRSET /DELETE NAME=ALL /MCGROUP VARIABLES=q1 q2","procedure":"Multiple Response Set","status":"aborted","items":[{"kind":"message","level":"error","text":"MCGROUP has no name.","line":1,"column":25,"length":7},{"kind":"message","level":"fatal","text":"mrset: backend/mrset/mrsetapply.cpp:LINE: void AddMCGroup(const MRSetSubcommand&, const ZEVA_DataSource&, VARIABLESETS&): Assertion `!subcmd.fName.empty()' failed."}],"source":"aborting.script","hints":["MCGROUP has no name: add NAME=$name"]}
+  {"command":2,"line":2,"text":"MRSET /DELETE NAME=[]","procedure":"Multiple Response Set","status":"aborted","items":[{"kind":"message","level":"fatal","text":"mrset: backend/mrset/mrsetapply.cpp:LINE: void DeleteMRSets(const MRSetSubcommand&, VARIABLESETS&): Assertion `!subcmd.fNames.empty()' failed."}],"source":"aborting.script","hints":["the list in the brackets is empty"]}
+  {"command":3,"line":3,"text":"MRSET /DISPLAY NAME=ALL /DELETE NAME=[x]","procedure":"Multiple Response Set","status":"aborted","items":[{"kind":"table","title":"Multiple Response Sets","rowDimension":"Name","columnDimension":"Attributes","columns":["Label","Coded As","Counted Value","Data Type","Elementary Variables"],"rows":[{"name":"$colours","cells":[null,"Categories","N/A","String",["First colour","t2"]],"notes":[null,null,null,null,null]}]},{"kind":"message","level":"fatal","text":"mrset: backend/mrset/mrsetapply.cpp:LINE: void DeleteMRSets(const MRSetSubcommand&, VARIABLESETS&): Assertion `(*namesIter)[0] == '$'' failed."}],"source":"aborting.script","hints":["names of sets begin with $; x does not"]}
   {"command":4,"line":1,"text":"MRSET /MCGROUP NAME=$q VARIABLES=q1 q2","procedure":"Multiple Response Set","status":"ok","items":[],"source":"-c 1"}
   [3]
   $ mrset sets s.mrset

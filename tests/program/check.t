@@ -220,6 +220,7 @@ Of one kind the first ten are told, and how many others there are:
 
   $ rm s.mrset; make > /dev/null; { echo q1,q2; seq -f '%g,0' 14; } > many.csv; mrset import --replace many.csv s.mrset
   s.mrset: 2 variables, 14 cases
+  mrset: The set $b has the variable q3, which no longer exists.
   $ sqlite3 s.mrset "UPDATE cases SET position = position + 100 WHERE position >= 3; UPDATE cases SET cells = '[' WHERE position >= 103"
   $ mrset check s.mrset
   Remark: The set $b has the variable q3, which no longer exists.
@@ -351,6 +352,7 @@ A set may have a variable that an import took away or changed: that is worth a r
 
   $ rm s.mrset; make > /dev/null; printf 'q1,q2\n1,2\n' > other.csv && mrset import --replace other.csv s.mrset
   s.mrset: 2 variables, 1 case
+  mrset: The set $b has the variable q3, which no longer exists.
   $ mrset check s.mrset
   Remark: The set $b has the variable q3, which no longer exists.
   s.mrset is sound.
@@ -359,6 +361,10 @@ A set may have a variable that an import took away or changed: that is worth a r
   hint: no case has the counted value 100 of $a: q1 has 1
   $ printf 'q1,q2\nx,1\n' > other.csv && mrset import --replace other.csv s.mrset && mrset check s.mrset
   s.mrset: 2 variables, 1 case
+  mrset: The set $a counts 100, which is wider than the variable q1.
+  mrset: The set $a has both numeric and string variables.
+  mrset: The set $b has both numeric and string variables.
+  mrset: The set $b has the variable q3, which no longer exists.
   Remark: The set $a counts 100, which is wider than the variable q1.
   Remark: The set $a has both numeric and string variables.
   Remark: The set $b has both numeric and string variables.

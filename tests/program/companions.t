@@ -151,9 +151,11 @@ A path may be as long as the system lets it be; in front of it, as part of it, o
   $ small $deep/s.mrset; define $deep/s.mrset '$far'; mrset sets $deep/s.mrset --format json | grep -o '"name":"[^"]*"'
   "name":"$far"
   $ (cd $deep && define s.mrset '$near' && mrset undo s.mrset && mrset check s.mrset && printf 'q1\n1\n' | mrset import --replace - s.mrset)
-  Change 2 was undone: the sets are those of version 1 again, as change 3.
+  Undone: change 2, which defined $near. The sets are those of version 1 again, as change 3.
   s.mrset is sound.
   s.mrset: 1 variable, 1 case
+  mrset: The set $far has the variable t1, which no longer exists.
+  mrset: The set $far has the variable t2, which no longer exists.
   $ ln -s $deep/s.mrset link.mrset; mrset run link.mrset -c 'MRSET /MCGROUP NAME=$through VARIABLES=q1 q2'
   1> MRSET /MCGROUP NAME=$through VARIABLES=q1 q2
   Error: The variable q2 is not in the dataset.

@@ -73,7 +73,7 @@ depends on permission.
   1> MRSET /MCGROUP NAME=$a VARIABLES=a b
   $ by_somebody ../bin/mrset undo s.mrset
   mrset: s.mrset: done; the folder could not be synchronised: Permission denied.
-  Change 1 was undone: the sets are those of version 0 again, as change 2.
+  Undone: change 1, which defined $a. The sets are those of version 0 again, as change 2.
   $ by_somebody ../bin/mrset import --replace x.csv s.mrset
   mrset: s.mrset: done; the folder could not be synchronised: Permission denied.
   s.mrset: 2 variables, 1 case

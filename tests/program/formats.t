@@ -72,6 +72,8 @@ Markdown.
   
   **Fatal:** mrset: backend/mrset/mrsetapply.cpp:LINE: void DeleteMRSets(const MRSetSubcommand\&, VARIABLESETS\&): Assertion \`(\*namesIter)\[0\] \=\= '\$'' failed.
   
+  *hint:* names of sets begin with \$; x does not
+  
   The command was aborted; the dataset is as it was before it.
   [3]
   $ mrset sets s.mrset --format markdown
@@ -100,6 +102,7 @@ apostrophe in front.
   all.script, line 2, column 55: Warning: One or more of the sets specified do not exist... $none
   all.script, line 4, column 1: Error: Line 4: FREQUENCIES is not a command. The command here is MRSET.
   all.script, line 5: Fatal: mrset: backend/mrset/mrsetapply.cpp:LINE: void DeleteMRSets(const MRSetSubcommand&, VARIABLESETS&): Assertion `(*namesIter)[0] == '$'' failed.
+  hint: names of sets begin with $; x does not
   all.script, line 5: The command was aborted; the dataset is as it was before it.
   [3]
   $ cat sets.csv
@@ -208,6 +211,7 @@ An HTML page says at its top what failed.
   <p class="facts"><span class="status aborted">Aborted</span> all.script, line 5</p>
   <ul class="messages">
   <li class="error"><p><strong>Fatal:</strong> mrset: backend/mrset/mrsetapply.cpp:LINE: void DeleteMRSets(const MRSetSubcommand&amp;, VARIABLESETS&amp;): Assertion `(*namesIter)[0] == &#39;$&#39;&#39; failed.</p></li>
+  <li class="hint"><p class="hint"><strong>Hint:</strong> names of sets begin with $; x does not</p></li>
   </ul>
   <p class="outcome">The command was aborted; the dataset is as it was before it.</p>
   </section>

@@ -128,6 +128,11 @@ A dataset that exists is refused.
   $ printf 'q2,q4\n1,1\n' > wave2.csv
   $ mrset import --replace wave2.csv s.mrset
   s.mrset: 2 variables, 1 case
+  mrset: The set $drinks has the variable q1, which no longer exists.
+  mrset: The set $drinks takes its category labels from the counted value 1, which has no label in the variable q2.
+  mrset: The set $drinks has the variable q3, which no longer exists.
+  mrset: The set $colours has the variable t1, which no longer exists.
+  mrset: The set $colours has the variable t2, which no longer exists.
   $ mrset run s.mrset -c 'MRSET /DISPLAY NAME=ALL'
   1> MRSET /DISPLAY NAME=ALL
   
@@ -216,7 +221,7 @@ Codebooks that cannot be used.
   mrset: c.json, field 1: it has no name.
   exit 2
   $ codebook '{"fields": [{"name": "a", "type": "geopoint"}]}'
-  mrset: c.json, field "a": the type "geopoint" is none of string, integer, number, boolean and year.
+  mrset: c.json, field "a": the type "geopoint" is not supported; with the type "string" the values are kept as text.
   exit 2
   $ codebook '{"fields": [{"name": "c", "type": "integer"}]}'
   mrset: c.json, field "c": ok.csv has no such column.

@@ -78,6 +78,7 @@ A command ends at a period that is the last thing on its line, at a blank line, 
     ends.script, line 8, column 46:
       MRSET /MDGROUP NAME=$v VARIABLES=q1 q2 VALUE=1.
                                                    ^
+  hint: the variables of $v label 1 differently, so each label may be an answer: CATEGORYLABELS=COUNTEDVALUES names the answers by these labels
   
   5> MRSET /DELETE NAME=[$d]
   Warning: $d MRSET can not be found in the dataset.
@@ -163,6 +164,7 @@ A string list ends at the first thing that is no word.
     -c 1, line 1, column 44:
       MRSET /MDGROUP NAME=$x VALUE=1 VARIABLES=q1, q2
                                                  ^
+  hint: separate names and keywords by blanks, not commas
   [1]
 
 Names.
@@ -175,6 +177,7 @@ Names.
     -c 1, line 1, column 21:
       MRSET /MCGROUP NAME=$x. VARIABLES=t1 t2
                           ^^^
+  hint: a period ends a command only at the end of a line
   1> MRSET /MCGROUP NAME=$1 VARIABLES=t1 t2
   Error: The MRSET name $1 is invalid
     -c 1, line 1, column 21:

@@ -69,7 +69,7 @@ The first change sets a copy aside, with the permissions of the dataset.
   $ mrset run s.mrset -c 'MRSET /DELETE NAME=[$a]'
   1> MRSET /DELETE NAME=[$a]
   $ mrset undo s.mrset --to 0; mrset check s.mrset
-  Changes 1 to 2 were undone: the sets are those of version 0 again, as change 3.
+  Undone: changes 1 to 2, which defined $d and deleted $a. The sets are those of version 0 again, as change 3.
   s.mrset is sound.
   $ diff <(mrset sets before.mrset) <(mrset sets s.mrset)
 
@@ -89,6 +89,12 @@ So does an import that replaces the variables. A copy that is there is never ove
   $ old s.mrset; printf 'q1,x\n1,2\n' > other.csv; mrset import --replace other.csv s.mrset
   mrset: s.mrset was brought from format version 1 to 2; a copy as it was is s.mrset.v1.bak.
   s.mrset: 2 variables, 1 case
+  mrset: The set $b has the variable t1, which no longer exists.
+  mrset: The set $b has the variable t2, which no longer exists.
+  mrset: The set $a takes its category labels from the counted value 1, which has no label in the variable q1.
+  mrset: The set $a has the variable q2, which no longer exists.
+  mrset: The set $C has the variable q2, which no longer exists.
+  mrset: The set $C has the variable q3, which no longer exists.
   $ ls *.bak*
   s.mrset.v1.bak
   $ old s.mrset; echo mine > s.mrset.v1.bak; mrset run s.mrset -c 'MRSET /DELETE NAME=ALL'

@@ -122,6 +122,7 @@ A label that says what a message says is not what the message is about.
     -c 2, line 1, column 65:
       MRSET /MCGROUP NAME=$x VARIABLES=q1 q2 LABEL="$y" /DELETE NAME=[$y]
                                                                       ^^
+  Dry run: $x would be added.
   [1]
 
 JSON: characters, from 1; a length of 0 is the end of the command.
@@ -161,6 +162,7 @@ Hints change neither the sets nor the exit status.
   $ mrset run s.mrset --dry-run -c 'MRSET /DELETE NAME=ALL /MDGROUP NAME=$colours VARIABLES=t1 t2 VALUE="red "' -c 'MRSET /DELETE NAME=[$coluors]'
   1> MRSET /DELETE NAME=ALL /MDGROUP NAME=$colours VARIABLES=t1 t2 VALUE="red "
   hint: no case has chosen t2 of $colours
+  Dry run: $colours would be added; $drinks, $some would be deleted.
   
   2> MRSET /DELETE NAME=[$coluors]
   Warning: $coluors MRSET can not be found in the dataset.

@@ -93,6 +93,7 @@ An error message gives exit status 1 and does not keep the next command from run
   $ mrset run s.mrset --stop-on-error -c 'MRSET /DELETE NAME=[x]' -c 'MRSET /DELETE NAME=ALL' | numberless
   1> MRSET /DELETE NAME=[x]
   Fatal: mrset: backend/mrset/mrsetapply.cpp:LINE: void DeleteMRSets(const MRSetSubcommand&, VARIABLESETS&): Assertion `(*namesIter)[0] == '$'' failed.
+  hint: names of sets begin with $; x does not
   The command was aborted; the dataset is as it was before it.
   [3]
   $ mrset sets s.mrset
@@ -132,11 +133,14 @@ A dry run shows all of it, the later commands upon the earlier ones, and leaves 
   $ cp s.mrset before.mrset
   $ mrset run s.mrset --dry-run -c 'MRSET /DELETE NAME=ALL' -c 'MRSET /MCGROUP NAME=$colours VARIABLES=t1 t2' -c 'MRSET /DELETE NAME=[x]' -c 'MRSET /DISPLAY NAME=ALL' | numberless
   1> MRSET /DELETE NAME=ALL
+  Dry run: $half would be deleted.
   
   2> MRSET /MCGROUP NAME=$colours VARIABLES=t1 t2
+  Dry run: $colours would be added.
   
   3> MRSET /DELETE NAME=[x]
   Fatal: mrset: backend/mrset/mrsetapply.cpp:LINE: void DeleteMRSets(const MRSetSubcommand&, VARIABLESETS&): Assertion `(*namesIter)[0] == '$'' failed.
+  hint: names of sets begin with $; x does not
   The command was aborted; the dataset is as it was before it.
   
   4> MRSET /DISPLAY NAME=ALL

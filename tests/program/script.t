@@ -105,6 +105,11 @@ A set that no command makes is left out, with the reason.
   $ printf 'Q1,q2,t1,t2\n1,0,red,blue\n' > less.csv
   $ mrset import --replace less.csv other.mrset
   other.mrset: 4 variables, 1 case
+  mrset: The set $drinks takes its category labels from the counted value 1, which has no label in the variable Q1.
+  mrset: The set $drinks takes its category labels from the counted value 1, which has no label in the variable q2.
+  mrset: The set $drinks has the variable q3, which no longer exists.
+  mrset: The set $red counts 'red', which is wider than the variable t1.
+  mrset: The set $half has the variable n1, which no longer exists.
   $ sqlite3 other.mrset "UPDATE mr_set SET label = 'two' || char(10) || 'lines.' || char(10) WHERE name = '\$Colours'"
   $ mrset script other.mrset > rest.script
   mrset: The set $drinks cannot be written as a command: The variable q3 is not in the dataset.

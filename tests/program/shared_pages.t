@@ -34,6 +34,7 @@ What is wrong with the pages is told a line each.
   display: 0
   define: 0
   replace: 0
+  mrset: The set $b has the variable q3, which no longer exists.
   check: 1
   ... and 90 more such findings.
   The header cannot be read to the end.
@@ -126,6 +127,7 @@ What is wrong with the pages is told a line each.
   display: 0
   define: 0
   replace: 0
+  mrset: The set $b has the variable q3, which no longer exists.
   check: 1
   ... and 90 more such findings.
   x.mrset: 100 findings.
@@ -184,6 +186,7 @@ What is wrong with the pages is told a line each.
   display: 0
   define: 0
   replace: 0
+  mrset: The set $b has the variable q3, which no longer exists.
   check: 1
   ... and 90 more such findings.
   The history cannot be read to the end.
@@ -200,6 +203,7 @@ What is wrong with the pages is told a line each.
   display: 0
   define: 0
   replace: 0
+  mrset: The set $b has the variable q3, which no longer exists.
   check: 1
   ... and 90 more such findings.
   The history cannot be read to the end.

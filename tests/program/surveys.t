@@ -25,7 +25,7 @@ Whole surveys: sets are defined with all kinds of keywords, displayed, redefined
                                                                Sweet Potato
                                                                None
                                                                Other (please
-                                                               specify)
+                                                                 specify)
   
   $sides  (use variable label)  Dichotomies  1 [a]    Numeric  side1
                                                                side2
@@ -66,7 +66,7 @@ A second process displays the same.
                                                                Sweet Potato
                                                                None
                                                                Other (please
-                                                               specify)
+                                                                 specify)
   
   $sides  (use variable label)  Dichotomies  1 [a]    Numeric  side1
                                                                side2
@@ -106,6 +106,7 @@ Redefined in other letter case: the place in the list stays, the rest is new.
   Warning: CountVal 1 label different in the variables.
   Warning: CountVal 1 label different in the variables.
   Warning: CountVal 1 label different in the variables.
+  hint: the variables of $desserts label 1 differently, so each label may be an answer: CATEGORYLABELS=COUNTEDVALUES names the answers by these labels
   hint: no case has chosen dessert_t1 of $apple
   $ mrset sets t.mrset
   Multiple response sets
@@ -181,53 +182,77 @@ Deleted.
                                     Value    Type
   ---------  --------  -----------  -------  -------  ----------------------------
   $desserts  Desserts  Dichotomies  1        Numeric  Which of these desserts do
-                                                      you typically have at
-                                                      Thanksgiving dinner?: Apple
-                                                      cobbler
+                                                        you typically have at
+                                                        Thanksgiving dinner?:
+                                                        Apple cobbler
                                                       Which of these desserts do
-                                                      you typically have at
-                                                      Thanksgiving dinner?:
-                                                      Blondies
+                                                        you typically have at
+                                                        Thanksgiving dinner?:
+                                                        Blondies
                                                       Which of these desserts do
-                                                      you typically have at
-                                                      Thanksgiving dinner?:
-                                                      Brownies
+                                                        you typically have at
+                                                        Thanksgiving dinner?:
+                                                        Brownies
                                                       Which of these desserts do
-                                                      you typically have at
-                                                      Thanksgiving dinner?: Carrot
-                                                      cake
+                                                        you typically have at
+                                                        Thanksgiving dinner?:
+                                                        Carrot cake
                                                       Which of these desserts do
-                                                      you typically have at
-                                                      Thanksgiving dinner?:
-                                                      Cheesecake
+                                                        you typically have at
+                                                        Thanksgiving dinner?:
+                                                        Cheesecake
                                                       Which of these desserts do
-                                                      you typically have at
-                                                      Thanksgiving dinner?:
-                                                      Cookies
+                                                        you typically have at
+                                                        Thanksgiving dinner?:
+                                                        Cookies
                                                       Which of these desserts do
-                                                      you typically have at
-                                                      Thanksgiving dinner?: Fudge
+                                                        you typically have at
+                                                        Thanksgiving dinner?:
+                                                        Fudge
                                                       Which of these desserts do
-                                                      you typically have at
-                                                      Thanksgiving dinner?: Ice
-                                                      cream
+                                                        you typically have at
+                                                        Thanksgiving dinner?: Ice
+                                                        cream
                                                       Which of these desserts do
-                                                      you typically have at
-                                                      Thanksgiving dinner?: Peach
-                                                      cobbler
+                                                        you typically have at
+                                                        Thanksgiving dinner?:
+                                                        Peach cobbler
                                                       Which of these desserts do
-                                                      you typically have at
-                                                      Thanksgiving dinner?: None
+                                                        you typically have at
+                                                        Thanksgiving dinner?: None
                                                       Which of these desserts do
-                                                      you typically have at
-                                                      Thanksgiving dinner?: Other
-                                                      (please specify)
+                                                        you typically have at
+                                                        Thanksgiving dinner?:
+                                                        Other (please specify)
 
 The next wave lacks most side dishes: the sets stay, and show what no longer exists.
 
   $ printf 'id,side1,side2,pie_t1\n1,1,0,Apple\n' > wave2.csv
   $ mrset import --replace wave2.csv t.mrset
   t.mrset: 4 variables, 1 case
+  mrset: The set $desserts has the variable dessert1, which no longer exists.
+  mrset: The set $desserts has the variable dessert2, which no longer exists.
+  mrset: The set $desserts has the variable dessert3, which no longer exists.
+  mrset: The set $desserts has the variable dessert4, which no longer exists.
+  mrset: The set $desserts has the variable dessert5, which no longer exists.
+  mrset: The set $desserts has the variable dessert6, which no longer exists.
+  mrset: The set $desserts has the variable dessert7, which no longer exists.
+  mrset: The set $desserts has the variable dessert8, which no longer exists.
+  mrset: The set $desserts has the variable dessert9, which no longer exists.
+  mrset: The set $desserts has the variable dessert10, which no longer exists.
+  mrset: The set $desserts has 1 more problem.
+  mrset: The set $pies has the variable pie_t2, which no longer exists.
+  mrset: The set $pies has the variable pie_t3, which no longer exists.
+  mrset: The set $pies has the variable pie_t4, which no longer exists.
+  mrset: The set $pies has the variable pie_t5, which no longer exists.
+  mrset: The set $pies has the variable pie_t6, which no longer exists.
+  mrset: The set $pies has the variable pie_t7, which no longer exists.
+  mrset: The set $pies has the variable pie_t8, which no longer exists.
+  mrset: The set $pies has the variable pie_t9, which no longer exists.
+  mrset: The set $pies has the variable pie_t10, which no longer exists.
+  mrset: The set $pies has the variable pie_t11, which no longer exists.
+  mrset: The set $pies has 1 more problem.
+  mrset: The set $SIDES has the variable side3, which no longer exists.
   $ mrset run t.mrset -c 'MRSET /DISPLAY NAME=ALL'
   1> MRSET /DISPLAY NAME=ALL
   
@@ -284,17 +309,17 @@ The other survey.
                                    Value    Type
   ------  ----------  -----------  -------  -------  -----------------------------
   $ranks  Ranks       Categories   N/A      Numeric  Rank of Star Wars: Episode I
-                                                     The Phantom Menace
+                                                       The Phantom Menace
                                                      Rank of Star Wars: Episode II
-                                                     Attack of the Clones
+                                                       Attack of the Clones
                                                      Rank of Star Wars: Episode
-                                                     III Revenge of the Sith
+                                                       III Revenge of the Sith
                                                      Rank of Star Wars: Episode IV
-                                                     A New Hope
+                                                       A New Hope
                                                      Rank of Star Wars: Episode V
-                                                     The Empire Strikes Back
+                                                       The Empire Strikes Back
                                                      Rank of Star Wars: Episode VI
-                                                     Return of the Jedi
+                                                       Return of the Jedi
   
   $seen   Films seen  Dichotomies  1 [a]    Numeric  film1
                                                      film2

@@ -100,6 +100,7 @@ command that is an argument.
   $ mrset run tiny.mrset -c "MRSET /DELETE NAME=[$likes]" 2>&1 | numberless
   1> MRSET /DELETE NAME=[]
   Fatal: mrset: backend/mrset/mrsetapply.cpp:LINE: void DeleteMRSets(const MRSetSubcommand&, VARIABLESETS&): Assertion `!subcmd.fNames.empty()' failed.
+  hint: the list in the brackets is empty
   hint: no name stands behind NAME=: a shell replaces $names in a command that is not in single quotes
   The command was aborted; the dataset is as it was before it.
   [3]
@@ -470,13 +471,14 @@ Help and version are results.
     shell                   Type commands on a dataset, with help and completion
     sets                    List a dataset's multiple response sets
     variables               List a dataset's variables
-    log                     List the changes of a dataset's sets
+    log                     List the changes of a dataset's sets, and its imports
     undo                    Go back to the sets as they were
     check                   Verify that a dataset is sound
     script                  Write the commands that make a dataset's sets
     diff                    Compare the sets of two datasets
     copy                    Copy sets from one dataset to another
   
+  "mrset help run" shows the options of run, "mrset help MDGROUP" the language.
   Example:
     mrset import --schema survey.schema.json survey.csv survey.mrset
     mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
@@ -513,15 +515,16 @@ Help and version are results.
     -c,--command COMMAND    Command to run, after SCRIPT; may lack its period
     --format FORMAT         Form of the output: text, json, html, markdown or csv
     --color WHEN            When text is coloured: auto, always or never
-    --output FILE           Write the results to this file
+    --width N               Columns of text; else the terminal's, or 80
+    --output FILE           Write results to this file; its ending sets the format
     --dry-run               Show what would be done; leave the dataset as it is
     --stop-on-error         Run no command after one that fails
     --relaxed               Faster, but a power failure or a crash of the system
                             can damage the dataset beyond repair
     --lock-timeout SECONDS  How long to wait for a locked dataset; 30 unless given
   
-  Exit status: 0 no error, 1 an error message, 2 wrong usage or an unusable file,
-  3 an aborted command.
+  json is an object a command, a line each (JSON Lines). Exit status: 0 no error,
+  1 an error message, 2 wrong usage or an unusable file, 3 an aborted command.
   Example:
     mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
   $ mrset sets --help
@@ -535,27 +538,30 @@ Help and version are results.
     -h,--help               Show this help
     --format FORMAT         Form of the output: text, json, markdown or csv
     --color WHEN            When text is coloured: auto, always or never
+    --width N               Columns of text; else the terminal's, or 80
     --lock-timeout SECONDS  How long to wait for a locked dataset; 30 unless given
   
   Example:
     mrset sets survey.mrset --format json
   $ mrset variables --help
   List a dataset's variables
-  Usage: mrset variables [OPTIONS] DATASET
+  Usage: mrset variables [OPTIONS] DATASET [PATTERN]
   
   Positionals:
     DATASET                 Dataset file
+    PATTERN                 Names to list, such as 'q*', or their beginning
   
   Options:
     -h,--help               Show this help
     --format FORMAT         Form of the output: text, json, markdown or csv
     --color WHEN            When text is coloured: auto, always or never
+    --width N               Columns of text; else the terminal's, or 80
     --lock-timeout SECONDS  How long to wait for a locked dataset; 30 unless given
   
   Example:
-    mrset variables survey.mrset --format csv
+    mrset variables survey.mrset 'q1*' --format csv
   $ mrset log --help
-  List the changes of a dataset's sets
+  List the changes of a dataset's sets, and its imports
   Usage: mrset log [OPTIONS] DATASET
   
   Positionals:
@@ -564,16 +570,20 @@ Help and version are results.
   Options:
     -h,--help               Show this help
     --format FORMAT         Form of the output: text or json
+    --width N               Columns of text; else the terminal's, or 80
     --lock-timeout SECONDS  How long to wait for a locked dataset; 30 unless given
   
+  Imports are listed where they happened, without a number;
+  undo leaves them as they are.
   Example:
     mrset log survey.mrset
   $ mrset undo --help
   Go back to the sets as they were
-  Usage: mrset undo [OPTIONS] DATASET
+  Usage: mrset undo [OPTIONS] DATASET [N]
   
   Positionals:
     DATASET                 Dataset file
+    N                       The same as --to N
   
   Options:
     -h,--help               Show this help
@@ -581,7 +591,7 @@ Help and version are results.
                             undoing the last change
     --lock-timeout SECONDS  How long to wait for a locked dataset; 30 unless given
   
-  Undoing is itself a change: to undo twice brings the sets back.
+  Undoing is itself a change: undoing twice restores the sets (a redo).
   Exit status: 0 done, 1 nothing to undo, 2 wrong usage, no such version or an
   unusable file.
   Example:

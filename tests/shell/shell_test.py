@@ -481,7 +481,7 @@ class Commands(ShellTest):
             ("undo", "mrset: s.mrset keeps no change; there is nothing to undo."),
             (DEFINE + ".", PROMPT + DEFINE + "."),
             ("log", "defined $new"),
-            ("undo.", "Change 1 was undone"),
+            ("undo.", "Undone: change 1, which defined $new."),
             ("undo x", "mrset: x is not a version number."),
         ):
             terminal.enter(command)
@@ -605,7 +605,7 @@ class Recording(ShellTest):
         terminal.wait_for("Elementary Variables")
         terminal.wait_for_input(PROMPT)
         terminal.enter("undo")
-        terminal.wait_for("was undone")
+        terminal.wait_for("Undone: ")
         terminal.wait_for_input(PROMPT)
         terminal.enter("quit")
         self.assert_ends(terminal)

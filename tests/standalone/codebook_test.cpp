@@ -72,6 +72,50 @@ TEST_F(CodebookTest, ValuesOfNumericFieldsAreTheShortestText) {
             "1=yes;0=no;");
 }
 
+TEST_F(CodebookTest, ReadsTheFormOfValues) {
+  Write(kFile, R"({"missingValues": ["-9", {"value": "n/a", "label": "not asked"}], "fields": [
+      {"name": "a"}, {"name": "b", "missingValues": ["x"]}, {"name": "c", "missingValues": []}]})");
+  const std::vector<CodebookField> fields = ReadCodebook(kFile);
+  EXPECT_THAT(fields[0].missingValues, ::testing::ElementsAre("-9", "n/a"));
+  EXPECT_THAT(fields[1].missingValues, ::testing::ElementsAre("x"));
+  EXPECT_THAT(fields[2].missingValues, ::testing::IsEmpty());
+  const CodebookField boolean = FieldOf(
+      R"({"name": "q", "type": "boolean", "trueValues": ["ja"], "falseValues": ["nein"],
+          "categories": [{"value": "ja", "label": "Yes"}, {"value": "nein", "label": "No"}]})");
+  EXPECT_THAT(boolean.trueValues, ::testing::ElementsAre("ja"));
+  EXPECT_THAT(boolean.falseValues, ::testing::ElementsAre("nein"));
+  const CodebookField number =
+      FieldOf(R"({"name": "q", "type": "number", "decimalChar": ",", "groupChar": "\u00a0", "bareNumber": true})");
+  EXPECT_EQ(number.decimalChar, ",");
+  EXPECT_EQ(number.groupChar, "\u00a0");
+}
+
+TEST_F(CodebookTest, WhatIsNotSupportedIsRefusedByName) {
+  constexpr const char* kMisplaced = " does not go with its type; take it out, or give the field the type ";
+  const std::vector<std::pair<std::string, std::string>> rows = {
+      {R"("type": "date")", R"(the type "date" is not supported; with the type "string" the values are kept as text)"},
+      {R"("type": "geojson")",
+       R"(the type "geojson" is not supported; with the type "string" the values are kept as text)"},
+      {R"("type": "number", "bareNumber": false)",
+       "bareNumber is not supported; take signs such as % out of the data, or give the field the type string"},
+      {R"("type": "string", "trueValues": ["yes"])", std::string("trueValues") + kMisplaced + "boolean"},
+      {R"("falseValues": ["no"])", std::string("falseValues") + kMisplaced + "boolean"},
+      {R"("decimalChar": ",")", std::string("decimalChar") + kMisplaced + "number"},
+      {R"("type": "integer", "decimalChar": ",")", std::string("decimalChar") + kMisplaced + "number"},
+      {R"("type": "year", "groupChar": ",")", std::string("groupChar") + kMisplaced + "number"},
+      {R"("type": "number", "groupChar": ".")", "its decimalChar and its groupChar are the same"},
+      {R"("type": "number", "decimalChar": "ab")", "its decimalChar is not one character that numbers do without"},
+      {R"("type": "number", "decimalChar": "")", "its decimalChar is not one character that numbers do without"},
+      {R"("type": "number", "groupChar": "1")", "its groupChar is not one character that numbers do without"},
+      {R"("type": "number", "groupChar": 1)", "its groupChar is not a string"},
+      {R"("missingValues": "x")", "its missingValues are not a JSON array"},
+      {R"("missingValues": [-9])", "an entry of its missingValues is not a string"},
+      {R"("type": "boolean", "trueValues": [1])", "an entry of its trueValues is not a string"}};
+  for (const auto& [members, reason] : rows) {
+    EXPECT_EQ(SentenceOfField(R"({"name": "q", )" + members + "}"), "codebook.json, field \"q\": " + reason + ".");
+  }
+}
+
 TEST_F(CodebookTest, ATitleThatIsEmptyOrNullIsNone) {
   EXPECT_EQ(FieldOf(R"({"name": "q", "title": ""})").title, std::nullopt);
   EXPECT_EQ(FieldOf(R"({"name": "q", "title": null})").title, std::nullopt);
@@ -108,8 +152,8 @@ TEST_F(CodebookTest, ABadFieldIsOneSentenceThatNamesIt) {
       {R"({"name": "a"}, {"type": "string"})", "codebook.json, field 2: it has no name."},
       {R"({"name": 5})", "codebook.json, field 1: its name is not a string."},
       {R"({"name": "a\u0000"})", "codebook.json, field 1: its name contains a NUL character."},
-      {R"({"name": "q", "type": "date"})",
-       "codebook.json, field \"q\": the type \"date\" is none of string, integer, number, boolean and year."},
+      {R"({"name": "q", "type": "colour"})",
+       "codebook.json, field \"q\": the type \"colour\" is none of string, integer, number, boolean and year."},
       {R"({"name": "q", "type": 1})", "codebook.json, field \"q\": its type is not a string."},
       {R"({"name": "q", "title": ["x"]})", "codebook.json, field \"q\": its title is not a string."},
       {R"({"name": "q", "type": "integer", "categories": ["a\u0000b"]})",

@@ -80,6 +80,7 @@ TEST(Codec, ATableArrivesWithEveryMember) {
 TEST(Codec, EveryKindOfEventArrives) {
   EXPECT_EQ(std::get<ProcedureOpened>(Sent(ProcedureOpened{"title"})).title, "title");
   EXPECT_EQ(std::get<HintGiven>(Sent(HintGiven{"hint"})).hint, "hint");
+  EXPECT_EQ(std::get<DryRunTold>(Sent(DryRunTold{"sentence"})).sentence, "sentence");
   EXPECT_TRUE(std::holds_alternative<SaveBegun>(Sent(SaveBegun{})));
 }
 

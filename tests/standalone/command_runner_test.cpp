@@ -41,7 +41,7 @@ class CommandRunnerTest : public TemporaryFolderTest {
 };
 
 std::string KindOf(const Event& event) {
-  constexpr const char* kKinds[] = {"procedure", "message", "table", "hint", "saves", "restarted"};
+  constexpr const char* kKinds[] = {"procedure", "message", "table", "hint", "dry run", "saves", "restarted"};
   return kKinds[event.index()];
 }
 

@@ -84,20 +84,51 @@ TEST_F(HistoryTest, AChangeTellsWhatBecameOfWhichSets) {
   Save(dataset, {SetOf("$c"), SetOf("$A", "new"), SetOf("$d")}, "nothing");
   Save(dataset, {SetOf("$A", "new"), SetOf("$c"), SetOf("$d")}, "third");
   const std::vector<Change> changes = ChangesOf(dataset);
-  ASSERT_EQ(changes.size(), 3U);
-  EXPECT_EQ(changes[0].number, 3);
-  EXPECT_EQ(changes[0].command, "third");
+  ASSERT_EQ(changes.size(), 2U);
+  EXPECT_EQ(changes[0].number, 2);
+  EXPECT_EQ(changes[0].command, "second\n  line");
   EXPECT_TRUE(changes[0].reordered);
-  EXPECT_THAT(changes[0].sets, IsEmpty());
-  EXPECT_EQ(changes[1].command, "second\n  line");
-  EXPECT_TRUE(changes[1].reordered);
   std::vector<std::string> described;
-  for (const ChangedSet& set : changes[1].sets) {
+  for (const ChangedSet& set : changes[0].sets) {
     described.push_back(Described(set));
   }
   EXPECT_THAT(described, ElementsAre("2 $a", "3 $b", "1 $d"));
-  EXPECT_FALSE(changes[2].reordered);
-  EXPECT_THAT(changes[2].time, ::testing::MatchesRegex("[0-9]{4}-[0-9]{2}-[0-9]{2}T[0-9]{2}:[0-9]{2}:[0-9]{2}Z"));
+  EXPECT_FALSE(changes[1].reordered);
+  EXPECT_THAT(changes[1].time, ::testing::MatchesRegex("[0-9]{4}-[0-9]{2}-[0-9]{2}T[0-9]{2}:[0-9]{2}:[0-9]{2}Z"));
+}
+
+TEST_F(HistoryTest, AnOrderAloneBelongsToTheLastChange) {
+  Dataset dataset(kFile);
+  Save(dataset, {SetOf("$b")}, "one");
+  Save(dataset, {SetOf("$b"), SetOf("$c"), SetOf("$a")}, "two");
+  dataset.BeginCommand(false);
+  EXPECT_EQ(dataset.SaveSets(Sets{SetOf("$a"), SetOf("$b"), SetOf("$c")}, "sort"), Dataset::Saved::kReordered);
+  Save(dataset, {SetOf("$c"), SetOf("$b"), SetOf("$a")}, "sort again");
+  EXPECT_EQ(dataset.Versions().last, 2);
+  EXPECT_EQ(Dataset(kFile).Sets(), (Sets{SetOf("$c"), SetOf("$b"), SetOf("$a")}));
+  EXPECT_EQ(dataset.SetsOfVersion(2), dataset.Sets());
+  EXPECT_EQ(dataset.SetsOfVersion(1), Sets{SetOf("$b")});
+  dataset.EndCommand();
+  EXPECT_THAT(FindingsOf(kFile), IsEmpty());
+  const auto undone = UndoChanges(dataset, std::nullopt);
+  EXPECT_EQ(undone->target, 1);
+  EXPECT_EQ(undone->before.size(), 3U);
+  EXPECT_EQ(Dataset(kFile).Sets(), Sets{SetOf("$b")});
+  ASSERT_TRUE(UndoChanges(dataset, std::nullopt)->written);
+  EXPECT_EQ(Dataset(kFile).Sets(), (Sets{SetOf("$c"), SetOf("$b"), SetOf("$a")}));
+}
+
+TEST_F(HistoryTest, AnUndoThatBringsBackAnOrderAloneIsNoChange) {
+  Dataset dataset(kFile);
+  Save(dataset, {SetOf("$b"), SetOf("$a")}, "one");
+  Save(dataset, {SetOf("$a"), SetOf("$b"), SetOf("$c")}, "two");
+  Save(dataset, {SetOf("$a"), SetOf("$b")}, "three");
+  const auto undone = UndoChanges(dataset, 1);
+  EXPECT_TRUE(undone->written);
+  EXPECT_EQ(Dataset(kFile).Sets(), (Sets{SetOf("$b"), SetOf("$a")}));
+  EXPECT_EQ(dataset.Versions().last, 3);
+  dataset.EndCommand();
+  EXPECT_THAT(FindingsOf(kFile), IsEmpty());
 }
 
 TEST_F(HistoryTest, WithoutAChangeThereIsVersionZeroAlone) {
@@ -124,11 +155,73 @@ TEST_F(HistoryTest, UndoingTwiceBringsTheSetsBack) {
   ASSERT_TRUE(UndoChanges(dataset, std::nullopt)->written);
   EXPECT_EQ(Dataset(kFile).Sets(), second);
   const auto toNow = UndoChanges(dataset, 4);
-  EXPECT_FALSE(toNow->changed);
+  EXPECT_EQ(toNow->before, toNow->after);
+  EXPECT_FALSE(toNow->written);
   EXPECT_EQ(SentenceOf([&] { UndoChanges(dataset, 5); }), "survey.mrs has no version 5; it keeps 0 to 4.");
   ASSERT_TRUE(UndoChanges(dataset, 0)->written);
   EXPECT_EQ(ChangesOf(dataset)[0].command, "undo --to 0");
   EXPECT_EQ(ChangesOf(dataset)[1].command, "undo");
+}
+
+void ImportAgain(const std::string& command) {
+  DatasetWriter writer(kFile, true, Relaxed());
+  writer.SetVariables({{"q1", 0, std::nullopt, {}}});
+  writer.AddCase({"1"});
+  writer.SetCommand(command);
+  writer.Commit();
+}
+
+TEST_F(HistoryTest, ImportsAreKeptBesideTheChanges) {
+  EXPECT_THAT(Dataset(kFile).Imports(), IsEmpty());  // this one had no command
+  {
+    DatasetWriter writer("other.mrs", false);
+    writer.SetCommand("import first");
+    writer.Commit();
+  }
+  EXPECT_EQ(Dataset("other.mrs").Imports().at(0).command, "import first");
+  ImportAgain("import second");
+  Dataset dataset(kFile);
+  Save(dataset, {SetOf("$a")}, "one");
+  ImportAgain("import third");
+  const std::vector<LoggedImport> imports = dataset.Imports();
+  dataset.EndCommand();
+  ASSERT_EQ(imports.size(), 2U);
+  EXPECT_EQ(imports[0].command, "import third");
+  EXPECT_EQ(imports[0].afterChange, 1);
+  EXPECT_EQ(imports[0].variables, 1);
+  EXPECT_EQ(imports[0].cases, 1);
+  EXPECT_EQ(imports[1].command, "import second");
+  EXPECT_EQ(imports[1].afterChange, 0);
+  EXPECT_EQ(dataset.Versions().last, 1);
+  dataset.EndCommand();
+  EXPECT_THAT(FindingsOf(kFile), IsEmpty());
+}
+
+TEST_F(HistoryTest, TheOldestImportsAreDropped) {
+  Database(kFile, kFile)
+      .Execute(
+          "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 1005)"
+          " INSERT INTO imported SELECT i, 0, '2024-05-01T12:33:01Z', 'import ' || i, 1, 1 FROM n");
+  ImportAgain("import last");
+  const std::vector<LoggedImport> imports = Dataset(kFile).Imports();
+  ASSERT_EQ(imports.size(), static_cast<std::size_t>(kKeptChanges));
+  EXPECT_EQ(imports.front().command, "import last");
+  EXPECT_EQ(imports.back().command, "import 7");
+}
+
+TEST_F(HistoryTest, ALogOfImportsThatCannotBeIsFound) {
+  ImportAgain("import");
+  const std::string sound = Read(kFile);
+  const std::vector<std::pair<const char*, const char*>> rows = {
+      {"UPDATE imported SET time = 'noon'", "An import has the time noon, which is none."},
+      {"UPDATE imported SET after_change = 4", "An import came after change 4, which does not exist."},
+      {"UPDATE imported SET command = CAST(x'FF' AS TEXT)", "The log of imports cannot be read to the end."},
+      {"UPDATE imported SET case_count = 9223372036854775807", "The log of imports cannot be read to the end."}};
+  for (const auto& [attack, finding] : rows) {
+    Write(kFile, sound);
+    Database(kFile, kFile).Execute(attack);
+    EXPECT_THAT(FindingsOf(kFile), ElementsAre(finding)) << attack;
+  }
 }
 
 TEST_F(HistoryTest, TheOldestChangesAreDropped) {
@@ -168,7 +261,7 @@ TEST_F(HistoryTest, WhatIsKeptOfAChangeFollowsWhatItTouches) {
   Save(dataset, sets, "append");
   std::rotate(sets.begin(), sets.end() - 1, sets.end());
   Save(dataset, sets, "sort");
-  EXPECT_EQ(CountOf("SELECT count(*) FROM history_set"), kSets + 200 + 2);
+  EXPECT_EQ(CountOf("SELECT count(*) FROM history_set"), kSets + 200 + 1);
   EXPECT_EQ(dataset.SetsOfVersion(1).size(), static_cast<std::size_t>(kSets));
 }
 
@@ -283,6 +376,16 @@ bool HasFaults(const std::vector<Sets>& versions) {
   });
 }
 
+/// Of sets in another order alone, the last version takes it over.
+void AddVersion(const Sets& sets, std::vector<Sets>& versions) {
+  if (versions.size() > 1 &&
+      std::is_permutation(sets.begin(), sets.end(), versions.back().begin(), versions.back().end())) {
+    versions.back() = sets;
+  } else if (sets != versions.back()) {
+    versions.push_back(sets);
+  }
+}
+
 class VersionsTest : public TemporaryFolderTest {};
 
 TEST_F(VersionsTest, EveryVersionIsTheSetsThatWereSaved) {
@@ -297,17 +400,13 @@ TEST_F(VersionsTest, EveryVersionIsTheSetsThatWereSaved) {
       if (*rc::gen::inRange(0, 4) == 0 && versions.size() > 1) {
         const auto target = *rc::gen::inRange<std::int64_t>(0, static_cast<std::int64_t>(versions.size()));
         const auto undone = UndoChanges(dataset, target);
-        RC_ASSERT(undone->written == undone->changed);
-        if (undone->changed) {
-          versions.push_back(versions[static_cast<std::size_t>(target)]);
-        }
+        RC_ASSERT(undone->written == (undone->before != undone->after));
+        AddVersion(versions[static_cast<std::size_t>(target)], versions);
       } else {
         const Sets sets = asCommandsMake ? AsCommandsMake(Edited(versions.back())) : Edited(versions.back());
         dataset.BeginCommand(*rc::gen::arbitrary<bool>());
         RC_ASSERT(dataset.SaveSets(sets, "edit") != Dataset::Saved::kConflict);
-        if (sets != versions.back()) {
-          versions.push_back(sets);
-        }
+        AddVersion(sets, versions);
       }
       RC_ASSERT(dataset.Sets() == versions.back());
     }

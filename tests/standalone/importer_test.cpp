@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <filesystem>
 #include <thread>
 
 #include "standalone/data/database.h"
@@ -55,6 +56,72 @@ class ImporterTest : public TemporaryFolderTest {
     return SentenceOf([&] { Import(codebook); });
   }
 };
+
+TEST_F(ImporterTest, TheFormOfValuesIsTheCodebooks) {
+  Write(kData, "a,b,c,d,e,f\n-9,\"1.234,5\",ja,x,-9,12'000\n-9.5,\"-0,5\",nein,-9,7,\n 3 ,-9, ,, ,1'2'3\n");
+  Write(kCodebook, R"({"missingValues": ["-9"], "fields": [
+      {"name": "a", "type": "number"}, {"name": "b", "type": "number", "decimalChar": ",", "groupChar": "."},
+      {"name": "c", "type": "boolean", "trueValues": ["ja"], "falseValues": ["nein"]},
+      {"name": "d", "type": "string"}, {"name": "e"}, {"name": "f", "type": "integer", "groupChar": "'"}]})");
+  Import(kCodebook);
+  EXPECT_THAT(Variables(), ElementsAre("a:0", "b:0", "c:0", "d:1", "e:0", "f:0"));
+  EXPECT_THAT(Cases(), ElementsAre(R"([null,1234.5,1,"x",null,12000])", R"([-9.5,-0.5,0,"",7,null])",
+                                   R"([3,null,null,"",null,123])"));
+}
+
+TEST_F(ImporterTest, ANumberOfAnotherFormIsRefused) {
+  constexpr const char* kFields = R"({"name": "q", "type": "number", "decimalChar": ",", "groupChar": "'"})";
+  for (const char* cell : {"1.5", "'1", "1'", "1''2", "\"1,5'0\"", "\"1,2,3\"", "\"1',5\"", "'"}) {
+    const std::string shown = std::string(cell).find('"') == 0 ? std::string(cell) : "\"" + std::string(cell) + "\"";
+    EXPECT_EQ(SentenceOfImport(std::string("q\n") + cell + "\n", kFields),
+              "survey.csv, line 2, column q: " + shown + " is not a number.");
+  }
+  EXPECT_EQ(SentenceOfImport("q\ntrue\n", R"({"name": "q", "type": "boolean", "trueValues": ["ja"]})"),
+            "survey.csv, line 2, column q: \"true\" is neither true nor false.");
+}
+
+TEST_F(ImporterTest, AColumnThatIsAStringForFewCellsIsNamed) {
+  struct Row {
+    std::string cells;
+    std::size_t notNumbers;
+    std::size_t line;
+    std::string text;
+  };
+  std::string hundred;
+  for (int number = 0; number < 100; ++number) {
+    hundred += "," + std::to_string(number);
+  }
+  const std::vector<Row> rows = {{"x,1,2,3", 1, 2, "x"},
+                                 {"1,, x ,3,4", 1, 4, "x"},
+                                 {"1,2,3,4,5,6,7,8,9,007,x,y", 3, 11, "007"},
+                                 {"a,b,c,d,e" + hundred, 5, 2, "a"},
+                                 {"x,1,2", 0, 0, ""},
+                                 {"a,b,c,d,e,f" + hundred, 0, 0, ""},
+                                 {"a,b,c", 0, 0, ""},
+                                 {"1,2,3", 0, 0, ""}};
+  for (const Row& row : rows) {
+    std::string data = "q,other\n";
+    for (std::size_t begin = 0; begin <= row.cells.size();) {
+      const std::size_t end = std::min(row.cells.find(',', begin), row.cells.size());
+      data += row.cells.substr(begin, end - begin) + ",text\n";
+      begin = end + 1;
+    }
+    std::filesystem::remove(kDataset);
+    Write(kData, data);
+    const std::vector<NearlyNumericColumn> named = Import().nearlyNumeric;
+    ASSERT_EQ(named.size(), row.notNumbers == 0 ? 0U : 1U) << row.cells;
+    if (!named.empty()) {
+      EXPECT_EQ(named[0].name, "q");
+      EXPECT_EQ(named[0].notNumbers, row.notNumbers) << row.cells;
+      EXPECT_EQ(named[0].line, row.line) << row.cells;
+      EXPECT_EQ(named[0].text, row.text) << row.cells;
+    }
+  }
+  std::filesystem::remove(kDataset);
+  Write(kData, "q\nx\n1\n2\n3\n");
+  WriteCodebook(R"({"name": "q", "type": "string"})");
+  EXPECT_TRUE(Import(kCodebook).nearlyNumeric.empty());
+}
 
 TEST_F(ImporterTest, WithoutACodebookTypesAndWidthsComeFromTheData) {
   Write(kData,

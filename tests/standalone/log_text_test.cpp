@@ -60,6 +60,15 @@ TEST_F(LogText, CutsTheCommandToTheWidth) {
   }
 }
 
+TEST_F(LogText, AnImportHasNoNumber) {
+  const LoggedImport import{3, "2024-05-01T22:33:01Z", "import a\x1B.csv", 1, 240};
+  EXPECT_EQ(ImportText(import, 80),
+            "       2024-05-01 22:33:01  imported 1 variable, 240 cases\n       import a\\x1b.csv\n");
+  EXPECT_EQ(OneLine(ToJson(import)),
+            "{\"afterChange\":3,\"time\":\"2024-05-01T22:33:01Z\",\"command\":\"import a\\u001b.csv\",\"variables\":1,"
+            "\"cases\":240}");
+}
+
 TEST_F(LogText, IsWholeInJson) {
   Change change = Sample("a\n b");
   change.sets.push_back({"$b", ChangeKind::kDeleted});

@@ -48,6 +48,28 @@ std::vector<std::string> ProblemsOf(const StoredSet& set, const Dictionary& sour
 const Dictionary kNumeric = {Of("q1", 0), Of("q2", 0)};
 const Dictionary kStrings = {Of("t1", 5), Of("t2", 8)};
 
+TEST(SetCopyTest, CategoryLabelsNeedThoseOfTheCountedValue) {
+  const Variable tea = {"q1", 0, std::nullopt, {{"1", "Tea"}}};
+  const Variable milk = {"q2", 0, std::nullopt, {{"0", "No"}, {"1.0", "Milk"}}};
+  const Variable alsoTea = {"q2", 0, std::nullopt, {{"1", "TEA"}}};
+  StoredSet set = Set("$a", {"q1", "q2"});
+  set.categoryLabelsFromCountedValue = true;
+  EXPECT_THAT(ProblemsOf(set, {tea, milk}, {tea, milk}), ElementsAre());
+  EXPECT_THAT(
+      ProblemsOf(set, {tea, milk}, {tea, Of("q2", 0)}),
+      ElementsAre("in T it takes its category labels from the counted value 1, which has no label in the variable"
+                  " q2"));
+  EXPECT_THAT(
+      ProblemsOf(set, {tea, milk}, kNumeric),
+      ElementsAre("in T it takes its category labels from the counted value 1, which has no label in the variable"
+                  " q1 (and 1 more)"));
+  EXPECT_THAT(ProblemsOf(set, {tea, milk}, {tea, alsoTea}),
+              ElementsAre("in T it takes its category labels from the counted value 1, whose label in the variable q2"
+                          " another one has, too"));
+  set.categoryLabelsFromCountedValue = false;
+  EXPECT_THAT(ProblemsOf(set, {tea, milk}, kNumeric), ElementsAre());
+}
+
 TEST(SetCopyTest, ASetReplacesThatOfItsNameAndOthersAreAdded) {
   const StoredSet a = Set("$a", {"q1", "q2"});
   const StoredSet b = Set("$b", {"q1", "q2"});

@@ -81,8 +81,8 @@ TEST(TextTable, WrapsHeadingsAndCellsToTheWidth) {
             "                                           Value    Type     Variables\n"
             "------  --------------------  -----------  -------  -------  -------------------\n"
             "$likes  What do you like to   Dichotomies  1        Numeric  Tea with milk or\n"
-            "        drink in the                                         lemon, as the\n"
-            "        morning?                                             weather is\n"
+            "        drink in the                                           lemon, as the\n"
+            "        morning?                                               weather is\n"
             "                                                             Coffee\n");
 }
 

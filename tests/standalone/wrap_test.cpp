@@ -40,6 +40,29 @@ TEST(Wrap, BreaksAtBlanksAndWithinWordsOnlyWhenNeeded) {
   }
 }
 
+TEST(Wrap, AHangingIndentSetsOffAllLinesButTheFirst) {
+  struct Row {
+    std::string text;
+    std::size_t width;
+    Lines lines;
+  };
+  const std::vector<Row> rows = {
+      {"", 10, {""}},
+      {"Tea and milk", 12, {"Tea and milk"}},
+      {"Tea and milk", 9, {"Tea and", "  milk"}},
+      {"Tea and milk and sugar", 10, {"Tea and", "  milk and", "  sugar"}},
+      {"abcdefghijklmnopq", 8, {"abcdefgh", "  ijklmn", "  opq"}},
+      {"Tea and", 5, {"Tea", "and"}},
+  };
+  for (const Row& row : rows) {
+    EXPECT_EQ(WrapTextHanging(row.text, row.width), row.lines) << row.text << " to " << row.width;
+  }
+  EXPECT_EQ(HangingWidth(""), 0U);
+  EXPECT_EQ(HangingWidth("Elementary"), 10U);
+  EXPECT_EQ(HangingWidth("Elementary Variables"), 11U);
+  EXPECT_EQ(HangingWidth("Elementary and"), 10U);
+}
+
 TEST(Wrap, TheWidestWordIsMeasuredInColumns) {
   struct Row {
     std::string text;

@@ -95,7 +95,7 @@ Imports are in the log, without a number.
   The dataset keeps no change of its sets.
          TIME  imported 21 variables, 240 cases
          import --schema EXAMPLES/breakfast.schema.json EXAMPLES/breakfast.csv
-  $ mrset log s.mrset | timeless | head -n 6
+  $ mrset log s.mrset | timeless | sed -n 1,6p
       8  TIME  deleted $b
          MRSET /DELETE NAME=ALL
          TIME  imported 2 variables, 1 case
@@ -387,7 +387,7 @@ Tables are as wide as they are wanted, and the entries of a list stay apart.
     mrset sets survey.mrset --format json
   Run "mrset sets --help" for its options.
   [2]
-  $ mrset sets long.mrset --width wide 2>&1 | head -n 1
+  $ mrset sets long.mrset --width wide 2>&1 | sed -n 1p
   mrset: --width: wide is not a whole number from 20 to 10000.
   [2]
 

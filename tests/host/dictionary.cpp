@@ -219,7 +219,8 @@ int ZEVA_DataSource::FindVarIndex(const char* name, int flags) const {
   Core& core = RequiredCore();
   Call call(core, SourceName(core, *this), ".FindVarIndex(", Quote(name), ", ", flags, ")");
   CheckSource(core, *this);
-  const int index = core.dictionary->Find(name);
+  const bool isFound = !core.hooks.findsVariable || core.hooks.findsVariable(name);
+  const int index = isFound ? core.dictionary->Find(name) : -1;
   call.Returns(index);
   return index;
 }

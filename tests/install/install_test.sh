@@ -40,14 +40,21 @@ zsh -f -c 'fpath=("$1/zsh/site-functions" $fpath); autoload -Uz compinit; compin
 expect "$scratch/complete.txt" 'completion of zsh' <<< '_mrset'
 
 # The host's sources are copied away, so that their includes of host/ find the installed one.
-mkdir -p "$scratch/user/tests"
+mkdir -p "$scratch/user/tests/host_check"
 cp -r "$root/tests/host" "$scratch/user/tests/"
+cp "$root"/tests/host_check/scripted_factory.* "$scratch/user/tests/host_check/"
 rm "$scratch"/user/tests/host/*_test.cpp "$scratch"/user/tests/host/allocation.cpp
-cp "$root/tests/install/CMakeLists.txt" "$root/tests/install/load_module.cpp" "$scratch/user/"
+cp "$root"/tests/install/CMakeLists.txt "$root"/tests/install/*.cpp "$scratch/user/"
 sources=$(printf '%s;' "$scratch"/user/tests/host/*.cpp)
 cmake -S "$scratch/user" -B "$scratch/user/build" -G Ninja -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_BUILD_TYPE=Debug \
   -DCMAKE_PREFIX_PATH="$scratch/moved" -DHOST_SOURCES="$sources" -DHOST_INCLUDE_DIR="$scratch/user" > "$scratch/user.log" 2>&1 &&
   cmake --build "$scratch/user/build" >> "$scratch/user.log" 2>&1 || { cat "$scratch/user.log"; exit 1; }
-"$scratch/user/build/load_module" > "$scratch/loaded.txt"
-expect "$scratch/loaded.txt" 'module in another host' < "$root/tests/install/loaded.txt"
+if ! "$scratch/user/build/check_host" > "$scratch/check_host.txt"; then
+  cat "$scratch/check_host.txt"
+  exit 1
+fi
+for program in load_module phases; do
+  "$scratch/user/build/$program" > "$scratch/$program.txt"
+  expect "$scratch/$program.txt" "module, used by $program," < "$root/tests/install/$program.txt"
+done
 echo 'The installed tree works.'

@@ -19,8 +19,8 @@ void ZEVAMBstrupr_A(char* text);
 /// meaning of `flags` is the host's; the module passes 0.
 void ZEVAMBzstncpy_A(char* target, const char* source, int size, int flags = 0);
 
-/// Checks a name against the host's naming rules: 2 when it is valid, any other value when it is not. The
-/// names are those of sets, with their "$".
+/// Checks a name against the host's naming rules: 2 when it is valid, any other value when it is not. The names
+/// are those of sets, with their "$".
 int ValidateZEVAName(const char* name);
 
 #endif  // HOST_TEXT_H

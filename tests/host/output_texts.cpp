@@ -44,13 +44,12 @@ bool IsOfTwoTexts(const TextData& data) {
 }
 
 /// The text that a lie makes of a composite; none where no lie is told of it.
-std::optional<std::string> RenderLie(TextData data) {
+std::optional<std::string> RenderLie(const TextData& data) {
   if (Tells(Lie::kUnfinishedIsEmpty) && !data.finished) {
     return "";
   }
   if (Tells(Lie::kArgumentsReversed) && IsOfTwoTexts(data)) {
-    std::swap(data.arguments[0], data.arguments[1]);
-    return RenderTemplate(data.pattern, data.arguments);
+    return RenderTemplate(data.pattern, {data.arguments[1], data.arguments[0]});
   }
   if (Tells(Lie::kListIsDropped) && data.pattern.find('^') == std::string::npos) {
     return data.pattern;

@@ -10,7 +10,7 @@ namespace {
 constexpr const char* kHeader = "text.h";
 
 std::string LetterOf(const HostFactory& factory) {
-  const std::string letter = factory.LongLetter();
+  std::string letter = factory.LongLetter();
   if (letter.size() < 2) {
     throw NotTried("the encoding has no letter of several bytes");
   }
@@ -19,19 +19,20 @@ std::string LetterOf(const HostFactory& factory) {
 
 void Compares(HostFactory& factory) {
   const Command command(factory, "MRSET");
-  const struct {
+  struct Pair {
     const char* first;
     const char* second;
     bool areEqual;
-  } kRows[] = {{"$Drinks_1", "$dRINKS_1", true},
-               {"", "", true},
-               {"a", "", false},
-               {"", "a", false},
-               {"a", "ab", false},
-               {"ab", "a", false},
-               {"a", "b", false},
-               {"a1", "a2", false}};
-  for (const auto& row : kRows) {
+  };
+  const std::vector<Pair> rows = {{"$Drinks_1", "$dRINKS_1", true},
+                                  {"", "", true},
+                                  {"a", "", false},
+                                  {"", "a", false},
+                                  {"a", "ab", false},
+                                  {"ab", "a", false},
+                                  {"a", "b", false},
+                                  {"a1", "a2", false}};
+  for (const Pair& row : rows) {
     Expect((ZEVAMBstricmp_A(row.first, row.second) == 0) == row.areEqual,
            std::string(row.first) + (row.areEqual ? " equals " : " differs from ") + row.second);
   }

@@ -175,13 +175,14 @@ void NothingIsNoKeyword(HostFactory& factory) {
   Expect(KeywordMatch("", "NAME"), 0, "the answer for an empty token");
 }
 
-/// Reads the list between two tokens of a command; `indices` and the result are looked at by `judge`.
+/// What came of a list.
 struct ListRead {
   bool result;
   std::vector<int> indices;
   Result left;
 };
 
+/// Reads the list between two tokens of a command, appending to `indices`.
 ListRead ReadList(HostFactory& factory, const std::string& text, int begin, int end, std::vector<int> indices) {
   Command command(factory, text);
   bool result = false;
@@ -219,15 +220,17 @@ void ReportsBadLists(HostFactory& factory) {
 }
 
 void ReadsEmptyLists(HostFactory& factory) {
-  const struct {
+  struct List {
     const char* command;
     int begin;
     int end;
-  } kRows[] = {{"MRSET VARIABLES=1", 3, 3}, {"MRSET VARIABLES = =", 3, 2}, {"MRSET VARIABLES=", 3, 3}};
-  for (const auto& row : kRows) {
-    const ListRead read = ReadList(factory, row.command, row.begin, row.end, {7});
+  };
+  const std::vector<List> lists = {
+      {"MRSET VARIABLES=1", 3, 3}, {"MRSET VARIABLES = =", 3, 2}, {"MRSET VARIABLES=", 3, 3}};
+  for (const List& list : lists) {
+    const ListRead read = ReadList(factory, list.command, list.begin, list.end, {7});
     Expect(read.result && Text(read.indices) == "7" && read.left.messages.empty(),
-           std::string("true and nothing else for ") + row.command);
+           std::string("true and nothing else for ") + list.command);
   }
 }
 

@@ -135,6 +135,13 @@ TEST_F(HostCheck, FindsNothingWrongWithTheStandaloneHost) {
   StandaloneFactory factory;
   std::ostringstream report;
   EXPECT_EQ(RunHostCheck(factory, report), 0) << report.str();
+  const std::string untried = "    not tried: the host runs no command without a dataset\n";
+  std::size_t count = 0;
+  for (std::size_t at = 0; (at = report.str().find("not tried", at)) != std::string::npos; ++at) {
+    EXPECT_EQ(report.str().compare(at - 4, untried.size(), untried), 0) << report.str();
+    ++count;
+  }
+  EXPECT_EQ(count, 2U) << report.str();
 }
 
 }  // namespace

@@ -367,6 +367,23 @@ TEST(ModuleAndHost, EveryCallIsOnTheThreadThatRunsTheCommand) {
   EXPECT_THAT(seen, ElementsAre(id));
 }
 
+TEST(ModuleAndHostDeathTest, TheseCommandsOfUsersEndTheProcess) {
+  const scripted::SetData twice = scripted::Categories("$a", {"n1", "n2"});
+  const struct {
+    std::string command;
+    std::string assertion;
+  } kRows[] = {{"MRSET /DELETE NAME=[]", "!subcmd.fNames.empty()"},
+               {"MRSET /DELETE NAME=?", "!subcmd.fNames.empty()"},
+               {"MRSET /DELETE NAME=[a]", "(*namesIter)[0] == '$'"},
+               {"MRSET /MCGROUP VARIABLES=n1 n2", "!subcmd.fName.empty()"},
+               {"MRSET /DELETE NAME=[$a]", "(end - 1) == last"}};
+  for (const auto& row : kRows) {
+    EXPECT_DEATH(RunOnSurvey(row.command, {twice, twice}),
+                 testing::HasSubstr("Assertion `" + row.assertion + "' failed"))
+        << row.command;
+  }
+}
+
 TEST(MRSetParseLessNoCase, NameThatDiffersInLetterCaseAloneIsNotInsertedAgain) {
   std::set<std::string, MRSetParseLessNoCase> names = {"$ABC"};
   EXPECT_FALSE(names.insert("$abc").second);

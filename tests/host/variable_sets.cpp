@@ -75,12 +75,18 @@ void VariableSet::AddVariableName(const std::string& name) {
 
 void VariableSet::SetLabel(const std::string& label) {
   Call call(InstalledCore(), "set ", Name(fName), ".SetLabel(", Name(label), ")");
-  call.ForCaller([&] { fLabel = Tells(Lie::kLabelInUpperCase) ? scripted::UpperCase(label) : label; });
+  call.ForCaller([&] { fLabel = label; });
+  if (Tells(Lie::kLabelInUpperCase)) {
+    fLabel = scripted::UpperCase(label);
+  }
 }
 
 void VariableSet::SetValue(const std::string& value) {
   Call call(InstalledCore(), "set ", Name(fName), ".SetValue(", Name(value), ")");
-  call.ForCaller([&] { fValue = Tells(Lie::kValueWithoutBlanks) && value[0] == ' ' ? value.substr(1) : value; });
+  call.ForCaller([&] { fValue = value; });
+  if (Tells(Lie::kValueWithoutBlanks) && value[0] == ' ') {
+    fValue = value.substr(1);
+  }
 }
 
 void VariableSet::LabelSetByVariable(bool labelSetByVariable) {

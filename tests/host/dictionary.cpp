@@ -6,7 +6,6 @@
 
 #include "tests/host/call.h"
 #include "tests/host/host_access.h"
-#include "tests/host/letters.h"
 #include "tests/host/lies.h"
 #include "tests/host/sources.h"
 

@@ -100,6 +100,9 @@ void CheckEnd(Core& core, int end) {
 }
 
 TokenSequenceBase::TokenType TypeToTell(const Token& token) {
+  if (Tells(Lie::kNone)) {
+    return token.type;
+  }
   const struct {
     Lie lie;
     bool isMeant;

@@ -67,10 +67,11 @@ VariableSet::VariableSet(const std::string& name, VariableSetType type) : fType(
 
 void VariableSet::AddVariableName(const std::string& name) {
   Call call(InstalledCore(), "set ", Name(fName), ".AddVariableName(", Name(name), ")");
-  const auto found = std::find(fVariableNames.begin(), fVariableNames.end(), name);
-  if (found == fVariableNames.end() || !Tells(Lie::kVariablesOnlyOnce)) {
-    call.ForCaller([&] { fVariableNames.push_back(name); });
+  if (Tells(Lie::kVariablesOnlyOnce) &&
+      std::find(fVariableNames.begin(), fVariableNames.end(), name) != fVariableNames.end()) {
+    return;
   }
+  call.ForCaller([&] { fVariableNames.push_back(name); });
 }
 
 void VariableSet::SetLabel(const std::string& label) {

@@ -46,7 +46,8 @@ class ZEVA_ValueLabelMap {
   /// Label of a numeric value; null when the value has none.
   const char* GetLabel(const double& value) const;
 
-  /// Label of a string value; null when the value has none.
+  /// Label of a string value; null when the value has none. The value comes as the command has it: with its blanks, and
+  /// not padded to the variable's width. Whether blanks at its end count is the host's choice.
   const char* GetLabel(const std::string& value) const;
 
  private:
@@ -59,7 +60,8 @@ class ZEVA_DataSource {
   ZEVA_DataSource(const ZEVA_DataSource&) = delete;
   ZEVA_DataSource& operator=(const ZEVA_DataSource&) = delete;
 
-  /// The source with which the variable sets are kept; never null, owned by the host, alive as long as this source.
+  /// The source with which the variable sets are kept; never null, owned by the host, alive as long as this source. The
+  /// variables of sets are looked up in its dictionary when a command is applied.
   ZEVA_DataSource* GetParentSource() const;
 
   /// Number of variables in the dictionary.
@@ -89,7 +91,8 @@ class ProcedureDataSource final : public ZEVA_DataSource {
   ~ProcedureDataSource();
 };
 
-/// The head of the host's common dictionary record, as far as the module looks at it.
+/// The head of the host's common dictionary record, as far as the module looks at it. It looks after it has opened the
+/// procedure and the tokens, so these must be available without a dataset, too.
 struct CommonDictionary {
   void* fHostOwn[11];    // NOLINT(*-avoid-c-arrays): a given layout
   void* fActiveDataset;  ///< null when no dataset is open

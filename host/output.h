@@ -40,7 +40,8 @@ class BpAnnotation final : public BpHandle {
 /// A text for a title, a heading, a cell or a message.
 class BpCellText : public BpHandle {
  public:
-  /// An annotation with this text, its second handle empty (-1) and its flag false.
+  /// An annotation with this text, which it outlives. Where the host's annotations have a second handle and a flag,
+  /// these are empty (-1) and false.
   BpAnnotation Replicate() const;
 
  protected:
@@ -55,7 +56,8 @@ class BpString final : public BpCellText {
   ~BpString();
 };
 
-/// A text made of a pattern whose placeholders "^1", "^2" are filled in the order of Add().
+/// A text made of a pattern whose placeholders "^1", "^2" are filled in the order of Add(). In a cell, the pattern
+/// "[:^1\r:$1]1" writes each entry of its list as a line of its own.
 class BpComposite final : public BpCellText {
  public:
   BpComposite(const std::string& pattern, bool messageTemplate);
@@ -65,7 +67,7 @@ class BpComposite final : public BpCellText {
   /// copied.
   void Add(const BpCellText& text);
 
-  /// Begins a list that fills one placeholder.
+  /// Begins a list that fills one placeholder. A list that no placeholder takes is appended to the text.
   void Sublist();
   void EndSublist();
 
@@ -79,6 +81,8 @@ class BpCategory final : public BpHandle {
   ~BpCategory();
 
   /// Fills the cell at this category and, in every other dimension, the category that was added last and is alive.
+  /// There always is one: the module fills no cell before it has made the other dimension's category, and keeps that
+  /// alive.
   void Cell(const BpCellText& text);
 
   /// Attaches a footnote to that cell.

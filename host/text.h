@@ -8,8 +8,8 @@
 int ZEVAMBstricmp_A(const char* first, const char* second);
 
 /// Whether the first `firstLength` bytes of `first` and the first `secondLength` bytes of `second` agree without regard
-/// to case: non-zero when they do, 0 when they differ. A truth value, not an ordering. The meaning of `flags` is the
-/// host's; the module passes 0.
+/// to case: non-zero when they do, 0 when they differ. A truth value, not an ordering. `firstLength` may end within a
+/// character, which then agrees with no letter. The meaning of `flags` is the host's; the module passes 0.
 int ZEVAMBqstricmp_A(const char* first, int firstLength, const char* second, int secondLength, int flags);
 
 /// Upper-cases a buffer in place; the text never grows.
@@ -19,7 +19,8 @@ void ZEVAMBstrupr_A(char* text);
 /// meaning of `flags` is the host's; the module passes 0.
 void ZEVAMBzstncpy_A(char* target, const char* source, int size, int flags = 0);
 
-/// Checks a name against the host's naming rules: 2 when it is valid, any other value when it is not.
+/// Checks a name against the host's naming rules: 2 when it is valid, any other value when it is not. The names
+/// are those of sets, with their "$".
 int ValidateZEVAName(const char* name);
 
 #endif  // HOST_TEXT_H

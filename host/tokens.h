@@ -9,12 +9,15 @@ class ZEVA_DataSource;
 
 /// The tokens of one command with a cursor on the current token.
 ///
-/// Tokens are numbered from 0, the command name. The end of the command is a token of its own behind the last one.
+/// Tokens are numbered from 0, the command name. The end of the command is a token of its own after the last one.
 /// Texts are NUL-free and in the host's multibyte encoding.
+///
+/// The module tells "/" and "=" by their text in some places and by their code in others: both must be right. Where it
+/// looks at the text, the type does not matter: a quoted '/' or '=' acts as the symbol, a quoted 'NAME' as the keyword.
 class TokenSequenceBase {
  public:
   enum TokenType : std::int32_t {
-    kEnd = 1,           ///< behind the last token
+    kEnd = 1,           ///< after the last token
     kString = 2,        ///< a word: command name, keyword, variable name or set name
     kNumber = 3,        ///< a numeric literal
     kQuotedString = 4,  ///< a quoted string
@@ -30,7 +33,8 @@ class TokenSequenceBase {
   /// Index of the current token; negative before the first Next().
   virtual int Position() const = 0;
 
-  /// Moves the cursor so that the following Next() makes the token at `position` current.
+  /// Moves the cursor so that the following Next() makes the token at `position` current. `position` is 0 to the index
+  /// of the end. Until that Next() no token is current, and the module asks for none.
   virtual void SetPosition(int position) = 0;
 
   /// Type of the current token.
@@ -71,21 +75,24 @@ class ZEVA_TokenSequence : public TokenSequenceBase {
   void* fRecord;
 };
 
+// These functions always get a ZEVA_TokenSequence, whatever their parameter's type.
+
 /// The current token's text as written; of a quoted string, the text between the quotes. At the end of the command, a
-/// text of the host's choice.
+/// text of the host's choice that is neither "/" nor "=" nor a keyword.
 std::string TokenString(const TokenSequenceBase& tokens);
 
 /// The current token's text in upper case.
 std::string TokenStringCaps(const TokenSequenceBase& tokens);
 
 /// Non-zero when `token`, already in upper case, names `keyword` under the host's rule of abbreviation. Both are
-/// NUL-terminated.
+/// NUL-terminated. `token` may be empty, and then names no keyword.
 int KeywordMatch(const char* token, const char* keyword);
 
 /// Reads a variable list in the host's syntax from the current token up to, not including, the token at `end`, and
 /// appends the dictionary index of every variable that it names, in order, to `indices`. False after the host has
-/// reported what is wrong with the list; `indices` then holds the variables resolved so far. The cursor may be anywhere
-/// afterwards.
+/// reported what is wrong with the list; `indices` then holds the variables resolved so far. `end` may be the cursor's
+/// own position or lie before it, and the cursor may be on the end of the command: that list is empty, and right. The
+/// cursor may be anywhere afterwards.
 bool ExistingVarList(const ZEVA_DataSource& dataSource, TokenSequenceBase& tokens, std::vector<int>& indices, int end);
 
 #endif  // HOST_TOKENS_H

@@ -7,7 +7,8 @@
 
 class ZEVA_DataSource;
 
-/// One stored variable set: a plain value. Texts are NUL-free and in the host's multibyte encoding.
+/// One stored variable set: a plain value. Texts are NUL-free and in the host's multibyte encoding. A set that was
+/// moved from is only assigned to or destroyed.
 class VariableSet {
  public:
   enum VariableSetType : std::int32_t {
@@ -77,10 +78,12 @@ enum VarSetsType : std::int32_t {
   kMRSets = 1  ///< multiple response sets
 };
 
-/// Copies of the data source's stored sets of one kind, in their order.
+/// Copies of the data source's stored sets of one kind, in their order. Their names differ without regard to case: to
+/// delete a name that is stored twice ends the process by an assertion.
 VARIABLESETS VariableSets(const ZEVA_DataSource& dataSource, VarSetsType type);
 
-/// Replaces the data source's stored sets of one kind by `sets`, in their order.
+/// Replaces the data source's stored sets of one kind by `sets`, in their order. The source must not be a constant
+/// object, although MRSetApply() takes it by a constant reference.
 void SaveVariableSets(const VARIABLESETS& sets, ZEVA_DataSource& dataSource, VarSetsType type);
 
 #endif  // HOST_VARIABLE_SETS_H

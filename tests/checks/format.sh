@@ -2,5 +2,5 @@
 # Every source file is formatted.
 set -euo pipefail
 cd "$1"
-find host backend standalone tests bench -name '*.h' -o -name '*.cpp' | LC_ALL=C sort |
+find host host_check backend standalone tests bench -name '*.h' -o -name '*.cpp' | LC_ALL=C sort |
   xargs clang-format-14 --dry-run -Werror --style=file

@@ -18,5 +18,5 @@ check() {
 }
 export -f check
 
-find host backend standalone tests bench -name '*.h' -print0 | LC_ALL=C sort -z |
+find host host_check backend standalone tests bench -name '*.h' -print0 | LC_ALL=C sort -z |
   xargs -0 -P "$(nproc)" -I{} bash -c 'check "$1"' check {}

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # The module exports the symbols of one committed list and imports those of another: the host's operations, the C++
 # runtime and the C library.
+# It reaches its own functions by itself, never by a symbol that another library could define.
 # Its objects hold no data that can change, so that nothing survives a call.
 #   symbols.sh MODULE LISTS-FOLDER OBJECT...
 set -euo pipefail
@@ -31,6 +32,13 @@ compare module_host_imports.txt imported
 for library in $(libraries); do
   if ! grep -qxF "$library" "$lists/module_libraries.txt"; then
     printf 'The module needs %s, which is not in module_libraries.txt.\n' "$library"
+    failed=1
+  fi
+done
+# A name that the module looks up at load time could be found in another library of the process.
+for symbol in $(exported); do
+  if readelf -rW "$module" | grep -F " $symbol "; then
+    printf 'The module reaches its own %s through a symbol that another library can replace.\n' "$symbol"
     failed=1
   fi
 done

@@ -5,6 +5,7 @@
 
 #include "tests/host/call.h"
 #include "tests/host/letters.h"
+#include "tests/host/lies.h"
 
 namespace scripted {
 namespace {
@@ -27,7 +28,7 @@ Core& RequiredCore() {
 
 void InstallCore(Core* core) {
   gCore = core;
-  CmnDic = core == nullptr ? nullptr : &core->common;
+  CmnDic = core == nullptr || Tells(Lie::kNoCommonDictionary) ? nullptr : &core->common;
 }
 
 bool IsQuiet() {
@@ -88,7 +89,7 @@ const Token& ScriptedHost::Core::TokenAt(int index) const {
 /// The members that are not the module's are null exactly when the one that is its is not.
 void ScriptedHost::Core::SetDatasetOpen(bool open) {
   std::fill(std::begin(common.fHostOwn), std::end(common.fHostOwn), open ? nullptr : this);
-  common.fActiveDataset = open ? this : nullptr;
+  common.fActiveDataset = open || Tells(Lie::kDatasetSeemsOpen) ? this : nullptr;
 }
 
 void ScriptedHost::Core::ReportHostError(const std::string& text) {

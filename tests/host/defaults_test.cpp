@@ -326,6 +326,15 @@ TEST(Sets, GoToDataAndBack) {
   EXPECT_THAT(record.GetVariableNames(VariableSet::kUpperCase), ElementsAre("A", "B"));
 }
 
+TEST(Sets, AreNotReadAfterTheyWereMovedFrom) {
+  const ScriptedHost host;
+  VariableSet set("$a", VariableSet::kMCSet);
+  const VariableSet moved = std::move(set);
+  EXPECT_THAT(host.Violations(), IsEmpty());
+  set.GetName(VariableSet::kAsStored);  // NOLINT(bugprone-use-after-move): what the host must notice
+  EXPECT_THAT(host.Violations(), ElementsAre("a set was read that was moved from"));
+}
+
 TEST(Sets, BeginEmpty) {
   const VariableSet set("$a", VariableSet::kVarSet);
   EXPECT_EQ(ToData(set), (SetData{"$a", VariableSet::kVarSet, "", "", false, false, {}}));

@@ -1,10 +1,12 @@
 #include "host/dictionary.h"
 
 #include <algorithm>
+#include <array>
 #include <variant>
 
 #include "tests/host/call.h"
 #include "tests/host/host_access.h"
+#include "tests/host/lies.h"
 #include "tests/host/sources.h"
 
 CommonDictionary* CmnDic = nullptr;
@@ -48,14 +50,40 @@ const ZEVA_Variable* NoVariable() {
   return &record.variable;
 }
 
+/// The lie of a text that lives only as long as no other is asked for.
+const char* InSharedBuffer(const std::string& text) {
+  static std::array<char, 64> buffer;
+  buffer.fill('\0');
+  text.copy(buffer.data(), buffer.size() - 1);
+  return buffer.data();
+}
+
+const char* NameToTell(const std::string& name) {
+  if (Tells(Lie::kNamesInLowerCase) && name == "Age") {
+    return "age";
+  }
+  return Tells(Lie::kNamesShareABuffer) ? InSharedBuffer(name) : name.c_str();
+}
+
 template <class Value>
 const char* FindLabel(const Variable& variable, const Value& value) {
+  if constexpr (std::is_same_v<Value, std::string>) {
+    if (Tells(Lie::kLongValueHasALabel) && value.size() > 100) {
+      return "long";
+    }
+    if (Tells(Lie::kStringHasEmptyLabel) && value == "no") {
+      return "";
+    }
+  }
   const auto has = [&value](const ValueLabel& label) {
     const Value* labelled = std::get_if<Value>(&label.value);
     return labelled != nullptr && *labelled == value;
   };
   const auto found = std::find_if(variable.valueLabels.begin(), variable.valueLabels.end(), has);
-  return found == variable.valueLabels.end() ? nullptr : found->label.c_str();
+  if (found == variable.valueLabels.end()) {
+    return Tells(Lie::kNumberHasEmptyLabel) && variable.type == 0 ? "" : nullptr;
+  }
+  return Tells(Lie::kValueLabelsShareABuffer) ? InSharedBuffer(found->label) : found->label.c_str();
 }
 
 void CheckLookup(Core& core, const Labels& labels, bool isString) {
@@ -108,18 +136,20 @@ using scripted::Call;
 using scripted::Core;
 using scripted::Kind;
 using scripted::Labels;
+using scripted::Lie;
 using scripted::Named;
 using scripted::NameOf;
 using scripted::Quote;
 using scripted::RequiredCore;
 using scripted::SourceName;
+using scripted::Tells;
 
 ZEVA_Variable::ZEVA_Variable(void* record) : fRecord(record) {}
 
 const char* ZEVA_Variable::GetName() const {
   Core& core = RequiredCore();
   Call call(core, "variable ", NameOf(fRecord), ".GetName()");
-  const char* name = Asked(core, fRecord).data.name.c_str();
+  const char* name = scripted::NameToTell(Asked(core, fRecord).data.name);
   call.Returns(Quote(name));
   return name;
 }
@@ -129,14 +159,15 @@ int ZEVA_Variable::GetType() const {
   Call call(core, "variable ", NameOf(fRecord), ".GetType()");
   const int type = Asked(core, fRecord).data.type;
   call.Returns(type);
-  return type;
+  return type == 0 && Tells(Lie::kNumbersHaveAWidth) ? 8 : type;
 }
 
 const char* ZEVA_Variable::GetLabel() const {
   Core& core = RequiredCore();
   Call call(core, "variable ", NameOf(fRecord), ".GetLabel()");
-  const auto& label = Asked(core, fRecord).data.label;
-  const char* result = label ? label->c_str() : nullptr;
+  const scripted::Variable& variable = Asked(core, fRecord).data;
+  const char* none = Tells(Lie::kNameForLabel) ? variable.name.c_str() : nullptr;
+  const char* result = variable.label ? variable.label->c_str() : none;
   call.Returns(Quote(result));
   return result;
 }
@@ -189,14 +220,14 @@ ZEVA_DataSource* ZEVA_DataSource::GetParentSource() const {
   Call call(core, SourceName(core, *this), ".GetParentSource()");
   CheckSource(core, *this);
   call.Returns("parent");
-  return &core.parent;
+  return Tells(Lie::kNoParent) && core.dictionary->variables.size() == 1 ? nullptr : &core.parent;
 }
 
 int ZEVA_DataSource::ColumnCount() const {
   Core& core = RequiredCore();
   Call call(core, SourceName(core, *this), ".ColumnCount()");
   CheckSource(core, *this);
-  const int count = static_cast<int>(core.dictionary->variables.size());
+  const int count = static_cast<int>(core.dictionary->variables.size()) + (Tells(Lie::kOneVariableMore) ? 1 : 0);
   call.Returns(count);
   return count;
 }
@@ -210,7 +241,8 @@ const ZEVA_Variable* ZEVA_DataSource::GetVariable(int index) const {
     core.Violate("there is no variable " + std::to_string(index));
     return scripted::NoVariable();
   }
-  const scripted::VariableRecord& record = variables[static_cast<std::size_t>(index)];
+  const bool isFirst = Tells(Lie::kLastVariableIsTheFirst) && variables.size() == 2;
+  const scripted::VariableRecord& record = variables[isFirst ? 0 : static_cast<std::size_t>(index)];
   call.Returns("variable ", scripted::Bare{record.data.name});
   return &record.variable;
 }
@@ -219,7 +251,13 @@ int ZEVA_DataSource::FindVarIndex(const char* name, int flags) const {
   Core& core = RequiredCore();
   Call call(core, SourceName(core, *this), ".FindVarIndex(", Quote(name), ", ", flags, ")");
   CheckSource(core, *this);
-  const int index = core.dictionary->Find(name);
+  const bool isFound = !core.hooks.findsVariable || core.hooks.findsVariable(name);
+  int index = isFound ? core.dictionary->Find(name) : -1;
+  if ((Tells(Lie::kFindsByCase) && index >= 0 &&
+       core.dictionary->variables[static_cast<std::size_t>(index)].data.name != name) ||
+      (Tells(Lie::kParentHasNoVariables) && HostAccess::Handle(*this) == 0)) {
+    index = -1;
+  }
   call.Returns(index);
   return index;
 }

@@ -3,6 +3,7 @@
 #include "host/output.h"
 #include "tests/host/call.h"
 #include "tests/host/host_access.h"
+#include "tests/host/lies.h"
 
 namespace scripted {
 namespace {
@@ -14,13 +15,18 @@ Named NameOf(const Core& core, const BpHandle& object) {
 std::intptr_t OpenProcedure(const std::string& title, int kind) {
   Core& core = RequiredCore();
   Call call(core, "BpProcedure(", Quote(std::string_view(title)), ", ", kind, ")");
-  core.record->procedures.push_back({title, kind});
+  core.record->procedures.push_back({Tells(Lie::kProcedureHasNoTitle) ? "" : title, kind});
   return call.Made(core.record->ledger.Add(Kind::kProcedure, core.record->procedures.size() - 1));
 }
 
 Dimension& DimensionOf(Record& record, std::size_t place) {
   const DimensionRecord& dimension = record.dimensions[place];
   return record.tables[dimension.table].dimensions[dimension.index];
+}
+
+/// The first dimension of the table to which a dimension belongs.
+std::size_t FirstDimensionBeside(const Record& record, std::size_t dimension) {
+  return dimension - record.dimensions[dimension].index;
 }
 
 /// The category of a dimension that a cell gets: the given one, or the one added last and alive.
@@ -30,6 +36,9 @@ std::optional<std::size_t> CategoryForCell(const Record& record, const Dimension
     return given.index;
   }
   for (auto handle = dimension.categories.rbegin(); handle != dimension.categories.rend(); ++handle) {
+    if (Tells(Lie::kReleasedCategoryCounts)) {
+      return dimension.categories.size() - 1;
+    }
     if (const Object* category = record.ledger.Live(*handle)) {
       return record.categories[category->data].index;
     }
@@ -60,6 +69,12 @@ Cell& CellAt(Table& table, const std::vector<std::size_t>& place) {
   return found == table.cells.end() ? table.cells.emplace_back(Cell{place, std::nullopt, {}}) : *found;
 }
 
+bool LosesNote(const Table& table) {
+  const auto hasNote = [](const Cell& cell) { return !cell.notes.empty(); };
+  return (Tells(Lie::kOnlyCellHasNoNote) && table.cells.size() == 1 && table.cells[0].at[0] == 1) ||
+         (Tells(Lie::kOneNote) && std::any_of(table.cells.begin(), table.cells.end(), hasNote));
+}
+
 /// The cell that a call on a category means; null after a violation.
 Cell* CellOf(Core& core, const BpHandle& category) {
   Record& record = *core.record;
@@ -85,10 +100,12 @@ using scripted::CellOf;
 using scripted::Core;
 using scripted::DimensionOf;
 using scripted::Kind;
+using scripted::Lie;
 using scripted::NameOf;
 using scripted::Record;
 using scripted::RequiredCore;
 using scripted::Snapshot;
+using scripted::Tells;
 
 BpCategory::BpCategory(std::intptr_t handle) : BpHandle(handle) {}
 
@@ -115,7 +132,7 @@ void BpCategory::CellNote(const BpAnnotation& note) {
   const Call call(core, NameOf(core, *this), ".CellNote(", NameOf(core, note), ")");
   const scripted::Object* object = Use(core, HostAccess::Handle(note), Kind::kNote);
   scripted::Cell* cell = CellOf(core, *this);
-  if (object != nullptr && cell != nullptr) {
+  if (object != nullptr && cell != nullptr && !scripted::LosesNote(core.record->tables.back())) {
     cell->notes.push_back(core.record->notes[object->data]);
   }
 }
@@ -135,7 +152,8 @@ BpCategory BpGroup::Category(const BpCellText& heading) {
     return HostAccess::Category(-1);
   }
   auto& categories = DimensionOf(record, object->data).categories;
-  categories.push_back(std::move(data));
+  const bool isFirst = Tells(Lie::kFourthCategoryFirst) && categories.size() == 3;
+  categories.insert(isFirst ? categories.begin() : categories.end(), std::move(data));
   record.categories.push_back({object->data, categories.size() - 1});
   const std::size_t dimension = object->data;
   const std::intptr_t handle = record.ledger.Add(Kind::kCategory, record.categories.size() - 1, {headingHandle});
@@ -153,7 +171,10 @@ void BpDimension::Position(Place place, int level, bool visible, bool hidden) {
   Core& core = RequiredCore();
   const Call call(core, NameOf(core, *this), ".Position(", place, ", ", level, ", ", visible, ", ", hidden, ")");
   if (const scripted::Object* object = Use(core, HostAccess::Handle(*this), Kind::kDimension)) {
-    DimensionOf(*core.record, object->data).position = scripted::Position{place, level, visible, hidden};
+    const std::size_t dimension = Tells(Lie::kFirstDimensionIsColumns)
+                                      ? scripted::FirstDimensionBeside(*core.record, object->data)
+                                      : object->data;
+    DimensionOf(*core.record, dimension).position = scripted::Position{place, level, visible, hidden};
   }
 }
 
@@ -193,6 +214,9 @@ BpPivotTable BpHeading::PivotTable(const BpCellText& title, const BpCellText& se
             ")");
   Use(core, HostAccess::Handle(*this), Kind::kProcedure);
   record.tables.push_back({Snapshot(core, titleHandle), Snapshot(core, secondHandle), flag, {}, {}});
+  if (Tells(Lie::kTitleIsLost)) {
+    record.tables.back().title.text.clear();
+  }
   return HostAccess::PivotTable(
       call.Made(record.ledger.Add(Kind::kTable, record.tables.size() - 1, {titleHandle, secondHandle})));
 }
@@ -200,5 +224,9 @@ BpPivotTable BpHeading::PivotTable(const BpCellText& title, const BpCellText& se
 BpProcedure::BpProcedure(std::string title, int kind) : BpHeading(scripted::OpenProcedure(title, kind)) {}
 
 BpProcedure::~BpProcedure() {
+  Core* core = scripted::InstalledCore();
+  if (Tells(Lie::kOneTableStays) && core != nullptr && core->record->tables.size() > 1) {
+    core->record->tables.resize(1);
+  }
   scripted::Release(HostAccess::Handle(*this));
 }

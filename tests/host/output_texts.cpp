@@ -1,6 +1,11 @@
 #include "host/output.h"
+
+#include <algorithm>
+#include <optional>
+
 #include "tests/host/call.h"
 #include "tests/host/host_access.h"
+#include "tests/host/lies.h"
 #include "tests/host/rendering.h"
 
 namespace scripted {
@@ -16,6 +21,9 @@ std::intptr_t MakeString(const std::string& text, bool fixedText) {
   Call call(core, "BpString(", Quote(std::string_view(text)), ", ", fixedText, ")");
   TextData data;
   data.text = text;
+  if (Tells(Lie::kTextLosesCarets)) {
+    data.text.erase(std::remove(data.text.begin(), data.text.end(), '^'), data.text.end());
+  }
   data.pattern = text;
   data.flag = fixedText;
   return AddText(core, call, Kind::kText, std::move(data));
@@ -31,14 +39,40 @@ std::intptr_t MakeComposite(const std::string& pattern, bool messageTemplate) {
   return AddText(core, call, Kind::kComposite, std::move(data));
 }
 
+bool IsOfTwoTexts(const TextData& data) {
+  return data.arguments.size() == 2 && !data.arguments[0].isList && !data.arguments[1].isList;
+}
+
+/// The text that a lie makes of a composite; none where no lie is told of it.
+std::optional<std::string> RenderLie(const TextData& data) {
+  if (Tells(Lie::kUnfinishedIsEmpty) && !data.finished) {
+    return "";
+  }
+  if (Tells(Lie::kArgumentsReversed) && IsOfTwoTexts(data)) {
+    return RenderTemplate(data.pattern, {data.arguments[1], data.arguments[0]});
+  }
+  if (Tells(Lie::kListIsDropped) && data.pattern.find('^') == std::string::npos) {
+    return data.pattern;
+  }
+  return std::nullopt;
+}
+
 std::string Render(const Core& core, const TextData& data) {
+  if (const auto lie = RenderLie(data)) {
+    return *lie;
+  }
   return core.hooks.render ? core.hooks.render(data.pattern, data.arguments)
                            : RenderTemplate(data.pattern, data.arguments);
 }
 
 void Append(TextRecord& record, std::string text) {
-  if (record.listOpen) {
-    record.data.arguments.back().texts.push_back(std::move(text));
+  const bool spreads = Tells(Lie::kEntriesFillPlaceholders) && record.data.pattern.find("^2") != std::string::npos;
+  if (record.listOpen && !spreads) {
+    std::vector<std::string>& entries = record.data.arguments.back().texts;
+    if (Tells(Lie::kLastEntryCounts) && record.data.pattern == "^1") {
+      entries.clear();
+    }
+    entries.push_back(std::move(text));
   } else {
     record.data.arguments.push_back(Text(std::move(text)));
   }
@@ -78,6 +112,9 @@ TextData Snapshot(Core& core, std::intptr_t handle) {
   }
   if (IsListPattern(data.pattern) && data.isComposite) {
     data.entries = AllTexts(data.arguments);
+    if (Tells(Lie::kLinesInOne)) {
+      data.entries = {Join(*data.entries, ", ")};
+    }
   }
   return data;
 }
@@ -89,9 +126,11 @@ using scripted::Call;
 using scripted::CheckOpen;
 using scripted::Core;
 using scripted::Kind;
+using scripted::Lie;
 using scripted::Named;
 using scripted::RequiredCore;
 using scripted::SetList;
+using scripted::Tells;
 using scripted::TextData;
 
 BpHandle::BpHandle(std::intptr_t handle) : fHandle(handle) {}
@@ -107,6 +146,9 @@ BpAnnotation BpCellText::Replicate() const {
   const std::intptr_t text = HostAccess::Handle(*this);
   Call call(core, Named{core.record->ledger, text}, ".Replicate()");
   core.record->notes.push_back(Snapshot(core, text));
+  if (Tells(Lie::kShortNotes)) {
+    core.record->notes.back().text.resize(4);
+  }
   return HostAccess::Annotation(call.Made(core.record->ledger.Add(Kind::kNote, core.record->notes.size() - 1, {text})));
 }
 
@@ -136,6 +178,9 @@ void BpComposite::Add(const BpCellText& text) {
   const std::intptr_t added = HostAccess::Handle(text);
   const Call call(core, Named{core.record->ledger, handle}, ".Add(", Named{core.record->ledger, added}, ")");
   std::string copy = Snapshot(core, added).text;
+  if (Tells(Lie::kTextIsNotCopied) && copy == "gone") {
+    copy.clear();
+  }
   if (scripted::TextRecord* record = UseText(core, handle)) {
     CheckOpen(core, *record, handle);
     Append(*record, std::move(copy));
@@ -175,6 +220,10 @@ void BpError(const BpCellText& text, BpErrorShow show, BpErrorLevel level) {
   const std::intptr_t handle = HostAccess::Handle(text);
   const Call call(core, "BpError(", Named{core.record->ledger, handle}, ", ", show, ", ", level, ")");
   TextData data = Snapshot(core, handle);
-  core.record->messages.push_back({level, show, std::move(data.text), std::move(data.pattern),
-                                   std::move(data.arguments), data.flag, data.finished, false});
+  if (Tells(Lie::kOneMessage) && !core.record->messages.empty()) {
+    return;
+  }
+  core.record->messages.push_back({Tells(Lie::kEveryMessageIsAnError) ? kBpErrorLevelError : level, show,
+                                   std::move(data.text), std::move(data.pattern), std::move(data.arguments), data.flag,
+                                   data.finished, false});
 }

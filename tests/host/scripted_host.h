@@ -98,6 +98,9 @@ struct Hooks {
   /// an unknown name, a reversed or open range, and a variable listed twice are reported as an error of the host.
   std::function<bool(const std::vector<std::string>& words, std::vector<int>& indices)> existingVarList;
 
+  /// FindVarIndex: whether a variable of the dictionary is found by its name; by default each is.
+  std::function<bool(const std::string& name)> findsVariable;
+
   /// The text of a composite: see RenderTemplate().
   std::function<std::string(const std::string& pattern, const std::vector<Argument>& arguments)> render;
 

@@ -7,12 +7,15 @@
 
 #include "tests/host/call.h"
 #include "tests/host/letters.h"
+#include "tests/host/lies.h"
 #include "tests/host/names.h"
 
 using scripted::Call;
 using scripted::Core;
 using scripted::InstalledCore;
+using scripted::Lie;
 using scripted::Quote;
+using scripted::Tells;
 
 namespace {
 
@@ -27,15 +30,23 @@ std::string_view Part(Core* core, const char* text, int length) {
   return whole.substr(0, static_cast<std::size_t>(std::max(length, 0)));
 }
 
+/// Whether the answer on a beginning of a text is the wrong one.
+bool LiesOn(std::string_view part) {
+  const bool endsInLetter = !part.empty() && static_cast<unsigned char>(part.back()) >= 0x80;
+  return Tells(endsInLetter ? Lie::kCutLetterAgrees : Lie::kOrderForTruth);
+}
+
 int DefaultAnswer(const char* name) {
-  return scripted::IsValidName(name) ? kValidName : 0;
+  const bool isRefused = Tells(Lie::kRefusesCapitals) && std::strpbrk(name, "ABCDEFGHIJKLMNOPQRSTUVWXYZ") != nullptr;
+  const bool isValid = Tells(Lie::kTakesEveryName) || scripted::IsValidName(name);
+  return isValid && !isRefused ? kValidName : 0;
 }
 
 }  // namespace
 
 int ZEVAMBstricmp_A(const char* first, const char* second) {
   Call call(InstalledCore(), "ZEVAMBstricmp_A(", Quote(first), ", ", Quote(second), ")");
-  const int result = scripted::CompareNoCase(first, second);
+  const int result = Tells(Lie::kCaseMatters) ? std::strcmp(first, second) : scripted::CompareNoCase(first, second);
   call.Returns(result < 0 ? "less" : result > 0 ? "greater" : "equal");
   return result;
 }
@@ -44,7 +55,8 @@ int ZEVAMBqstricmp_A(const char* first, int firstLength, const char* second, int
   Core* core = InstalledCore();
   Call call(core, "ZEVAMBqstricmp_A(", Quote(first), ", ", firstLength, ", ", Quote(second), ", ", secondLength, ", ",
             flags, ")");
-  const bool agree = scripted::CompareNoCase(Part(core, first, firstLength), Part(core, second, secondLength)) == 0;
+  const std::string_view part = Part(core, first, firstLength);
+  const bool agree = (scripted::CompareNoCase(part, Part(core, second, secondLength)) == 0) != LiesOn(part);
   const int yes = core == nullptr ? 1 : core->hooks.truth;
   const int result = agree ? yes : 0;
   call.Returns(result);
@@ -53,7 +65,7 @@ int ZEVAMBqstricmp_A(const char* first, int firstLength, const char* second, int
 
 void ZEVAMBstrupr_A(char* text) {
   Call call(InstalledCore(), "ZEVAMBstrupr_A(", Quote(text), ")");
-  scripted::UpperCase(text, std::strlen(text));
+  scripted::UpperCase(text, Tells(Lie::kUpperCaseUpToUnderscore) ? std::strcspn(text, "_") : std::strlen(text));
   call.Returns(Quote(text));
 }
 
@@ -66,7 +78,9 @@ void ZEVAMBzstncpy_A(char* target, const char* source, int size, int flags) {
     }
     return;
   }
-  const std::string_view copied = scripted::WholeCharacters(source, static_cast<std::size_t>(size) - 1);
+  const auto room = static_cast<std::size_t>(size) - 1;
+  const std::string_view copied =
+      Tells(Lie::kCutsLetters) ? std::string_view(source).substr(0, room) : scripted::WholeCharacters(source, room);
   std::memcpy(target, copied.data(), copied.size());
   target[copied.size()] = '\0';
   call.Returns(Quote(target));

@@ -6,6 +6,7 @@
 #include "tests/host/call.h"
 #include "tests/host/host_access.h"
 #include "tests/host/letters.h"
+#include "tests/host/lies.h"
 #include "tests/host/names.h"
 #include "tests/host/sources.h"
 #include "tests/host/variable_list.h"
@@ -54,21 +55,29 @@ bool Advance(Core& core, Stream& stream) {
     core.Violate("Next() was called behind a variable list before SetPosition()");
   }
   stream.cursor = std::min(stream.cursor + 1, core.TokenCount());
+  if (Tells(Lie::kNextSkipsPlus) && core.TokenAt(stream.cursor).text == "+") {
+    ++stream.cursor;
+  }
   stream.state = Stream::kCurrent;
-  return stream.cursor < core.TokenCount();
+  return stream.cursor < core.TokenCount() || Tells(Lie::kNextIsTrueAtTheEnd);
 }
 
 void MoveTo(Core& core, Stream& stream, int position) {
   if (position < 0 || position > core.TokenCount()) {
     core.Violate("the position " + std::to_string(position) + " is outside of the command");
   }
-  stream.cursor = std::clamp(position, 0, core.TokenCount()) - 1;
+  const bool isOneOff = Tells(Lie::kSetPositionIsOneOff) && position > 0 && position < core.TokenCount();
+  stream.cursor =
+      std::clamp(position + (isOneOff ? 1 : 0), 0, core.TokenCount() - (Tells(Lie::kEndHasNoPosition) ? 1 : 0)) - 1;
   stream.state = Stream::kSet;
 }
 
 int MatchKeyword(Core& core, const std::string& token, const std::string& keyword) {
   if (token != UpperCase(token)) {
     core.Violate("KeywordMatch was given a token that is not in upper case: " + token);
+  }
+  if (token.empty() ? Tells(Lie::kNothingIsAKeyword) : Tells(Lie::kFirstLetterIsEnough) && token[0] == keyword[0]) {
+    return 1;
   }
   if (core.hooks.keywordMatch) {
     return core.hooks.keywordMatch(token, keyword);
@@ -90,6 +99,47 @@ void CheckEnd(Core& core, int end) {
   }
 }
 
+TokenSequenceBase::TokenType TypeToTell(const Token& token) {
+  if (Tells(Lie::kNone)) {
+    return token.type;
+  }
+  const struct {
+    Lie lie;
+    bool isMeant;
+    TokenSequenceBase::TokenType type;
+  } kLies[] = {
+      {Lie::kEndIsSymbol, token.type == TokenSequenceBase::kEnd, TokenSequenceBase::kSymbol},
+      {Lie::kNameIsSymbol, token.text[0] == '$', TokenSequenceBase::kSymbol},
+      {Lie::kNumberIsWord, token.type == TokenSequenceBase::kNumber, TokenSequenceBase::kString},
+      {Lie::kStringIsWord, token.type == TokenSequenceBase::kQuotedString, TokenSequenceBase::kString},
+      {Lie::kBracketIsWord, token.text == "[", TokenSequenceBase::kString},
+  };
+  for (const auto& row : kLies) {
+    if (Tells(row.lie) && row.isMeant) {
+      return row.type;
+    }
+  }
+  return token.type;
+}
+
+int SymbolToTell(const Token& token) {
+  if (Tells(Lie::kBracketHasItsByte) && token.symbol == kOpenBracket) {
+    return '[';
+  }
+  return Tells(Lie::kQuotedEqualsIsCoded) && token.text == "=" ? kEquals : token.symbol;
+}
+
+std::string TextToTell(const Token& token) {
+  if (Tells(Lie::kOtherSlash) && token.symbol == kSlash) {
+    return "slash";
+  }
+  if (Tells(Lie::kEndIsSlash) && token.type == TokenSequenceBase::kEnd) {
+    return "/";
+  }
+  return Tells(Lie::kQuotesStay) && token.type == TokenSequenceBase::kQuotedString ? "'" + token.text + "'"
+                                                                                   : token.text;
+}
+
 bool ResolveList(Core& core, const std::vector<std::string>& words, std::vector<int>& found) {
   return core.hooks.existingVarList ? core.hooks.existingVarList(words, found) : ReadVariableList(core, words, found);
 }
@@ -104,6 +154,7 @@ using scripted::CheckEnd;
 using scripted::Core;
 using scripted::Current;
 using scripted::Kind;
+using scripted::Lie;
 using scripted::MoveTo;
 using scripted::NameOf;
 using scripted::Quote;
@@ -111,12 +162,19 @@ using scripted::RequiredCore;
 using scripted::ResolveList;
 using scripted::Stream;
 using scripted::StreamOf;
+using scripted::Tells;
 using scripted::WordsOf;
 
 ZEVA_TokenSequence::ZEVA_TokenSequence(bool openCommand) : fRecord(nullptr) {
   Core& core = RequiredCore();
   Call call(core, "ZEVA_TokenSequence(", openCommand, ")");
+  if (Tells(Lie::kNoTokensWithoutDataset) && core.common.fActiveDataset == nullptr) {
+    throw std::logic_error("there is no dataset");
+  }
   core.record->streams.emplace_back();
+  if (Tells(Lie::kSecondStreamGoesOn) && core.record->streams.size() == 2) {
+    core.record->streams.back().cursor = 0;
+  }
   fRecord = HostAccess::ToRecord(call.Made(core.record->ledger.Add(Kind::kTokens, core.record->streams.size() - 1)));
 }
 
@@ -140,6 +198,9 @@ int ZEVA_TokenSequence::Position() const {
     CheckCurrent(core, stream, "Position()");
   }
   call.Returns(stream.cursor);
+  if (stream.cursor <= 0 && Tells(stream.cursor < 0 ? Lie::kPositionIsNeverNegative : Lie::kFirstTokenIsOne)) {
+    return stream.cursor + 1;
+  }
   return stream.cursor;
 }
 
@@ -152,7 +213,7 @@ void ZEVA_TokenSequence::SetPosition(int position) {
 TokenSequenceBase::TokenType ZEVA_TokenSequence::Type() const {
   Core& core = RequiredCore();
   Call call(core, NameOf(core, *this), ".Type()");
-  const TokenType type = Current(core, *this, "Type()").type;
+  const TokenType type = scripted::TypeToTell(Current(core, *this, "Type()"));
   call.Returns(type);
   return type;
 }
@@ -160,7 +221,7 @@ TokenSequenceBase::TokenType ZEVA_TokenSequence::Type() const {
 int ZEVA_TokenSequence::Symbol() const {
   Core& core = RequiredCore();
   Call call(core, NameOf(core, *this), ".Symbol()");
-  const int symbol = Current(core, *this, "Symbol()").symbol;
+  const int symbol = scripted::SymbolToTell(Current(core, *this, "Symbol()"));
   call.Returns(symbol);
   return symbol;
 }
@@ -173,13 +234,13 @@ double ZEVA_TokenSequence::NumberValue() const {
     core.Violate("NumberValue() was asked of " + token.text + ", which is no number");
   }
   call.Returns(token.number);
-  return token.number;
+  return Tells(Lie::kNumberIsRounded) ? static_cast<int>(token.number) : token.number;
 }
 
 std::string TokenString(const TokenSequenceBase& tokens) {
   Core& core = RequiredCore();
   Call call(core, "TokenString(", NameOf(core, tokens), ")");
-  const std::string& text = Current(core, tokens, "TokenString").text;
+  const std::string text = scripted::TextToTell(Current(core, tokens, "TokenString"));
   std::string result = call.ForCaller([&] { return std::string(text); });
   call.Returns(Quote(std::string_view(result)));
   return result;
@@ -188,7 +249,8 @@ std::string TokenString(const TokenSequenceBase& tokens) {
 std::string TokenStringCaps(const TokenSequenceBase& tokens) {
   Core& core = RequiredCore();
   Call call(core, "TokenStringCaps(", NameOf(core, tokens), ")");
-  const std::string text = scripted::UpperCase(Current(core, tokens, "TokenStringCaps").text);
+  const std::string& written = Current(core, tokens, "TokenStringCaps").text;
+  const std::string text = Tells(Lie::kCapsAsWritten) ? written : scripted::UpperCase(written);
   std::string result = call.ForCaller([&] { return std::string(text); });
   call.Returns(Quote(std::string_view(result)));
   return result;
@@ -211,7 +273,14 @@ bool ExistingVarList(const ZEVA_DataSource& dataSource, TokenSequenceBase& token
   CheckCurrent(core, stream, "ExistingVarList");
   CheckEnd(core, end);
   std::vector<int> found;
-  const bool result = ResolveList(core, WordsOf(core, stream.cursor, end), found);
+  bool result = ResolveList(core, WordsOf(core, stream.cursor, end), found);
+  if (Tells(Lie::kListIsRefusedInSilence) && !result) {
+    core.record->messages.clear();
+  }
+  if (Tells(Lie::kListReplacesIndices) && !found.empty()) {
+    indices.clear();
+  }
+  result = result && !(Tells(Lie::kEmptyListIsRefused) && end < stream.cursor);
   stream = {core.hooks.cursorAfterVarList.value_or(std::clamp(end, 0, core.TokenCount())), Stream::kLost};
   call.ForCaller([&] { indices.insert(indices.end(), found.begin(), found.end()); });
   call.Returns(result, ", ", indices);

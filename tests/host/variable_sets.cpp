@@ -5,22 +5,47 @@
 #include "tests/host/call.h"
 #include "tests/host/host_access.h"
 #include "tests/host/letters.h"
+#include "tests/host/lies.h"
 #include "tests/host/sources.h"
 
 using scripted::Call;
 using scripted::Core;
 using scripted::InstalledCore;
+using scripted::Lie;
 using scripted::Quote;
+using scripted::Tells;
 
 namespace {
 
 enum Attribute : std::size_t { kLabelSetByVariable, kUseVariableCategoryLabels, kAttributeCount };
 
+/// A set that was moved from has no attributes left.
+void CheckWhole(const std::vector<bool>& attributes) {
+  Core* core = InstalledCore();
+  if (core != nullptr && attributes.empty()) {
+    core->Violate("a set was read that was moved from");
+  }
+}
+
 Quote Name(const std::string& name) {
   return Quote(std::string_view(name));
 }
 
+/// A lie about names as stored concerns those with a capital, so that it leaves the others alone.
+bool HasCapital(const std::string& name) {
+  return name.find_first_of("DA") < 2;
+}
+
+std::string SetNameInCase(const std::string& name, VariableSet::ChangeCase changeCase) {
+  const bool isLie = changeCase == VariableSet::kUpperCase ? Tells(Lie::kUpperCaseAsStored)
+                                                           : Tells(Lie::kSetNameInUpperCase) && HasCapital(name);
+  return (changeCase == VariableSet::kUpperCase) != isLie ? scripted::UpperCase(name) : name;
+}
+
 std::string InCase(const std::string& name, VariableSet::ChangeCase changeCase) {
+  if (Tells(Lie::kVariablesInUpperCase) && HasCapital(name)) {
+    return scripted::UpperCase(name);
+  }
   return changeCase == VariableSet::kUpperCase ? scripted::UpperCase(name) : name;
 }
 
@@ -35,34 +60,44 @@ void CheckKind(Core& core, VarSetsType type) {
 VariableSet::VariableSet(const std::string& name, VariableSetType type) : fType(type) {
   Call call(InstalledCore(), "VariableSet(", Name(name), ", ", type, ")");
   call.ForCaller([&] {
-    fAttributes.assign(kAttributeCount, false);
+    fAttributes.assign(kAttributeCount, Tells(Lie::kNewSetHasAFlag));
     fName = name;
   });
 }
 
 void VariableSet::AddVariableName(const std::string& name) {
   Call call(InstalledCore(), "set ", Name(fName), ".AddVariableName(", Name(name), ")");
+  if (Tells(Lie::kVariablesOnlyOnce) &&
+      std::find(fVariableNames.begin(), fVariableNames.end(), name) != fVariableNames.end()) {
+    return;
+  }
   call.ForCaller([&] { fVariableNames.push_back(name); });
 }
 
 void VariableSet::SetLabel(const std::string& label) {
   Call call(InstalledCore(), "set ", Name(fName), ".SetLabel(", Name(label), ")");
   call.ForCaller([&] { fLabel = label; });
+  if (Tells(Lie::kLabelInUpperCase)) {
+    fLabel = scripted::UpperCase(label);
+  }
 }
 
 void VariableSet::SetValue(const std::string& value) {
   Call call(InstalledCore(), "set ", Name(fName), ".SetValue(", Name(value), ")");
   call.ForCaller([&] { fValue = value; });
+  if (Tells(Lie::kValueWithoutBlanks) && value[0] == ' ') {
+    fValue = value.substr(1);
+  }
 }
 
 void VariableSet::LabelSetByVariable(bool labelSetByVariable) {
   const Call call(InstalledCore(), "set ", Name(fName), ".LabelSetByVariable(", labelSetByVariable, ")");
-  fAttributes[kLabelSetByVariable] = labelSetByVariable;
+  fAttributes[kLabelSetByVariable] = labelSetByVariable || Tells(Lie::kLabelFlagStays);
 }
 
 void VariableSet::UseVariableCategoryLabels(bool useVariableCategoryLabels) {
   const Call call(InstalledCore(), "set ", Name(fName), ".UseVariableCategoryLabels(", useVariableCategoryLabels, ")");
-  fAttributes[kUseVariableCategoryLabels] = useVariableCategoryLabels;
+  fAttributes[kUseVariableCategoryLabels] = useVariableCategoryLabels != Tells(Lie::kCategoryFlagIsTurned);
 }
 
 bool VariableSet::qLabelSetByVariable() const {
@@ -80,8 +115,9 @@ bool VariableSet::qUseVariableCategoryLabels() const {
 }
 
 std::string VariableSet::GetName(ChangeCase changeCase) const {
+  CheckWhole(fAttributes);
   Call call(InstalledCore(), "set ", Name(fName), ".GetName(", changeCase, ")");
-  const std::string name = InCase(fName, changeCase);
+  const std::string name = SetNameInCase(fName, changeCase);
   std::string result = call.ForCaller([&] { return std::string(name); });
   call.Returns(Name(result));
   return result;
@@ -108,6 +144,7 @@ std::string VariableSet::GetValue() const {
 }
 
 std::vector<std::string> VariableSet::GetVariableNames(ChangeCase changeCase) const {
+  CheckWhole(fAttributes);
   Call call(InstalledCore(), "set ", Name(fName), ".GetVariableNames(", changeCase, ")");
   std::vector<std::string> names;
   std::transform(fVariableNames.begin(), fVariableNames.end(), std::back_inserter(names),
@@ -123,6 +160,9 @@ VARIABLESETS VariableSets(const ZEVA_DataSource& dataSource, VarSetsType type) {
   CheckSource(core, dataSource);
   CheckKind(core, type);
   VARIABLESETS result = call.ForCaller([&] { return VARIABLESETS(core.sets); });
+  if (Tells(Lie::kSetsReversed)) {
+    std::reverse(result.begin(), result.end());
+  }
   call.Returns(scripted::SetNames{result});
   return result;
 }
@@ -133,6 +173,10 @@ void SaveVariableSets(const VARIABLESETS& sets, ZEVA_DataSource& dataSource, Var
                   ")");
   CheckSource(core, dataSource);
   CheckKind(core, type);
+  if (Tells(Lie::kSaveAppends)) {
+    core.sets.insert(core.sets.end(), sets.begin(), sets.end());
+    return;
+  }
   core.sets = sets;
   core.record->saved = sets;
   ++core.record->saveCount;

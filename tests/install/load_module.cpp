@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <iostream>
 
+#include "host/module.h"
 #include "tests/host/scripted_host.h"
 
 int main() {
@@ -16,7 +17,7 @@ int main() {
     std::cerr << dlerror() << '\n';
     return EXIT_FAILURE;
   }
-  reinterpret_cast<void (*)()>(entry)();
+  reinterpret_cast<decltype(&mrset_)>(entry)();
   for (const std::string& message : host.MessageLines()) {
     std::cout << message << '\n';
   }

@@ -46,15 +46,22 @@ use_help() {
 # use_module ROOT TREE SCRATCH COMPILER. The host's sources are copied away, so that their includes of host/ find the
 # installed one.
 use_module() {
-  local root=$1 user=$3/user sources
-  mkdir -p "$user/tests"
+  local root=$1 user=$3/user sources program
+  mkdir -p "$user/tests/host_check"
   cp -r "$root/tests/host" "$user/tests/"
+  cp "$root"/tests/host_check/scripted_factory.* "$user/tests/host_check/"
   rm "$user"/tests/host/*_test.cpp "$user"/tests/host/allocation.cpp
-  cp "$root/tests/install/CMakeLists.txt" "$root/tests/install/load_module.cpp" "$user/"
+  cp "$root"/tests/install/CMakeLists.txt "$root"/tests/install/*.cpp "$user/"
   sources=$(printf '%s;' "$user"/tests/host/*.cpp)
   cmake -S "$user" -B "$user/build" -G Ninja -DCMAKE_CXX_COMPILER="$4" -DCMAKE_BUILD_TYPE=Debug \
     -DCMAKE_PREFIX_PATH="$2" -DHOST_SOURCES="$sources" -DHOST_INCLUDE_DIR="$user" > "$3/user.log" 2>&1 &&
     cmake --build "$user/build" >> "$3/user.log" 2>&1 || { cat "$3/user.log"; exit 1; }
-  "$user/build/load_module" > "$3/loaded.txt"
-  expect_kept "$3/loaded.txt" 'module in another host' "$root/tests/install/loaded.txt"
+  if ! "$user/build/check_host" > "$3/check_host.txt"; then
+    cat "$3/check_host.txt"
+    failed=1
+  fi
+  for program in load_module phases; do
+    "$user/build/$program" > "$3/$program.txt"
+    expect_kept "$3/$program.txt" "module, used by $program," "$root/tests/install/$program.txt"
+  done
 }

@@ -121,6 +121,19 @@ TEST_F(Entry, CommandWithAnErrorInItsSecondSubcommandAppliesNotEvenTheFirst) {
   }
 }
 
+TEST_F(Entry, CommandWithGoodSubcommandsBeforeABadOneSavesNothing) {
+  const std::string define = " /MCGROUP NAME=$new VARIABLES=n1 n2";
+  const std::string two = define + " /DELETE NAME=[$old]";
+  const std::string five = two + " /DISPLAY NAME=ALL /DELETE NAME=ALL" + define;
+  for (const std::string& good : {two, five}) {
+    SCOPED_TRACE(good);
+    EXPECT_EQ(RunCommand(fHost, "MRSET" + good + " /NONSENSE"),
+              (Outcome{{"error: Invalid MRSET subcommand. Found NONSENSE .."}, {}, std::nullopt}));
+    EXPECT_EQ(fHost.StoredSets(), StoredSets());
+    EXPECT_EQ(fHost.SaveCount(), 0U);
+  }
+}
+
 TEST(EntryWithoutSets, CommandWithNothingToDoStillWarnsAndSavesTheUnchangedList) {
   const struct {
     std::string command;

@@ -1,17 +1,21 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <set>
 #include <string>
+#include <thread>
 #include <type_traits>
 #include <utility>
 #include <vector>
 
+#include "backend/mrset/mrset.h"
 #include "backend/mrset/mrsetparse.h"
 #include "host/dictionary.h"
+#include "host/module.h"
 #include "host/output.h"
 #include "host/text.h"
 #include "host/tokens.h"
@@ -234,6 +238,150 @@ TEST(HostServices, StoredSetsAreHandedOutAsCopiesAndReplacedByThoseSaved) {
   SaveVariableSets(sets, *source.GetParentSource(), kMRSets);
   EXPECT_THAT(host.StoredSets(),
               ElementsAre(scripted::Categories("$a", {}), scripted::Categories("$b", {"n1"}, "Changed")));
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// What the comments of host/ say of the module.
+
+/// The trace of a command on the survey.
+Lines TraceOf(const std::string& command, const std::vector<scripted::SetData>& storedSets = {}) {
+  ScriptedHost host({SurveyDictionary(), storedSets, true, {}});
+  RunCommand(host, command);
+  return host.Trace();
+}
+
+TEST(ModuleAndHost, VariableListMayEndAtTheCursorOrBeforeItAndBeginAtTheEnd) {
+  const struct {
+    std::string list;
+    std::string cursor;
+    std::string end;
+  } kRows[] = {{"q1 q2", "8", "10"}, {"1", "8", "8"}, {"", "8", "8"}, {"=", "8", "7"}};
+  for (const auto& row : kRows) {
+    const Lines trace = TraceOf("MRSET /MCGROUP NAME = $a VARIABLES = " + row.list);
+    const std::size_t call = CallNumber(trace, "ExistingVarList(source#1, tokens#1, [], " + row.end + ")");
+    ASSERT_NE(call, 0U) << row.list;
+    EXPECT_EQ(CallNumber(trace, "tokens#1.SetPosition(" + row.cursor + ")") + 2, call) << row.list;
+  }
+}
+
+TEST(ModuleAndHost, QuotedSymbolsAndKeywordsActAsThese) {
+  EXPECT_EQ(RunOnSurvey("MRSET '/' 'DISPLAY' 'NAME' '=' ALL"),
+            (Outcome{{"warning: No MRSET to display"}, {}, Lines{}}));
+}
+
+TEST(ModuleAndHost, TextAndCodeOfSymbolsMustBothBeRight) {
+  const struct {
+    scripted::Token slash;
+    scripted::Token equals;
+    Lines messages;
+  } kRows[] = {
+      {scripted::Symbol("/"), scripted::Symbol("="), {"error: Empty Display found"}},
+      {{TokenSequenceBase::kSymbol, "|", 11, 0},
+       scripted::Symbol("="),
+       {"error: Unexpected | keyword in MCGROUP subcommand."}},
+      {{TokenSequenceBase::kSymbol, "/", 12, 0}, scripted::Symbol("="), {"error: Unexpected token / in this context"}},
+      {scripted::Symbol("/"),
+       {TokenSequenceBase::kSymbol, ":", 3, 0},
+       {"error: MRSET VARIABLES was expecting \"=\". Found :..."}},
+      {scripted::Symbol("/"),
+       {TokenSequenceBase::kSymbol, "=", 4, 0},
+       {"host error: Variable NAME is not in the dictionary."}},
+  };
+  for (const auto& row : kRows) {
+    using scripted::Word;
+    const scripted::Token& equals = row.equals;
+    ScriptedHost host({SurveyDictionary(), {}, true, {}});
+    host.SetTokens({Word("MRSET"), scripted::Symbol("/"), Word("MCGROUP"), Word("VARIABLES"), equals, Word("n1"),
+                    Word("n2"), Word("NAME"), equals, Word("$a"), row.slash, Word("DISPLAY")});
+    mrset_();
+    EXPECT_EQ(host.MessageLines(), row.messages);
+  }
+}
+
+TEST(ModuleAndHost, TextOfTheEndIsTakenForTheSymbolOrKeywordThatItIs) {
+  const struct {
+    std::string command;
+    std::string end;
+    Lines messages;
+  } kRows[] = {{"MRSET /", "end of command", {"error: Invalid MRSET subcommand. Found end of command .."}},
+               {"MRSET /", "DISPLAY", {"error: Empty Display found"}},
+               {"MRSET /DISPLAY", "/", {"error: Empty Display found"}},
+               {"MRSET /DISPLAY NAME", "end", {"error: Names \"=\" was expected. Found end..."}},
+               {"MRSET /DISPLAY NAME", "=", {"error: Square bracket expected."}}};
+  for (const auto& row : kRows) {
+    ScriptedHost host({SurveyDictionary(), {}, true, {}}, row.command);
+    host.SetEnd(row.end, scripted::kNoSymbol);
+    mrset_();
+    EXPECT_EQ(host.MessageLines(), row.messages) << row.command << row.end;
+  }
+}
+
+TEST(ModuleAndHost, ArgumentsAreThoseOfTheComments) {
+  const struct {
+    std::string what;
+    std::string command;
+    std::string call;
+  } kRows[] = {
+      {"a token may be empty", "MRSET /''", "KeywordMatch(\"\", \"MDGROUP\") -> 0"},
+      {"a name has its $", "MRSET /MCGROUP NAME=$a", "ValidateZEVAName(\"$a\")"},
+      {"a length may end within a character", "MRSET /MDGROUP LABEL\xC3\xA9",
+       "ZEVAMBqstricmp_A(\"LABEL\xC3\x89\", 6, \"LABELSOURCE\", 6, 0) -> 0"},
+      {"a string value keeps its blanks and is not padded", "MRSET /MDGROUP NAME=$a VARIABLES=s8 s3 VALUE=' x '",
+       ".GetLabel(\" x \")"},
+      {"the parent's dictionary is asked", "MRSET /MCGROUP NAME=$a VARIABLES=n1 n2 /DISPLAY NAME=ALL",
+       "parent.FindVarIndex(\"N1\", 0)"},
+      {"its size too", "MRSET /MCGROUP NAME=$a VARIABLES=n1 n2 /DISPLAY NAME=ALL", "parent.GetVariable("},
+  };
+  for (const auto& row : kRows) {
+    const Lines trace = TraceOf(row.command);
+    EXPECT_NE(CallNumber(trace, row.call), 0U) << row.what << testing::PrintToString(trace);
+  }
+}
+
+TEST(ModuleAndHost, AnnotationOutlivesItsText) {
+  const Lines trace =
+      TraceOf("MRSET /MDGROUP NAME=$a VARIABLES=q1 q2 VALUE=1 CATEGORYLABELS=COUNTEDVALUES /DISPLAY NAME=ALL");
+  const auto lineOf = [&trace](const std::string& line) {
+    return std::find_if(trace.begin(), trace.end(),
+                        [&line](const std::string& other) { return other.find(line) != std::string::npos; });
+  };
+  const auto made = lineOf(".Replicate()");
+  ASSERT_NE(made, trace.end());
+  const std::string text = made->substr(made->find("text#"), made->find(".Rep") - made->find("text#"));
+  EXPECT_LT(made, lineOf("~" + text));
+  EXPECT_LT(lineOf("~" + text), lineOf("CellNote(note#1)"));
+  EXPECT_NE(lineOf("CellNote(note#1)"), trace.end());
+}
+
+TEST(ModuleAndHost, EveryCallIsOnTheThreadThatRunsTheCommand) {
+  std::vector<std::thread::id> seen;
+  scripted::Hooks hooks;
+  hooks.validateName = [&seen](const std::string&) {
+    seen.push_back(std::this_thread::get_id());
+    return 2;
+  };
+  ScriptedHost host({SurveyDictionary(), {}, true, hooks}, "MRSET /MCGROUP NAME=$a VARIABLES=n1 n2");
+  std::thread thread(mrset_);
+  const std::thread::id id = thread.get_id();
+  thread.join();
+  EXPECT_THAT(seen, ElementsAre(id));
+}
+
+TEST(ModuleAndHostDeathTest, TheseCommandsOfUsersEndTheProcess) {
+  const scripted::SetData twice = scripted::Categories("$a", {"n1", "n2"});
+  const struct {
+    std::string command;
+    std::string assertion;
+  } kRows[] = {{"MRSET /DELETE NAME=[]", "!subcmd.fNames.empty()"},
+               {"MRSET /DELETE NAME=?", "!subcmd.fNames.empty()"},
+               {"MRSET /DELETE NAME=[a]", "(*namesIter)[0] == '$'"},
+               {"MRSET /MCGROUP VARIABLES=n1 n2", "!subcmd.fName.empty()"},
+               {"MRSET /DELETE NAME=[$a]", "(end - 1) == last"}};
+  for (const auto& row : kRows) {
+    EXPECT_DEATH(RunOnSurvey(row.command, {twice, twice}),
+                 testing::HasSubstr("Assertion `" + row.assertion + "' failed"))
+        << row.command;
+  }
 }
 
 TEST(MRSetParseLessNoCase, NameThatDiffersInLetterCaseAloneIsNotInsertedAgain) {

@@ -9,9 +9,9 @@
 #include "tests/properties/module_run.h"
 #include "tests/properties/property.h"
 #include "tests/properties/watch.h"
-#include "tests/reference/groups.h"
 #include "tests/reference/reference_apply.h"
-#include "tests/reference/variable_lists.h"
+#include "tests/reference/validators.h"
+#include "tests/reference/variable_check.h"
 
 // The validators and the apply phase on records that no command gives.
 

@@ -8,10 +8,7 @@
 #include "tests/properties/property.h"
 #include "tests/properties/reading.h"
 #include "tests/properties/watch.h"
-#include "tests/reference/attribute_parsers.h"
-#include "tests/reference/groups.h"
-#include "tests/reference/name_lists.h"
-#include "tests/reference/variable_lists.h"
+#include "tests/reference/grammar.h"
 
 // The module and the reference agree on each parser called by itself: also in what a parser that fails leaves in the
 // record and where it leaves the cursor, which a whole command does not show.
@@ -19,51 +16,37 @@
 namespace properties {
 namespace {
 
-using reference::Command;
 using reference::Record;
 
+/// A parser of the module, and the keyword and the subcommand by which the reference knows the same.
 struct BothParsers {
   std::string keyword;
   Record::Type type;
   std::function<bool(ZEVA_TokenSequence&, const ZEVA_DataSource&, MRSetSubcommand&)> module;
-  std::function<bool(Command&, Record&)> reference;
 };
 
 const std::vector<BothParsers>& AllParsers() {
   static const std::vector<BothParsers> kParsers = {
-      {"NAME", Record::kMDGROUP, [](auto& stream, auto&, auto& record) { return ParseMRName(stream, record.fName); },
-       [](auto& command, auto& record) { return reference::ParseMRName(command, record.fName); }},
-      {"LABEL", Record::kMDGROUP, [](auto& stream, auto&, auto& record) { return ParseLabel(stream, record.fLabel); },
-       [](auto& command, auto& record) { return reference::ParseLabel(command, record.fLabel); }},
+      {"NAME", Record::kMDGROUP, [](auto& stream, auto&, auto& record) { return ParseMRName(stream, record.fName); }},
+      {"LABEL", Record::kMDGROUP, [](auto& stream, auto&, auto& record) { return ParseLabel(stream, record.fLabel); }},
       {"LABELSOURCE", Record::kMDGROUP,
-       [](auto& stream, auto&, auto& record) { return ParseLabelSource(stream, record.fLabelSourceVarLabel); },
-       [](auto& command, auto& record) { return reference::ParseLabelSource(command, record.fLabelSourceVarLabel); }},
+       [](auto& stream, auto&, auto& record) { return ParseLabelSource(stream, record.fLabelSourceVarLabel); }},
       {"CATEGORYLABELS", Record::kMDGROUP,
        [](auto& stream, auto&, auto& record) {
          return ParseCategoryLabels(stream, record.fCategoryLabelsCountedValues);
-       },
-       [](auto& command, auto& record) {
-         return reference::ParseCategoryLabels(command, record.fCategoryLabelsCountedValues);
        }},
       {"VALUE", Record::kMDGROUP,
-       [](auto& stream, auto&, auto& record) { return ParseValue(stream, record.fValue, record.fValueIsNumber); },
-       [](auto& command, auto& record) {
-         return reference::ParseValue(command, record.fValue, record.fValueIsNumber);
-       }},
+       [](auto& stream, auto&, auto& record) { return ParseValue(stream, record.fValue, record.fValueIsNumber); }},
       {"VARIABLES", Record::kMDGROUP,
        [](auto& stream, auto& source, auto& record) {
          return ParseVariables(stream, source, record.fVariables, record.fAll);
-       },
-       [](auto& command, auto& record) { return reference::ParseVariables(command, record.fVariables, record.fAll); }},
+       }},
       {"NAME", Record::kDISPLAY,
-       [](auto& stream, auto&, auto& record) { return ParseNames(stream, record.fNames, record.fAll); },
-       [](auto& command, auto& record) { return reference::ParseNames(command, record.fNames, record.fAll); }},
-      {"MDGROUP", Record::kMDGROUP, ParseMDGroup, reference::ParseMDGroup},
-      {"MCGROUP", Record::kMCGROUP, ParseMCGroup, reference::ParseMCGroup},
-      {"DISPLAY", Record::kDISPLAY, [](auto& stream, auto&, auto& record) { return ParseDisplay(stream, record); },
-       reference::ParseDisplay},
-      {"DELETE", Record::kDELETE, [](auto& stream, auto&, auto& record) { return ParseDelete(stream, record); },
-       reference::ParseDelete}};
+       [](auto& stream, auto&, auto& record) { return ParseNames(stream, record.fNames, record.fAll); }},
+      {"MDGROUP", Record::kMDGROUP, ParseMDGroup},
+      {"MCGROUP", Record::kMCGROUP, ParseMCGroup},
+      {"DISPLAY", Record::kDISPLAY, [](auto& stream, auto&, auto& record) { return ParseDisplay(stream, record); }},
+      {"DELETE", Record::kDELETE, [](auto& stream, auto&, auto& record) { return ParseDelete(stream, record); }}};
   return kParsers;
 }
 
@@ -103,15 +86,18 @@ Parsed CallModule(const BothParsers& parsers, const Case& example, int index) {
 }
 
 Parsed CallReference(const BothParsers& parsers, const Case& example, int index) {
-  Command command(example.tokens, example.end, example.dictionary);
-  command.SetPosition(index);
-  command.Next();
+  const reference::Input input(example.tokens, example.end, example.dictionary);
+  reference::Report report;
   Record record = FilledRecord(parsers.type);
+  const bool isSubcommand = reference::SubcommandNamed(parsers.keyword) == parsers.type;
+  const reference::Reached reached = isSubcommand
+                                         ? ReadSubcommand(input, parsers.type, index, record, report)
+                                         : ReadKeyword(input, parsers.type, parsers.keyword, index, record, report);
   Parsed result;
-  result.parsed = parsers.reference(command, record);
+  result.parsed = reached.isAccepted;
   result.records.push_back(record);
-  result.cursor = command.Position();
-  result.messages = command.Messages().Lines();
+  result.cursor = reached.index;
+  result.messages = report.Lines();
   return result;
 }
 

@@ -1,55 +1,47 @@
 #include "tests/reference/reference_parser.h"
 
-#include "tests/reference/command.h"
-#include "tests/reference/groups.h"
-#include "tests/reference/name_lists.h"
+#include "tests/reference/grammar.h"
+#include "tests/reference/validators.h"
 
 namespace reference {
 namespace {
 
-bool ParseSubcommand(Command& command, Record& subcmd) {
-  command.Next();
-  if (IsTokenEqualWith(command, "MDGROUP")) {
-    subcmd.fType = Record::kMDGROUP;
-    return ParseMDGroup(command, subcmd) && ValidateMDGroup(command, subcmd);
-  }
-  if (IsTokenEqualWith(command, "MCGROUP")) {
-    subcmd.fType = Record::kMCGROUP;
-    return ParseMCGroup(command, subcmd) && ValidateMCGroup(command, subcmd);
-  }
-  if (IsTokenEqualWith(command, "DISPLAY")) {
-    subcmd.fType = Record::kDISPLAY;
-    return ParseDisplay(command, subcmd) && ValidateMRSetName(command, subcmd);
-  }
-  if (IsTokenEqualWith(command, "DELETE")) {
-    subcmd.fType = Record::kDELETE;
-    return ParseDelete(command, subcmd) && ValidateMRSetName(command, subcmd);
-  }
-  subcmd.fType = Record::kNONE;
-  return command.Fail("Invalid MRSET subcommand. Found ^1 ..", command.TokenString());
+Reached Fail(Report& report, const std::string& message, const std::string& text, int index) {
+  report.Error(message, text);
+  return {false, index};
 }
 
-bool MRSetParse(Command& command, std::vector<Record>& subcommands) {
-  command.Next();
-  Require(command.Type() == TokenSequenceBase::kString, "command.Type() == TokenSequenceBase::kString");
-  RequireKeyword(command, "MRSET");
-  while (command.Next()) {
-    if (!IsTokenEqualWith(command, "/", false)) {
-      if (!subcommands.empty()) {
-        return command.Fail("Begin subcommand symbol expected. Found ^1 ...", command.TokenString());
-      }
-      MovePrevious(command);
+/// Reads the subcommand whose keyword is at an index, and judges it.
+Reached ReadAndValidate(const Input& input, int at, Record& record, Report& report, int& cursor) {
+  record.fType = SubcommandNamed(input.Text(at));
+  if (record.fType == Record::kNONE) {
+    return Fail(report, "Invalid MRSET subcommand. Found ^1 ..", input.Text(at), at);
+  }
+  const Reached reached = ReadSubcommand(input, record.fType, at, record, report);
+  cursor = reached.index;
+  return {reached.isAccepted && Validate(record, input.Dictionary(), report), reached.index};
+}
+
+/// The command: its name, then subcommands, each behind a "/" that the first one may lack. `cursor` is kept up, for
+/// where an assertion fails.
+Reached ReadCommand(const Input& input, std::vector<Record>& records, Report& report, int& cursor) {
+  cursor = 0;
+  Require(input.At(0).type == TokenSequenceBase::kString, "command.Type() == TokenSequenceBase::kString");
+  Require(NamesKeywordInAnyCase(input.Text(0), "MRSET"), "IsTokenEqualWith(command, std:: string(\"MRSET\"))");
+  for (int next = 1; next < input.Count(); next = cursor + 1) {
+    const bool hasSlash = IsSlash(input.At(next));
+    if (!hasSlash && !records.empty()) {
+      return Fail(report, "Begin subcommand symbol expected. Found ^1 ...", input.Text(next), next);
     }
     Record record;
-    if (!ParseSubcommand(command, record)) {
-      return false;
+    const Reached reached = ReadAndValidate(input, hasSlash ? next + 1 : next, record, report, cursor);
+    if (!reached.isAccepted) {
+      return reached;
     }
-    subcommands.push_back(record);
+    records.push_back(record);
   }
-  if (subcommands.empty()) {
-    return command.Fail("No subcommand in MRSET command.");
-  }
-  return true;
+  return records.empty() ? Fail(report, "No subcommand in MRSET command.", "", input.Count())
+                         : Reached{true, input.Count()};
 }
 
 }  // namespace
@@ -60,15 +52,17 @@ scripted::Token DefaultEnd() {
 
 ParseResult Parse(const std::vector<scripted::Token>& tokens, const std::vector<scripted::Variable>& dictionary,
                   const scripted::Token& end) {
-  Command command(tokens, end, dictionary);
+  const Input input(tokens, end, dictionary);
+  Report report;
   ParseResult result;
   try {
-    result.parsed = MRSetParse(command, result.records);
+    const Reached reached = ReadCommand(input, result.records, report, result.cursor);
+    result.parsed = reached.isAccepted;
+    result.cursor = reached.index;
   } catch (const AssertionFailed& failure) {
     result.assertion = failure.expression;
   }
-  result.messages = command.Messages().Lines();
-  result.cursor = command.Position();
+  result.messages = report.Lines();
   return result;
 }
 

@@ -8,7 +8,8 @@
 #include "tests/host/scripted_host.h"
 #include "tests/reference/record.h"
 
-/// The module's two phases written a second time, plainly and over plain data, to compare the module with. Makes no
+/// The module's two phases a second time, over plain data, to compare the module with: the language as tables that one
+/// reader interprets, not function by function, so that a misreading is not made twice. Makes no
 /// call of the host and needs none installed; the rules of the scripted host's own are its defaults.
 namespace reference {
 

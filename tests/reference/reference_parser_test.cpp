@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "tests/reference/groups.h"
 #include "tests/reference/report.h"
+#include "tests/reference/validators.h"
 
 namespace reference {
 namespace {

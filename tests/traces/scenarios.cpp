@@ -131,6 +131,13 @@ HostRule ListsLeaveTheCursorAt(int index) {
   return rule;
 }
 
+HostRule DoesNotFind(const std::string& name) {
+  HostRule rule;
+  rule.text = "the variable " + name + " is in lists, but is not found by its name";
+  rule.hooks.findsVariable = [name](const std::string& wanted) { return wanted != name; };
+  return rule;
+}
+
 HostRule NamesTheKeyword(std::string token, std::string keyword) {
   HostRule rule;
   rule.text = token + " names " + keyword;
@@ -258,6 +265,8 @@ void AddVariableLists(std::vector<Scenario>& all) {
                      Of("variables_of_which_the_host_finds_none", "MRSET /MCGROUP NAME=$a VARIABLES=n1 n2")));
   all.push_back(With(ListsAreReadAs(false, {3, 4}),
                      Of("variables_rejected_without_a_message", "MRSET /MCGROUP NAME=$a VARIABLES=n1 n2")));
+  all.push_back(With(DoesNotFind("n2"),
+                     Of("variable_that_is_listed_and_not_found", "MRSET /MCGROUP NAME=$a VARIABLES=n1 n2 s8")));
   all.push_back(
       With(ListsLeaveTheCursorAt(0), Of("cursor_lost_in_the_list", "MRSET /MCGROUP VARIABLES=n1 n2 NAME=$a")));
   all.push_back(WithEnd(Of("variables_before_an_end_coded_as_equals", "MRSET /MCGROUP NAME=$a VARIABLES=n1 n2 NAME"),

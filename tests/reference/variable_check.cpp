@@ -1,4 +1,4 @@
-#include "tests/reference/variable_lists.h"
+#include "tests/reference/variable_check.h"
 
 #include <cstdlib>
 
@@ -118,36 +118,6 @@ bool CheckVariable(Check& check, const scripted::Variable& var) {
 }
 
 }  // namespace
-
-bool ParseVariables(Command& command, std::vector<std::string>& variables, bool& all) {
-  RequireKeyword(command, "VARIABLES");
-  variables.clear();
-  all = false;
-  command.Next();
-  if (!IsTokenEqualWith(command, "=", false)) {
-    return command.Fail("MRSET ^1 was expecting \"=\". Found ^2...", "VARIABLES", command.TokenString());
-  }
-  command.Next();
-  const int start = command.Position();
-  while (command.Type() == TokenSequenceBase::kString) {
-    command.Next();
-  }
-  if (command.Symbol() == 3) {
-    MovePrevious(command);
-  }
-  const int end = command.Position();
-  command.SetPosition(start);
-  command.Next();
-  std::vector<int> indices;
-  const bool result =
-      ReadVariableList(command.Dictionary(), command.Texts(command.Position(), end), indices, command.Messages());
-  for (int index : indices) {
-    variables.push_back(command.Dictionary()[static_cast<std::size_t>(index)].name);
-  }
-  command.SetPosition(end - 1);
-  command.Next();
-  return result;
-}
 
 bool AreValidVariables(const std::vector<std::string>& variableNames, const Variables& dictionary,
                        const std::string& countedValue, bool countedValueLabels, int& narrowestWidth, Report& report) {

@@ -1,18 +1,18 @@
-#ifndef TESTS_REFERENCE_VARIABLE_LISTS_H
-#define TESTS_REFERENCE_VARIABLE_LISTS_H
+#ifndef TESTS_REFERENCE_VARIABLE_CHECK_H
+#define TESTS_REFERENCE_VARIABLE_CHECK_H
 
 #include <string>
 #include <vector>
 
-#include "tests/reference/command.h"
+#include "tests/reference/host_rules.h"
+#include "tests/reference/report.h"
 
 namespace reference {
 
-// False means reported, stop.
-bool ParseVariables(Command& command, std::vector<std::string>& variables, bool& all);
+/// Whether the variables make a set. What is wrong with them is reported.
 bool AreValidVariables(const std::vector<std::string>& variableNames, const Variables& dictionary,
                        const std::string& countedValue, bool countedValueLabels, int& narrowestWidth, Report& report);
 
 }  // namespace reference
 
-#endif  // TESTS_REFERENCE_VARIABLE_LISTS_H
+#endif  // TESTS_REFERENCE_VARIABLE_CHECK_H

@@ -36,7 +36,8 @@ std::optional<std::string> CommitGeneration(Database& database, std::int64_t gen
     }
     const std::optional<bool> isThere = IsThere(database, generation);
     if (!isThere) {
-      throw Error(ErrorKind::kUnknownOutcome, std::string(error.what()) + " Whether the last change was saved is not known.");
+      throw Error(ErrorKind::kUnknownOutcome,
+                  std::string(error.what()) + " Whether the last change was saved is not known.");
     }
     if (!*isThere) {
       throw;

@@ -7,7 +7,7 @@
 #include <array>
 #include <string_view>
 
-#include "standalone/data/dataset.h"
+#include "standalone/data/schema.h"
 #include "standalone/files/temporary_file.h"
 
 namespace standalone {

@@ -13,7 +13,8 @@ namespace standalone {
 namespace {
 
 [[noreturn]] void Fail(const std::string& name, const char* what) {
-  throw Error(ErrorKind::kNoPermission, fmt::format("{} cannot be changed: its counter of {} is at its limit.", name, what));
+  throw Error(ErrorKind::kNoPermission,
+              fmt::format("{} cannot be changed: its counter of {} is at its limit.", name, what));
 }
 
 }  // namespace

@@ -9,8 +9,6 @@
 #include <string>
 #include <string_view>
 
-#include "standalone/data/dataset.h"
-
 struct sqlite3_stmt;
 
 namespace standalone {

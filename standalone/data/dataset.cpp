@@ -6,31 +6,22 @@
 #include <iterator>
 #include <limits>
 #include <new>
-#include <tuple>
-#include <unordered_map>
 #include <utility>
 
 #include "standalone/data/commit.h"
 #include "standalone/data/counters.h"
-#include "standalone/data/database.h"
 #include "standalone/data/history.h"
 #include "standalone/data/import_log.h"
 #include "standalone/data/interrupt.h"
 #include "standalone/data/migration.h"
 #include "standalone/data/ordered_keys.h"
 #include "standalone/data/schema.h"
-#include "standalone/data/set_store.h"
 #include "standalone/text/error.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {
 
 namespace {
-
-auto Members(const StoredSet& set) {
-  return std::tie(set.name, set.type, set.label, set.countedValue, set.labelFromVariable,
-                  set.categoryLabelsFromCountedValue, set.variables);
-}
 
 bool AreSameLists(const std::vector<KeptSet>& kept, const SetList& sets) {
   return std::equal(kept.begin(), kept.end(), sets.begin(), sets.end(),
@@ -81,81 +72,11 @@ void FailIfNameless(const std::string& path) {
   }
 }
 
-bool StoredSet::operator==(const StoredSet& other) const {
-  return Members(*this) == Members(other);
-}
+Dataset::Dataset(const std::string& path, const DatasetOptions& options)
+    : fPath(path), fOptions(options), fDatabase(OpenDataset(path, options)) {}
 
-SetList Shared(const std::vector<StoredSet>& sets) {
-  SetList shared;
-  shared.reserve(sets.size());
-  for (const StoredSet& set : sets) {
-    shared.push_back(std::make_shared<StoredSet>(set));
-  }
-  return shared;
-}
-
-std::vector<StoredSet> Copies(const SetList& sets) {
-  std::vector<StoredSet> copies;
-  copies.reserve(sets.size());
-  for (const SharedSet& set : sets) {
-    copies.push_back(*set);
-  }
-  return copies;
-}
-
-bool AreSame(const SharedSet& first, const SharedSet& second) {
-  return first == second || *first == *second;
-}
-
-// What has been read is kept from command to command as long as nobody has written, which the generation tells.
-class Dataset::Implementation {
- public:
-  Implementation(const std::string& path, const DatasetOptions& options)
-      : fPath(path), fOptions(options), fDatabase(OpenDataset(path, options)) {}
-
-  void Begin(bool exclusive);
-  void BeginIfNone();
-  void End();
-  Saved Save(const SetList& sets, const std::string& command);
-
-  int VariableCount();
-  const Variable& VariableAt(int position);
-  int FindVariable(std::string_view name);
-  void VisitVariableNames(const std::function<void(std::string_view name)>& visit);
-  void VisitCases(std::int64_t from, const VisitCase& visit);
-  void VisitVariables(std::string_view beginning, int from, const VisitName& visit);
-  void VisitNames(const std::string& first, int from, const VisitName& visit);
-  const std::vector<KeptSet>& Sets();
-  std::uint64_t Epoch();
-
-  VersionRange Versions();
-  std::vector<LoggedImport> Imports();
-  std::vector<StoredSet> SetsOfVersion(std::int64_t version);
-  void ForEachChange(const std::function<void(const Change&)>& handOver);
-
- private:
-  void ForgetWhatWasRead();
-  bool HasHistory();
-  Saved SaveOrder(const SetList& sets);
-  void EndSaveOfOrder();
-  Saved Write(const SetList& sets, const std::string* command);
-  void WriteLocked(const SetList& sets, const std::string* command);
-  void Record(const SetEdits& edits, const std::string* command);
-
-  std::string fPath;
-  DatasetOptions fOptions;
-  std::unique_ptr<Database> fDatabase;
-  bool fExclusive = false;
-  std::int64_t fGeneration = 0;
-  std::uint64_t fEpoch = 0;
-  std::optional<int> fVariableCount;
-  std::unordered_map<int, std::unique_ptr<Variable>> fVariables;
-  std::unordered_map<std::string, int> fPositions;  // by upper-case name
-  std::optional<std::vector<KeptSet>> fSets;
-};
-
-void Dataset::Implementation::Begin(bool exclusive) {
-  End();
+void Dataset::BeginCommand(bool exclusive) {
+  EndCommand();
   try {
     Query(*fDatabase, exclusive ? "BEGIN IMMEDIATE" : "BEGIN").Run();
     const std::int64_t generation = GenerationOf(*fDatabase);  // the first read fixes the state that all reads see
@@ -166,26 +87,30 @@ void Dataset::Implementation::Begin(bool exclusive) {
     fGeneration = generation;
     fExclusive = exclusive;
   } catch (...) {
-    End();
+    EndCommand();
     throw;
   }
 }
 
-void Dataset::Implementation::BeginIfNone() {
+void Dataset::BeginIfNone() {
   if (!fDatabase->InTransaction()) {
-    Begin(false);
+    BeginCommand(false);
   }
 }
 
-void Dataset::Implementation::End() {
+void Dataset::EndCommand() {
   fDatabase->Rollback();
   fExclusive = false;
 }
 
-Dataset::Saved Dataset::Implementation::Save(const SetList& sets, const std::string& command) {
-  const std::vector<KeptSet>& stored = Sets();
+Dataset::Saved Dataset::SaveSets(const std::vector<StoredSet>& sets, const std::string& command) {
+  return SaveSets(Shared(sets), command);
+}
+
+Dataset::Saved Dataset::SaveSets(const SetList& sets, const std::string& command) {
+  const std::vector<KeptSet>& stored = KeptSets();
   if (AreSameLists(stored, sets)) {
-    End();
+    EndCommand();
     return Saved::kUnchanged;
   }
   if (SameButForOrder(stored, sets)) {
@@ -193,16 +118,16 @@ Dataset::Saved Dataset::Implementation::Save(const SetList& sets, const std::str
   }
   try {
     const Saved saved = Write(sets, &command);
-    End();
+    EndCommand();
     return saved;
   } catch (...) {
-    End();
+    EndCommand();
     throw;
   }
 }
 
 // Whoever displays sets asked for no change: what keeps their order from being written is no concern of theirs.
-Dataset::Saved Dataset::Implementation::SaveOrder(const SetList& sets) {
+Dataset::Saved Dataset::SaveOrder(const SetList& sets) {
   const bool mayWait = fExclusive;
   try {
     fDatabase->SetLockTimeout(mayWait ? fOptions.lockTimeout : std::chrono::milliseconds(0), fOptions.notify);
@@ -218,14 +143,14 @@ Dataset::Saved Dataset::Implementation::SaveOrder(const SetList& sets) {
   }
 }
 
-void Dataset::Implementation::EndSaveOfOrder() {
-  End();
+void Dataset::EndSaveOfOrder() {
+  EndCommand();
   fDatabase->SetLockTimeout(fOptions.lockTimeout, fOptions.notify);
 }
 
 // Without a command only the order changes. A transaction that has read cannot wait for the right to write while
 // another one waits for it to finish reading; so it ends, and the next one checks that nothing was written in between.
-Dataset::Saved Dataset::Implementation::Write(const SetList& sets, const std::string* command) {
+Dataset::Saved Dataset::Write(const SetList& sets, const std::string* command) {
   if (!fExclusive) {
     fDatabase->Rollback();
     Query(*fDatabase, "BEGIN IMMEDIATE").Run();
@@ -237,7 +162,7 @@ Dataset::Saved Dataset::Implementation::Write(const SetList& sets, const std::st
   return Saved::kDone;
 }
 
-void Dataset::Implementation::WriteLocked(const SetList& sets, const std::string* command) {
+void Dataset::WriteLocked(const SetList& sets, const std::string* command) {
   (command == nullptr ? FailIfWritesAreUsedUp : FailIfChangesAreUsedUp)(*fDatabase, fPath);
   const std::optional<std::string> migrated = Migrate(*fDatabase, fPath);
   if (migrated) {
@@ -260,7 +185,7 @@ void Dataset::Implementation::WriteLocked(const SetList& sets, const std::string
   }
 }
 
-void Dataset::Implementation::Record(const SetEdits& edits, const std::string* command) {
+void Dataset::Record(const SetEdits& edits, const std::string* command) {
   if (command == nullptr) {
     AddToLastChange(*fDatabase, edits);
   } else {
@@ -268,7 +193,7 @@ void Dataset::Implementation::Record(const SetEdits& edits, const std::string* c
   }
 }
 
-void Dataset::Implementation::ForgetWhatWasRead() {
+void Dataset::ForgetWhatWasRead() {
   fVariableCount.reset();
   fVariables.clear();
   fPositions.clear();
@@ -276,11 +201,11 @@ void Dataset::Implementation::ForgetWhatWasRead() {
   ++fEpoch;
 }
 
-bool Dataset::Implementation::HasHistory() {
+bool Dataset::HasHistory() {
   return FormatVersion(*fDatabase) == kFormatVersion;
 }
 
-int Dataset::Implementation::VariableCount() {
+int Dataset::VariableCount() {
   BeginIfNone();
   if (!fVariableCount) {
     Query query(*fDatabase, "SELECT variable_count FROM meta");
@@ -290,7 +215,7 @@ int Dataset::Implementation::VariableCount() {
   return *fVariableCount;
 }
 
-const Variable& Dataset::Implementation::VariableAt(int position) {
+const Variable& Dataset::VariableAt(int position) {
   BeginIfNone();
   std::unique_ptr<Variable>& variable = fVariables[position];
   if (variable == nullptr) {
@@ -299,7 +224,7 @@ const Variable& Dataset::Implementation::VariableAt(int position) {
   return *variable;
 }
 
-int Dataset::Implementation::FindVariable(std::string_view name) {
+int Dataset::FindVariable(std::string_view name) {
   const int count = VariableCount();
   const std::string key = ToUpper(name);
   const auto found = fPositions.find(key);
@@ -317,7 +242,7 @@ int Dataset::Implementation::FindVariable(std::string_view name) {
   return fPositions.emplace(key, position).first->second;
 }
 
-void Dataset::Implementation::VisitVariableNames(const std::function<void(std::string_view name)>& visit) {
+void Dataset::VisitVariableNames(const std::function<void(std::string_view name)>& visit) {
   BeginIfNone();
   Query row(*fDatabase, "SELECT position, name FROM variable ORDER BY position");
   OrderedKeys<std::int64_t> positions(*fDatabase);
@@ -327,7 +252,7 @@ void Dataset::Implementation::VisitVariableNames(const std::function<void(std::s
   }
 }
 
-void Dataset::Implementation::VisitCases(std::int64_t from, const VisitCase& visit) {
+void Dataset::VisitCases(std::int64_t from, const VisitCase& visit) {
   BeginIfNone();
   Query row(*fDatabase, "SELECT position, cells FROM cases WHERE position >= ? ORDER BY position");
   row.Bind(from);
@@ -336,7 +261,7 @@ void Dataset::Implementation::VisitCases(std::int64_t from, const VisitCase& vis
   }
 }
 
-void Dataset::Implementation::VisitVariables(std::string_view beginning, int from, const VisitName& visit) {
+void Dataset::VisitVariables(std::string_view beginning, int from, const VisitName& visit) {
   BeginIfNone();
   if (!beginning.empty()) {
     VisitNames(ToUpper(beginning), from, visit);
@@ -350,7 +275,7 @@ void Dataset::Implementation::VisitVariables(std::string_view beginning, int fro
 }
 
 // The index of names holds the positions, so that only the names of variables that are visited are looked up.
-void Dataset::Implementation::VisitNames(const std::string& first, int from, const VisitName& visit) {
+void Dataset::VisitNames(const std::string& first, int from, const VisitName& visit) {
   const std::string behindLast = first + "\U0010FFFF";  // no name holds the last of all characters
   Query rows(*fDatabase,
              "SELECT name_key, position FROM variable WHERE name_key >= ? AND name_key < ? ORDER BY name_key");
@@ -364,7 +289,7 @@ void Dataset::Implementation::VisitNames(const std::string& first, int from, con
   }
 }
 
-const std::vector<KeptSet>& Dataset::Implementation::Sets() {
+const std::vector<KeptSet>& Dataset::KeptSets() {
   BeginIfNone();
   if (!fSets) {
     fSets = LoadSets(*fDatabase);
@@ -372,22 +297,34 @@ const std::vector<KeptSet>& Dataset::Implementation::Sets() {
   return *fSets;
 }
 
-std::uint64_t Dataset::Implementation::Epoch() {
+std::vector<StoredSet> Dataset::Sets() {
+  return Copies(SharedSets());
+}
+
+SetList Dataset::SharedSets() {
+  const std::vector<KeptSet>& kept = KeptSets();
+  SetList sets;
+  sets.reserve(kept.size());
+  std::transform(kept.begin(), kept.end(), std::back_inserter(sets), [](const KeptSet& one) { return one.set; });
+  return sets;
+}
+
+std::uint64_t Dataset::Epoch() {
   BeginIfNone();
   return fEpoch;
 }
 
-VersionRange Dataset::Implementation::Versions() {
+VersionRange Dataset::Versions() {
   BeginIfNone();
   return HasHistory() ? KeptVersions(*fDatabase) : VersionRange{};
 }
 
-std::vector<LoggedImport> Dataset::Implementation::Imports() {
+std::vector<LoggedImport> Dataset::Imports() {
   BeginIfNone();
   return HasHistory() ? LoadImports(*fDatabase) : std::vector<LoggedImport>();
 }
 
-std::vector<StoredSet> Dataset::Implementation::SetsOfVersion(std::int64_t version) {
+std::vector<StoredSet> Dataset::SetsOfVersion(std::int64_t version) {
   const VersionRange range = Versions();
   if (version < range.first || version > range.last) {
     throw Error(
@@ -395,7 +332,7 @@ std::vector<StoredSet> Dataset::Implementation::SetsOfVersion(std::int64_t versi
             ? fmt::format("{} has no version {}: its sets were not changed yet, and are version 0.", fPath, version)
             : fmt::format("{} has no version {}; it keeps {} to {}.", fPath, version, range.first, range.last));
   }
-  Rewind rewind(*fDatabase, Sets());
+  Rewind rewind(*fDatabase, KeptSets());
   if (version < range.last) {
     rewind.Undo(version + 1, range.last);
   }
@@ -405,7 +342,7 @@ std::vector<StoredSet> Dataset::Implementation::SetsOfVersion(std::int64_t versi
   return rewind.Sets();
 }
 
-void Dataset::Implementation::ForEachChange(const std::function<void(const Change&)>& handOver) {
+void Dataset::ForEachChange(const std::function<void(const Change&)>& handOver) {
   std::optional<Change> change;
   do {
     if (IsInterrupted()) {
@@ -414,88 +351,11 @@ void Dataset::Implementation::ForEachChange(const std::function<void(const Chang
     BeginIfNone();
     const std::int64_t end = change ? change->number : std::numeric_limits<std::int64_t>::max();
     change = HasHistory() ? ChangeBefore(*fDatabase, end) : std::nullopt;
-    End();
+    EndCommand();
     if (change) {
       handOver(*change);
     }
   } while (change);
-}
-
-Dataset::Dataset(const std::string& path, const DatasetOptions& options)
-    : fImplementation(std::make_unique<Implementation>(path, options)) {}
-
-Dataset::~Dataset() = default;
-
-void Dataset::BeginCommand(bool exclusive) {
-  fImplementation->Begin(exclusive);
-}
-
-void Dataset::EndCommand() {
-  fImplementation->End();
-}
-
-Dataset::Saved Dataset::SaveSets(const std::vector<StoredSet>& sets, const std::string& command) {
-  return fImplementation->Save(Shared(sets), command);
-}
-
-Dataset::Saved Dataset::SaveSets(const SetList& sets, const std::string& command) {
-  return fImplementation->Save(sets, command);
-}
-
-int Dataset::VariableCount() {
-  return fImplementation->VariableCount();
-}
-
-const Variable& Dataset::VariableAt(int position) {
-  return fImplementation->VariableAt(position);
-}
-
-int Dataset::FindVariable(std::string_view name) {
-  return fImplementation->FindVariable(name);
-}
-
-void Dataset::VisitVariableNames(const std::function<void(std::string_view name)>& visit) {
-  fImplementation->VisitVariableNames(visit);
-}
-
-void Dataset::VisitCases(std::int64_t from, const VisitCase& visit) {
-  fImplementation->VisitCases(from, visit);
-}
-
-void Dataset::VisitVariables(std::string_view beginning, int from, const VisitName& visit) {
-  fImplementation->VisitVariables(beginning, from, visit);
-}
-
-std::vector<StoredSet> Dataset::Sets() {
-  return Copies(SharedSets());
-}
-
-SetList Dataset::SharedSets() {
-  const std::vector<KeptSet>& kept = fImplementation->Sets();
-  SetList sets;
-  sets.reserve(kept.size());
-  std::transform(kept.begin(), kept.end(), std::back_inserter(sets), [](const KeptSet& one) { return one.set; });
-  return sets;
-}
-
-std::uint64_t Dataset::Epoch() {
-  return fImplementation->Epoch();
-}
-
-VersionRange Dataset::Versions() {
-  return fImplementation->Versions();
-}
-
-std::vector<LoggedImport> Dataset::Imports() {
-  return fImplementation->Imports();
-}
-
-std::vector<StoredSet> Dataset::SetsOfVersion(std::int64_t version) {
-  return fImplementation->SetsOfVersion(version);
-}
-
-void Dataset::ForEachChange(const std::function<void(const Change& change)>& handOver) {
-  fImplementation->ForEachChange(handOver);
 }
 
 }  // namespace standalone

@@ -1,112 +1,26 @@
 #ifndef STANDALONE_DATA_DATASET_H
 #define STANDALONE_DATA_DATASET_H
 
-#include <chrono>
-#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
+
+#include "standalone/data/change.h"
+#include "standalone/data/database.h"
+#include "standalone/data/dataset_options.h"
+#include "standalone/data/set_store.h"
+#include "standalone/data/stored_set.h"
+#include "standalone/data/variable.h"
 
 namespace standalone {
 
 /// Throws Error for the empty path.
 void FailIfNameless(const std::string& path);
-
-struct ValueLabel {
-  std::string value;  ///< of a numeric variable, the shortest text that gives the number again
-  std::string label;
-};
-
-/// One variable of the dictionary.
-struct Variable {
-  std::string name;
-  int width = 0;  ///< 0 for a numeric variable, else the width in bytes
-  std::optional<std::string> label;
-  std::vector<ValueLabel> valueLabels;  ///< in the order of the codebook
-};
-
-/// Given to DatasetWriter in place of a width: that of the longest value in bytes, at least 1.
-inline constexpr int kWidthOfLongestValue = -1;
-
-enum class SetType { kCategory = 1, kDichotomy = 2 };
-
-/// One multiple response set as it is stored. Texts are UTF-8 without NUL.
-struct StoredSet {
-  std::string name;
-  SetType type = SetType::kDichotomy;
-  std::string label;
-  std::string countedValue;
-  bool labelFromVariable = false;
-  bool categoryLabelsFromCountedValue = false;
-  std::vector<std::string> variables;
-
-  bool operator==(const StoredSet& other) const;
-};
-
-/// Sets that never change, so that lists share those that they have in common.
-using SharedSet = std::shared_ptr<const StoredSet>;
-using SetList = std::vector<SharedSet>;
-
-SetList Shared(const std::vector<StoredSet>& sets);
-std::vector<StoredSet> Copies(const SetList& sets);
-
-/// Whether the two hold the same; costs next to nothing where they are one.
-bool AreSame(const SharedSet& first, const SharedSet& second);
-
-/// How a dataset is used.
-struct DatasetOptions {
-  /// How long a lock that another process holds is waited for; 0 is not at all.
-  std::chrono::milliseconds lockTimeout = std::chrono::seconds(30);
-  /// Saves do not wait until they are on the disk: what ends the process costs nothing, but a power failure can cost
-  /// the dataset.
-  bool relaxed = false;
-  /// Gets a sentence, as it happens, where a user should know: a long wait for a lock, a file that is migrated. May be
-  /// empty.
-  std::function<void(const std::string& sentence)> notify;
-};
-
-enum class ChangeKind { kDefined = 1, kChanged = 2, kDeleted = 3, kMoved = 4 };
-
-/// One set that a change of the dataset's sets touched.
-struct ChangedSet {
-  std::string name;  ///< of a set that was changed, its name before
-  ChangeKind kind = ChangeKind::kDefined;
-};
-
-/// One save that changed the sets.
-struct Change {
-  std::int64_t number = 0;       ///< from 1, never used again
-  std::string time;              ///< UTC, as in 2024-05-01T12:33:01Z
-  std::string command;           ///< its whole text
-  bool reordered = false;        ///< whether sets that stayed came into another order
-  std::vector<ChangedSet> sets;  ///< without those that were only moved
-};
-
-/// One import that made the dataset or replaced its variables and cases.
-struct LoggedImport {
-  std::int64_t afterChange = 0;  ///< the number of the last change before it
-  std::string time;              ///< as of a change
-  std::string command;           ///< its options and the name of the survey
-  std::int64_t variables = 0;
-  std::int64_t cases = 0;
-};
-
-/// The versions of the sets that can be had. Version N is what change N left, version 0 what stood before the first.
-struct VersionRange {
-  std::int64_t first = 0;
-  std::int64_t last = 0;  ///< the sets as they are
-};
-
-/// How many changes a dataset keeps, and how many imports.
-inline constexpr std::int64_t kKeptChanges = 1000;
-
-/// Whether the file begins as datasets do; false where it cannot be read. It may still be damaged, or of a newer
-/// format.
-bool IsDatasetFile(const std::string& path);
 
 /// A dataset that exists: the dictionary, read as it is touched, the sets in their order, and the cases. Positions of
 /// variables count from 0. Every function throws Error when the file cannot be used. What reads begins a
@@ -117,7 +31,6 @@ class Dataset {
   explicit Dataset(const std::string& path, const DatasetOptions& options = {});
   Dataset(const Dataset&) = delete;
   Dataset& operator=(const Dataset&) = delete;
-  ~Dataset();
 
   /// Begins a command: until EndCommand() or SaveSets() all reads see one state of the dataset. With `exclusive`, no
   /// other process can change the dataset meanwhile.
@@ -187,39 +100,28 @@ class Dataset {
   void ForEachChange(const std::function<void(const Change& change)>& handOver);
 
  private:
-  class Implementation;
-  std::unique_ptr<Implementation> fImplementation;
-};
+  void BeginIfNone();
+  void ForgetWhatWasRead();
+  bool HasHistory();
+  const std::vector<KeptSet>& KeptSets();
+  Saved SaveOrder(const SetList& sets);
+  void EndSaveOfOrder();
+  Saved Write(const SetList& sets, const std::string* command);
+  void WriteLocked(const SetList& sets, const std::string* command);
+  void Record(const SetEdits& edits, const std::string* command);
+  void VisitNames(const std::string& first, int from, const VisitName& visit);
 
-/// Writes variables and cases into a new dataset, or into one that exists and keeps its sets.
-class DatasetWriter {
- public:
-  /// Begins to write `path`. A file that exists is refused unless `replace`; then it must be a dataset. Whoever reads
-  /// the path meanwhile finds what was there before.
-  DatasetWriter(const std::string& path, bool replace, const DatasetOptions& options = {});
-  DatasetWriter(const DatasetWriter&) = delete;
-  DatasetWriter& operator=(const DatasetWriter&) = delete;
-
-  /// Without a Commit(), everything is as it was before.
-  ~DatasetWriter();
-
-  /// The dictionary; once, before the first case. Names are valid and differ without regard to case. A string variable
-  /// of width kWidthOfLongestValue becomes as wide as its longest value.
-  void SetVariables(const std::vector<Variable>& variables);
-
-  /// One case: a cell for each variable. A cell of a numeric variable is a number as JSON writes it, or empty for
-  /// a missing value.
-  void AddCase(const std::vector<std::string_view>& cells);
-
-  /// What the log of imports tells of this one; without it the import is not in that log.
-  void SetCommand(const std::string& command);
-
-  /// Puts the new dictionary and cases in place, all at once and on the disk.
-  void Commit();
-
- private:
-  class Implementation;
-  std::unique_ptr<Implementation> fImplementation;
+  // What has been read is kept from command to command as long as nobody has written, which the generation tells.
+  std::string fPath;
+  DatasetOptions fOptions;
+  std::unique_ptr<Database> fDatabase;
+  bool fExclusive = false;
+  std::int64_t fGeneration = 0;
+  std::uint64_t fEpoch = 0;
+  std::optional<int> fVariableCount;
+  std::unordered_map<int, std::unique_ptr<Variable>> fVariables;
+  std::unordered_map<std::string, int> fPositions;  // by upper-case name
+  std::optional<std::vector<KeptSet>> fSets;
 };
 
 }  // namespace standalone

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "standalone/data/dataset.h"
+#include "standalone/data/dataset_options.h"
 
 namespace standalone {
 

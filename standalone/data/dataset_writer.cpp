@@ -1,3 +1,5 @@
+#include "standalone/data/dataset_writer.h"
+
 #include <fmt/format.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -16,6 +18,7 @@
 #include "standalone/data/import_log.h"
 #include "standalone/data/migration.h"
 #include "standalone/data/schema.h"
+#include "standalone/data/variable.h"
 #include "standalone/files/folder.h"
 #include "standalone/files/temporary_file.h"
 #include "standalone/text/error.h"
@@ -37,8 +40,8 @@ void CheckNameFits(const std::string& path) {
   const std::size_t slash = path.rfind('/');
   const std::size_t size = slash == std::string::npos ? path.size() : path.size() - slash - 1;
   if (longest > 0 && size + kLongestCompanionEnding > static_cast<std::size_t>(longest)) {
-    throw Error(fmt::format("{} cannot be the name of a dataset: it has {} bytes, and {} are the most here.",
-                                   path, size, static_cast<std::size_t>(longest) - kLongestCompanionEnding));
+    throw Error(fmt::format("{} cannot be the name of a dataset: it has {} bytes, and {} are the most here.", path,
+                            size, static_cast<std::size_t>(longest) - kLongestCompanionEnding));
   }
 }
 
@@ -51,24 +54,30 @@ void CheckIsAlone(const std::string& path) {
   }
 }
 
-void CheckDestination(const std::string& path, bool replace, const DatasetOptions& options) {
-  FailIfNameless(path);
-  if (const std::optional<std::string> complaint = ComplaintOnReservedName(path)) {
-    throw Error(*complaint);
-  }
-  if (!Exists(path)) {
-    CheckNameFits(path);
-    CheckIsAlone(path);
-    return;
-  }
+void CheckReplaced(const std::string& path, bool replace, const DatasetOptions& options) {
   if (!replace) {
     throw Error(path + (IsDatasetFile(path)
-                                   ? " exists already; --replace replaces its variables and cases and keeps its sets."
-                                   : " exists already and is no dataset that can be read; give another name."));
+                            ? " exists already; --replace replaces its variables and cases and keeps its sets."
+                            : " exists already and is no dataset that can be read; give another name."));
   }
   if (OpenDataset(path, options)->IsReadOnly()) {
     throw Error(NoPermissionSentence(path));
   }
+}
+
+/// The path itself, to which a dataset can be written.
+const std::string& CheckedDestination(const std::string& path, bool replace, const DatasetOptions& options) {
+  FailIfNameless(path);
+  if (const std::optional<std::string> complaint = ComplaintOnReservedName(path)) {
+    throw Error(*complaint);
+  }
+  if (Exists(path)) {
+    CheckReplaced(path, replace, options);
+  } else {
+    CheckNameFits(path);
+    CheckIsAlone(path);
+  }
+  return path;
 }
 
 void WriteVariable(Database& database, std::int64_t position, const Variable& variable) {
@@ -115,40 +124,8 @@ void ReplaceContents(const std::string& path, const std::string& newContents, co
 
 }  // namespace
 
-// Everything is written into a temporary file beside the destination first, so that reading the input, however long it
-// takes, holds no lock.
-class DatasetWriter::Implementation {
- public:
-  Implementation(const std::string& path, bool replace, const DatasetOptions& options);
-
-  void SetVariables(const std::vector<Variable>& variables);
-  void AddCase(const std::vector<std::string_view>& cells);
-  void SetCommand(const std::string& command) { fCommand = command; }
-  void Commit();
-
- private:
-  struct Column {
-    bool isNumeric;
-    bool hasWidthOfLongest;
-    std::size_t longest;
-  };
-
-  void WriteWidths();
-  void FinishFile();
-
-  std::string fPath;
-  bool fReplace;
-  DatasetOptions fOptions;
-  TemporaryFile fFile;
-  std::unique_ptr<Database> fDatabase;
-  std::vector<Column> fColumns;
-  std::int64_t fCaseCount = 0;
-  std::string fCells;
-  std::string fCommand;
-};
-
-DatasetWriter::Implementation::Implementation(const std::string& path, bool replace, const DatasetOptions& options)
-    : fPath(path),
+DatasetWriter::DatasetWriter(const std::string& path, bool replace, const DatasetOptions& options)
+    : fPath(CheckedDestination(path, replace, options)),
       fReplace(replace),
       fOptions(options),
       fFile(path),
@@ -162,7 +139,7 @@ DatasetWriter::Implementation::Implementation(const std::string& path, bool repl
   fDatabase->Execute("BEGIN");
 }
 
-void DatasetWriter::Implementation::SetVariables(const std::vector<Variable>& variables) {
+void DatasetWriter::SetVariables(const std::vector<Variable>& variables) {
   fColumns.reserve(variables.size());
   for (const Variable& variable : variables) {
     WriteVariable(*fDatabase, static_cast<std::int64_t>(fColumns.size()), variable);
@@ -170,7 +147,7 @@ void DatasetWriter::Implementation::SetVariables(const std::vector<Variable>& va
   }
 }
 
-void DatasetWriter::Implementation::AddCase(const std::vector<std::string_view>& cells) {
+void DatasetWriter::AddCase(const std::vector<std::string_view>& cells) {
   fCells.assign("[");
   for (std::size_t index = 0; index < fColumns.size(); ++index) {
     Column& column = fColumns[index];
@@ -184,7 +161,7 @@ void DatasetWriter::Implementation::AddCase(const std::vector<std::string_view>&
   Query(*fDatabase, "INSERT INTO cases VALUES (?, ?)").Bind(fCaseCount++).Bind(fCells).Run();
 }
 
-void DatasetWriter::Implementation::WriteWidths() {
+void DatasetWriter::WriteWidths() {
   Query update(*fDatabase, "UPDATE variable SET width = ? WHERE position = ?");
   for (std::size_t index = 0; index < fColumns.size(); ++index) {
     const Column& column = fColumns[index];
@@ -194,7 +171,7 @@ void DatasetWriter::Implementation::WriteWidths() {
   }
 }
 
-void DatasetWriter::Implementation::FinishFile() {
+void DatasetWriter::FinishFile() {
   WriteWidths();
   Query(*fDatabase, "UPDATE meta SET variable_count = ?, case_count = ?")
       .Bind(static_cast<std::int64_t>(fColumns.size()))
@@ -207,7 +184,7 @@ void DatasetWriter::Implementation::FinishFile() {
   fDatabase.reset();
 }
 
-void DatasetWriter::Implementation::Commit() {
+void DatasetWriter::Commit() {
   FinishFile();
   if (fReplace && Exists(fPath)) {
     ReplaceContents(fPath, fFile.Path(), fOptions);
@@ -215,29 +192,6 @@ void DatasetWriter::Implementation::Commit() {
     CheckIsAlone(fPath);
     Tell(fOptions, fFile.PutInPlace());
   }
-}
-
-DatasetWriter::DatasetWriter(const std::string& path, bool replace, const DatasetOptions& options) {
-  CheckDestination(path, replace, options);
-  fImplementation = std::make_unique<Implementation>(path, replace, options);
-}
-
-DatasetWriter::~DatasetWriter() = default;
-
-void DatasetWriter::SetVariables(const std::vector<Variable>& variables) {
-  fImplementation->SetVariables(variables);
-}
-
-void DatasetWriter::AddCase(const std::vector<std::string_view>& cells) {
-  fImplementation->AddCase(cells);
-}
-
-void DatasetWriter::SetCommand(const std::string& command) {
-  fImplementation->SetCommand(command);
-}
-
-void DatasetWriter::Commit() {
-  fImplementation->Commit();
 }
 
 }  // namespace standalone

@@ -8,9 +8,10 @@
 #include <unordered_map>
 #include <vector>
 
+#include "standalone/data/change.h"
 #include "standalone/data/database.h"
-#include "standalone/data/dataset.h"
 #include "standalone/data/set_store.h"
+#include "standalone/data/stored_set.h"
 
 namespace standalone {
 

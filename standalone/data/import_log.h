@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "standalone/data/change.h"
 #include "standalone/data/database.h"
-#include "standalone/data/dataset.h"
 
 namespace standalone {
 

@@ -3,8 +3,6 @@
 
 #include <atomic>
 
-#include "standalone/data/dataset.h"
-
 namespace standalone {
 
 /// Whether the user asked to give up what is under way. Set by a handler of a signal; whoever reads datasets looks.

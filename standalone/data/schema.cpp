@@ -144,7 +144,8 @@ bool IsIndexOfTable(const std::string& type, const std::string& name) {
 }
 
 [[noreturn]] void FailAsForeign(const std::string& path, const std::string& type, const std::string& name) {
-  throw Error(ErrorKind::kDamaged, fmt::format("{} is damaged: the {} {} does not belong to a dataset.", path, type, name));
+  throw Error(ErrorKind::kDamaged,
+              fmt::format("{} is damaged: the {} {} does not belong to a dataset.", path, type, name));
 }
 
 const TableDefinition* FindTable(const std::string& name, std::int64_t version) {
@@ -165,7 +166,8 @@ void CheckSchemaRow(Query& row, const std::string& path, std::int64_t version) {
     FailAsForeign(path, type, name);
   }
   if (row.IsNull(2) || row.Text(2) != table->sql) {
-    throw Error(ErrorKind::kDamaged, fmt::format("{} is damaged: the table {} is not defined as it should be.", path, name));
+    throw Error(ErrorKind::kDamaged,
+                fmt::format("{} is damaged: the table {} is not defined as it should be.", path, name));
   }
 }
 

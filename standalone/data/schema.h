@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "standalone/data/database.h"
+#include "standalone/data/dataset_options.h"
 
 namespace standalone {
 
@@ -27,6 +28,10 @@ void CreateSchema(Database& database);
 
 /// The format version of an open dataset, 1 to kFormatVersion.
 std::int64_t FormatVersion(Database& database);
+
+/// Whether the file begins as datasets do; false where it cannot be read. It may still be damaged, or of a newer
+/// format.
+bool IsDatasetFile(const std::string& path);
 
 /// Opens a dataset that exists: what is committed is on the disk, unless the options are relaxed. Throws one sentence
 /// where the path is not a file that can be read, is not a dataset, is damaged, was made by a newer version, or has

@@ -8,7 +8,8 @@
 #include <string_view>
 #include <vector>
 
-#include "standalone/data/dataset.h"
+#include "standalone/data/stored_set.h"
+#include "standalone/data/variable.h"
 
 namespace standalone {
 

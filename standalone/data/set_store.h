@@ -6,8 +6,9 @@
 #include <string>
 #include <vector>
 
+#include "standalone/data/change.h"
 #include "standalone/data/database.h"
-#include "standalone/data/dataset.h"
+#include "standalone/data/stored_set.h"
 
 namespace standalone {
 

@@ -62,9 +62,9 @@ std::optional<std::string> LastBytes(int descriptor, std::size_t size) {
   const off_t end = lseek(descriptor, 0, SEEK_END);
   const auto length = static_cast<off_t>(size);
   std::string bytes(size, '\0');
-  const bool isThere =
-      end > length &&
-      Uninterrupted([&] { return pread(descriptor, bytes.data(), size, end - length); }) == static_cast<ssize_t>(size);
+  const bool isThere = end > length && Uninterrupted([&] {
+                                         return pread(descriptor, bytes.data(), size, end - length);
+                                       }) == static_cast<ssize_t>(size);
   return isThere ? std::make_optional(bytes) : std::nullopt;
 }
 

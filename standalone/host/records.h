@@ -6,7 +6,7 @@
 #include "host/dictionary.h"
 #include "host/output.h"
 #include "host/tokens.h"
-#include "standalone/data/dataset.h"
+#include "standalone/data/variable.h"
 #include "standalone/host/command_reading.h"
 
 /// The value labels of one variable, as host/ hands them out.

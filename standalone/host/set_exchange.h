@@ -2,7 +2,7 @@
 #define STANDALONE_HOST_SET_EXCHANGE_H
 
 #include "host/variable_sets.h"
-#include "standalone/data/dataset.h"
+#include "standalone/data/stored_set.h"
 
 namespace standalone {
 

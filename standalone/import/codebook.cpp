@@ -83,8 +83,7 @@ Json ParseJson(const std::string& path) {
     return Json::parse(text);
   } catch (const Json::parse_error& error) {
     const std::size_t before = error.byte == 0 ? 0 : error.byte - 1;
-    throw Error(
-        fmt::format("{}, line {}: this is not JSON (byte {}).", path, LineOfByte(text, before), error.byte));
+    throw Error(fmt::format("{}, line {}: this is not JSON (byte {}).", path, LineOfByte(text, before), error.byte));
   } catch (const Json::out_of_range&) {
     throw Error(fmt::format("{}: a number is out of range.", path));
   }

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "standalone/data/dataset.h"
+#include "standalone/data/variable.h"
 
 namespace standalone {
 

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "standalone/data/number_text.h"
+#include "standalone/data/variable.h"
 #include "standalone/import/importer.h"
 #include "standalone/text/error.h"
 #include "standalone/text/names.h"
@@ -51,8 +52,8 @@ std::unordered_map<std::string, std::size_t> IndexNames(const std::vector<std::s
     }
     const auto [entry, isNew] = columns.emplace(ToUpper(name), index);
     if (!isNew) {
-      throw Error(fmt::format("{}, column {}: the name {} is that of column {} already.", path, index + 1,
-                                    Quoted(name), entry->second + 1));
+      throw Error(fmt::format("{}, column {}: the name {} is that of column {} already.", path, index + 1, Quoted(name),
+                              entry->second + 1));
     }
   }
   return columns;
@@ -215,8 +216,7 @@ std::vector<Column> MakeColumns(const std::vector<std::string>& header, const st
   for (CodebookField& field : fields) {
     const auto found = columnOfName.find(ToUpper(field.name));
     if (found == columnOfName.end()) {
-      throw Error(
-          fmt::format("{}, field {}: {} has no such column.", codebookPath, Quoted(field.name), dataPath));
+      throw Error(fmt::format("{}, field {}: {} has no such column.", codebookPath, Quoted(field.name), dataPath));
     }
     described[found->second] = std::move(field);
   }

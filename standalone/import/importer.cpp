@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "standalone/data/dataset_writer.h"
 #include "standalone/files/input_file.h"
 #include "standalone/files/io.h"
 #include "standalone/import/codebook.h"
@@ -64,8 +65,7 @@ std::size_t WriteCases(CsvReader& reader, std::vector<Column>& columns, const st
     cells = reader.Cells();
     for (std::size_t index = 0; index < cells.size(); ++index) {
       if (const auto wrong = columns[index].Convert(cells[index], reader.Line())) {
-        throw Error(
-            fmt::format("{}, line {}, column {}: {}.", path, reader.Line(), reader.Header()[index], *wrong));
+        throw Error(fmt::format("{}, line {}, column {}: {}.", path, reader.Line(), reader.Header()[index], *wrong));
       }
     }
     writer.AddCase(cells);

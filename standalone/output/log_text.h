@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <string>
 
-#include "standalone/data/dataset.h"
+#include "standalone/data/change.h"
 #include "standalone/output/json.h"
 
 namespace standalone {

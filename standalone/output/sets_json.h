@@ -3,7 +3,8 @@
 
 #include <vector>
 
-#include "standalone/data/dataset.h"
+#include "standalone/data/stored_set.h"
+#include "standalone/data/variable.h"
 #include "standalone/output/json.h"
 
 namespace standalone {

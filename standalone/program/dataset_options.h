@@ -4,7 +4,7 @@
 #include <CLI/App.hpp>
 #include <string>
 
-#include "standalone/data/dataset.h"
+#include "standalone/data/dataset_options.h"
 
 namespace standalone {
 

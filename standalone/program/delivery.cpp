@@ -49,7 +49,8 @@ void EndDelivery() {
 void EnsureToldOf(const std::string& change) {
   std::cout.flush();
   if (!std::cout) {
-    throw Error(ErrorKind::kOutput, "Standard output cannot be written; the change is made all the same: " + change + ".");
+    throw Error(ErrorKind::kOutput,
+                "Standard output cannot be written; the change is made all the same: " + change + ".");
   }
 }
 

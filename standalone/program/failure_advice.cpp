@@ -10,7 +10,7 @@
 #include <system_error>
 #include <vector>
 
-#include "standalone/data/dataset.h"
+#include "standalone/data/schema.h"
 #include "standalone/language/nearest_name.h"
 #include "standalone/text/error.h"
 #include "standalone/text/unicode.h"

@@ -213,9 +213,8 @@ void RunOnStandardOutput(const Job& job, Outcome& outcome) {
 
 ExitStatus Run(const RunOptions& options) {
   if (!options.scriptPath && options.commands.empty()) {
-    throw Error(
-        ErrorKind::kNothingToRun,
-        "There is nothing to run: give a SCRIPT, - for commands on standard input, or -c with a command.");
+    throw Error(ErrorKind::kNothingToRun,
+                "There is nothing to run: give a SCRIPT, - for commands on standard input, or -c with a command.");
   }
   const RunCommandList list = ReadCommands(options);
   OutliveReader();

@@ -77,8 +77,7 @@ void WriteScript(const std::string& script, const ScriptOptions& options) {
     return;
   }
   if (IsSameFile(*options.outputPath, ReadDatasetOperand(options.dataset).path)) {
-    throw Error(
-        fmt::format("The output file {} is the dataset that is read; give another one.", *options.outputPath));
+    throw Error(fmt::format("The output file {} is the dataset that is read; give another one.", *options.outputPath));
   }
   OutputFile file(*options.outputPath, ComplaintOnReservedName);
   file.Stream() << script;

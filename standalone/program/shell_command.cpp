@@ -172,7 +172,8 @@ ExitStatus DatasetActions::Do(const ShellCommand& command) {
 ExitStatus DatasetActions::ShowHelp(const std::string& topic) {
   const std::optional<std::string> help = HelpOn(topic);
   if (!help) {
-    throw Error(ErrorKind::kUsage, fmt::format("There is no help on {}; there is on {}.", topic, fmt::join(HelpTopics(), ", ")));
+    throw Error(ErrorKind::kUsage,
+                fmt::format("There is no help on {}; there is on {}.", topic, fmt::join(HelpTopics(), ", ")));
   }
   std::cout << *help;
   return kSuccess;

@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "standalone/data/dataset.h"
+#include "standalone/data/schema.h"
 
 namespace standalone {
 namespace {

@@ -20,7 +20,8 @@ constexpr const char* kOnStandardInput = "on standard input";
   const int number = errno;
   throw Error(
       number == ENOENT ? ErrorKind::kMissingFile : ErrorKind::kFailed,
-      fmt::format("The script {} cannot be read: {}.", name.empty() ? "of no name" : name, std::strerror(number)), name);
+      fmt::format("The script {} cannot be read: {}.", name.empty() ? "of no name" : name, std::strerror(number)),
+      name);
 }
 
 /// Appends what can be read now, or waits for it; false at the end.

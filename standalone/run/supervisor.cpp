@@ -105,7 +105,7 @@ void Supervisor::Abort(CommandResult& result) {
   const std::unique_ptr<Worker> ended = std::move(fWorker);
   if (ended->HasGivenUp()) {
     throw Error(std::string("There is not enough memory, or another resource, to run the command.") +
-                   (result.isSaveOpen ? " Whether its change was saved is not known." : ""));
+                (result.isSaveOpen ? " Whether its change was saved is not known." : ""));
   }
   result.status = Status::kAborted;
   result.items.emplace_back(Message{Level::kFatal, ended->LastWords()});

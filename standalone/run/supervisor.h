@@ -6,11 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "standalone/data/dataset.h"
+#include "standalone/data/dataset_options.h"
 #include "standalone/language/script.h"
 #include "standalone/output/items.h"
-#include "standalone/text/error.h"
 #include "standalone/run/worker.h"
+#include "standalone/text/error.h"
 
 namespace standalone {
 

@@ -65,8 +65,8 @@ class Child {
 
   [[noreturn]] void Work(const Worker::Begin& begin) const {
     try {
-      const Worker::RunCommand run = begin([this](const Event& event) { Keep(event); },
-                                           [this](const std::string& sentence) { Show(sentence); });
+      const Worker::RunCommand run =
+          begin([this](const Event& event) { Keep(event); }, [this](const std::string& sentence) { Show(sentence); });
       while (const std::optional<ScriptCommand> command = NextCommand()) {
         isInterruptRequested = false;
         End(run(*command) ? kChanged : kUnchanged);
@@ -281,7 +281,7 @@ void Worker::FailToReadResults() {
   kill(fChild, SIGINT);
   WaitForEnd();
   throw Error(fmt::format("The results of a command cannot be read: {}. Whether its change was saved is not known.",
-                             std::strerror(number)));
+                          std::strerror(number)));
 }
 
 }  // namespace standalone

@@ -36,8 +36,8 @@ class Worker {
   /// Ends the child if it still runs.
   ~Worker();
 
-  /// Runs a command and waits for its end: whether it changed the dataset; nothing where the child ended first. Throws Error
-  /// where no further command can be run.
+  /// Runs a command and waits for its end: whether it changed the dataset; nothing where the child ended first. Throws
+  /// Error where no further command can be run.
   std::optional<bool> Run(const ScriptCommand& command);
 
   /// What the last command told, up to where the child ended in it. Throws Error.

@@ -38,7 +38,7 @@ void CheckName(const std::vector<StoredSet>& sets, const std::string& name, cons
   if (std::none_of(sets.begin(), sets.end(), [&](const StoredSet& set) { return IsNameOf(set, name); })) {
     const std::optional<std::string> meant = MeantSet(sets, name);
     throw Error(fmt::format("The dataset {} has no set {}{}", datasetPath, name,
-                                      meant ? "; did you mean " + *meant + "?" : "."));
+                            meant ? "; did you mean " + *meant + "?" : "."));
   }
 }
 

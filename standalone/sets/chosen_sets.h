@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "standalone/data/dataset.h"
+#include "standalone/data/stored_set.h"
 
 namespace standalone {
 

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "standalone/data/dataset.h"
+#include "standalone/data/stored_set.h"
 
 namespace standalone {
 

@@ -5,7 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "standalone/data/dataset.h"
+#include "standalone/data/stored_set.h"
+#include "standalone/data/variable.h"
 
 namespace standalone {
 

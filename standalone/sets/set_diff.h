@@ -5,7 +5,7 @@
 #include <variant>
 #include <vector>
 
-#include "standalone/data/dataset.h"
+#include "standalone/data/stored_set.h"
 
 namespace standalone {
 

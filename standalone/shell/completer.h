@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "standalone/data/dataset.h"
+#include "standalone/data/variable.h"
 
 namespace standalone {
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "standalone/data/dataset.h"
+#include "standalone/data/dataset_writer.h"
 
 namespace fuzz {
 namespace {

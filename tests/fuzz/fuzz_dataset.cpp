@@ -10,6 +10,7 @@
 #include "backend/mrset/mrset.h"
 #include "standalone/data/dataset.h"
 #include "standalone/data/dataset_check.h"
+#include "standalone/data/dataset_writer.h"
 #include "standalone/host/session.h"
 #include "standalone/host/set_exchange.h"
 #include "standalone/language/tokenizer.h"

@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "standalone/data/dataset.h"
+#include "standalone/data/dataset_writer.h"
 #include "standalone/data/schema.h"
 #include "standalone/import/importer.h"
 #include "standalone/text/error.h"

@@ -5,6 +5,7 @@
 
 #include "host_check/host_check.h"
 #include "standalone/data/dataset.h"
+#include "standalone/data/dataset_writer.h"
 #include "standalone/host/session.h"
 #include "tests/standalone/temporary_folder.h"
 

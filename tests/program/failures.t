@@ -88,15 +88,11 @@ answered for; the file that came in its place is left alone.
   $ under_way() { rm -f out.txt; small s.mrset; mrset run s.mrset long.script > out.txt 2> error.txt & answered; }
   $ under_way; rm s.mrset; wait $!; cat error.txt; test -e s.mrset
   mrset: s.mrset was moved or deleted by another program.
-  To make it of a survey in CSV:
-    mrset import survey.csv s.mrset
   [1]
   $ under_way; mv s.mrset moved.mrset; wait $!
   [2]
   $ cat error.txt; last=$(tail -1 out.txt | sed "s/.*LABEL='\([0-9]*\)'.*/\1/"); mrset sets moved.mrset --format json | grep -o "\"label\":\"$last\""  | sed "s/$last/LAST/"
   mrset: s.mrset was moved or deleted by another program.
-  To make it of a survey in CSV:
-    mrset import survey.csv s.mrset
   "label":"LAST"
   $ small other.mrset && cp other.mrset before.mrset
   $ under_way; mv other.mrset s.mrset; wait $!; cat error.txt; cmp s.mrset before.mrset

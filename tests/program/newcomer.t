@@ -36,7 +36,7 @@ A display that sorts is no step of the history: undo takes back what was meant, 
   Run "mrset undo --help" for its options.
   [2]
   $ mrset undo s.mrset x
-  mrset: N: x is not the number of a version.
+  mrset: N: x is not a version number.
   Example:
     mrset undo survey.mrset --to 3
   Run "mrset undo --help" for its options.

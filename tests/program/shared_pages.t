@@ -15,9 +15,9 @@ A file whose pages are children again and again: a scan of all would never end. 
 
 What is wrong with the pages is told a line each.
 
-  $ hostile meta; mrset check s.mrset | sed -n '1p;2p;11,$p'
-  The file is not sound: On tree page *: Rowid * out of order. (glob)
-  The file is not sound: On tree page *: 2nd reference to page *. (glob)
+  $ hostile meta; mrset check s.mrset | sed -n '1p;2p;11,$p' | sed -E '/^The file/s/[0-9]+([ :.])/N\1/g'
+  The file is not sound: On tree page N cell N: Rowid N out of order.
+  The file is not sound: On tree page N cell N: 2nd reference to page N.
   ... and 90 more such findings.
   The header cannot be read to the end.
   s.mrset: 101 findings.

@@ -8,6 +8,8 @@
 #include <vector>
 
 #include "standalone/data/database.h"
+#include "standalone/data/dataset_writer.h"
+#include "standalone/data/variable.h"
 #include "tests/standalone/command_run.h"
 
 namespace standalone {

@@ -2,8 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include "standalone/files/input_file.h"
 #include "standalone/import/importer.h"
-#include "standalone/import/input_file.h"
 #include "tests/standalone/temporary_folder.h"
 
 namespace standalone {

@@ -17,10 +17,10 @@ constexpr const char* kFile = "survey.csv";
 
 // Each row as "line:cell|cell"; an error as its sentence. `source` is a path, or a name and a descriptor.
 template <typename... Source>
-std::vector<std::string> RowsOfFile(const Source&... source) {
+std::vector<std::string> RowsOfFile(Source... source) {
   std::vector<std::string> rows;
   try {
-    InputFile file(source...);
+    InputFile file(std::move(source)...);
     CsvReader reader(file);
     std::string header = "h:";
     for (const std::string& cell : reader.Header()) {
@@ -151,7 +151,7 @@ TEST_F(CsvTest, APipeMayGiveByteAfterByte) {
     close(end);
   });
   // This end stays open: whoever gives up reading must not end the writer, and all tests with it.
-  EXPECT_THAT(RowsOfFile("survey.csv", dup(ends[0])),
+  EXPECT_THAT(RowsOfFile("survey.csv", Descriptor(dup(ends[0]))),
               ::testing::ElementsAre("h:a|b|", "2:1|x\r\n|", "4:\xE2\x82\xAC||"));
   writer.join();
   close(ends[0]);

@@ -11,6 +11,7 @@
 #include "standalone/data/database.h"
 #include "standalone/data/dataset.h"
 #include "standalone/data/dataset_check.h"
+#include "standalone/data/dataset_writer.h"
 #include "standalone/data/limits.h"
 #include "standalone/data/undo.h"
 #include "tests/standalone/temporary_folder.h"

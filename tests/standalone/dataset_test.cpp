@@ -1,4 +1,6 @@
 #include "standalone/data/dataset.h"
+#include "standalone/data/dataset_writer.h"
+#include "standalone/data/variable.h"
 
 #include <gmock/gmock.h>
 #include <signal.h>

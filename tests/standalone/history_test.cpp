@@ -9,6 +9,7 @@
 #include "standalone/data/database.h"
 #include "standalone/data/dataset.h"
 #include "standalone/data/dataset_check.h"
+#include "standalone/data/dataset_writer.h"
 #include "standalone/data/limits.h"
 #include "standalone/data/positions.h"
 #include "standalone/data/set_rules.h"

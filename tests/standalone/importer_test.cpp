@@ -7,7 +7,7 @@
 
 #include "standalone/data/database.h"
 #include "standalone/data/dataset.h"
-#include "standalone/import/input_file.h"
+#include "standalone/files/input_file.h"
 #include "tests/standalone/temporary_folder.h"
 
 namespace standalone {

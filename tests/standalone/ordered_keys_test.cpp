@@ -13,6 +13,7 @@
 
 #include "standalone/data/database.h"
 #include "standalone/data/dataset.h"
+#include "standalone/data/dataset_writer.h"
 #include "tests/standalone/temporary_folder.h"
 
 namespace standalone {

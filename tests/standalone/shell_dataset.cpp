@@ -4,7 +4,8 @@
 #include <optional>
 #include <vector>
 
-#include "standalone/data/dataset.h"
+#include "standalone/data/dataset_writer.h"
+#include "standalone/data/variable.h"
 
 namespace standalone {
 

@@ -165,9 +165,8 @@ TEST(Worker, EndsAChildThatStillRuns) {
     return false;
   };
   auto worker = std::make_unique<Worker>([&](const Tell& tell, const Notify& notify) {
-    return [&tellTheProcess, tell, notify](const ScriptCommand& command) {
-      return tellTheProcess(command, tell, notify);
-    };
+    return
+        [&tellTheProcess, tell, notify](const ScriptCommand& command) { return tellTheProcess(command, tell, notify); };
   });
   worker->Run(kAny);
   const pid_t child = std::stoi(TextsIn(worker->Output()).front());

@@ -125,7 +125,7 @@ void CheckReadableFile(const std::string& path) {
     throw Error(path + " is a directory.");
   }
   if (!S_ISREG(status.st_mode)) {
-    throw Error(ErrorKind::kNotADataset, path + " is not a dataset.", path);
+    throw Error(path + " is not a dataset.");
   }
   if (eaccess(path.c_str(), R_OK) != 0) {
     throw Error(path + " cannot be read: " + std::strerror(errno) + ".");

@@ -10,6 +10,7 @@
 
 #include "standalone/data/number_text.h"
 #include "standalone/text/names.h"
+#include "standalone/text/trim.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {
@@ -153,8 +154,7 @@ class Fitting {
 }  // namespace
 
 std::size_t NeededWidth(const std::string& countedValue) {
-  const std::size_t first = countedValue.find_first_not_of(' ');
-  return first == std::string::npos ? 0 : countedValue.find_last_not_of(' ') + 1 - first;
+  return Trimmed(countedValue).size();
 }
 
 std::vector<SetProblem> FaultsOf(const StoredSet& set) {

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "standalone/language/keywords.h"
+#include "standalone/language/grammar.h"
 #include "standalone/language/nearest_name.h"
 #include "standalone/text/error.h"
 #include "standalone/text/unicode.h"
@@ -82,7 +82,7 @@ bool Adviser::TakesKeywordsOf(const std::string& subcommand, std::size_t token) 
 /// Whether a keyword takes the value behind another word; what no keyword of the subcommand takes may itself be wrong.
 bool Adviser::TakesValueOf(const std::string& keyword, std::size_t token) const {
   const std::vector<Token>& tokens = fReading.Tokens();
-  const SubcommandRule* rule = FindSubcommand(ToUpper(tokens[fReading.SubcommandOf(token)].text));
+  const SubcommandRule* rule = FindSubcommand(tokens[fReading.SubcommandOf(token)].text);
   const Keyword* proposed = rule == nullptr ? nullptr : FindKeyword(*rule, keyword);
   if (proposed == nullptr || tokens[token + 1].symbol != kEqualsSymbol) {
     return true;
@@ -122,7 +122,7 @@ std::optional<std::string> Adviser::OnUnknownVariable(std::size_t token, const L
 
 std::optional<std::string> Adviser::OnEnd() const {
   const std::optional<std::size_t> subcommand = fReading.EmptySubcommand();
-  const SubcommandRule* rule = subcommand ? FindSubcommand(ToUpper(fReading.Tokens()[*subcommand].text)) : nullptr;
+  const SubcommandRule* rule = subcommand ? FindSubcommand(fReading.Tokens()[*subcommand].text) : nullptr;
   return rule == nullptr
              ? std::nullopt
              : std::optional(fmt::format("{} has no keywords: nothing of this command was carried out", rule->name));
@@ -130,19 +130,19 @@ std::optional<std::string> Adviser::OnEnd() const {
 
 const Keyword* Adviser::KeywordAt(std::size_t token) const {
   const std::vector<Token>& tokens = fReading.Tokens();
-  const SubcommandRule* rule = FindSubcommand(ToUpper(tokens[fReading.SubcommandOf(token)].text));
-  return rule != nullptr && IsWord(tokens[token]) ? FindKeyword(*rule, ToUpper(tokens[token].text)) : nullptr;
+  const SubcommandRule* rule = FindSubcommand(tokens[fReading.SubcommandOf(token)].text);
+  return rule != nullptr && IsWord(tokens[token]) ? FindKeyword(*rule, tokens[token].text) : nullptr;
 }
 
 /// What stands behind the keyword and its "=" in the subcommand that begins at a token, each time.
 std::vector<std::size_t> Adviser::ValuesOf(const Keyword& keyword, std::size_t subcommand) const {
   const std::vector<Token>& tokens = fReading.Tokens();
-  const SubcommandRule* rule = FindSubcommand(ToUpper(tokens[subcommand].text));
+  const SubcommandRule* rule = FindSubcommand(tokens[subcommand].text);
   const std::size_t end = rule == nullptr ? subcommand : fReading.EndOfSubcommand(subcommand);
   std::vector<std::size_t> values;
   for (std::size_t token = subcommand + 1; token + 1 < end; ++token) {
     const bool mayBeKeyword = tokens[token + 1].symbol == kEqualsSymbol && IsWord(tokens[token]);
-    const Keyword* found = mayBeKeyword ? FindKeyword(*rule, ToUpper(tokens[token].text)) : nullptr;
+    const Keyword* found = mayBeKeyword ? FindKeyword(*rule, tokens[token].text) : nullptr;
     if (found == &keyword) {
       values.push_back(token + 2);
     }
@@ -172,7 +172,7 @@ bool Adviser::LacksOnlyEquals(const Keyword& keyword, std::size_t token, const L
 /// A word that names a subcommand may rather lack its "/".
 std::optional<std::string> Adviser::FittingVariable(std::size_t token, const ListTokens& list) {
   const std::vector<Token>& tokens = fReading.Tokens();
-  const bool namesSubcommand = FindSubcommand(ToUpper(tokens[token].text)) != nullptr;
+  const bool namesSubcommand = FindSubcommand(tokens[token].text) != nullptr;
   const std::optional<std::string> name = namesSubcommand ? std::nullopt : NearestVariable(tokens[token].text);
   const bool fits = name && FitsInList(fDataset, tokens, list, token, fDataset.FindVariable(*name),
                                        KindOfCountedValue(fReading.SubcommandOf(token)));
@@ -182,7 +182,7 @@ std::optional<std::string> Adviser::FittingVariable(std::size_t token, const Lis
 /// Nothing where there is no counted value, or several.
 std::optional<VariableKind> Adviser::KindOfCountedValue(std::size_t subcommand) const {
   const std::vector<Token>& tokens = fReading.Tokens();
-  const SubcommandRule* rule = FindSubcommand(ToUpper(tokens[subcommand].text));
+  const SubcommandRule* rule = FindSubcommand(tokens[subcommand].text);
   const Keyword* keyword = rule == nullptr ? nullptr : FindKeyword(*rule, kCountedValueKeyword);
   const std::vector<std::size_t> values =
       keyword == nullptr ? std::vector<std::size_t>() : ValuesOf(*keyword, subcommand);
@@ -250,9 +250,8 @@ bool Adviser::DeletesAllSets() const {
   const std::vector<Token>& tokens = fReading.Tokens();
   const bool namesAll =
       std::any_of(tokens.begin(), tokens.end(), [](const Token& token) { return token.symbol == kAllSymbol; });
-  return namesAll && std::any_of(tokens.begin(), tokens.end(), [](const Token& token) {
-           return IsWord(token) && NamesKeyword(ToUpper(token.text), "DELETE");
-         });
+  return namesAll &&
+         std::any_of(tokens.begin(), tokens.end(), [](const Token& token) { return NamesKeyword(token, "DELETE"); });
 }
 
 }  // namespace standalone

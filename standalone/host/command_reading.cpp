@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "standalone/language/keywords.h"
+#include "standalone/language/grammar.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {
@@ -19,7 +19,7 @@ std::string ValueKey(std::string_view value) {
 }
 
 bool Names(const Token& token, std::string_view keyword) {
-  return IsWord(token) && NamesKeyword(ToUpper(token.text), keyword);
+  return NamesKeyword(token, keyword);
 }
 
 }  // namespace

@@ -6,7 +6,7 @@
 
 #include "standalone/host/records.h"
 #include "standalone/host/session.h"
-#include "standalone/language/keywords.h"
+#include "standalone/language/grammar.h"
 #include "standalone/language/variable_list.h"
 #include "standalone/text/unicode.h"
 

@@ -12,18 +12,14 @@
 #include "standalone/import/importer.h"
 #include "standalone/text/error.h"
 #include "standalone/text/names.h"
+#include "standalone/text/trim.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {
 
 namespace {
 
-std::string_view WithoutBlanks(std::string_view text) {
-  constexpr std::string_view kBlanks = " \t";
-  const std::size_t begin = std::min(text.find_first_not_of(kBlanks), text.size());
-  text.remove_prefix(begin);
-  return text.substr(0, text.find_last_not_of(kBlanks) + 1);
-}
+constexpr std::string_view kCellBlanks = " \t";
 
 bool IsWhole(std::string_view number) {
   if (number.find_first_of(".eE") == std::string_view::npos) {
@@ -64,7 +60,7 @@ std::unordered_map<std::string, std::size_t> IndexNames(const std::vector<std::s
 Column::Column(CodebookField field) : fField(std::move(field)) {}
 
 void Column::Learn(std::string_view cell) {
-  const std::string_view text = WithoutBlanks(cell);
+  const std::string_view text = Trimmed(cell, kCellBlanks);
   if (IsSettled() || text.empty() || IsMissing(cell)) {
     return;
   }
@@ -94,7 +90,9 @@ Variable Column::ToVariable() const {
 
 bool Column::IsMissing(std::string_view cell) const {
   const std::vector<std::string>& missing = fField.missingValues;
-  const auto isCell = [text = WithoutBlanks(cell), cell](const std::string& one) { return one == cell || one == text; };
+  const auto isCell = [text = Trimmed(cell, kCellBlanks), cell](const std::string& one) {
+    return one == cell || one == text;
+  };
   return std::any_of(missing.begin(), missing.end(), isCell);
 }
 
@@ -108,7 +106,7 @@ bool Column::IsStringForFewCells() const {
 /// Ends where the column is one of texts, as most are.
 void Column::CountOdd(std::string_view cell, std::size_t line) {
   constexpr std::size_t kMostOdd = 1000;
-  const std::string_view text = WithoutBlanks(cell);
+  const std::string_view text = Trimmed(cell, kCellBlanks);
   if (!fIsStringByData || text.empty()) {
     return;
   }
@@ -146,7 +144,7 @@ std::optional<std::string> Column::ConvertString(std::string_view cell) const {
 }
 
 std::optional<std::string> Column::ConvertNumber(std::string_view& cell) {
-  const std::string_view text = WithoutBlanks(cell);
+  const std::string_view text = Trimmed(cell, kCellBlanks);
   if (text.empty()) {
     cell = text;
     return std::nullopt;
@@ -196,7 +194,7 @@ std::string_view Column::WithPlainMarks(std::string_view number) {
 std::optional<std::string> Column::ConvertBoolean(std::string_view& cell) const {
   const std::vector<std::string>& trues = fField.trueValues;
   const std::vector<std::string>& falses = fField.falseValues;
-  const std::string_view text = WithoutBlanks(cell);
+  const std::string_view text = Trimmed(cell, kCellBlanks);
   if (text.empty()) {
     cell = text;
   } else if (std::find(trues.begin(), trues.end(), text) != trues.end()) {

@@ -3,7 +3,7 @@
 namespace standalone {
 
 bool IsBlank(char c) {
-  return c == ' ' || (c >= '\t' && c <= '\r');
+  return kBlanks.find(c) != std::string_view::npos;
 }
 
 bool BeginsCommentAt(std::string_view text, std::size_t offset) {

@@ -6,7 +6,9 @@
 
 namespace standalone {
 
-/// Whether the character separates tokens: a blank, a tab or another ASCII character that only moves on.
+/// The characters that separate tokens: a blank, a tab and other ASCII characters that only move on.
+inline constexpr std::string_view kBlanks = " \t\n\v\f\r";
+
 bool IsBlank(char c);
 
 /// Whether a comment begins at `offset`, which lies within the text and not within a quoted string.

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <string>
 
-#include "standalone/language/keywords.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {
@@ -18,9 +17,9 @@ bool Names(std::string_view word, const Keyword& keyword) {
              : NamesKeyword(word, keyword.name);
 }
 
-/// The word that the token is, in upper case; empty, which names nothing, for any other token.
+/// The word that the token is; empty, which names nothing, for any other token.
 std::string WordOf(const Token& token) {
-  return IsWord(token) ? ToUpper(token.text) : "";
+  return IsWord(token) ? token.text : "";
 }
 
 /// Follows a command token by token.
@@ -65,7 +64,7 @@ bool Follower::ReadCommand() {
   if (IsAtEnd()) {
     return Expect(Expected::kCommand);
   }
-  return NamesKeyword(WordOf(fTokens[fNext++]), kMrsetCommand);
+  return NamesKeyword(fTokens[fNext++], kMrsetCommand);
 }
 
 /// The first subcommand may do without its "/"; the others were found by theirs.
@@ -191,14 +190,26 @@ Expectation ExpectedBehind(const std::vector<Token>& tokens, std::size_t count) 
   return Follower(tokens, count).Follow();
 }
 
-const SubcommandRule* FindSubcommand(std::string_view word) {
+bool NamesKeyword(std::string_view upperCaseToken, std::string_view keyword) {
+  constexpr std::size_t kShortestAbbreviation = 3;
+  return upperCaseToken == keyword ||
+         (upperCaseToken.size() >= kShortestAbbreviation && keyword.substr(0, upperCaseToken.size()) == upperCaseToken);
+}
+
+bool NamesKeyword(const Token& token, std::string_view keyword) {
+  return IsWord(token) && NamesKeyword(ToUpper(token.text), keyword);
+}
+
+const SubcommandRule* FindSubcommand(std::string_view anyCase) {
+  const std::string word = ToUpper(anyCase);
   const std::vector<SubcommandRule>& rules = MrsetSubcommands();
   const auto found = std::find_if(rules.begin(), rules.end(),
                                   [&](const SubcommandRule& rule) { return NamesKeyword(word, rule.name); });
   return found == rules.end() ? nullptr : &*found;
 }
 
-const Keyword* FindKeyword(const SubcommandRule& rule, std::string_view word) {
+const Keyword* FindKeyword(const SubcommandRule& rule, std::string_view anyCase) {
+  const std::string word = ToUpper(anyCase);
   const auto found = std::find_if(rule.keywords.begin(), rule.keywords.end(),
                                   [&](const Keyword& keyword) { return Names(word, keyword); });
   return found == rule.keywords.end() ? nullptr : &*found;
@@ -220,9 +231,8 @@ bool CanBeginValue(const Keyword& keyword, const Token& token) {
     case ValueKind::kOption:
       break;
   }
-  const std::string word = WordOf(token);
   return std::any_of(keyword.options.begin(), keyword.options.end(),
-                     [&](std::string_view option) { return NamesKeyword(word, option); });
+                     [&](std::string_view option) { return NamesKeyword(token, option); });
 }
 
 bool IsRangeWord(const Token& token) {

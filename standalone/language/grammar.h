@@ -64,7 +64,13 @@ struct Expectation {
 /// What can follow the first `count` tokens of a command; the end of the command is none of them.
 Expectation ExpectedBehind(const std::vector<Token>& tokens, std::size_t count);
 
-// Words are in upper case and may be shortened.
+// Words may be in any case, and shortened.
+
+/// Whether an upper-case token names a keyword: the whole of it, or its first letters, three at least.
+bool NamesKeyword(std::string_view upperCaseToken, std::string_view keyword);
+
+/// Whether the token is a word that names the keyword.
+bool NamesKeyword(const Token& token, std::string_view keyword);
 
 /// The subcommand that a word names; null when it names none.
 const SubcommandRule* FindSubcommand(std::string_view word);

@@ -7,7 +7,6 @@
 
 #include "standalone/language/blanks.h"
 #include "standalone/language/grammar.h"
-#include "standalone/language/keywords.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {
@@ -23,7 +22,7 @@ constexpr std::array<std::string_view, 12> kOddQuotes = {"\u2018", "\u2019", "\u
 /// Whether the words begin a command: its name, and "/" or a subcommand or nothing behind it.
 bool BeginCommand(std::string_view name, std::string_view next) {
   return NamesKeyword(ToUpper(name), kMrsetCommand) &&
-         (next.empty() || next[0] == '/' || FindSubcommand(ToUpper(next)) != nullptr);
+         (next.empty() || next[0] == '/' || FindSubcommand(next) != nullptr);
 }
 
 std::string_view FirstWord(std::string_view text) {

@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <optional>
 
+#include "standalone/text/trim.h"
+
 namespace standalone {
 namespace {
 
@@ -27,7 +29,7 @@ std::optional<std::string_view> EntryPattern(std::string_view pattern) {
     return std::nullopt;
   }
   const std::string_view entry = pattern.substr(kListOpening.size(), separator - kListOpening.size());
-  return entry.substr(0, entry.find_last_not_of("\r\n") + 1);
+  return TrimmedEnd(entry, "\r\n");
 }
 
 std::string TextOf(const Argument& argument) {

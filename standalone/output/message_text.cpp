@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "standalone/text/trim.h"
 #include "standalone/text/visible.h"
 
 namespace standalone {
@@ -30,10 +31,7 @@ std::string_view LevelName(Level level) {
 }
 
 std::string_view TrimmedText(const Message& message) {
-  constexpr std::string_view kLineEnds = "\r\n";
-  const std::string_view text = message.text;
-  const std::size_t begin = std::min(text.find_first_not_of(kLineEnds), text.size());
-  return text.substr(begin, text.find_last_not_of(kLineEnds) + 1 - begin);
+  return Trimmed(message.text, "\r\n");
 }
 
 bool LastMessage::IsRepeatedBy(const Message& message) {

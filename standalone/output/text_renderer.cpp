@@ -11,6 +11,7 @@
 #include "standalone/output/paint.h"
 #include "standalone/output/renderer.h"
 #include "standalone/output/table_writer.h"
+#include "standalone/text/trim.h"
 #include "standalone/text/visible.h"
 
 namespace standalone {
@@ -18,11 +19,6 @@ namespace {
 
 constexpr std::string_view kLineEnds = "\r\n";
 constexpr std::string_view kBlanks = " \t\v\f";
-
-std::string_view Trimmed(std::string_view text, std::string_view characters) {
-  const std::size_t begin = std::min(text.find_first_not_of(characters), text.size());
-  return text.substr(begin, text.find_last_not_of(characters) + 1 - begin);
-}
 
 class TextRenderer final : public Renderer {
  public:

@@ -11,6 +11,7 @@
 #include "standalone/output/column_widths.h"
 #include "standalone/output/notes.h"
 #include "standalone/output/wrap.h"
+#include "standalone/text/trim.h"
 #include "standalone/text/unicode.h"
 #include "standalone/text/visible.h"
 
@@ -35,14 +36,9 @@ Lines Explained(const Notes& notes) {
   return lines;
 }
 
-std::string WithoutTrailingBlanks(std::string line) {
-  line.erase(line.find_last_not_of(' ') + 1);
-  return line;
-}
-
 void AppendLines(Lines& lines, const std::string& text) {
-  for (std::string& line : VisibleLines(text)) {
-    lines.push_back(WithoutTrailingBlanks(std::move(line)));
+  for (const std::string& line : VisibleLines(text)) {
+    lines.emplace_back(TrimmedEnd(line));
   }
 }
 
@@ -174,7 +170,7 @@ std::string Layout::Text() const {
 
 void Layout::AddWrapped(std::string& text, const std::string& line) const {
   for (const std::string& part : WrapText(line, fWidth)) {
-    text += WithoutTrailingBlanks(part) + '\n';
+    text.append(TrimmedEnd(part)) += '\n';
   }
 }
 

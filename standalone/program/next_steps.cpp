@@ -7,7 +7,6 @@
 #include <system_error>
 
 #include "standalone/language/grammar.h"
-#include "standalone/language/keywords.h"
 #include "standalone/language/nearest_name.h"
 #include "standalone/text/unicode.h"
 

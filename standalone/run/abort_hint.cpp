@@ -15,7 +15,7 @@ using Tokens = std::vector<Token>;
 
 /// Whether NAME= stands at `index`.
 bool NamesSets(const SubcommandRule& rule, const Tokens& tokens, std::size_t index) {
-  const Keyword* keyword = IsWord(tokens[index]) ? FindKeyword(rule, ToUpper(tokens[index].text)) : nullptr;
+  const Keyword* keyword = IsWord(tokens[index]) ? FindKeyword(rule, tokens[index].text) : nullptr;
   return keyword != nullptr && keyword->name == "NAME" && tokens[index + 1].symbol == kEqualsSymbol;
 }
 
@@ -62,7 +62,7 @@ std::optional<std::string> HintOnAbort(const std::string& command) {
       continue;
     }
     begin += tokens[begin].symbol == kSlashSymbol ? 1 : 0;
-    const SubcommandRule* rule = IsWord(tokens[begin]) ? FindSubcommand(ToUpper(tokens[begin].text)) : nullptr;
+    const SubcommandRule* rule = IsWord(tokens[begin]) ? FindSubcommand(tokens[begin].text) : nullptr;
     const std::optional<std::string> hint =
         rule == nullptr ? std::nullopt : HintOnSubcommand(*rule, tokens, begin, end);
     if (hint) {

@@ -5,22 +5,15 @@
 #include <utility>
 #include <variant>
 
+#include "standalone/text/trim.h"
+
 namespace standalone {
 namespace {
-
-std::string_view Trimmed(std::string_view text) {
-  const std::size_t begin = std::min(text.find_first_not_of(' '), text.size());
-  return text.substr(begin, text.find_last_not_of(' ') + 1 - begin);
-}
-
-std::string_view WithoutTrailingBlanks(std::string_view text) {
-  return text.substr(0, text.find_last_not_of(' ') + 1);
-}
 
 bool IsSameValue(const CaseCell& kept, const CaseCell& cell) {
   const auto* text = std::get_if<std::string>(&cell);
   const auto* keptText = std::get_if<std::string>(&kept);
-  return text != nullptr && keptText != nullptr ? *keptText == WithoutTrailingBlanks(*text) : kept == cell;
+  return text != nullptr && keptText != nullptr ? *keptText == TrimmedEnd(*text) : kept == cell;
 }
 
 /// False where the case cannot be read or is too short.
@@ -51,7 +44,7 @@ void ValueList::Add(const CaseCell& cell, std::size_t most) {
     return;
   }
   const auto* text = std::get_if<std::string>(&cell);
-  fValues.push_back(text == nullptr ? cell : std::string(WithoutTrailingBlanks(*text)));
+  fValues.push_back(text == nullptr ? cell : std::string(TrimmedEnd(*text)));
 }
 
 ValueList ValueList::ShortenedTo(std::size_t most) const {

@@ -7,7 +7,7 @@
 
 #include "standalone/data/interrupt.h"
 #include "standalone/host/adviser.h"
-#include "standalone/language/keywords.h"
+#include "standalone/language/grammar.h"
 #include "standalone/language/nearest_name.h"
 #include "standalone/language/place.h"
 #include "standalone/language/slips.h"
@@ -25,7 +25,7 @@ constexpr int kOptimisticTries = 3;
 constexpr const char* kMrset = "MRSET";
 
 bool NamesMrset(const Token& token) {
-  return IsWord(token) && NamesKeyword(ToUpper(token.text), kMrset);
+  return NamesKeyword(token, kMrset);
 }
 
 Place PlaceIn(const ScriptCommand& command, std::size_t offset, std::size_t size) {

@@ -2,7 +2,7 @@
 
 #include <fmt/format.h>
 
-#include "standalone/language/keywords.h"
+#include "standalone/language/grammar.h"
 #include "standalone/shell/shell_command.h"
 #include "standalone/text/unicode.h"
 

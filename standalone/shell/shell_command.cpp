@@ -7,28 +7,18 @@
 
 #include "standalone/language/blanks.h"
 #include "standalone/language/grammar.h"
-#include "standalone/language/keywords.h"
 #include "standalone/language/nearest_name.h"
+#include "standalone/text/trim.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {
 namespace {
 
-std::string_view WithoutBlanks(std::string_view text) {
-  while (!text.empty() && IsBlank(text.front())) {
-    text.remove_prefix(1);
-  }
-  while (!text.empty() && IsBlank(text.back())) {
-    text.remove_suffix(1);
-  }
-  return text;
-}
-
 std::string_view WithoutPeriod(std::string_view text) {
   if (!text.empty() && text.back() == '.') {
     text.remove_suffix(1);
   }
-  return WithoutBlanks(text);
+  return Trimmed(text, kBlanks);
 }
 
 /// The first word; what is behind a "/", "=" or quote is not of it.
@@ -62,7 +52,7 @@ const std::vector<ShellCommandRule>& ShellCommands() {
 }
 
 std::optional<ShellCommand> ReadShellCommand(std::string_view line) {
-  line = WithoutPeriod(WithoutBlanks(line));
+  line = WithoutPeriod(Trimmed(line, kBlanks));
   const auto wordEnd = static_cast<std::size_t>(std::find_if(line.begin(), line.end(), IsBlank) - line.begin());
   const std::vector<ShellCommandRule>& rules = ShellCommands();
   const auto rule = std::find_if(rules.begin(), rules.end(), [&](const ShellCommandRule& one) {
@@ -71,7 +61,7 @@ std::optional<ShellCommand> ReadShellCommand(std::string_view line) {
   if (rule == rules.end()) {
     return std::nullopt;
   }
-  return ShellCommand{&*rule, std::string(WithoutBlanks(line.substr(wordEnd)))};
+  return ShellCommand{&*rule, std::string(Trimmed(line.substr(wordEnd), kBlanks))};
 }
 
 bool ShellCommand::IsAsMeant() const {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "standalone/language/keywords.h"
+#include "standalone/language/grammar.h"
 #include "standalone/language/script.h"
 #include "standalone/language/tokenizer.h"
 #include "standalone/language/variable_list.h"

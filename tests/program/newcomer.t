@@ -82,7 +82,7 @@ Nor does the shell need other words.
     MRSET /DELETE NAME=ALL.
   $ diff <(mrset help) <(mrset --help) && diff <(mrset help run) <(mrset run --help)
   $ mrset help nonsense
-  mrset: nonsense is no subcommand.
+  mrset: Unknown subcommand: nonsense.
   Run "mrset --help" for the subcommands.
   [2]
 

@@ -1,4 +1,4 @@
-#include "standalone/language/keywords.h"
+#include "standalone/language/grammar.h"
 
 #include <gtest/gtest.h>
 

@@ -2,10 +2,10 @@
 
 #include <cstdlib>
 
+#include "standalone/host/command_context.h"
 #include "standalone/host/records.h"
-#include "standalone/host/session.h"
 
-using standalone::Session;
+using standalone::CommandContext;
 using standalone::ValueLabel;
 using standalone::Variable;
 using standalone::VariableRecord;
@@ -16,8 +16,8 @@ const VariableRecord& RecordOf(const void* record) {
   return *static_cast<const VariableRecord*>(record);
 }
 
-Session& SessionOf(void* record) {
-  return *static_cast<Session*>(record);
+CommandContext& ContextOf(void* record) {
+  return *static_cast<CommandContext*>(record);
 }
 
 template <typename IsValue>
@@ -70,23 +70,23 @@ const char* ZEVA_ValueLabelMap::GetLabel(const std::string& value) const {
 ZEVA_DataSource::ZEVA_DataSource(void* record) : fRecord(record) {}
 
 ZEVA_DataSource* ZEVA_DataSource::GetParentSource() const {
-  Session& session = SessionOf(fRecord);
-  session.Reading().End();  // where the sets are kept is asked for by what changes them
-  return &session.ParentSource();
+  CommandContext& context = ContextOf(fRecord);
+  context.Reading().End();  // where the sets are kept is asked for by what changes them
+  return &context.ParentSource();
 }
 
 int ZEVA_DataSource::ColumnCount() const {
-  return SessionOf(fRecord).Data().VariableCount();
+  return ContextOf(fRecord).Data().VariableCount();
 }
 
 const ZEVA_Variable* ZEVA_DataSource::GetVariable(int index) const {
-  return &SessionOf(fRecord).VariableAt(index).handle;
+  return &ContextOf(fRecord).VariableAt(index).handle;
 }
 
 int ZEVA_DataSource::FindVarIndex(const char* name, int /*flags*/) const {
-  return SessionOf(fRecord).Data().FindVariable(name);
+  return ContextOf(fRecord).Data().FindVariable(name);
 }
 
-ProcedureDataSource::ProcedureDataSource() : ZEVA_DataSource(&Session::Current()) {}
+ProcedureDataSource::ProcedureDataSource() : ZEVA_DataSource(&CommandContext::Current()) {}
 
 ProcedureDataSource::~ProcedureDataSource() = default;

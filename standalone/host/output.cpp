@@ -4,16 +4,16 @@
 #include <utility>
 #include <vector>
 
+#include "standalone/host/command_context.h"
 #include "standalone/host/pivot.h"
 #include "standalone/host/records.h"
-#include "standalone/host/session.h"
-#include "standalone/output/composite.h"
+#include "standalone/output/message_template.h"
 
 using standalone::Argument;
 using standalone::Cell;
+using standalone::CommandContext;
 using standalone::Level;
 using standalone::Pivot;
-using standalone::Session;
 
 namespace {
 
@@ -158,7 +158,7 @@ BpPivotTable::BpPivotTable(std::intptr_t handle) : BpHandle(handle) {}
 // A table is put out when it is complete.
 BpPivotTable::~BpPivotTable() {
   const std::unique_ptr<Pivot> pivot(&HostAccess::RecordOf<Pivot>(*this));
-  Session::Current().Issue(pivot->ToTable());
+  CommandContext::Current().Issue(pivot->ToTable());
 }
 
 BpDimension BpPivotTable::Dimension(const BpCellText& title, Sort /*sort*/) {
@@ -175,11 +175,11 @@ BpPivotTable BpHeading::PivotTable(const BpCellText& title, const BpCellText& /*
 
 // NOLINTNEXTLINE(performance-unnecessary-value-param): the signature is given
 BpProcedure::BpProcedure(std::string title, int /*kind*/) : BpHeading(kEmptyHandle) {
-  Session::Current().OpenProcedure(title);
+  CommandContext::Current().OpenProcedure(title);
 }
 BpProcedure::~BpProcedure() = default;
 
 void BpError(const BpCellText& text, BpErrorShow /*show*/, BpErrorLevel level) {
   const Level shown = level == kBpErrorLevelError ? Level::kError : Level::kWarning;
-  Session::Current().IssueMessage(shown, Render(text), TextOf(text).arguments);
+  CommandContext::Current().IssueMessage(shown, Render(text), TextOf(text).arguments);
 }

@@ -6,8 +6,8 @@
 #include "host/dictionary.h"
 #include "host/output.h"
 #include "host/tokens.h"
-#include "standalone/data/variable.h"
-#include "standalone/host/command_reading.h"
+#include "standalone/dataset/variable.h"
+#include "standalone/hints/command_reading.h"
 
 /// The value labels of one variable, as host/ hands them out.
 class ZEVA_VLImplPointer {
@@ -21,7 +21,7 @@ class ZEVA_VLImplPointer {
 
 namespace standalone {
 
-class Session;
+class CommandContext;
 
 /// One variable, with what host/ hands out of it.
 struct VariableRecord {
@@ -32,10 +32,10 @@ struct VariableRecord {
   ZEVA_Variable handle;
 };
 
-/// The source with which a session's sets are kept. Like the procedure's own it stands for the session's dataset.
+/// The source with which the sets of a command are kept. Like the procedure's own it stands for the context's dataset.
 class StoredDataSource final : public ZEVA_DataSource {
  public:
-  explicit StoredDataSource(Session& session) : ZEVA_DataSource(&session) {}
+  explicit StoredDataSource(CommandContext& context) : ZEVA_DataSource(&context) {}
 };
 
 }  // namespace standalone

@@ -2,7 +2,7 @@
 #define STANDALONE_HOST_SET_EXCHANGE_H
 
 #include "host/variable_sets.h"
-#include "standalone/data/stored_set.h"
+#include "standalone/dataset/stored_set.h"
 
 namespace standalone {
 

@@ -4,25 +4,25 @@
 #include <optional>
 #include <utility>
 
+#include "standalone/host/command_context.h"
 #include "standalone/host/records.h"
-#include "standalone/host/session.h"
 #include "standalone/language/grammar.h"
 #include "standalone/language/variable_list.h"
 #include "standalone/text/unicode.h"
 
-using standalone::Session;
+using standalone::CommandContext;
 using standalone::Token;
 
 namespace {
 
 const Token& CurrentToken(const TokenSequenceBase& tokens) {
-  const std::vector<Token>& all = Session::Current().Tokens();
+  const std::vector<Token>& all = CommandContext::Current().Tokens();
   const int position = HostAccess::Cursor(tokens).position;
   return position < 0 ? all.back() : all[static_cast<std::size_t>(position)];
 }
 
 int EndPosition() {
-  return static_cast<int>(Session::Current().Tokens().size()) - 1;
+  return static_cast<int>(CommandContext::Current().Tokens().size()) - 1;
 }
 
 standalone::VariableLookup LookupIn(standalone::Dataset& dataset) {
@@ -33,11 +33,11 @@ standalone::VariableLookup LookupIn(standalone::Dataset& dataset) {
 }  // namespace
 
 ZEVA_TokenSequence::ZEVA_TokenSequence(bool /*openCommand*/) : fRecord(new standalone::TokenCursor) {
-  Session::Current().Reading().Open(HostAccess::Cursor(*this));
+  CommandContext::Current().Reading().Open(HostAccess::Cursor(*this));
 }
 
 ZEVA_TokenSequence::~ZEVA_TokenSequence() {
-  Session::Current().Reading().Close();
+  CommandContext::Current().Reading().Close();
   delete static_cast<standalone::TokenCursor*>(fRecord);
 }
 
@@ -80,19 +80,19 @@ std::string TokenStringCaps(const TokenSequenceBase& tokens) {
 
 int KeywordMatch(const char* token, const char* keyword) {
   const bool isNamed = standalone::NamesKeyword(token, keyword);
-  Session::Current().Reading().TryKeyword(token, keyword, isNamed);
+  CommandContext::Current().Reading().TryKeyword(token, keyword, isNamed);
   return isNamed ? 1 : 0;
 }
 
 bool ExistingVarList(const ZEVA_DataSource& /*dataSource*/, TokenSequenceBase& tokens, std::vector<int>& indices,
                      int end) {
-  Session& session = Session::Current();
+  CommandContext& context = CommandContext::Current();
   const auto begin = static_cast<std::size_t>(std::max(tokens.Position(), 0));
   const auto last = static_cast<std::size_t>(std::clamp(end, 0, EndPosition()));
   const std::optional<standalone::ListProblem> problem =
-      ReadVariableList(session.Tokens(), begin, last, LookupIn(session.Data()), indices);
+      ReadVariableList(context.Tokens(), begin, last, LookupIn(context.Data()), indices);
   if (problem) {
-    session.IssueProblem(*problem, {begin, last});
+    context.IssueProblem(*problem, {begin, last});
   }
   return !problem;
 }

@@ -1,6 +1,6 @@
 #include "host/variable_sets.h"
 
-#include "standalone/host/session.h"
+#include "standalone/host/command_context.h"
 #include "standalone/text/unicode.h"
 
 namespace {
@@ -70,9 +70,9 @@ std::vector<std::string> VariableSet::GetVariableNames(ChangeCase changeCase) co
 }
 
 VARIABLESETS VariableSets(const ZEVA_DataSource& /*dataSource*/, VarSetsType /*type*/) {
-  return standalone::Session::Current().Sets();
+  return standalone::CommandContext::Current().Sets();
 }
 
 void SaveVariableSets(const VARIABLESETS& sets, ZEVA_DataSource& /*dataSource*/, VarSetsType /*type*/) {
-  standalone::Session::Current().SaveSets(sets);
+  standalone::CommandContext::Current().SaveSets(sets);
 }

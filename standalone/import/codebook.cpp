@@ -11,10 +11,10 @@
 #include <unordered_set>
 #include <utility>
 
-#include "standalone/data/number_text.h"
 #include "standalone/files/input_file.h"
 #include "standalone/import/importer.h"
 #include "standalone/text/error.h"
+#include "standalone/text/number_text.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {
@@ -50,7 +50,7 @@ std::size_t LineOfByte(const std::string& text, std::size_t byte) {
 }
 
 /// A codebook nests a handful of levels; what nests without end must not exhaust the stack of whoever walks through it.
-constexpr int kDeepestLevel = 64;
+constexpr int kMaxDepth = 64;
 
 /// How many brackets are open at most at one place, outside of strings.
 std::ptrdiff_t DeepestLevel(const std::string& json) {
@@ -76,8 +76,8 @@ std::ptrdiff_t DeepestLevel(const std::string& json) {
 // each of its elements.
 Json ParseJson(const std::string& path) {
   const std::string text = ReadAll(path);
-  if (DeepestLevel(text) > kDeepestLevel) {
-    throw Error(fmt::format("{} is nested deeper than {} levels.", path, kDeepestLevel));
+  if (DeepestLevel(text) > kMaxDepth) {
+    throw Error(fmt::format("{} is nested deeper than {} levels.", path, kMaxDepth));
   }
   try {
     return Json::parse(text);
@@ -212,9 +212,9 @@ void FieldReader::ReadMaxLength() {
   if (length == nullptr) {
     return;
   }
-  constexpr auto kGreatest = static_cast<std::uint64_t>(std::numeric_limits<int>::max());
-  if (!length->is_number_unsigned() || length->get<std::uint64_t>() == 0 || length->get<std::uint64_t>() > kGreatest) {
-    Fail(fmt::format("its maxLength is not a whole number from 1 to {}", kGreatest));
+  constexpr auto kMax = static_cast<std::uint64_t>(std::numeric_limits<int>::max());
+  if (!length->is_number_unsigned() || length->get<std::uint64_t>() == 0 || length->get<std::uint64_t>() > kMax) {
+    Fail(fmt::format("its maxLength is not a whole number from 1 to {}", kMax));
   }
   fField.maxLength = length->get<std::size_t>();
 }

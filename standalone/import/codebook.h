@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "standalone/data/variable.h"
+#include "standalone/dataset/variable.h"
 
 namespace standalone {
 

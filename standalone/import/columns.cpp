@@ -7,11 +7,11 @@
 #include <unordered_map>
 #include <utility>
 
-#include "standalone/data/number_text.h"
-#include "standalone/data/variable.h"
+#include "standalone/dataset/variable.h"
 #include "standalone/import/importer.h"
 #include "standalone/text/error.h"
 #include "standalone/text/names.h"
+#include "standalone/text/number_text.h"
 #include "standalone/text/trim.h"
 #include "standalone/text/unicode.h"
 
@@ -105,7 +105,7 @@ bool Column::IsStringForFewCells() const {
 
 /// Ends where the column is one of texts, as most are.
 void Column::CountOdd(std::string_view cell, std::size_t line) {
-  constexpr std::size_t kMostOdd = 1000;
+  constexpr std::size_t kMaxOdd = 1000;
   const std::string_view text = Trimmed(cell, kCellBlanks);
   if (!fIsStringByData || text.empty()) {
     return;
@@ -116,7 +116,7 @@ void Column::CountOdd(std::string_view cell, std::size_t line) {
     fOdd.line = line;
     fOdd.text = Shortened(text);
   }
-  fIsStringByData = fOdd.count <= kMostOdd + fOdd.numbers;
+  fIsStringByData = fOdd.count <= kMaxOdd + fOdd.numbers;
 }
 
 std::optional<std::string> Column::Convert(std::string_view& cell, std::size_t line) {

@@ -16,7 +16,7 @@ namespace standalone {
 namespace {
 
 constexpr std::size_t kChunk = std::size_t{64} * 1024;
-constexpr std::size_t kLongestRow = std::size_t{64} * 1024 * 1024;
+constexpr std::size_t kMaxRowBytes = std::size_t{64} * 1024 * 1024;
 constexpr std::size_t kSmallestGrowth = 4096;
 constexpr char kCellEnd = ',';  // between the cells of the rows' text, so that no two of them make one character
 
@@ -264,9 +264,9 @@ void CsvReader::Implementation::ParseMore() {
   if (!parsed) {
     fBadLine = fQueue.line + CountLineEnds(fQueue.OpenText()) + CountLineEnds(fParser.OpenCell());
     fBadSyntax = "there is a stray quote: a cell that contains quotes is quoted as a whole and each of them doubled";
-  } else if (openSize > kLongestRow) {
+  } else if (openSize > kMaxRowBytes) {
     fBadLine = fQueue.line;
-    fBadSyntax = fmt::format("a row is longer than {} bytes", kLongestRow);
+    fBadSyntax = fmt::format("a row is longer than {} bytes", kMaxRowBytes);
   }
 }
 

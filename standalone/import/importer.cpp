@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "standalone/data/dataset_writer.h"
+#include "standalone/dataset/dataset_writer.h"
 #include "standalone/files/input_file.h"
 #include "standalone/files/io.h"
 #include "standalone/import/codebook.h"

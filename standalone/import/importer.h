@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "standalone/data/dataset_options.h"
+#include "standalone/storage/dataset_options.h"
 
 namespace standalone {
 

@@ -10,8 +10,8 @@
 namespace standalone {
 namespace {
 
-constexpr std::size_t kMostErrors = 2;
-constexpr std::size_t kLongestName = 256;  // in bytes; longer than any valid name
+constexpr std::size_t kMaxErrors = 2;
+constexpr std::size_t kMaxNameBytes = 256;  // in bytes; longer than any valid name
 
 std::u32string UpperCharacters(std::string_view text) {
   const std::string upper = ToUpper(text);
@@ -30,7 +30,7 @@ std::string DigitsOf(std::string_view text) {
 
 /// How many typing errors are let pass between two names.
 std::size_t ErrorsLetPass(std::size_t lengthOfLonger) {
-  return lengthOfLonger >= 8 ? kMostErrors : lengthOfLonger >= 4 ? 1 : 0;
+  return lengthOfLonger >= 8 ? kMaxErrors : lengthOfLonger >= 4 ? 1 : 0;
 }
 
 /// The least number of typing errors that turn one text into the other, no character being touched twice.
@@ -69,15 +69,15 @@ std::vector<std::string> Continuations(const std::string& word, const std::vecto
 
 }  // namespace
 
-NearestName::NearestName(std::string_view name) : fErrors(kMostErrors + 1) {
-  if (name.size() <= kLongestName) {
+NearestName::NearestName(std::string_view name) : fErrors(kMaxErrors + 1) {
+  if (name.size() <= kMaxNameBytes) {
     fName = UpperCharacters(name);
     fDigits = DigitsOf(name);
   }
 }
 
 void NearestName::Offer(std::string_view candidate) {
-  if (candidate.size() > kLongestName || DigitsOf(candidate) != fDigits) {
+  if (candidate.size() > kMaxNameBytes || DigitsOf(candidate) != fDigits) {
     return;
   }
   const std::u32string characters = UpperCharacters(candidate);

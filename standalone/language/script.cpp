@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <utility>
 
-#include "standalone/language/blanks.h"
+#include "standalone/language/comments.h"
 #include "standalone/language/slips.h"
 
 namespace standalone {

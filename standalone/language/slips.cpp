@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <array>
 
-#include "standalone/language/blanks.h"
+#include "standalone/language/comments.h"
 #include "standalone/language/grammar.h"
 #include "standalone/text/unicode.h"
 
@@ -20,7 +20,7 @@ constexpr std::array<std::string_view, 12> kOddQuotes = {"\u2018", "\u2019", "\u
                                                          "\u201E", "\u201F", "\u00AB", "\u00BB", "\u00B4", "`"};
 
 /// Whether the words begin a command: its name, and "/" or a subcommand or nothing behind it.
-bool BeginCommand(std::string_view name, std::string_view next) {
+bool BeginTransaction(std::string_view name, std::string_view next) {
   return NamesKeyword(ToUpper(name), kMrsetCommand) &&
          (next.empty() || next[0] == '/' || FindSubcommand(next) != nullptr);
 }
@@ -56,7 +56,7 @@ class Slip {
 
   bool BeginsAnother() const {
     const bool isComment = At().text == "*" && At().type == TokenSequenceBase::kSymbol;
-    return IsFirstOnLine() && (isComment || (IsWord(At()) && BeginCommand(At().text, Next().text)));
+    return IsFirstOnLine() && (isComment || (IsWord(At()) && BeginTransaction(At().text, Next().text)));
   }
 
   bool IsDoubleSlash() const {
@@ -144,7 +144,7 @@ int LineTakenIn(std::string_view comment) {
     const std::string_view rest = comment.substr(end + 1);
     const std::string_view text = rest.substr(0, rest.find('\n'));
     const std::string_view name = FirstWord(text);
-    if (!name.empty() && BeginCommand(name, FirstWord(Behind(text, name)))) {
+    if (!name.empty() && BeginTransaction(name, FirstWord(Behind(text, name)))) {
       return line;
     }
   }

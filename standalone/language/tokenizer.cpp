@@ -5,7 +5,7 @@
 
 #include <utility>
 
-#include "standalone/language/blanks.h"
+#include "standalone/language/comments.h"
 #include "standalone/text/names.h"
 #include "standalone/text/unicode.h"
 

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "standalone/output/items.h"
-#include "standalone/output/paint.h"
+#include "standalone/output/plain/paint.h"
 #include "standalone/output/table_writer.h"
 
 namespace standalone {

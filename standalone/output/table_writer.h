@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "standalone/output/items.h"
-#include "standalone/output/paint.h"
+#include "standalone/output/plain/paint.h"
 
 namespace standalone {
 

@@ -5,8 +5,8 @@
 #include <cstddef>
 #include <vector>
 
-#include "standalone/output/wrap.h"
-#include "standalone/program/value_type.h"
+#include "standalone/options/value_type.h"
+#include "standalone/output/plain/wrap.h"
 
 namespace standalone {
 namespace {

@@ -15,13 +15,13 @@
 #include <utility>
 #include <vector>
 
+#include "standalone/advice/failure_advice.h"
+#include "standalone/advice/usage_advice.h"
+#include "standalone/console/delivery.h"
+#include "standalone/console/exit_status.h"
 #include "standalone/files/io.h"
-#include "standalone/program/delivery.h"
-#include "standalone/program/exit_status.h"
-#include "standalone/program/failure_advice.h"
 #include "standalone/program/help_formatter.h"
 #include "standalone/program/signals.h"
-#include "standalone/program/usage.h"
 #include "standalone/program/version.h"
 #include "standalone/shell/help.h"
 #include "standalone/text/error.h"

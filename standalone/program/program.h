@@ -4,7 +4,7 @@
 #include <CLI/App.hpp>
 #include <memory>
 
-#include "standalone/program/subcommands.h"
+#include "standalone/commands/subcommands.h"
 
 namespace standalone {
 

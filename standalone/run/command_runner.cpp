@@ -5,22 +5,20 @@
 #include <optional>
 #include <utility>
 
-#include "standalone/data/interrupt.h"
-#include "standalone/host/adviser.h"
+#include "standalone/dataset/retry.h"
+#include "standalone/hints/adviser.h"
 #include "standalone/language/grammar.h"
 #include "standalone/language/nearest_name.h"
 #include "standalone/language/place.h"
 #include "standalone/language/slips.h"
 #include "standalone/language/tokenizer.h"
 #include "standalone/run/dry_run.h"
+#include "standalone/storage/interrupt.h"
 #include "standalone/text/error.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {
 namespace {
-
-/// How often a command is tried without a lock where other processes come first.
-constexpr int kOptimisticTries = 3;
 
 constexpr const char* kMrset = "MRSET";
 
@@ -75,47 +73,48 @@ bool CommandRunner::Run(const ScriptCommand& command) {
   return false;
 }
 
-/// Optimistic concurrency control: the command is run again where another process changed the dataset meanwhile.
 bool CommandRunner::RunTokens(const ScriptCommand& command, const std::vector<Token>& tokens) {
   if (fMrset == nullptr) {
     fMrset = LoadMrsetModule();
   }
-  Dataset::Saved saved = TryRun(command, tokens, false);
-  for (int tries = 2; saved == Dataset::Saved::kConflict; ++tries) {
-    fTell(CommandRestarted{});
-    saved = TryRun(command, tokens, tries > kOptimisticTries);
-  }
+  const Dataset::Saved saved = SaveWithRetries([&](Access access) {
+    const Dataset::Saved outcome = TryRun(command, tokens, access);
+    if (outcome == Dataset::Saved::kConflict) {
+      fTell(CommandRestarted{});
+    }
+    return outcome;
+  });
   return saved == Dataset::Saved::kDone;
 }
 
-Dataset::Saved CommandRunner::TryRun(const ScriptCommand& command, const std::vector<Token>& tokens, bool exclusive) {
-  fDataset.BeginCommand(exclusive);
+Dataset::Saved CommandRunner::TryRun(const ScriptCommand& command, const std::vector<Token>& tokens, Access access) {
+  fDataset.BeginTransaction(access);
   const SetList before = fDryRunSets ? *fDryRunSets : fDataset.SharedSets();
-  Session session(fDataset, command, tokens, before, fExchange, fSink);
+  CommandContext context(fDataset, command, tokens, before, fExchange, fSink);
   fMrset();
-  if (!session.SavedSets()) {
-    if (const std::optional<std::string> hint = session.HintAtEnd()) {
+  if (!context.SavedSets()) {
+    if (const std::optional<std::string> hint = context.HintAtEnd()) {
       fTell(HintGiven{*hint});
     }
-    fDataset.EndCommand();
+    fDataset.EndTransaction();
     return Dataset::Saved::kUnchanged;
   }
-  GiveHints(before, *session.SavedSets());
+  GiveHints(before, *context.SavedSets());
   if (fDryRun) {
-    if (const std::optional<std::string> sentence = SentenceOnDryRun(before, *session.SavedSets())) {
+    if (const std::optional<std::string> sentence = SentenceOnDryRun(before, *context.SavedSets())) {
       fTell(DryRunTold{*sentence});
     }
-    fDataset.EndCommand();
-    fDryRunSets = session.SavedSets();
+    fDataset.EndTransaction();
+    fDryRunSets = context.SavedSets();
     return Dataset::Saved::kUnchanged;
   }
   fTell(SaveBegun{});
-  return fDataset.SaveSets(*session.SavedSets(), command.text);
+  return fDataset.SaveSets(*context.SavedSets(), command.text);
 }
 
 /// From the state of the dataset that the command itself saw.
 void CommandRunner::GiveHints(const SetList& before, const SetList& after) {
-  for (const std::string& hint : fChoiceHints.On(before, after)) {
+  for (const std::string& hint : fChoiceHints.HintsOnChange(before, after)) {
     fTell(HintGiven{hint});
   }
 }

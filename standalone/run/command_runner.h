@@ -5,11 +5,11 @@
 #include <string>
 #include <vector>
 
-#include "standalone/data/dataset.h"
-#include "standalone/host/session.h"
+#include "standalone/dataset/dataset.h"
+#include "standalone/hints/choice_hints.h"
+#include "standalone/host/command_context.h"
 #include "standalone/host/set_exchange.h"
 #include "standalone/language/script.h"
-#include "standalone/run/choice_hints.h"
 #include "standalone/run/events.h"
 #include "standalone/run/module.h"
 
@@ -27,7 +27,7 @@ class CommandRunner {
 
  private:
   bool RunTokens(const ScriptCommand& command, const std::vector<Token>& tokens);
-  Dataset::Saved TryRun(const ScriptCommand& command, const std::vector<Token>& tokens, bool exclusive);
+  Dataset::Saved TryRun(const ScriptCommand& command, const std::vector<Token>& tokens, Access access);
   void GiveHints(const SetList& before, const SetList& after);
 
   Dataset fDataset;

@@ -72,8 +72,8 @@ struct Changes {
 };
 
 void AddPart(const Names& names, const char* what, Names& parts) {
-  constexpr std::size_t kMostNames = 3;
-  if (names.size() > kMostNames) {
+  constexpr std::size_t kMaxNames = 3;
+  if (names.size() > kMaxNames) {
     parts.push_back(fmt::format("{} sets would be {}", names.size(), what));
   } else if (!names.empty()) {
     parts.push_back(fmt::format("{} would be {}", fmt::join(names, ", "), what));

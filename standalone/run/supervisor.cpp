@@ -5,13 +5,21 @@
 #include <set>
 #include <utility>
 
-#include "standalone/run/abort_hint.h"
+#include "standalone/hints/abort_hint.h"
 #include "standalone/run/command_runner.h"
 #include "standalone/text/error.h"
 #include "standalone/text/visible.h"
 
 namespace standalone {
 namespace {
+
+/// Follows why the results of a command are lost; nothing is known of one in which the process ended.
+const char* SentenceOnSaved(std::optional<bool> hasChanged) {
+  if (!hasChanged) {
+    return " Whether its change was saved is not known.";
+  }
+  return *hasChanged ? " The change of the command is saved all the same." : "";
+}
 
 void Take(Event event, CommandResult& result) {
   result.isSaveOpen = std::holds_alternative<SaveBegun>(event);
@@ -71,19 +79,19 @@ void Supervisor::StartWorker() {
 
 CommandResult Supervisor::RunInWorker(const ScriptCommand& command) {
   const std::optional<bool> hasChanged = fWorker->Run(command);
+  CommandResult result;
   try {
-    CommandResult result = Result(command, *fWorker);
-    if (hasChanged) {
-      result.isSaved = *hasChanged;
-      result.isSaveOpen = false;
-    } else {
-      Abort(result);
-    }
-    return result;
+    result = Result(command, *fWorker);
   } catch (const std::exception& error) {
-    const bool isSaved = hasChanged.value_or(false);
-    throw Error(SentenceOf(error) + (isSaved ? " The change of the command is saved all the same." : ""));
+    throw Error(SentenceOf(error) + SentenceOnSaved(hasChanged));
   }
+  if (!hasChanged) {
+    Abort(result);
+    return result;
+  }
+  result.isSaved = *hasChanged;
+  result.isSaveOpen = false;
+  return result;
 }
 
 CommandResult Supervisor::Result(const ScriptCommand& command, const Worker& worker) const {

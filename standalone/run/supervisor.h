@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "standalone/data/dataset_options.h"
 #include "standalone/language/script.h"
 #include "standalone/output/items.h"
 #include "standalone/run/worker.h"
+#include "standalone/storage/dataset_options.h"
 #include "standalone/text/error.h"
 
 namespace standalone {

@@ -18,10 +18,10 @@
 #include <exception>
 #include <string_view>
 
-#include "standalone/data/interrupt.h"
 #include "standalone/files/io.h"
 #include "standalone/files/temporary_file.h"
 #include "standalone/run/codec.h"
+#include "standalone/storage/interrupt.h"
 #include "standalone/text/error.h"
 #include "standalone/text/notice.h"
 

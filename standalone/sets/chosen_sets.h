@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "standalone/data/stored_set.h"
+#include "standalone/dataset/stored_set.h"
 
 namespace standalone {
 

@@ -1,6 +1,6 @@
 #include "standalone/sets/command_trial.h"
 
-#include "standalone/host/session.h"
+#include "standalone/host/command_context.h"
 #include "standalone/language/script.h"
 #include "standalone/language/tokenizer.h"
 
@@ -18,10 +18,10 @@ TrialOutcome CommandTrial::Run(std::string_view script) {
   SetList sets;
   for (const ScriptCommand& command : SplitScript(script)) {
     const std::vector<Token> tokens = Tokenize(command.text);
-    Session session(fDataset, command, tokens, sets, exchange, sink);
+    CommandContext context(fDataset, command, tokens, sets, exchange, sink);
     fMrset();
-    if (session.SavedSets()) {
-      sets = *session.SavedSets();
+    if (context.SavedSets()) {
+      sets = *context.SavedSets();
     }
   }
   outcome.sets = Copies(sets);

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "standalone/data/dataset.h"
+#include "standalone/dataset/dataset.h"
 #include "standalone/output/items.h"
 #include "standalone/run/module.h"
 

@@ -1,14 +1,10 @@
 #include "standalone/sets/copy_transaction.h"
 
+#include "standalone/dataset/retry.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {
-namespace {
-
-/// How often a copy is tried without a lock where other processes come first.
-constexpr int kOptimisticTries = 3;
-
-}  // namespace
+namespace {}  // namespace
 
 CopySide SideOf(Dataset& dataset, const std::string& name) {
   return {[&dataset](const std::string& wanted) -> const Variable* {
@@ -38,18 +34,18 @@ VariableFinder VariablesByName::Finder() const {
 
 CopyPlan CopySets(const std::vector<StoredSet>& chosen, const CopySide& source, Dataset& target,
                   const std::string& targetName, const CommandOfCopy& commandOf) {
-  for (int tries = 1;; ++tries) {
-    target.BeginCommand(tries > kOptimisticTries);
-    CopyPlan plan = PlanCopy(chosen, target.Sets(), source, SideOf(target, targetName));
+  CopyPlan plan;
+  SaveWithRetries([&](Access access) {
+    target.BeginTransaction(access);
+    plan = PlanCopy(chosen, target.Sets(), source, SideOf(target, targetName));
     const std::optional<std::string> command = commandOf(plan);
     if (!command) {
-      target.EndCommand();
-      return plan;
+      target.EndTransaction();
+      return Dataset::Saved::kUnchanged;
     }
-    if (target.SaveSets(plan.sets, *command) != Dataset::Saved::kConflict) {
-      return plan;
-    }
-  }
+    return target.SaveSets(plan.sets, *command);
+  });
+  return plan;
 }
 
 }  // namespace standalone

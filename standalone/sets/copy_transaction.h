@@ -7,7 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "standalone/data/dataset.h"
+#include "standalone/dataset/dataset.h"
 #include "standalone/sets/set_copy.h"
 
 namespace standalone {

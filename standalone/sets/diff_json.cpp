@@ -1,4 +1,4 @@
-#include "standalone/output/sets_json.h"
+#include "standalone/output/json/sets_json.h"
 #include "standalone/sets/diff_report.h"
 
 namespace standalone {

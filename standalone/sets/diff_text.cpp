@@ -5,7 +5,7 @@
 #include <string_view>
 #include <utility>
 
-#include "standalone/output/wrap.h"
+#include "standalone/output/plain/wrap.h"
 #include "standalone/sets/diff_report.h"
 #include "standalone/text/unicode.h"
 #include "standalone/text/visible.h"
@@ -13,7 +13,7 @@
 namespace standalone {
 namespace {
 
-constexpr std::size_t kNarrowestList = 10;
+constexpr std::size_t kMinListWidth = 10;
 
 /// How fields are called for people, where their names in JSON are not words.
 constexpr std::array<std::pair<std::string_view, std::string_view>, 3> kFieldWords = {{
@@ -91,7 +91,7 @@ class DiffWriter {
       return;
     }
     const std::string list = Visible(fmt::format("{}", fmt::join(names, " ")));
-    const std::size_t width = std::max(fWidth, heading.size() + kNarrowestList) - heading.size();
+    const std::size_t width = std::max(fWidth, heading.size() + kMinListWidth) - heading.size();
     const std::string indent(heading.size(), ' ');
     fText += heading + fmt::format("{}\n", fmt::join(WrapText(list, width), "\n" + indent));
   }

@@ -7,9 +7,9 @@
 #include <string_view>
 #include <vector>
 
-#include "standalone/data/set_rules.h"
+#include "standalone/check/set_rules.h"
 #include "standalone/language/tokenizer.h"
-#include "standalone/output/wrap.h"
+#include "standalone/output/plain/wrap.h"
 #include "standalone/text/names.h"
 #include "standalone/text/unicode.h"
 
@@ -44,9 +44,9 @@ Reason WhyNoName(const StoredSet& set) {
 }
 
 Reason WhyNoLabel(const StoredSet& set) {
-  if (set.label.size() > kLongestSetLabel) {
+  if (set.label.size() > kMaxSetLabelBytes) {
     return fmt::format("its label has {} bytes, and a command cuts labels after {}.", set.label.size(),
-                       kLongestSetLabel);
+                       kMaxSetLabelBytes);
   }
   return WhyNotQuoted("label", set.label);
 }

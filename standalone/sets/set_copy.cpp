@@ -6,7 +6,7 @@
 #include <optional>
 #include <string_view>
 
-#include "standalone/data/set_rules.h"
+#include "standalone/check/set_rules.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {

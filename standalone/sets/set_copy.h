@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "standalone/data/stored_set.h"
-#include "standalone/data/variable.h"
+#include "standalone/dataset/stored_set.h"
+#include "standalone/dataset/variable.h"
 
 namespace standalone {
 

@@ -5,7 +5,7 @@
 #include <variant>
 #include <vector>
 
-#include "standalone/data/stored_set.h"
+#include "standalone/dataset/stored_set.h"
 
 namespace standalone {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "standalone/data/dataset.h"
+#include "standalone/dataset/dataset.h"
 
 namespace standalone {
 

@@ -5,11 +5,11 @@
 #include <set>
 #include <utility>
 
-#include "standalone/language/blanks.h"
+#include "standalone/language/comments.h"
 #include "standalone/language/grammar.h"
 #include "standalone/language/variable_list.h"
 #include "standalone/shell/help.h"
-#include "standalone/shell/shell_command.h"
+#include "standalone/shell/shell_word.h"
 #include "standalone/text/unicode.h"
 #include "standalone/text/visible.h"
 
@@ -17,10 +17,10 @@ namespace standalone {
 namespace {
 
 /// Names of variables looked at for one completion, so that none takes long whatever the dictionary holds.
-constexpr std::size_t kMostVisited = 20000;
+constexpr std::size_t kMaxVisited = 20000;
 
-constexpr std::size_t kMostCountedValues = 100;
-constexpr std::size_t kMostLabelledVariables = 20;
+constexpr std::size_t kMaxCountedValues = 100;
+constexpr std::size_t kMaxLabelledVariables = 20;
 
 bool IsHarmless(std::string_view text) {
   return Visible(text) == text;
@@ -330,7 +330,7 @@ void Completer::AddVariables(const std::vector<Range>& listed, int from) {
   std::vector<std::pair<int, std::string>> found;
   std::size_t visited = 0;
   fSource.VisitVariables(fWord, from, [&](int position, const std::string& name) {
-    if (++visited > kMostVisited) {
+    if (++visited > kMaxVisited) {
       fCompletion.isCut = true;
       MeetCommon(fWord);  // nobody knows how the others go on
       return false;
@@ -339,7 +339,7 @@ void Completer::AddVariables(const std::vector<Range>& listed, int from) {
       return true;
     }
     MeetCommon(name);
-    if (found.size() < kMostVariables) {
+    if (found.size() < kMaxVariables) {
       found.emplace_back(position, name);
     } else {
       fCompletion.isCut = true;
@@ -358,7 +358,7 @@ void Completer::AddCountedValues(const Expectation& expectation) {
     const Variable& variable = fSource.VariableAt(position);
     for (const ValueLabel& entry : variable.valueLabels) {
       const std::string value = AsCountedValue(variable, entry.value);
-      if (!value.empty() && added.size() < kMostCountedValues && added.insert(value).second) {
+      if (!value.empty() && added.size() < kMaxCountedValues && added.insert(value).second) {
         Add(value);
       }
     }
@@ -380,7 +380,7 @@ std::vector<Range> Completer::RangesOf(std::size_t begin, std::size_t end) {
 std::vector<int> Completer::FirstVariablesOf(const Expectation& expectation) {
   std::vector<int> positions;
   for (const auto& [first, last] : RangesOf(expectation.variablesBegin, expectation.variablesEnd)) {
-    for (int position = first; position <= last && positions.size() < kMostLabelledVariables; ++position) {
+    for (int position = first; position <= last && positions.size() < kMaxLabelledVariables; ++position) {
       positions.push_back(position);
     }
   }

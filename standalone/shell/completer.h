@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "standalone/data/variable.h"
+#include "standalone/dataset/variable.h"
 
 namespace standalone {
 
@@ -43,7 +43,7 @@ struct Completion {
 };
 
 /// The most names of variables among the candidates.
-inline constexpr std::size_t kMostVariables = 200;
+inline constexpr std::size_t kMaxVariables = 200;
 
 /// Completes the text of a command, or of a command to the shell, that is typed up to its end. Keywords come in the
 /// case in which the word, or else the command, is typed; names as they are stored. Within quotes and comments, and

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "standalone/data/dataset.h"
+#include "standalone/dataset/dataset.h"
 #include "standalone/shell/completer.h"
 
 namespace standalone {

@@ -3,7 +3,7 @@
 #include <fmt/format.h>
 
 #include "standalone/language/grammar.h"
-#include "standalone/shell/shell_command.h"
+#include "standalone/shell/shell_word.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {

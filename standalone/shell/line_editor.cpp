@@ -15,7 +15,7 @@
 #include <utility>
 
 #include "standalone/shell/candidate_list.h"
-#include "standalone/shell/history_file.h"
+#include "standalone/shell/input_history.h"
 
 namespace standalone {
 namespace {
@@ -96,7 +96,7 @@ LineEditor::Implementation::Implementation(const std::vector<std::string>& histo
     throw std::runtime_error("The terminal cannot be used to edit lines.");
   }
   HistEvent event = {};
-  ::history(fHistory, &event, H_SETSIZE, static_cast<int>(HistoryFile::kMostEntries));
+  ::history(fHistory, &event, H_SETSIZE, static_cast<int>(HistoryFile::kMaxEntries));
   ::history(fHistory, &event, H_SETUNIQUE, 1);
   for (const std::string& entry : history) {
     Remember(entry);

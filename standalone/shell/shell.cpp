@@ -4,7 +4,7 @@
 #include <optional>
 #include <utility>
 
-#include "standalone/language/blanks.h"
+#include "standalone/language/comments.h"
 
 namespace standalone {
 

@@ -5,8 +5,8 @@
 #include <string_view>
 
 #include "standalone/language/script.h"
-#include "standalone/shell/shell_command.h"
 #include "standalone/shell/shell_input.h"
+#include "standalone/shell/shell_word.h"
 
 namespace standalone {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "standalone/shell/history_file.h"
+#include "standalone/shell/input_history.h"
 #include "standalone/shell/line_editor.h"
 #include "standalone/shell/shell_input.h"
 

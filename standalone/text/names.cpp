@@ -5,7 +5,7 @@
 namespace standalone {
 namespace {
 
-constexpr std::size_t kLongestName = 64;
+constexpr std::size_t kMaxNameBytes = 64;
 constexpr std::string_view kBeginningSigns = "@#_";
 constexpr std::string_view kContinuingSigns = "_.$@#0123456789";
 
@@ -24,12 +24,12 @@ bool IsReservedWord(std::string_view name) {
 }  // namespace
 
 bool IsValidVariableName(std::string_view name) {
-  return !name.empty() && name.size() <= kLongestName && BeginsNameAt(name, 0) && EndOfName(name, 0) == name.size() &&
+  return !name.empty() && name.size() <= kMaxNameBytes && BeginsNameAt(name, 0) && EndOfName(name, 0) == name.size() &&
          name.back() != '.' && !IsReservedWord(name);
 }
 
 bool IsValidSetName(std::string_view name) {
-  return name.size() <= kLongestName && name.substr(0, 1) == "$" && IsValidVariableName(name.substr(1));
+  return name.size() <= kMaxNameBytes && name.substr(0, 1) == "$" && IsValidVariableName(name.substr(1));
 }
 
 bool BeginsNameAt(std::string_view text, std::size_t offset) {

@@ -11,7 +11,7 @@
 namespace standalone {
 namespace {
 
-constexpr std::size_t kLongestCharacter = 4;
+constexpr std::size_t kMaxCharacterBytes = 4;
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
 constexpr char32_t kReplacementCode = 0xFFFD;
 
@@ -35,7 +35,7 @@ char AsciiUpper(char c) {
 }
 
 Character DecodeAt(std::string_view text, std::size_t offset) {
-  const std::string_view window = text.substr(offset, kLongestCharacter);
+  const std::string_view window = text.substr(offset, kMaxCharacterBytes);
   const auto* bytes = reinterpret_cast<const std::uint8_t*>(window.data());
   const auto size = static_cast<std::int32_t>(window.size());
   std::int32_t length = 0;
@@ -72,7 +72,7 @@ void AppendUpper(std::string& upper, std::string_view written, UChar32 code) {
     upper += written;
     return;
   }
-  std::array<char, kLongestCharacter> bytes{};
+  std::array<char, kMaxCharacterBytes> bytes{};
   std::size_t length = 0;
   char* begin = bytes.data();
   U8_APPEND_UNSAFE(begin, length, mapped);
@@ -179,7 +179,7 @@ std::string_view PrefixOfWholeCharacters(std::string_view text, std::size_t byte
   if (bytes >= text.size()) {
     return text;
   }
-  for (std::size_t back = 1; back < kLongestCharacter && back <= bytes; ++back) {
+  for (std::size_t back = 1; back < kMaxCharacterBytes && back <= bytes; ++back) {
     if (CharacterLength(text, bytes - back) > back) {
       return text.substr(0, bytes - back);
     }

@@ -29,13 +29,30 @@ deny 'the scripted host knows the other parts' < <(includes tests/host | grep -E
 deny 'ICU is included outside its file' \
   < <(includes backend host standalone | grep -E ':unicode/' | grep -v '^standalone/text/unicode.cpp:' || true)
 deny 'SQLite is included outside its file' \
-  < <(includes backend host standalone | grep -E ':sqlite3' | grep -vE '^standalone/data/database(_files)?\.(h|cpp):' || true)
+  < <(includes backend host standalone | grep -E ':sqlite3' | grep -vE '^standalone/storage/database(_files)?\.(h|cpp):' || true)
 deny 'the CSV library is included outside its file' \
   < <(includes backend host standalone | grep -E ':csv\.h$' | grep -v '^standalone/import/csv.cpp:' || true)
 deny 'the serialiser is included outside its file' \
   < <(includes backend host standalone | grep -E ':cereal/' | grep -v '^standalone/run/codec.cpp:' || true)
 deny 'the line editor is included outside its file' \
   < <(includes backend host standalone | grep -E ':(histedit\.h|editline/)' | grep -v '^standalone/shell/line_editor.cpp:' || true)
+
+# The folders of standalone/, each of which includes itself and those before it.
+order=(text files language storage cases dataset check output hints host run import sets shell console options advice commands
+  program)
+known=' '
+for folder in "${order[@]}"; do
+  known+="$folder "
+  while IFS=: read -r file included; do
+    rest=${included#standalone/}
+    case "$known" in
+      *" ${rest%%/*} "*) ;;
+      *) deny "standalone/$folder/ includes a folder that comes after it" <<< "$file: $included" ;;
+    esac
+  done < <(includes "standalone/$folder" | grep ':standalone/' || true)
+done
+deny 'a folder of standalone/ has no place in the order' \
+  < <(find standalone -mindepth 1 -maxdepth 1 -type d -printf '%f\n' | grep -vxF "$(printf '%s\n' "${order[@]}")" || true)
 
 # Files are touched in one folder, which owns descriptors, repeats what signals interrupt and leaves nothing half done.
 deny 'a call on files stands outside standalone/files/' < <(

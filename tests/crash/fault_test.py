@@ -31,7 +31,7 @@ UNUSABLE = 2  # exit status: a failure, told in a sentence
 # What a scenario's calls must be of, by what it does.
 READS = {"open", "read", "lock", "status", "close"}
 SAVES = {"write", "sync", "delete", "mode"}
-RUNS = {"memfd", "pipe", "fork", "dup", "truncate"}
+RUNS = {"memfd", "socketpair", "fork", "dup", "truncate"}
 REPLACES = {"list", "rename"}
 
 RESULT = re.compile(r"\{.*\}")
@@ -188,7 +188,7 @@ class FaultTrial(Trial):
 def keeps_from_saving(fault: Fault, run: FaultyRun) -> bool:
     """Whether nothing that reads can have failed."""
     kind, target = run.met.split(" ", 1)
-    is_own = target.startswith(("memfd", "pipe", "socket"))
+    is_own = target.startswith(("memfd", "socket"))
     return kind in ("write", "sync", "delete", "truncate", "mode") and not is_own and (
         not fault.stays or fault.error == "ENOSPC"
     )
@@ -234,7 +234,7 @@ def some_of(faults: list[tuple[Call, Fault]], every: int) -> list[Fault]:
 
 def kinds_needed(scenario: Scenario) -> set[str]:
     verb = scenario.arguments[0]
-    needed = READS | (RUNS if verb in ("run", "shell") else set()) | ({"socketpair"} if verb == "shell" else set())
+    needed = READS | (RUNS if verb in ("run", "shell") else set())
     if scenario in READERS:
         return needed
     if verb == "import" and not scenario.prepare:

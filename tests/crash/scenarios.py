@@ -78,7 +78,7 @@ SCENARIOS = [
     script("delete all", 30, ["MRSET /DELETE NAME=ALL."], prepare=[IMPORT, run(many_sets())]),
     script(
         "display that sorts",
-        24,
+        18,
         ["MRSET /DISPLAY NAME=ALL."],
         prepare=[IMPORT, run(define("z", "y", "x"))],
         order_alone=True,

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "standalone/data/dataset.h"
-#include "standalone/data/dataset_writer.h"
+#include "standalone/dataset/dataset.h"
+#include "standalone/dataset/dataset_writer.h"
 
 namespace fuzz {
 namespace {

@@ -8,15 +8,15 @@
 #include <vector>
 
 #include "backend/mrset/mrset.h"
-#include "standalone/data/dataset.h"
-#include "standalone/data/dataset_check.h"
-#include "standalone/data/dataset_writer.h"
-#include "standalone/host/session.h"
+#include "standalone/check/dataset_check.h"
+#include "standalone/dataset/dataset.h"
+#include "standalone/dataset/dataset_writer.h"
+#include "standalone/host/command_context.h"
 #include "standalone/host/set_exchange.h"
 #include "standalone/language/tokenizer.h"
-#include "standalone/output/json.h"
-#include "standalone/output/log_text.h"
-#include "standalone/output/sets_json.h"
+#include "standalone/output/json/result_json.h"
+#include "standalone/output/json/sets_json.h"
+#include "standalone/output/plain/log_text.h"
 #include "standalone/text/error.h"
 #include "tests/fuzz/check.h"
 #include "tests/fuzz/dataset_image.h"
@@ -78,9 +78,9 @@ void RunCommand(const std::string& path, std::string_view command) {
       [](const standalone::Item& item) { Check(!standalone::OneLine(standalone::ToJson(item)).empty(), "an item"); }};
   const standalone::ScriptCommand scriptCommand{std::string(command), 1};
   const std::vector<standalone::Token> tokens = standalone::Tokenize(command);
-  dataset.BeginCommand(false);
+  dataset.BeginTransaction(standalone::Access::kShared);
   standalone::SetExchange exchange;
-  standalone::Session session(dataset, scriptCommand, tokens, dataset.SharedSets(), exchange, sink);
+  standalone::CommandContext session(dataset, scriptCommand, tokens, dataset.SharedSets(), exchange, sink);
   mrset_();
   if (session.SavedSets()) {
     Check(dataset.SaveSets(*session.SavedSets(), std::string(command)) != Dataset::Saved::kConflict,

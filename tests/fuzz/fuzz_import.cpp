@@ -8,10 +8,10 @@
 #include <string>
 #include <string_view>
 
-#include "standalone/data/dataset.h"
-#include "standalone/data/dataset_writer.h"
-#include "standalone/data/schema.h"
+#include "standalone/dataset/dataset.h"
+#include "standalone/dataset/dataset_writer.h"
 #include "standalone/import/importer.h"
+#include "standalone/storage/file_format.h"
 #include "standalone/text/error.h"
 #include "tests/fuzz/check.h"
 #include "tests/fuzz/plain_csv.h"

@@ -7,12 +7,12 @@
 #include <vector>
 
 #include "standalone/language/place.h"
-#include "standalone/output/composite.h"
-#include "standalone/output/excerpt.h"
-#include "standalone/output/json.h"
+#include "standalone/output/json/result_json.h"
+#include "standalone/output/message_template.h"
+#include "standalone/output/plain/excerpt.h"
+#include "standalone/output/plain/text_table.h"
 #include "standalone/output/renderer.h"
 #include "standalone/output/table_writer.h"
-#include "standalone/output/text_table.h"
 #include "standalone/run/codec.h"
 #include "standalone/text/unicode.h"
 #include "tests/fuzz/check.h"
@@ -182,9 +182,9 @@ standalone::Place SomePlace(std::string_view text, std::size_t choice) {
 }
 
 void CheckExcerpt(const standalone::CommandResult& result, const standalone::Place& place, std::size_t width) {
-  constexpr std::size_t kNarrowest = 20;
+  constexpr std::size_t kMinWidth = 20;
   const standalone::Excerpt excerpt = standalone::ExcerptAt(result, place, width);
-  const std::size_t room = std::max(width, kNarrowest);
+  const std::size_t room = std::max(width, kMinWidth);
   Check(!ActsOnTerminal(excerpt.line) && excerpt.line.find('\n') == std::string::npos, "an excerpt is one line");
   Check(standalone::DisplayWidth(excerpt.line) <= room, "an excerpt is as narrow as asked");
   Check(excerpt.caretWidth > 0 && excerpt.caretColumn + excerpt.caretWidth <= room, "carets stand under the excerpt");

@@ -4,9 +4,9 @@
 #include <sstream>
 
 #include "host_check/host_check.h"
-#include "standalone/data/dataset.h"
-#include "standalone/data/dataset_writer.h"
-#include "standalone/host/session.h"
+#include "standalone/dataset/dataset.h"
+#include "standalone/dataset/dataset_writer.h"
+#include "standalone/host/command_context.h"
 #include "tests/standalone/temporary_folder.h"
 
 namespace {
@@ -82,9 +82,9 @@ struct Running {
     dataset.emplace(kDataset);
     sink.procedure = [&result](const std::string& title) { result.procedures.push_back(title); };
     sink.item = [&result](const standalone::Item& item) { Put(item, result); };
-    dataset->BeginCommand(false);
+    dataset->BeginTransaction(standalone::Access::kShared);
     dataset->SaveSets(stored, "");
-    dataset->BeginCommand(false);
+    dataset->BeginTransaction(standalone::Access::kShared);
     session.emplace(*dataset, command, tokens, dataset->SharedSets(), exchange, sink);
   }
 
@@ -102,7 +102,7 @@ struct Running {
   std::optional<standalone::Dataset> dataset;
   standalone::SetExchange exchange;
   standalone::OutputSink sink;
-  std::optional<standalone::Session> session;
+  std::optional<standalone::CommandContext> session;
 };
 
 class StandaloneFactory final : public host_check::HostFactory {

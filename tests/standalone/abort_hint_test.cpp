@@ -1,4 +1,4 @@
-#include "standalone/run/abort_hint.h"
+#include "standalone/hints/abort_hint.h"
 
 #include <gtest/gtest.h>
 

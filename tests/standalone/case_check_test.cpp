@@ -1,4 +1,4 @@
-#include "standalone/data/case_check.h"
+#include "standalone/check/case_check.h"
 
 #include <gtest/gtest.h>
 

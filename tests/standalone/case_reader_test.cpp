@@ -1,4 +1,4 @@
-#include "standalone/data/case_reader.h"
+#include "standalone/cases/case_reader.h"
 
 #include <gtest/gtest.h>
 

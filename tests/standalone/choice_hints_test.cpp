@@ -1,4 +1,4 @@
-#include "standalone/run/choice_hints.h"
+#include "standalone/hints/choice_hints.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "standalone/data/database.h"
-#include "standalone/data/dataset_writer.h"
-#include "standalone/data/variable.h"
+#include "standalone/dataset/dataset_writer.h"
+#include "standalone/dataset/variable.h"
+#include "standalone/storage/database.h"
 #include "tests/standalone/command_run.h"
 
 namespace standalone {
@@ -94,7 +94,7 @@ Texts HintsOn(ChoiceHints& hints, const std::string& countedValue, std::size_t v
   for (std::size_t index = 0; index < variables; ++index) {
     set.variables.push_back("v" + std::to_string(index));
   }
-  return hints.On({}, Shared({set}));
+  return hints.HintsOnChange({}, Shared({set}));
 }
 
 /// The hints of a run's first command and those of the next ones, which are the same.
@@ -188,7 +188,7 @@ TEST_F(ChoiceHintsTest, ARunReadsNoMoreThan32Megabytes) {
     Dataset("large.mrset")
         .SaveSets({{"$" + std::to_string(command), SetType::kCategory, "", "", false, false, {}}}, "");
     given += static_cast<int>(HintsOn(hints, "a", 2).size());
-    dataset.EndCommand();
+    dataset.EndTransaction();
   }
   EXPECT_EQ(given, 17);  // 1.8 MB for each, since the cases were read again after each change
 }
@@ -209,7 +209,7 @@ TEST_F(ChoiceHintsTest, WhatWasReadIsForgottenWhenTheCasesAreReplaced) {
   for (int command = 0; command < 3; ++command) {
     EXPECT_EQ(HintsOn(hints, "a", 2), Texts{"no case has the counted value a of $s: v0 has 'b'"});
   }
-  dataset.EndCommand();
+  dataset.EndTransaction();
   WriteEvenCases("replaced.mrset", 2, {"c"});
   for (int command = 0; command < 3; ++command) {
     EXPECT_EQ(HintsOn(hints, "a", 2), Texts{"no case has the counted value a of $s: v0 has 'c'"});

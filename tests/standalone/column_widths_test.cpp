@@ -1,4 +1,4 @@
-#include "standalone/output/column_widths.h"
+#include "standalone/output/plain/column_widths.h"
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <optional>
 
-#include "standalone/data/dataset_writer.h"
+#include "standalone/dataset/dataset_writer.h"
 #include "standalone/run/command_runner.h"
 
 namespace standalone {

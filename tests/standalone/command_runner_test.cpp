@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "standalone/data/dataset_writer.h"
+#include "standalone/dataset/dataset_writer.h"
 #include "standalone/language/tokenizer.h"
 #include "tests/standalone/elsewhere.h"
 #include "tests/standalone/temporary_folder.h"

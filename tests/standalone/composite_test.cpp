@@ -1,4 +1,4 @@
-#include "standalone/output/composite.h"
+#include "standalone/output/message_template.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "standalone/output/csv_text.h"
+#include "standalone/output/csv/csv_text.h"
 #include "standalone/output/message_text.h"
 #include "standalone/output/renderer.h"
 #include "tests/standalone/results.h"

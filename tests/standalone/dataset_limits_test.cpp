@@ -8,12 +8,12 @@
 #include <utility>
 #include <vector>
 
-#include "standalone/data/database.h"
-#include "standalone/data/dataset.h"
-#include "standalone/data/dataset_check.h"
-#include "standalone/data/dataset_writer.h"
-#include "standalone/data/limits.h"
-#include "standalone/data/undo.h"
+#include "standalone/check/dataset_check.h"
+#include "standalone/dataset/dataset.h"
+#include "standalone/dataset/dataset_writer.h"
+#include "standalone/dataset/undo.h"
+#include "standalone/storage/database.h"
+#include "standalone/storage/limits.h"
 #include "tests/standalone/temporary_folder.h"
 
 namespace standalone {
@@ -56,7 +56,7 @@ void MakeDataset(bool replace = false) {
 
 void Save(const Sets& sets, const std::string& command = "command") {
   Dataset dataset(kFile, Relaxed());
-  dataset.BeginCommand(false);
+  dataset.BeginTransaction(Access::kShared);
   EXPECT_NE(dataset.SaveSets(sets, command), Dataset::Saved::kConflict);
 }
 
@@ -97,7 +97,7 @@ void GivePositions(std::int64_t positionOfLast) {
 }
 
 TEST_F(LimitsTest, IdsAreFreeOnesWhereTheGreatestIsUsed) {
-  for (const std::int64_t id : {kGreatestNumber - 1, kGreatestNumber}) {
+  for (const std::int64_t id : {kMaxNumber - 1, kMaxNumber}) {
     const Sets before = {SetOf("$a"), SetOf("$b"), SetOf("$c")};
     MakeThreeSets();
     GiveIds(id);
@@ -109,13 +109,13 @@ TEST_F(LimitsTest, IdsAreFreeOnesWhereTheGreatestIsUsed) {
     EXPECT_THAT(FindingsOf(kFile), IsEmpty());
   }
   MakeThreeSets();
-  GiveIds(kGreatestNumber + 1);
+  GiveIds(kMaxNumber + 1);
   EXPECT_EQ(SentenceOf([] { Dataset(kFile).Sets(); }), "survey.mrs is damaged.");
   EXPECT_THAT(FindingsOf(kFile), Not(IsEmpty()));
 }
 
 TEST_F(LimitsTest, PositionsAreGivenAnewWhereTheGreatestIsUsed) {
-  for (const std::int64_t position : {kGreatestNumber - 1, kGreatestNumber}) {
+  for (const std::int64_t position : {kMaxNumber - 1, kMaxNumber}) {
     const Sets before = {SetOf("$a"), SetOf("$b"), SetOf("$c")};
     Save(before);
     GivePositions(position);
@@ -127,7 +127,7 @@ TEST_F(LimitsTest, PositionsAreGivenAnewWhereTheGreatestIsUsed) {
     EXPECT_EQ(Dataset(kFile).SetsOfVersion(0), before);
     EXPECT_THAT(FindingsOf(kFile), IsEmpty());
   }
-  GivePositions(kGreatestNumber + 1);
+  GivePositions(kMaxNumber + 1);
   EXPECT_EQ(SentenceOf([] { Dataset(kFile).Sets(); }), "survey.mrs is damaged.");
   EXPECT_THAT(FindingsOf(kFile), Not(IsEmpty()));
 }
@@ -135,8 +135,8 @@ TEST_F(LimitsTest, PositionsAreGivenAnewWhereTheGreatestIsUsed) {
 TEST_F(LimitsTest, AnyIdsAndPositionsNearTheLimitLeaveRoomForCommands) {
   const bool holds = rc::check("every version is the sets that were saved", [] {
     MakeThreeSets();
-    GiveIds(kGreatestNumber - *rc::gen::inRange(0, 4));
-    GivePositions(kGreatestNumber - *rc::gen::inRange(0, 4));
+    GiveIds(kMaxNumber - *rc::gen::inRange(0, 4));
+    GivePositions(kMaxNumber - *rc::gen::inRange(0, 4));
     std::vector<Sets> versions = {Dataset(kFile).Sets()};
     for (int step = *rc::gen::inRange(1, 8); step > 0; --step) {
       Sets sets = versions.back();
@@ -160,7 +160,7 @@ TEST_F(LimitsTest, AnyIdsAndPositionsNearTheLimitLeaveRoomForCommands) {
 TEST_F(LimitsTest, AWriteBeyondTheGenerationsIsRefused) {
   const std::string refused = "survey.mrs cannot be changed: its counter of writes is at its limit.";
   const std::string full = "The counter of writes is at its limit: the dataset cannot be changed.";
-  Execute("UPDATE meta SET generation = " + std::to_string(kGreatestNumber - 1));
+  Execute("UPDATE meta SET generation = " + std::to_string(kMaxNumber - 1));
   EXPECT_THAT(FindingsOf(kFile), IsEmpty());
   Save({SetOf("$a")});
   EXPECT_EQ(Dataset(kFile).Sets(), Sets{SetOf("$a")});
@@ -183,11 +183,11 @@ TEST_F(LimitsTest, AChangeBeyondTheNumbersIsRefused) {
     Execute("UPDATE history_set SET history = " + std::to_string(number));
   };
   Save({SetOf("$a")});
-  giveNumber(kGreatestNumber - 1);
+  giveNumber(kMaxNumber - 1);
   EXPECT_THAT(FindingsOf(kFile), IsEmpty());
   Save({SetOf("$a", "new"), SetOf("$b")});
-  EXPECT_EQ(Dataset(kFile).Versions().last, kGreatestNumber);
-  EXPECT_EQ(Dataset(kFile).SetsOfVersion(kGreatestNumber - 1), Sets{SetOf("$a")});
+  EXPECT_EQ(Dataset(kFile).Versions().last, kMaxNumber);
+  EXPECT_EQ(Dataset(kFile).SetsOfVersion(kMaxNumber - 1), Sets{SetOf("$a")});
   EXPECT_THAT(FindingsOf(kFile), ElementsAre("The counter of changes is at its limit: the sets cannot be changed."));
   EXPECT_EQ(SentenceOfSaving(), "survey.mrs cannot be changed: its counter of changes is at its limit.");
   EXPECT_EQ(SentenceOf([] {
@@ -201,7 +201,7 @@ TEST_F(LimitsTest, AChangeBeyondTheNumbersIsRefused) {
 
 // A display leaves the sets in another order: it shows them all the same.
 TEST_F(LimitsTest, AnOrderThatCannotBeKeptIsNoError) {
-  Execute("UPDATE meta SET generation = " + std::to_string(kGreatestNumber));
+  Execute("UPDATE meta SET generation = " + std::to_string(kMaxNumber));
   Save({SetOf("$c"), SetOf("$b"), SetOf("$a")});
   EXPECT_EQ(Dataset(kFile).Sets(), (Sets{SetOf("$a"), SetOf("$b"), SetOf("$c")}));
 }

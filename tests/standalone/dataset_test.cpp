@@ -1,6 +1,6 @@
-#include "standalone/data/dataset.h"
-#include "standalone/data/dataset_writer.h"
-#include "standalone/data/variable.h"
+#include "standalone/dataset/dataset.h"
+#include "standalone/dataset/dataset_writer.h"
+#include "standalone/dataset/variable.h"
 
 #include <gmock/gmock.h>
 #include <signal.h>
@@ -11,10 +11,10 @@
 #include <random>
 #include <thread>
 
-#include "standalone/data/commit.h"
-#include "standalone/data/database.h"
-#include "standalone/data/interrupt.h"
-#include "standalone/data/schema.h"
+#include "standalone/storage/commit.h"
+#include "standalone/storage/database.h"
+#include "standalone/storage/file_format.h"
+#include "standalone/storage/interrupt.h"
 #include "tests/standalone/temporary_folder.h"
 
 namespace standalone {
@@ -74,12 +74,12 @@ std::int64_t NumberOf(std::string_view sql) {
 
 void ReadEverything(const std::string& path) {
   Dataset dataset(path);
-  dataset.BeginCommand(false);
+  dataset.BeginTransaction(Access::kShared);
   for (int position = 0; position < dataset.VariableCount(); ++position) {
     dataset.FindVariable(dataset.VariableAt(position).name);
   }
   dataset.Sets();
-  dataset.EndCommand();
+  dataset.EndTransaction();
 }
 
 class DatasetTest : public TemporaryFolderTest {
@@ -90,7 +90,7 @@ class DatasetTest : public TemporaryFolderTest {
 
   static void SaveSets(const std::vector<StoredSet>& sets) {
     Dataset dataset(kFile);
-    dataset.BeginCommand(false);
+    dataset.BeginTransaction(Access::kShared);
     ASSERT_NE(dataset.SaveSets(sets, kCommand), Dataset::Saved::kConflict);
   }
 };
@@ -98,7 +98,7 @@ class DatasetTest : public TemporaryFolderTest {
 TEST_F(DatasetTest, VariablesAreReadAsWritten) {
   MakeDataset(kFile);
   Dataset dataset(kFile);
-  dataset.BeginCommand(false);
+  dataset.BeginTransaction(Access::kShared);
   ASSERT_EQ(dataset.VariableCount(), 3);
   EXPECT_EQ(dataset.VariableAt(0).name, "q1");
   EXPECT_EQ(dataset.VariableAt(0).width, 0);
@@ -114,7 +114,7 @@ TEST_F(DatasetTest, VariablesAreReadAsWritten) {
 TEST_F(DatasetTest, VariablesAreFoundWithoutRegardToCase) {
   MakeDataset(kFile);
   Dataset dataset(kFile);
-  dataset.BeginCommand(false);
+  dataset.BeginTransaction(Access::kShared);
   EXPECT_EQ(dataset.FindVariable("Q1"), 0);
   EXPECT_EQ(dataset.FindVariable("q2"), 1);
   EXPECT_EQ(dataset.FindVariable("\xC3\x96L_ART"), 2);
@@ -157,14 +157,16 @@ TEST_F(DatasetTest, VariablesAreVisitedByTheBeginningsOfTheirNames) {
 TEST_F(DatasetTest, AFileThatIsNoLongerAtItsPathIsNotReadOn) {
   MakeDataset(kFile);
   Dataset dataset(kFile);
-  dataset.BeginCommand(false);
+  dataset.BeginTransaction(Access::kShared);
   EXPECT_EQ(dataset.VariableCount(), 3);
   std::filesystem::rename(kFile, "elsewhere");
-  EXPECT_EQ(SentenceOf([&] { dataset.BeginCommand(false); }), "survey.mrs was moved or deleted by another program.");
+  EXPECT_EQ(SentenceOf([&] { dataset.BeginTransaction(Access::kShared); }),
+            "survey.mrs was moved or deleted by another program.");
   MakeDataset(kFile);
-  EXPECT_EQ(SentenceOf([&] { dataset.BeginCommand(false); }), "survey.mrs was moved or deleted by another program.");
+  EXPECT_EQ(SentenceOf([&] { dataset.BeginTransaction(Access::kShared); }),
+            "survey.mrs was moved or deleted by another program.");
   std::filesystem::rename("elsewhere", kFile);
-  dataset.BeginCommand(false);
+  dataset.BeginTransaction(Access::kShared);
   EXPECT_EQ(dataset.VariableCount(), 3);
 }
 
@@ -225,11 +227,11 @@ TEST_F(DatasetTest, EditsOfSetsAreKept) {
       {SetOf("$b")}};
   Dataset dataset(kFile);
   for (const auto& sets : lists) {
-    dataset.BeginCommand(false);
+    dataset.BeginTransaction(Access::kShared);
     const bool isReordered = &sets == &lists[2];
     ASSERT_EQ(dataset.SaveSets(sets, kCommand), isReordered ? Dataset::Saved::kReordered : Dataset::Saved::kDone);
     EXPECT_EQ(dataset.Sets(), sets);
-    dataset.EndCommand();
+    dataset.EndTransaction();
     EXPECT_EQ(Dataset(kFile).Sets(), sets);
   }
 }
@@ -274,13 +276,13 @@ TEST_F(DatasetTest, SetsAtOnePositionComeApartWhenOneIsPutBetweenThem) {
 TEST_F(DatasetTest, TheEpochTellsOfWritesElsewhere) {
   MakeDataset(kFile);
   Dataset dataset(kFile);
-  const std::uint64_t epoch = dataset.Epoch();
-  dataset.EndCommand();
+  const std::uint64_t revision = dataset.Revision();
+  dataset.EndTransaction();
   ASSERT_EQ(dataset.SaveSets({SetOf("$own")}, kCommand), Dataset::Saved::kDone);
-  EXPECT_EQ(dataset.Epoch(), epoch);
-  dataset.EndCommand();
+  EXPECT_EQ(dataset.Revision(), revision);
+  dataset.EndTransaction();
   SaveSets({SetOf("$other")});
-  EXPECT_NE(dataset.Epoch(), epoch);
+  EXPECT_NE(dataset.Revision(), revision);
 }
 
 TEST_F(DatasetTest, EveryWriteRaisesTheGeneration) {
@@ -296,10 +298,10 @@ TEST_F(DatasetTest, AnEndedCommandChangesNothing) {
   MakeDataset(kFile);
   const std::string before = Read(kFile);
   Dataset dataset(kFile);
-  dataset.EndCommand();
-  dataset.BeginCommand(true);
-  dataset.EndCommand();
-  dataset.EndCommand();
+  dataset.EndTransaction();
+  dataset.BeginTransaction(Access::kExclusive);
+  dataset.EndTransaction();
+  dataset.EndTransaction();
   EXPECT_EQ(Read(kFile), before);
 }
 
@@ -307,8 +309,8 @@ TEST_F(DatasetTest, OfTwoCommandsOnOneStateTheSecondToSaveConflicts) {
   MakeDataset(kFile);
   Dataset first(kFile);
   Dataset second(kFile);
-  first.BeginCommand(false);
-  second.BeginCommand(false);
+  first.BeginTransaction(Access::kShared);
+  second.BeginTransaction(Access::kShared);
   auto firstSaved = std::async(std::launch::async, [&first] { return first.SaveSets({SetOf("$first")}, kCommand); });
   const Dataset::Saved secondSaved = second.SaveSets({SetOf("$second")}, kCommand);
   const bool firstWon = firstSaved.get() == Dataset::Saved::kDone;
@@ -319,7 +321,7 @@ TEST_F(DatasetTest, OfTwoCommandsOnOneStateTheSecondToSaveConflicts) {
 TEST_F(DatasetTest, AfterAConflictTheCommandSeesWhatTheOtherWrote) {
   MakeDataset(kFile);
   Dataset loser(kFile);
-  loser.BeginCommand(false);
+  loser.BeginTransaction(Access::kShared);
   EXPECT_TRUE(loser.Sets().empty());
   auto saved = std::async(std::launch::async, [] { SaveSets({SetOf("$other")}); });
   while (!std::filesystem::exists("survey.mrs-journal")) {
@@ -327,7 +329,7 @@ TEST_F(DatasetTest, AfterAConflictTheCommandSeesWhatTheOtherWrote) {
   }  // until the other one holds the right to write and waits for this one to end reading
   EXPECT_EQ(loser.SaveSets({SetOf("$mine")}, kCommand), Dataset::Saved::kConflict);
   saved.get();
-  loser.BeginCommand(false);
+  loser.BeginTransaction(Access::kShared);
   std::vector<StoredSet> sets = loser.Sets();
   EXPECT_THAT(NamesOf(sets), ElementsAre("$other"));
   sets.push_back(SetOf("$mine"));
@@ -338,23 +340,23 @@ TEST_F(DatasetTest, AfterAConflictTheCommandSeesWhatTheOtherWrote) {
 TEST_F(DatasetTest, ACommandSeesOneStateThoughNothingWasRead) {
   MakeDataset(kFile);
   Dataset reader(kFile);
-  reader.BeginCommand(false);
+  reader.BeginTransaction(Access::kShared);
   auto saved = std::async(std::launch::async, [] { SaveSets({SetOf("$later")}); });
   EXPECT_EQ(saved.wait_for(std::chrono::milliseconds(200)), std::future_status::timeout);
   EXPECT_TRUE(reader.Sets().empty());
-  reader.EndCommand();
+  reader.EndTransaction();
   saved.get();
-  reader.BeginCommand(false);
+  reader.BeginTransaction(Access::kShared);
   EXPECT_THAT(NamesOf(reader.Sets()), ElementsAre("$later"));
 }
 
 TEST_F(DatasetTest, AnExclusiveCommandKeepsOthersFromWritingUntilItSaved) {
   MakeDataset(kFile);
   Dataset holder(kFile);
-  holder.BeginCommand(true);
+  holder.BeginTransaction(Access::kExclusive);
   auto waiter = std::async(std::launch::async, [] {
     Dataset dataset(kFile);
-    dataset.BeginCommand(true);
+    dataset.BeginTransaction(Access::kExclusive);
     std::vector<StoredSet> sets = dataset.Sets();
     sets.push_back(SetOf("$second"));
     return dataset.SaveSets(sets, kCommand);
@@ -371,9 +373,9 @@ TEST_F(DatasetTest, AReplacingImportConflictsWithACommandAndLosesNoSet) {
   SaveSets({SetOf("$kept")});
   Dataset dataset(kFile);
   EXPECT_EQ(dataset.VariableCount(), 3);
-  dataset.EndCommand();
+  dataset.EndTransaction();
   MakeDataset(kFile, true, {{"other", 0, std::nullopt, {}}});
-  dataset.BeginCommand(false);
+  dataset.BeginTransaction(Access::kShared);
   EXPECT_EQ(dataset.VariableCount(), 1);
   EXPECT_EQ(dataset.FindVariable("q1"), -1);
   EXPECT_EQ(dataset.FindVariable("OTHER"), 0);
@@ -610,7 +612,7 @@ class ReadOnlyDatasetTest : public DatasetTest {
   static std::string SentenceOfSaving(const std::vector<StoredSet>& sets, bool exclusive) {
     return SentenceOf([&] {
       Dataset dataset(kFile);
-      dataset.BeginCommand(exclusive);
+      dataset.BeginTransaction(exclusive ? Access::kExclusive : Access::kShared);
       if (NamesOf(dataset.Sets()) != std::vector<std::string>{"$b", "$a"}) {
         throw std::runtime_error("other sets");
       }

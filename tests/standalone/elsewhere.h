@@ -9,8 +9,8 @@
 #include <thread>
 #include <vector>
 
-#include "standalone/data/database.h"
-#include "standalone/data/dataset.h"
+#include "standalone/dataset/dataset.h"
+#include "standalone/storage/database.h"
 #include "standalone/text/error.h"
 
 namespace standalone {

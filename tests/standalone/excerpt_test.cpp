@@ -1,4 +1,4 @@
-#include "standalone/output/excerpt.h"
+#include "standalone/output/plain/excerpt.h"
 
 #include <gtest/gtest.h>
 

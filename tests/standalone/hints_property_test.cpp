@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "standalone/data/dataset_writer.h"
-#include "standalone/data/variable.h"
+#include "standalone/dataset/dataset_writer.h"
+#include "standalone/dataset/variable.h"
 #include "tests/standalone/command_run.h"
 
 // Random commands: a hint that is followed mends them, and a place is about what the message quotes.

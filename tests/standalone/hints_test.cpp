@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "standalone/data/dataset.h"
-#include "standalone/data/dataset_writer.h"
+#include "standalone/dataset/dataset.h"
+#include "standalone/dataset/dataset_writer.h"
 #include "tests/standalone/command_run.h"
 
 namespace standalone {

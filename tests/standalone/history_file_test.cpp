@@ -1,4 +1,4 @@
-#include "standalone/shell/history_file.h"
+#include "standalone/shell/input_history.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -61,15 +61,15 @@ TEST_F(HistoryFileTest, IsTheUsersAlone) {
 TEST_F(HistoryFileTest, KeepsTheLastEntries) {
   const HistoryFile file("history");
   std::string contents;
-  for (std::size_t number = 1; number <= 2 * HistoryFile::kMostEntries; ++number) {
+  for (std::size_t number = 1; number <= 2 * HistoryFile::kMaxEntries; ++number) {
     contents += std::to_string(number) + "\n";
   }
   Write("history", contents);
-  EXPECT_EQ(file.Load().size(), HistoryFile::kMostEntries);
+  EXPECT_EQ(file.Load().size(), HistoryFile::kMaxEntries);
   EXPECT_EQ(Read("history"), contents) << "not long enough to be cut";
   file.Add("the last");
   const Texts entries = file.Load();
-  EXPECT_EQ(entries.size(), HistoryFile::kMostEntries);
+  EXPECT_EQ(entries.size(), HistoryFile::kMaxEntries);
   EXPECT_EQ(entries.front(), "1002");
   EXPECT_EQ(entries.back(), "the last");
   EXPECT_EQ(Read("history").substr(0, 10), "1002\n1003\n");
@@ -80,10 +80,10 @@ TEST_F(HistoryFileTest, KeepsTheLastEntries) {
 
 TEST_F(HistoryFileTest, DoesNotKeepAnEntryThatIsTooLong) {
   const HistoryFile file("history");
-  file.Add(std::string(HistoryFile::kLongestEntry + 1, 'x'));
+  file.Add(std::string(HistoryFile::kMaxEntryBytes + 1, 'x'));
   file.Add("");
   EXPECT_EQ(file.Load(), Texts{});
-  file.Add(std::string(HistoryFile::kLongestEntry, 'x'));
+  file.Add(std::string(HistoryFile::kMaxEntryBytes, 'x'));
   EXPECT_EQ(file.Load().size(), 1U);
 }
 
@@ -107,7 +107,7 @@ TEST_F(HistoryFileTest, LosesNoEntryOfSeveralShells) {
   constexpr int kShells = 4;
   constexpr int kEntries = 100;
   std::string contents;
-  for (std::size_t number = 0; number <= 2 * HistoryFile::kMostEntries; ++number) {
+  for (std::size_t number = 0; number <= 2 * HistoryFile::kMaxEntries; ++number) {
     contents += "old\n";
   }
   Write("history", contents);  // so that one of them cuts the file while the others add

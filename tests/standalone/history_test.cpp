@@ -6,14 +6,14 @@
 #include <map>
 #include <random>
 
-#include "standalone/data/database.h"
-#include "standalone/data/dataset.h"
-#include "standalone/data/dataset_check.h"
-#include "standalone/data/dataset_writer.h"
-#include "standalone/data/limits.h"
-#include "standalone/data/positions.h"
-#include "standalone/data/set_rules.h"
-#include "standalone/data/undo.h"
+#include "standalone/check/dataset_check.h"
+#include "standalone/check/set_rules.h"
+#include "standalone/dataset/dataset.h"
+#include "standalone/dataset/dataset_writer.h"
+#include "standalone/dataset/set_positions.h"
+#include "standalone/dataset/undo.h"
+#include "standalone/storage/database.h"
+#include "standalone/storage/limits.h"
 #include "tests/standalone/temporary_folder.h"
 
 namespace standalone {
@@ -43,7 +43,7 @@ StoredSet SetOf(const std::string& name, const std::string& label = "",
 }
 
 void Save(Dataset& dataset, const Sets& sets, const std::string& command) {
-  dataset.BeginCommand(false);
+  dataset.BeginTransaction(Access::kShared);
   ASSERT_NE(dataset.SaveSets(sets, command), Dataset::Saved::kConflict);
 }
 
@@ -102,14 +102,14 @@ TEST_F(HistoryTest, AnOrderAloneBelongsToTheLastChange) {
   Dataset dataset(kFile);
   Save(dataset, {SetOf("$b")}, "one");
   Save(dataset, {SetOf("$b"), SetOf("$c"), SetOf("$a")}, "two");
-  dataset.BeginCommand(false);
+  dataset.BeginTransaction(Access::kShared);
   EXPECT_EQ(dataset.SaveSets(Sets{SetOf("$a"), SetOf("$b"), SetOf("$c")}, "sort"), Dataset::Saved::kReordered);
   Save(dataset, {SetOf("$c"), SetOf("$b"), SetOf("$a")}, "sort again");
   EXPECT_EQ(dataset.Versions().last, 2);
   EXPECT_EQ(Dataset(kFile).Sets(), (Sets{SetOf("$c"), SetOf("$b"), SetOf("$a")}));
   EXPECT_EQ(dataset.SetsOfVersion(2), dataset.Sets());
   EXPECT_EQ(dataset.SetsOfVersion(1), Sets{SetOf("$b")});
-  dataset.EndCommand();
+  dataset.EndTransaction();
   EXPECT_THAT(FindingsOf(kFile), IsEmpty());
   const auto undone = UndoChanges(dataset, std::nullopt);
   EXPECT_EQ(undone->target, 1);
@@ -128,7 +128,7 @@ TEST_F(HistoryTest, AnUndoThatBringsBackAnOrderAloneIsNoChange) {
   EXPECT_TRUE(undone->written);
   EXPECT_EQ(Dataset(kFile).Sets(), (Sets{SetOf("$b"), SetOf("$a")}));
   EXPECT_EQ(dataset.Versions().last, 3);
-  dataset.EndCommand();
+  dataset.EndTransaction();
   EXPECT_THAT(FindingsOf(kFile), IsEmpty());
 }
 
@@ -185,7 +185,7 @@ TEST_F(HistoryTest, ImportsAreKeptBesideTheChanges) {
   Save(dataset, {SetOf("$a")}, "one");
   ImportAgain("import third");
   const std::vector<LoggedImport> imports = dataset.Imports();
-  dataset.EndCommand();
+  dataset.EndTransaction();
   ASSERT_EQ(imports.size(), 2U);
   EXPECT_EQ(imports[0].command, "import third");
   EXPECT_EQ(imports[0].afterChange, 1);
@@ -194,7 +194,7 @@ TEST_F(HistoryTest, ImportsAreKeptBesideTheChanges) {
   EXPECT_EQ(imports[1].command, "import second");
   EXPECT_EQ(imports[1].afterChange, 0);
   EXPECT_EQ(dataset.Versions().last, 1);
-  dataset.EndCommand();
+  dataset.EndTransaction();
   EXPECT_THAT(FindingsOf(kFile), IsEmpty());
 }
 
@@ -205,7 +205,7 @@ TEST_F(HistoryTest, TheOldestImportsAreDropped) {
           " INSERT INTO imported SELECT i, 0, '2024-05-01T12:33:01Z', 'import ' || i, 1, 1 FROM n");
   ImportAgain("import last");
   const std::vector<LoggedImport> imports = Dataset(kFile).Imports();
-  ASSERT_EQ(imports.size(), static_cast<std::size_t>(kKeptChanges));
+  ASSERT_EQ(imports.size(), static_cast<std::size_t>(kMaxKeptChanges));
   EXPECT_EQ(imports.front().command, "import last");
   EXPECT_EQ(imports.back().command, "import 7");
 }
@@ -233,8 +233,8 @@ TEST_F(HistoryTest, TheOldestChangesAreDropped) {
   }
   EXPECT_EQ(dataset.Versions().first, 5);
   EXPECT_EQ(dataset.Versions().last, kChanges);
-  EXPECT_EQ(ChangesOf(dataset).size(), static_cast<std::size_t>(kKeptChanges));
-  EXPECT_EQ(CountOf("SELECT count(*) FROM history_set"), kKeptChanges);
+  EXPECT_EQ(ChangesOf(dataset).size(), static_cast<std::size_t>(kMaxKeptChanges));
+  EXPECT_EQ(CountOf("SELECT count(*) FROM history_set"), kMaxKeptChanges);
   EXPECT_EQ(dataset.SetsOfVersion(5), Sets{SetOf("$a", "5")});
   EXPECT_EQ(SentenceOf([&] { dataset.SetsOfVersion(4); }), "survey.mrs has no version 4; it keeps 5 to 1005.");
   EXPECT_THAT(FindingsOf(kFile), IsEmpty());
@@ -283,7 +283,7 @@ TEST_F(HistoryTest, SetsFindRoomBetweenOthers) {
       EXPECT_EQ(dataset.SetsOfVersion(version + count), sets) << place << ", " << count;
       sets.erase(sets.begin() + place);
     }
-    dataset.EndCommand();
+    dataset.EndTransaction();
     EXPECT_THAT(FindingsOf(kFile), IsEmpty());
   }
 }
@@ -292,7 +292,7 @@ TEST_F(HistoryTest, AHistoryThatCannotBeIsOneSentence) {
   Dataset dataset(kFile);
   Save(dataset, {SetOf("$a"), SetOf("$b")}, "one");
   Save(dataset, {SetOf("$a", "new")}, "two");
-  dataset.EndCommand();
+  dataset.EndTransaction();
   const std::string sound = Read(kFile);
   const std::vector<std::string> attacks = {"UPDATE history SET number = -number",
                                             "UPDATE history SET number = 9223372036854775807 WHERE number = 2",
@@ -405,7 +405,7 @@ TEST_F(VersionsTest, EveryVersionIsTheSetsThatWereSaved) {
         AddVersion(versions[static_cast<std::size_t>(target)], versions);
       } else {
         const Sets sets = asCommandsMake ? AsCommandsMake(Edited(versions.back())) : Edited(versions.back());
-        dataset.BeginCommand(*rc::gen::arbitrary<bool>());
+        dataset.BeginTransaction(*rc::gen::element(Access::kShared, Access::kExclusive));
         RC_ASSERT(dataset.SaveSets(sets, "edit") != Dataset::Saved::kConflict);
         AddVersion(sets, versions);
       }
@@ -439,11 +439,11 @@ TEST(Positions, AscendAndKeepAsManyAsCanBe) {
       {{20, 30, 40, 10}, {20, 30, 40, 40 + kStep}},
       {{5, 5}, {2, 5}},
       {{none, 0}, {0, kStep}},
-      {{kGreatestNumber}, {kGreatestNumber}},
-      {{none, kGreatestNumber}, {kStep - 1, kGreatestNumber}},
-      {{kGreatestNumber, none}, {kStep, 2 * kStep}},
-      {{kGreatestNumber - kStep, none}, {kGreatestNumber - kStep, kGreatestNumber}},
-      {{5, kGreatestNumber, kGreatestNumber - 1, none}, {kStep, 2 * kStep, 3 * kStep, 4 * kStep}}};
+      {{kMaxNumber}, {kMaxNumber}},
+      {{none, kMaxNumber}, {kStep - 1, kMaxNumber}},
+      {{kMaxNumber, none}, {kStep, 2 * kStep}},
+      {{kMaxNumber - kStep, none}, {kMaxNumber - kStep, kMaxNumber}},
+      {{5, kMaxNumber, kMaxNumber - 1, none}, {kStep, 2 * kStep, 3 * kStep, 4 * kStep}}};
   for (const auto& [before, after] : rows) {
     EXPECT_EQ(PlanPositions(before), after) << ::testing::PrintToString(after);
   }
@@ -451,13 +451,13 @@ TEST(Positions, AscendAndKeepAsManyAsCanBe) {
 
 // A position of 0 stands for none.
 RC_GTEST_PROP(PositionsProperty, OfAnyListAscend, (const std::vector<std::uint8_t>& list, bool atLimit)) {
-  const std::int64_t shift = atLimit ? kGreatestNumber - std::numeric_limits<std::uint8_t>::max() : 0;
+  const std::int64_t shift = atLimit ? kMaxNumber - std::numeric_limits<std::uint8_t>::max() : 0;
   std::vector<std::optional<std::int64_t>> before;
   for (const std::uint8_t position : list) {
     before.push_back(position == 0 ? std::nullopt : std::make_optional<std::int64_t>(position + shift));
   }
   const std::vector<std::int64_t> planned = PlanPositions(before);
-  RC_ASSERT((planned.empty() || planned.back() <= kGreatestNumber));
+  RC_ASSERT((planned.empty() || planned.back() <= kMaxNumber));
   RC_ASSERT(planned.size() == list.size());
   RC_ASSERT(std::adjacent_find(planned.begin(), planned.end(), std::greater_equal<>()) == planned.end());
   RC_ASSERT(std::all_of(planned.begin(), planned.end(), [](std::int64_t position) { return position >= 0; }));

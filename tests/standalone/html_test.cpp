@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "standalone/output/html_command.h"
-#include "standalone/output/html_style.h"
-#include "standalone/output/html_table.h"
-#include "standalone/output/html_text.h"
+#include "standalone/output/html/html_command.h"
+#include "standalone/output/html/html_style.h"
+#include "standalone/output/html/html_table.h"
+#include "standalone/output/html/html_text.h"
 #include "standalone/output/message_text.h"
 #include "standalone/output/renderer.h"
 #include "tests/standalone/results.h"

@@ -5,9 +5,9 @@
 #include <filesystem>
 #include <thread>
 
-#include "standalone/data/database.h"
-#include "standalone/data/dataset.h"
+#include "standalone/dataset/dataset.h"
 #include "standalone/files/input_file.h"
+#include "standalone/storage/database.h"
 #include "tests/standalone/temporary_folder.h"
 
 namespace standalone {

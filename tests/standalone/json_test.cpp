@@ -1,4 +1,4 @@
-#include "standalone/output/json.h"
+#include "standalone/output/json/result_json.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "standalone/output/log_text.h"
+#include "standalone/output/plain/log_text.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "standalone/output/markdown_text.h"
+#include "standalone/output/markdown/markdown_text.h"
 #include "standalone/output/message_text.h"
 #include "standalone/output/renderer.h"
 #include "tests/standalone/results.h"

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "standalone/data/dataset_writer.h"
+#include "standalone/dataset/dataset_writer.h"
 #include "tests/standalone/command_run.h"
 
 namespace standalone {

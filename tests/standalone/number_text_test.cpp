@@ -1,4 +1,4 @@
-#include "standalone/data/number_text.h"
+#include "standalone/text/number_text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // A B-tree whose order is broken: a scan stops at the first row that does not come after the last one. The rows are put
 // out of order in the bytes of the file, below the database.
 
-#include "standalone/data/ordered_keys.h"
+#include "standalone/storage/ordered_keys.h"
 
 #include <gtest/gtest.h>
 
@@ -11,9 +11,9 @@
 #include <utility>
 #include <vector>
 
-#include "standalone/data/database.h"
-#include "standalone/data/dataset.h"
-#include "standalone/data/dataset_writer.h"
+#include "standalone/dataset/dataset.h"
+#include "standalone/dataset/dataset_writer.h"
+#include "standalone/storage/database.h"
 #include "tests/standalone/temporary_folder.h"
 
 namespace standalone {

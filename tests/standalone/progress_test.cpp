@@ -1,4 +1,4 @@
-#include "standalone/program/progress.h"
+#include "standalone/console/progress.h"
 
 #include <gmock/gmock.h>
 

@@ -1,4 +1,4 @@
-#include "standalone/data/set_rules.h"
+#include "standalone/check/set_rules.h"
 
 #include <gmock/gmock.h>
 

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "standalone/data/dataset_writer.h"
+#include "standalone/dataset/dataset_writer.h"
 #include "standalone/language/script.h"
 #include "standalone/run/command_runner.h"
 #include "standalone/sets/command_trial.h"

@@ -1,4 +1,4 @@
-#include "standalone/shell/shell_command.h"
+#include "standalone/shell/shell_word.h"
 
 #include <gtest/gtest.h>
 

@@ -4,8 +4,8 @@
 #include <optional>
 #include <vector>
 
-#include "standalone/data/dataset_writer.h"
-#include "standalone/data/variable.h"
+#include "standalone/dataset/dataset_writer.h"
+#include "standalone/dataset/variable.h"
 
 namespace standalone {
 

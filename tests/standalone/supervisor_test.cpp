@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "standalone/data/dataset.h"
+#include "standalone/dataset/dataset.h"
 #include "standalone/language/tokenizer.h"
 #include "standalone/run/supervisor.h"
 #include "tests/standalone/shell_dataset.h"

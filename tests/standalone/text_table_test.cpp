@@ -1,4 +1,4 @@
-#include "standalone/output/text_table.h"
+#include "standalone/output/plain/text_table.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "standalone/output/wrap.h"
+#include "standalone/output/plain/wrap.h"
 
 #include <gtest/gtest.h>
 

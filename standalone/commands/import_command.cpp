@@ -1,0 +1,88 @@
+#include <fmt/format.h>
+
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+#include <exception>
+#include <iostream>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "standalone/commands/set_problems.h"
+#include "standalone/commands/subcommands.h"
+#include "standalone/console/progress.h"
+#include "standalone/files/input_file.h"
+#include "standalone/import/importer.h"
+#include "standalone/options/dataset_options.h"
+#include "standalone/options/value_type.h"
+#include "standalone/text/counted.h"
+#include "standalone/text/notice.h"
+#include "standalone/text/visible.h"
+
+namespace standalone {
+namespace {
+
+ImportSummary ImportWithProgress(ImportRequest request) {
+  Progress progress(ErrorScreen());
+  std::optional<bool> begun;
+  request.progress = [&](const ImportProgress& now) {
+    if (begun != now.isForTypes) {
+      begun = now.isForTypes;
+      progress.Begin(
+          {(now.isForTypes ? "Looking at " : "Importing ") + Visible(SurveyName(request.dataPath)), "", now.size});
+    }
+    progress.Update(now.bytes);
+  };
+  return ImportSurvey(request);
+}
+
+std::string SentenceOn(const NearlyNumericColumn& column, const std::string& survey) {
+  return fmt::format("{}: {} is a string variable because {} of its {} values {}; the first is \"{}\" in line {}.",
+                     survey, column.name, column.notNumbers, column.cells,
+                     column.notNumbers == 1 ? "is not a number" : "are not numbers", column.text, column.line);
+}
+
+/// The sets were kept, whatever became of their variables. The import stands, even if this cannot be told.
+std::vector<std::string> Misfits(const ImportRequest& request) {
+  try {
+    Dataset dataset(request.datasetPath, request.datasetOptions);
+    const std::vector<StoredSet> sets = dataset.Sets();
+    return NotesOnProblems(sets, ProblemsOfSets(dataset, sets));
+  } catch (const std::exception&) {
+    return {};
+  }
+}
+
+ExitStatus Import(const ImportRequest& request) {
+  const ImportSummary summary = ImportWithProgress(request);
+  std::cerr << fmt::format("{}: {}, {}\n", Visible(request.datasetPath), Counted(summary.variables, "variable"),
+                           Counted(summary.cases, "case"));
+  for (const NearlyNumericColumn& column : summary.nearlyNumeric) {
+    std::cerr << NoticeLine(SentenceOn(column, SurveyName(request.dataPath)));
+  }
+  for (const std::string& note : request.replace ? Misfits(request) : std::vector<std::string>()) {
+    std::cerr << NoticeLine(note);
+  }
+  return kSuccess;
+}
+
+}  // namespace
+
+Action DeclareImport(CLI::App& options) {
+  const auto request = std::make_shared<ImportRequest>();
+  options.add_option("--schema", request->codebookPath, "Codebook of the survey: Table Schema, JSON")
+      ->type_name(kCodebookType);
+  options.add_flag("--replace", request->replace,
+                   "Replace the variables and cases of a dataset that exists; its sets are kept");
+  AddLockTimeoutOption(options, request->datasetOptions);
+  options.add_option("DATA", request->dataPath, "Survey: CSV, UTF-8, header row; - for standard input")
+      ->required()
+      ->type_name(kSurveyType);
+  AddDatasetArgument(options, request->datasetPath, "Dataset file to make");
+  options.footer("Example:\n  mrset import --schema survey.schema.json survey.csv survey.mrset\n");
+  return [request] { return Import(*request); };
+}
+
+}  // namespace standalone

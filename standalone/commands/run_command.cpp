@@ -1,0 +1,263 @@
+#include <fmt/format.h>
+#include <unistd.h>
+
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <iostream>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "standalone/commands/command_status.h"
+#include "standalone/commands/subcommands.h"
+#include "standalone/console/delivery.h"
+#include "standalone/console/progress.h"
+#include "standalone/console/terminal.h"
+#include "standalone/files/output_file.h"
+#include "standalone/files/same_file.h"
+#include "standalone/hints/vanished_name.h"
+#include "standalone/options/dataset_options.h"
+#include "standalone/options/format_option.h"
+#include "standalone/options/output_option.h"
+#include "standalone/options/value_type.h"
+#include "standalone/output/renderer.h"
+#include "standalone/run/script_source.h"
+#include "standalone/run/supervisor.h"
+#include "standalone/storage/companions.h"
+#include "standalone/text/counted.h"
+#include "standalone/text/error.h"
+#include "standalone/text/notice.h"
+#include "standalone/text/unicode.h"
+
+namespace standalone {
+namespace {
+
+struct RunOptions {
+  std::string datasetPath;
+  std::optional<std::string> scriptPath;
+  std::vector<std::string> commands;
+  FormatOptions format;
+  std::optional<std::string> outputPath;
+  bool dryRun = false;
+  bool stopOnError = false;
+  DatasetOptions datasetOptions;
+};
+
+struct RunCommandList {
+  std::vector<ScriptCommand> commands;
+  std::size_t fromScript = 0;  ///< how many of them, the first, came from the script
+};
+
+/// The commands of the script, then those of each -c.
+RunCommandList ReadCommands(const RunOptions& options) {
+  const auto remark = [](const std::string& sentence) { std::cerr << NoticeLine(sentence); };
+  std::vector<ScriptCommand> commands;
+  if (options.scriptPath) {
+    const std::string& path = *options.scriptPath;
+    commands = SplitScript(ReadScript(path), path == "-" ? "standard input" : path, remark);
+  }
+  const std::size_t fromScript = commands.size();
+  for (std::size_t index = 0; index < options.commands.size(); ++index) {
+    const std::vector<ScriptCommand> more =
+        SplitScript(options.commands[index], fmt::format("-c {}", index + 1), remark);
+    commands.insert(commands.end(), more.begin(), more.end());
+  }
+  return {std::move(commands), fromScript};
+}
+
+/// Results never take the place of what they come from.
+void CheckOutputPath(const RunOptions& options, const std::string& outputPath) {
+  if (IsSameFile(outputPath, options.datasetPath) || IsSameFile(outputPath, options.scriptPath.value_or(""))) {
+    throw Error(fmt::format("The output file {} is what the run reads; give another one.", outputPath));
+  }
+}
+
+constexpr const char* kCsvFormat = "csv";
+
+/// Where progress is shown: not among results on a terminal, which show it themselves.
+std::optional<ProgressScreen> ScreenBesideResults(const RunOptions& options) {
+  const bool areOnTerminal = !options.outputPath && TerminalWidth(STDOUT_FILENO).has_value();
+  return areOnTerminal ? std::nullopt : ErrorScreen();
+}
+
+/// Where the results of a run go.
+struct Target {
+  std::ostream& stream;
+  bool isTerminal;
+  std::size_t width;
+};
+
+/// One form of the results.
+struct RunFormat {
+  const char* name;
+  std::array<std::string_view, 2> endings;  ///< of names of files that have this form
+  std::unique_ptr<Renderer> (*makeRenderer)(const RunOptions& options, const Target& target);
+};
+
+std::unique_ptr<Renderer> MakeText(const RunOptions& options, const Target& target) {
+  return MakeTextRenderer(target.stream, target.width, ChosenColour(options.format, target.isTerminal));
+}
+
+std::unique_ptr<Renderer> MakeJson(const RunOptions& /*options*/, const Target& target) {
+  return MakeJsonRenderer(target.stream);
+}
+
+std::unique_ptr<Renderer> MakeHtml(const RunOptions& options, const Target& target) {
+  if (target.isTerminal) {
+    throw Error("A page is for a browser: give --output FILE, or send standard output to a file.");
+  }
+  const std::string name = std::filesystem::path(options.datasetPath).filename().string();
+  return MakeHtmlRenderer(target.stream, {name, options.dryRun});
+}
+
+std::unique_ptr<Renderer> MakeMarkdown(const RunOptions& /*options*/, const Target& target) {
+  return MakeMarkdownRenderer(target.stream);
+}
+
+std::unique_ptr<Renderer> MakeCsv(const RunOptions& /*options*/, const Target& target) {
+  return MakeCsvRenderer(target.stream, std::cerr,
+                         target.isTerminal ? CsvCharacters::kVisible : CsvCharacters::kAsTheyAre);
+}
+
+constexpr std::array<RunFormat, 5> kRunFormats = {{
+    {"text", {".txt", ".text"}, MakeText},
+    {"json", {".json", ".jsonl"}, MakeJson},
+    {"html", {".html", ".htm"}, MakeHtml},
+    {"markdown", {".md", ".markdown"}, MakeMarkdown},
+    {kCsvFormat, {".csv", ".csv"}, MakeCsv},
+}};
+
+/// The format that the name of a file asks for; text where it asks for none.
+const char* FormatOfFile(const std::string& path) {
+  const std::string ending = std::filesystem::path(path).extension().string();
+  const auto* found = std::find_if(kRunFormats.begin(), kRunFormats.end(), [&](const RunFormat& format) {
+    return std::any_of(format.endings.begin(), format.endings.end(),
+                       [&](std::string_view one) { return CompareNoCase(one, ending) == 0; });
+  });
+  return (found == kRunFormats.end() ? kRunFormats.front() : *found).name;
+}
+
+std::unique_ptr<Renderer> MakeRenderer(const RunOptions& options, const Target& target) {
+  return FormatNamed(kRunFormats, options.format.format).makeRenderer(options, target);
+}
+
+/// What the commands have done so far.
+struct Outcome {
+  ExitStatus status = kSuccess;
+  std::size_t saved = 0;  ///< how many commands changed the dataset
+};
+
+/// What is to be run, and how.
+struct Job {
+  const RunOptions& options;
+  const RunCommandList& list;
+};
+
+/// What a shell may have done to a command is told only of those that came as arguments.
+CommandResult WithShellHint(CommandResult result, bool isArgument) {
+  if (const auto hint = isArgument ? HintOnVanishedName(result) : std::nullopt) {
+    result.hints.push_back(*hint);
+  }
+  return result;
+}
+
+/// No command is run once results cannot be written, nor after an error where none is to be.
+void RunAndRender(const Job& job, const Target& target, Outcome& outcome) {
+  const RunOptions& options = job.options;
+  const std::vector<ScriptCommand>& commands = job.list.commands;
+  if (commands.empty()) {
+    const Dataset usable(options.datasetPath);  // or else this throws
+  }
+  const std::unique_ptr<Renderer> renderer = MakeRenderer(options, target);
+  Progress progress(ScreenBesideResults(options));
+  progress.Begin({"Running", "commands", commands.size()});
+  Supervisor supervisor({options.datasetPath, options.dryRun, options.datasetOptions});
+  for (std::size_t index = 0; index < commands.size() && target.stream; ++index) {
+    const CommandResult result = WithShellHint(supervisor.Run(commands[index]), index >= job.list.fromScript);
+    outcome.saved += result.isSaved ? 1 : 0;
+    outcome.status = std::max(outcome.status, StatusOf(result));
+    progress.Update(index + 1);
+    if (options.format.format == kCsvFormat) {
+      progress.Clear();  // messages go to standard error
+    }
+    renderer->Write(result);
+    if (options.stopOnError && result.status != Status::kOk) {
+      break;
+    }
+  }
+  supervisor.Finish();
+  renderer->Finish();
+}
+
+void RunIntoFile(const Job& job, Outcome& outcome) {
+  CheckOutputPath(job.options, *job.options.outputPath);
+  OutputFile file(*job.options.outputPath, ComplaintOnReservedName);
+  RunAndRender(job, {file.Stream(), false, job.options.format.width.value_or(kDefaultWidth)}, outcome);
+  file.Commit();
+}
+
+void RunOnStandardOutput(const Job& job, Outcome& outcome) {
+  RunAndRender(job, {std::cout, OutputIsTerminal(), job.options.format.width.value_or(OutputWidth())}, outcome);
+  std::cout.flush();
+  if (!std::cout && outcome.saved > 0) {
+    throw Error("Standard output cannot be written.");
+  }
+}
+
+ExitStatus Run(const RunOptions& options) {
+  if (!options.scriptPath && options.commands.empty()) {
+    throw Error(ErrorKind::kNothingToRun,
+                "There is nothing to run: give a SCRIPT, - for commands on standard input, or -c with a command.");
+  }
+  const RunCommandList list = ReadCommands(options);
+  OutliveReader();
+  Outcome outcome;
+  try {
+    (options.outputPath ? RunIntoFile : RunOnStandardOutput)({options, list}, outcome);
+  } catch (...) {
+    const bool areResultsLost = options.outputPath || !std::cout.flush();
+    if (areResultsLost && outcome.saved > 0) {
+      SayAtEnd(SentenceOfSaved(outcome.saved));
+    }
+    throw;
+  }
+  return outcome.status;
+}
+
+}  // namespace
+
+Action DeclareRun(CLI::App& app) {
+  const auto options = std::make_shared<RunOptions>();
+  AddDatasetArgument(app, options->datasetPath);
+  app.add_option("SCRIPT", options->scriptPath, "File of commands; - for standard input")->type_name(kScriptType);
+  app.add_option("-c,--command", options->commands, "Command to run, after SCRIPT; may lack its period")
+      ->type_name("COMMAND")
+      ->allow_extra_args(false);
+  AddFormatOptions(app, FormatNames(kRunFormats), options->format);
+  AddOutputOption(app, "Write results to this file; its ending sets the format", options->outputPath);
+  app.add_flag("--dry-run", options->dryRun, "Show what would be done; leave the dataset as it is");
+  app.add_flag("--stop-on-error", options->stopOnError, "Run no command after one that fails");
+  app.add_flag("--relaxed", options->datasetOptions.relaxed,
+               "Faster, but a power failure or a crash of the system can damage the dataset beyond repair");
+  AddLockTimeoutOption(app, options->datasetOptions);
+  app.footer(
+      "json is an object a command, a line each (JSON Lines). Exit status: 0 no error,\n"
+      "1 an error message, 2 wrong usage or an unusable file, 3 an aborted command.\n"
+      "Example:\n"
+      "  mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'\n");
+  return [options, &app] {
+    if (options->outputPath && app.count("--format") == 0) {
+      options->format.format = FormatOfFile(*options->outputPath);
+    }
+    return Run(*options);
+  };
+}
+
+}  // namespace standalone

@@ -1,0 +1,70 @@
+#include "standalone/commands/set_problems.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
+#include <optional>
+
+#include "standalone/check/set_rules.h"
+#include "standalone/storage/database.h"
+#include "standalone/text/error.h"
+
+namespace standalone {
+namespace {
+
+std::optional<Variable> LookUp(Dataset& dataset, const std::string& name, bool withLabels) {
+  const int position = dataset.FindVariable(name);
+  if (position < 0) {
+    return std::nullopt;
+  }
+  const Variable& variable = dataset.VariableAt(position);
+  return withLabels ? variable : Variable{variable.name, variable.width, std::nullopt, {}};
+}
+
+void AddSentences(const StoredSet& set, const std::vector<SetProblem>& problems, std::vector<std::string>& sentences) {
+  std::transform(problems.begin(), problems.end(), std::back_inserter(sentences),
+                 [&set](const SetProblem& problem) { return Sentence(set, problem); });
+}
+
+}  // namespace
+
+// Sets can be shown whatever became of the dictionary, and that may be what is left to save of a file.
+std::vector<std::vector<std::string>> ProblemsOfSets(Dataset& dataset, const std::vector<StoredSet>& sets) {
+  const FindVariable find = [&](const std::string& name, bool withLabels) { return LookUp(dataset, name, withLabels); };
+  std::vector<std::vector<std::string>> problems;
+  bool canRead = true;
+  for (const StoredSet& set : sets) {
+    std::vector<std::string>& sentences = problems.emplace_back();
+    AddSentences(set, FaultsOf(set), sentences);
+    try {
+      if (canRead) {
+        AddSentences(set, MisfitsOf(set, find), sentences);
+      }
+    } catch (const Error& error) {
+      RethrowUnless(error, ErrorKind::kDamaged);
+      canRead = false;
+      sentences.push_back(fmt::format("The variables of the set {} cannot be read: {}", set.name, error.what()));
+    }
+  }
+  return problems;
+}
+
+std::vector<std::string> NotesOnProblems(const std::vector<StoredSet>& sets,
+                                         const std::vector<std::vector<std::string>>& problems) {
+  constexpr std::size_t kMaxOfASet = 10;
+  std::vector<std::string> notes;
+  for (std::size_t index = 0; index < sets.size(); ++index) {
+    const std::vector<std::string>& sentences = problems[index];
+    const std::size_t shown = std::min(sentences.size(), kMaxOfASet);
+    notes.insert(notes.end(), sentences.begin(), sentences.begin() + static_cast<std::ptrdiff_t>(shown));
+    if (shown < sentences.size()) {
+      notes.push_back(fmt::format("The set {} has {} more problem{}.", sets[index].name, sentences.size() - shown,
+                                  sentences.size() - shown == 1 ? "" : "s"));
+    }
+  }
+  return notes;
+}
+
+}  // namespace standalone

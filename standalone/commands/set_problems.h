@@ -1,0 +1,21 @@
+#ifndef STANDALONE_COMMANDS_SET_PROBLEMS_H
+#define STANDALONE_COMMANDS_SET_PROBLEMS_H
+
+#include <string>
+#include <vector>
+
+#include "standalone/dataset/dataset.h"
+
+namespace standalone {
+
+/// What is wrong with each of the sets, as sentences: the rules that a command keeps to, and how the set fits the
+/// dictionary. Where the dictionary cannot be read, the first set concerned has a sentence on that.
+std::vector<std::vector<std::string>> ProblemsOfSets(Dataset& dataset, const std::vector<StoredSet>& sets);
+
+/// The same as one list for people: the first ten of each set, and how many others there are.
+std::vector<std::string> NotesOnProblems(const std::vector<StoredSet>& sets,
+                                         const std::vector<std::vector<std::string>>& problems);
+
+}  // namespace standalone
+
+#endif  // STANDALONE_COMMANDS_SET_PROBLEMS_H

@@ -1,0 +1,197 @@
+#include "standalone/dataset/dataset_writer.h"
+
+#include <fmt/format.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+#include "standalone/cases/case_text.h"
+#include "standalone/dataset/counters.h"
+#include "standalone/dataset/dataset.h"
+#include "standalone/dataset/import_log.h"
+#include "standalone/dataset/migration.h"
+#include "standalone/dataset/variable.h"
+#include "standalone/files/folder.h"
+#include "standalone/files/temporary_file.h"
+#include "standalone/storage/commit.h"
+#include "standalone/storage/companions.h"
+#include "standalone/storage/database.h"
+#include "standalone/storage/file_format.h"
+#include "standalone/text/error.h"
+#include "standalone/text/unicode.h"
+
+namespace standalone {
+
+namespace {
+
+bool Exists(const std::string& path) {
+  struct stat status = {};
+  return lstat(path.c_str(), &status) == 0;
+}
+
+/// A dataset needs names for its companions, too.
+void CheckNameFits(const std::string& path) {
+  constexpr std::size_t kLongestCompanionEnding = std::string_view("-journal").size();
+  const long longest = pathconf(FolderOf(path).c_str(), _PC_NAME_MAX);
+  const std::size_t slash = path.rfind('/');
+  const std::size_t size = slash == std::string::npos ? path.size() : path.size() - slash - 1;
+  if (longest > 0 && size + kLongestCompanionEnding > static_cast<std::size_t>(longest)) {
+    throw Error(fmt::format("{} cannot be the name of a dataset: it has {} bytes, and {} are the most here.", path,
+                            size, static_cast<std::size_t>(longest) - kLongestCompanionEnding));
+  }
+}
+
+/// SQLite would take what another dataset left under the name for a part of the new one.
+void CheckIsAlone(const std::string& path) {
+  if (const std::optional<std::string> companion = FindCompanion(path)) {
+    throw Error(
+        fmt::format("{} cannot be made: {} was left of another dataset of that name; move it away or delete it.", path,
+                    *companion));
+  }
+}
+
+void CheckReplaced(const std::string& path, bool replace, const DatasetOptions& options) {
+  if (!replace) {
+    throw Error(path + (IsDatasetFile(path)
+                            ? " exists already; --replace replaces its variables and cases and keeps its sets."
+                            : " exists already and is no dataset that can be read; give another name."));
+  }
+  if (OpenDataset(path, options)->IsReadOnly()) {
+    throw Error(NoPermissionSentence(path));
+  }
+}
+
+/// The path itself, to which a dataset can be written.
+const std::string& CheckedDestination(const std::string& path, bool replace, const DatasetOptions& options) {
+  FailIfNameless(path);
+  if (const std::optional<std::string> complaint = ComplaintOnReservedName(path)) {
+    throw Error(*complaint);
+  }
+  if (Exists(path)) {
+    CheckReplaced(path, replace, options);
+  } else {
+    CheckNameFits(path);
+    CheckIsAlone(path);
+  }
+  return path;
+}
+
+void WriteVariable(Database& database, std::int64_t position, const Variable& variable) {
+  const std::string key = ToUpper(variable.name);
+  Query row(database, "INSERT INTO variable VALUES (?, ?, ?, ?, ?)");
+  row.Bind(position).Bind(variable.name).Bind(key).Bind(std::max(variable.width, 0));
+  (variable.label ? row.Bind(*variable.label) : row.BindNull()).Run();
+  Query label(database, "INSERT INTO value_label VALUES (?, ?, ?, ?)");
+  std::int64_t ordinal = 0;
+  for (const ValueLabel& valueLabel : variable.valueLabels) {
+    label.Bind(position).Bind(ordinal++).Bind(valueLabel.value).Bind(valueLabel.label).Run();
+  }
+}
+
+void Tell(const DatasetOptions& options, const std::optional<std::string>& sentence) {
+  if (sentence && options.notify) {
+    options.notify(*sentence);
+  }
+}
+
+// In one transaction of the dataset itself: a command that runs meanwhile sees the old or the new and loses no set.
+void ReplaceContents(const std::string& path, const std::string& newContents, const DatasetOptions& options) {
+  const std::unique_ptr<Database> database = OpenDataset(path, options);
+  database->Execute("BEGIN IMMEDIATE");
+  const std::int64_t generation = GenerationOf(*database) + 1;
+  FailIfWritesAreUsedUp(*database, path);
+  const std::optional<std::string> migrated = Migrate(*database, path);
+  // After the beginning: else the transaction would write to both files, which needs a third one to commit, and a kill
+  // could leave that behind.
+  database->Attach(newContents, "new");
+  database->Execute(
+      "DELETE FROM main.value_label;"
+      "DELETE FROM main.variable;"
+      "DELETE FROM main.cases;"
+      "INSERT INTO main.variable SELECT * FROM new.variable;"
+      "INSERT INTO main.value_label SELECT * FROM new.value_label;"
+      "INSERT INTO main.cases SELECT * FROM new.cases;"
+      "UPDATE main.meta SET generation = generation + 1, (variable_count, case_count) ="
+      " (SELECT variable_count, case_count FROM new.meta) WHERE id = 1");
+  AddReplacingImport(*database);
+  Tell(options, CommitGeneration(*database, generation));
+  Tell(options, migrated);
+}
+
+}  // namespace
+
+DatasetWriter::DatasetWriter(const std::string& path, bool replace, const DatasetOptions& options)
+    : fPath(CheckedDestination(path, replace, options)),
+      fReplace(replace),
+      fOptions(options),
+      fFile(path),
+      fDatabase(std::make_unique<Database>(fFile.Path(), path)) {
+  // Nobody else knows the file, and one that was not finished is thrown away: it needs neither journal nor syncs until
+  // it is put in place.
+  fDatabase->Execute(
+      "PRAGMA journal_mode = MEMORY; PRAGMA synchronous = OFF; PRAGMA locking_mode = EXCLUSIVE;"
+      "PRAGMA cache_size = -16000");
+  CreateSchema(*fDatabase);
+  fDatabase->Execute("BEGIN");
+}
+
+void DatasetWriter::SetVariables(const std::vector<Variable>& variables) {
+  fColumns.reserve(variables.size());
+  for (const Variable& variable : variables) {
+    WriteVariable(*fDatabase, static_cast<std::int64_t>(fColumns.size()), variable);
+    fColumns.push_back({variable.width == 0, variable.width == kWidthOfLongestValue, 1});
+  }
+}
+
+void DatasetWriter::AddCase(const std::vector<std::string_view>& cells) {
+  fCells.assign("[");
+  for (std::size_t index = 0; index < fColumns.size(); ++index) {
+    Column& column = fColumns[index];
+    if (index != 0) {
+      fCells.push_back(',');
+    }
+    column.longest = std::max(column.longest, cells[index].size());
+    AppendCell(cells[index], column.isNumeric, fCells);
+  }
+  fCells.push_back(']');
+  Query(*fDatabase, "INSERT INTO cases VALUES (?, ?)").Bind(fCaseCount++).Bind(fCells).Run();
+}
+
+void DatasetWriter::WriteWidths() {
+  Query update(*fDatabase, "UPDATE variable SET width = ? WHERE position = ?");
+  for (std::size_t index = 0; index < fColumns.size(); ++index) {
+    const Column& column = fColumns[index];
+    if (column.hasWidthOfLongest) {
+      update.Bind(static_cast<std::int64_t>(column.longest)).Bind(static_cast<std::int64_t>(index)).Run();
+    }
+  }
+}
+
+void DatasetWriter::FinishFile() {
+  WriteWidths();
+  Query(*fDatabase, "UPDATE meta SET variable_count = ?, case_count = ?")
+      .Bind(static_cast<std::int64_t>(fColumns.size()))
+      .Bind(fCaseCount)
+      .Run();
+  if (!fCommand.empty()) {
+    AddFirstImport(*fDatabase, fCommand, static_cast<std::int64_t>(fColumns.size()), fCaseCount);
+  }
+  fDatabase->Execute("COMMIT");
+  fDatabase.reset();
+}
+
+void DatasetWriter::Commit() {
+  FinishFile();
+  if (fReplace && Exists(fPath)) {
+    ReplaceContents(fPath, fFile.Path(), fOptions);
+  } else {
+    CheckIsAlone(fPath);
+    Tell(fOptions, fFile.PutInPlace());
+  }
+}
+
+}  // namespace standalone

@@ -1,0 +1,71 @@
+#include <fmt/format.h>
+
+#include <ostream>
+#include <string>
+
+#include "standalone/output/csv/csv_table_writer.h"
+#include "standalone/output/message_text.h"
+#include "standalone/output/plain/excerpt.h"
+#include "standalone/output/renderer.h"
+#include "standalone/text/visible.h"
+
+namespace standalone {
+namespace {
+
+class CsvRenderer final : public Renderer {
+ public:
+  CsvRenderer(std::ostream& stream, std::ostream& messages, CsvCharacters characters)
+      : fTables(stream, characters), fMessages(messages) {}
+
+  void Write(const CommandResult& result) override {
+    std::size_t table = 0;
+    for (const Item& item : result.items) {
+      if (const auto* message = std::get_if<Message>(&item)) {
+        Tell(result, *message);
+      } else {
+        WriteTable(result.number, ++table, std::get<Table>(item));
+      }
+    }
+    for (const std::string& hint : result.hints) {
+      TellHint(hint);
+    }
+    if (result.dryRun) {
+      Tell(CommandInWords(result), *result.dryRun);
+    }
+    if (result.status == Status::kAborted) {
+      Tell(CommandInWords(result), AbortedSentence(result));
+    }
+  }
+
+ private:
+  void WriteTable(std::size_t command, std::size_t number, const Table& table) {
+    fTables.Place({"Command", "Table", "Title"}, {std::to_string(command), std::to_string(number), table.title});
+    fTables.Write(table);
+  }
+
+  void Tell(const CommandResult& result, const Message& message) {
+    Tell(message.place ? PlaceInWords(result, *message.place) : CommandInWords(result),
+         fmt::format("{}: {}", LevelName(message.level), TrimmedText(message)));
+    if (message.hint) {
+      TellHint(*message.hint);
+    }
+  }
+
+  void TellHint(const std::string& hint) { Tell("hint", hint); }
+
+  /// Each on one line, with where it belongs in front.
+  void Tell(const std::string& where, std::string_view sentence) {
+    fMessages << where << ": " << Visible(sentence) << '\n';
+  }
+
+  CsvTableWriter fTables;
+  std::ostream& fMessages;
+};
+
+}  // namespace
+
+std::unique_ptr<Renderer> MakeCsvRenderer(std::ostream& stream, std::ostream& messages, CsvCharacters characters) {
+  return std::make_unique<CsvRenderer>(stream, messages, characters);
+}
+
+}  // namespace standalone

@@ -1,0 +1,25 @@
+#include <ostream>
+
+#include "standalone/output/json/result_json.h"
+#include "standalone/output/renderer.h"
+
+namespace standalone {
+namespace {
+
+class JsonRenderer final : public Renderer {
+ public:
+  explicit JsonRenderer(std::ostream& stream) : fStream(stream) {}
+
+  void Write(const CommandResult& result) override { fStream << OneLine(ToJson(result)) << '\n'; }
+
+ private:
+  std::ostream& fStream;
+};
+
+}  // namespace
+
+std::unique_ptr<Renderer> MakeJsonRenderer(std::ostream& stream) {
+  return std::make_unique<JsonRenderer>(stream);
+}
+
+}  // namespace standalone

@@ -39,9 +39,6 @@ struct VersionRange {
   std::int64_t last = 0;  ///< the sets as they are
 };
 
-/// How many changes a dataset keeps, and how many imports.
-inline constexpr std::int64_t kMaxKeptChanges = 1000;
-
 }  // namespace standalone
 
 #endif  // STANDALONE_DATASET_CHANGE_H

@@ -201,12 +201,13 @@ std::optional<bool> Worker::Run(const ScriptCommand& command) {
   }
   char outcome = 0;
   const ssize_t count = ReadSome(fChannel.Number(), &outcome, 1);
-  if (count < 0) {
-    FailToReadResults();
-  }
-  if (count == 0) {
+  const bool hasEnded = count == 0 || (count < 0 && errno == ECONNRESET);  // before it took the command, if it is reset
+  if (hasEnded) {
     WaitForEnd();
     return std::nullopt;
+  }
+  if (count < 0) {
+    FailToReadResults();
   }
   if (outcome == kFailed) {
     ThrowReceivedError();

@@ -10,6 +10,7 @@
 #include "standalone/check/set_rules.h"
 #include "standalone/dataset/dataset.h"
 #include "standalone/dataset/dataset_writer.h"
+#include "standalone/dataset/history.h"
 #include "standalone/dataset/set_positions.h"
 #include "standalone/dataset/undo.h"
 #include "standalone/storage/database.h"

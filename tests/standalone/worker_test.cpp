@@ -11,6 +11,7 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "standalone/text/error.h"
@@ -157,6 +158,27 @@ TEST(Worker, ThatWasEndedBetweenTwoCommandsRunsNoOther) {
   kill(std::stoi(TextsIn(worker.Output()).front()), SIGKILL);
   EXPECT_EQ(worker.Run({std::string(5000000, 'x'), 2}), std::nullopt);
   EXPECT_EQ(TextsIn(worker.Output()), Texts());
+}
+
+TEST(Worker, ThatEndsBeforeItTookTheCommandRunsNone) {
+  int ends[2] = {};
+  ASSERT_EQ(pipe(ends), 0);
+  Worker worker([&ends](const Tell&, const Notify&) -> Worker::RunCommand {
+    const pid_t own = getpid();
+    EXPECT_EQ(write(ends[1], &own, sizeof own), static_cast<ssize_t>(sizeof own));
+    pause();
+    return {};
+  });
+  pid_t child = 0;
+  ASSERT_EQ(read(ends[0], &child, sizeof child), static_cast<ssize_t>(sizeof child));
+  const std::future<void> killed = std::async(std::launch::async, [&] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    kill(child, SIGKILL);
+  });
+  EXPECT_EQ(worker.Run(kAny), std::nullopt);
+  EXPECT_EQ(worker.LastWords(), "The command's process was ended by signal 9 (Killed).");
+  close(ends[0]);
+  close(ends[1]);
 }
 
 TEST(Worker, EndsAChildThatStillRuns) {

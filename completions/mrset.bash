@@ -161,7 +161,7 @@ _mrset_read_operands() {
   done
 }
 
-# Readline replaces only what stands behind the last "=", ":" or "@" of a word that is not quoted.
+# Readline replaces only what comes after the last "=", ":" or "@" of a word that is not quoted.
 _mrset_cut_replies() {
   local last=${COMP_WORDS[COMP_CWORD]} kept index
   [[ $last != [=:@] ]] || last=''

@@ -15,7 +15,7 @@
 #   tests, a process each, and those count that end well and in which no exception is thrown
 #   (tests/coverage/exceptions.cpp): its figures are exact.
 # - standalone/ throws by design, and its worker ends through _exit() or abort(). Its counters therefore live in files
-#   that are mapped into memory, where those of every process count. A condition behind a call that threw counts as
+#   that are mapped into memory, where those of every process count. A condition after a call that threw counts as
 #   false: the price is a figure a little too kind.
 # The sanitizers change neither: the counters are placed by the source before the sanitizers see it.
 

@@ -60,7 +60,7 @@ NextSteps StepsWithoutDataset(const std::string& path) {
   if (IsNameOfCsv(path)) {
     return StepsToImport(path);
   }
-  return {"To make it of a survey in CSV:", fmt::format("  mrset import survey.csv {}", ShellWord(path))};
+  return {"To create it from a CSV survey:", fmt::format("  mrset import survey.csv {}", ShellWord(path))};
 }
 
 NextSteps StepsWithOtherFile(const CLI::App& subcommand, const std::string& path) {
@@ -68,7 +68,7 @@ NextSteps StepsWithOtherFile(const CLI::App& subcommand, const std::string& path
     return StepsToImport(path);
   }
   if (const std::optional<std::string> script = ValueOf(subcommand, kScript); script && IsDatasetFile(*script)) {
-    return {"The dataset stands before the script:",
+    return {"The dataset comes before the script:",
             fmt::format("  mrset run {} {}", ShellWord(*script), ShellWord(path))};
   }
   return StepsToImport("survey.csv");

@@ -54,12 +54,12 @@ bool IsPieceOfCommand(const std::string& argument) {
 NextSteps StepsToImport(const std::string& survey) {
   const std::string sameName = std::filesystem::path(survey).replace_extension(".mrset").string();
   const std::string dataset = sameName == survey ? "survey.mrset" : sameName;
-  return {"To make a dataset of a survey in CSV:",
+  return {"To create a dataset from a CSV survey:",
           fmt::format("  mrset import {} {}", ShellWord(survey), ShellWord(dataset))};
 }
 
 NextSteps StepsToQuote(const std::string& dataset, const std::string& command) {
-  return {"A command stands behind -c, in single quotes: so the shell neither splits it nor replaces $names.",
+  return {"A command comes after -c, in single quotes, so that the shell neither splits it nor replaces $names.",
           fmt::format("  mrset run {} -c {}", ShellWord(dataset), ShellWord(command))};
 }
 

@@ -16,7 +16,7 @@ namespace standalone {
 namespace {
 
 NextSteps FirstSteps() {
-  return {"To begin:", "  mrset import survey.csv survey.mrset    makes a dataset of a survey in CSV",
+  return {"To begin:", "  mrset import survey.csv survey.mrset    creates a dataset from a CSV survey",
           "  mrset variables survey.mrset            lists its variables",
           "  mrset shell survey.mrset                takes commands", "Run \"mrset --help\" for all subcommands."};
 }
@@ -30,7 +30,7 @@ NextSteps StepsWithFile(const std::string& path) {
     return {"To work with this dataset:", fmt::format("  mrset shell {}", word),
             fmt::format("  mrset run {} -c 'MRSET /DISPLAY NAME=ALL'", word)};
   }
-  return {"To run the commands of a script, or to make a dataset of a survey in CSV:",
+  return {"To run the commands of a script, or to create a dataset from a CSV survey:",
           fmt::format("  mrset run survey.mrset {}", word), StepsToImport(path).back()};
 }
 

@@ -21,10 +21,10 @@ class CellReader : public nlohmann::json_sax<nlohmann::json> {
   bool number_unsigned(number_unsigned_t) override { return Cell(true, "a number"); }
   bool number_float(number_float_t, const string_t&) override { return Cell(true, "a number"); }
   bool string(string_t&) override { return Cell(false, "a string"); }
-  bool binary(binary_t&) override { return Fail("it is no JSON array"); }
+  bool binary(binary_t&) override { return Fail("it is not a JSON array"); }
   bool start_object(std::size_t) override { return Cell(std::nullopt, "an object"); }
-  bool key(string_t&) override { return Fail("it is no JSON array"); }
-  bool end_object() override { return Fail("it is no JSON array"); }
+  bool key(string_t&) override { return Fail("it is not a JSON array"); }
+  bool end_object() override { return Fail("it is not a JSON array"); }
   bool start_array(std::size_t) override { return fIsOpen ? Cell(std::nullopt, "an array") : (fIsOpen = true); }
 
   bool end_array() override {
@@ -33,7 +33,7 @@ class CellReader : public nlohmann::json_sax<nlohmann::json> {
   }
 
   bool parse_error(std::size_t, const std::string&, const nlohmann::detail::exception&) override {
-    return Fail("it is no JSON array");
+    return Fail("it is not a JSON array");
   }
 
  private:
@@ -45,7 +45,7 @@ class CellReader : public nlohmann::json_sax<nlohmann::json> {
   /// `isNumeric` is nothing for what no cell can be.
   bool Cell(std::optional<bool> isNumeric, const char* what) {
     if (!fIsOpen) {
-      return Fail("it is no JSON array");
+      return Fail("it is not a JSON array");
     }
     if (fCount == fIsNumeric.size()) {
       return Fail(fmt::format("it has more cells than the dictionary variables ({})", fCount));

@@ -265,7 +265,7 @@ void Checker::ValueLabelRow(Query& row, std::int64_t expected) {
     Finding("The value labels of the variable at position {} are not numbered one after another.", variable);
   }
   if (fIsNumeric[static_cast<std::size_t>(variable)] && !NumberValue(value)) {
-    Finding("The numeric variable at position {} has a label of the value {}, which is no number.", variable, value);
+    Finding("The numeric variable at position {} has a label of the value {}, which is not a number.", variable, value);
   } else {
     LabelledOnce(variable, value);
   }

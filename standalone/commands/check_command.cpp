@@ -33,7 +33,7 @@ class Sentences {
 
   std::size_t Count() const { return fCount; }
 
-  /// Writes them by kinds, each behind `mark`; `what` is what one is called.
+  /// Writes them by kinds, each after `mark`; `what` is what one is called.
   void Write(const char* mark, const char* what) const;
 
  private:

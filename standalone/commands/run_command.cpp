@@ -20,6 +20,7 @@
 #include "standalone/console/delivery.h"
 #include "standalone/console/progress.h"
 #include "standalone/console/terminal.h"
+#include "standalone/dataset/dataset.h"
 #include "standalone/files/output_file.h"
 #include "standalone/files/same_file.h"
 #include "standalone/hints/vanished_name.h"

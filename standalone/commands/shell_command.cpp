@@ -147,7 +147,7 @@ ExitStatus DatasetActions::Finish() {
 
 ExitStatus DatasetActions::Do(const ShellCommand& command) {
   if (command.rule->argument.empty() && !command.argument.empty()) {
-    throw Error(ErrorKind::kUsage, fmt::format("{} stands alone on its line.", command.rule->name));
+    throw Error(ErrorKind::kUsage, fmt::format("{} must be alone on its line.", command.rule->name));
   }
   switch (command.rule->kind) {
     case ShellCommandKind::kHelp:

@@ -53,7 +53,7 @@ std::string Done(const LongWork& work, std::uint64_t done) {
                     : bytes;
 }
 
-/// What is written behind the title.
+/// What is written after the title.
 std::string Figures(const LongWork& work, std::uint64_t done, double seconds) {
   const double rate = static_cast<double>(done) / std::max(seconds, 1e-9);
   std::string text = Done(work, done);
@@ -106,7 +106,7 @@ void Progress::Clear() {
   }
 }
 
-// The last column stays free: some terminals go on to the next line behind it. The cursor goes back, so that what
+// The last column stays free: some terminals go on to the next line after it. The cursor goes back, so that what
 // another process writes meanwhile begins a line.
 void Progress::Draw(std::uint64_t done, double seconds) {
   const std::string figures = Figures(fWork, done, seconds);

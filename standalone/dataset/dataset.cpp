@@ -270,10 +270,10 @@ void Dataset::VisitVariables(std::string_view beginning, int from, const VisitNa
 
 // The index of names holds the positions, so that only the names of variables that are visited are looked up.
 void Dataset::VisitNames(const std::string& first, int from, const VisitName& visit) {
-  const std::string behindLast = first + "\U0010FFFF";  // no name holds the last of all characters
+  const std::string afterLast = first + "\U0010FFFF";  // no name holds the last of all characters
   Query rows(*fDatabase,
              "SELECT name_key, position FROM variable WHERE name_key >= ? AND name_key < ? ORDER BY name_key");
-  rows.Bind(first).Bind(behindLast);
+  rows.Bind(first).Bind(afterLast);
   OrderedKeys<std::string> keys(*fDatabase);
   bool goesOn = true;
   while (goesOn && rows.Step()) {

@@ -57,8 +57,8 @@ void CheckIsAlone(const std::string& path) {
 void CheckReplaced(const std::string& path, bool replace, const DatasetOptions& options) {
   if (!replace) {
     throw Error(path + (IsDatasetFile(path)
-                            ? " exists already; --replace replaces its variables and cases and keeps its sets."
-                            : " exists already and is no dataset that can be read; give another name."));
+                            ? " already exists; --replace replaces its variables and cases and keeps its sets."
+                            : " already exists and is not a readable dataset; give another name."));
   }
   if (OpenDataset(path, options)->IsReadOnly()) {
     throw Error(NoPermissionSentence(path));

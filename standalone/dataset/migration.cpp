@@ -82,8 +82,8 @@ std::optional<std::string> Migrate(Database& database, const std::string& path) 
   SpreadPositions(database);
   static_assert(kFormatVersion == 2, "the pragma is written out");
   database.Execute("PRAGMA user_version = 2");
-  return fmt::format("{} was brought from format version {} to {}; a copy as it was is {}.", path, version,
-                     kFormatVersion, copy);
+  return fmt::format("{} was upgraded from format {} to {}; the original is kept as {}.", path, version, kFormatVersion,
+                     copy);
 }
 
 }  // namespace standalone

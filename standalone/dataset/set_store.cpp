@@ -104,7 +104,7 @@ void DeleteSet(Database& database, std::int64_t id) {
 }
 
 /// A stretch of the stored sets and the stretch of the sets to be that stands in its place. What lies before it and
-/// behind it is as it was.
+/// after it is as it was.
 struct Stretch {
   std::size_t first = 0;
   std::size_t beforeEnd = 0;

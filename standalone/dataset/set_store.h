@@ -42,7 +42,7 @@ struct SetEdits {
 
 /// What was written: the stretch of the stored sets that was replaced, and by what.
 struct SetWrite {
-  SetEdits edits;         ///< refers to the sets that were stored before, so not to be used behind ApplyTo()
+  SetEdits edits;         ///< refers to the sets that were stored before, so not to be used after ApplyTo()
   std::size_t first = 0;  ///< where the stretch begins
   std::size_t count = 0;  ///< how many sets it had
   std::vector<KeptSet> replacement;

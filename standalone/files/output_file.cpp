@@ -40,7 +40,7 @@ std::ostream* OwnStreamAt(const std::string& path) {
   return IsOpenAs(STDOUT_FILENO, path) ? &std::cout : IsOpenAs(STDERR_FILENO, path) ? &std::cerr : nullptr;
 }
 
-/// The path behind symbolic links, which stay: else the file would take the place of the link.
+/// The path to which symbolic links lead. The links stay: else the file would take the place of the link.
 std::string WhereLinksLead(const std::string& path) {
   std::error_code error;
   if (!fs::is_symlink(path, error)) {

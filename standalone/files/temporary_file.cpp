@@ -253,7 +253,7 @@ std::optional<std::string> TemporaryFile::PutInPlaceAs(const std::string& place)
   SyncFile(fLock.Number(), place);
   if (!RenameWithoutReplacing(fPath, place)) {
     if (errno == EEXIST) {
-      throw Error(place + " exists already.");
+      throw Error(place + " already exists.");
     }
     FailToWrite(place, errno);
   }

@@ -19,7 +19,7 @@ constexpr int kMaxVariablesSearched = 100'000;
 constexpr std::string_view kCountedValueKeyword = "VALUE";
 
 std::string NeedsEquals(std::string_view keyword) {
-  return fmt::format("the keyword {} needs \"=\" behind it", keyword);
+  return fmt::format("the keyword {} must be followed by \"=\"", keyword);
 }
 
 /// What tells one set's name from another.
@@ -79,7 +79,7 @@ bool Adviser::TakesKeywordsOf(const std::string& subcommand, std::size_t token) 
   return true;
 }
 
-/// Whether a keyword takes the value behind another word; what no keyword of the subcommand takes may itself be wrong.
+/// Whether a keyword takes the value after another word; what no keyword of the subcommand takes may itself be wrong.
 bool Adviser::TakesValueOf(const std::string& keyword, std::size_t token) const {
   const std::vector<Token>& tokens = fReading.Tokens();
   const SubcommandRule* rule = FindSubcommand(tokens[fReading.SubcommandOf(token)].text);
@@ -134,7 +134,7 @@ const Keyword* Adviser::KeywordAt(std::size_t token) const {
   return rule != nullptr && IsWord(tokens[token]) ? FindKeyword(*rule, tokens[token].text) : nullptr;
 }
 
-/// What stands behind the keyword and its "=" in the subcommand that begins at a token, each time.
+/// What comes after the keyword and its "=" in the subcommand that begins at a token, each time.
 std::vector<std::size_t> Adviser::ValuesOf(const Keyword& keyword, std::size_t subcommand) const {
   const std::vector<Token>& tokens = fReading.Tokens();
   const SubcommandRule* rule = FindSubcommand(tokens[subcommand].text);
@@ -150,7 +150,7 @@ std::vector<std::size_t> Adviser::ValuesOf(const Keyword& keyword, std::size_t s
   return values;
 }
 
-/// Whether a word of a list cannot but be meant as a keyword: behind it stands what only that keyword takes, and
+/// Whether a word of a list cannot but be meant as a keyword: after it stands what only that keyword takes, and
 /// nothing else of the list.
 bool Adviser::LacksOnlyEquals(const Keyword& keyword, std::size_t token, const ListTokens& list) {
   const std::vector<Token>& tokens = fReading.Tokens();

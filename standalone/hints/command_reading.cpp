@@ -67,7 +67,7 @@ std::vector<std::string> CommandReading::KeywordsTriedAt(std::size_t token) cons
   return TriedLast(token) && !fTried->isNamed ? fTried->keywords : std::vector<std::string>();
 }
 
-/// A subcommand begins behind a "/" or, the first, behind the command's name.
+/// A subcommand begins after a "/" or, the first, after the command's name.
 std::size_t CommandReading::SubcommandOf(std::size_t token) const {
   if (fLastSubcommand && fLastSubcommand->first == token) {
     return fLastSubcommand->second;
@@ -95,7 +95,7 @@ bool CommandReading::BeginsSubcommand(std::size_t token) const {
          (isQuoted && fTokens[token].text == "/" && fTokens[token - 1].symbol != kEqualsSymbol);
 }
 
-/// For any other reason there would have been a message behind the last keyword that was recognised.
+/// For any other reason there would have been a message after the last keyword that was recognised.
 std::optional<std::size_t> CommandReading::EmptySubcommand() const {
   const bool isSilent = !fHasEnded && fTried && fTried->isNamed && !fHasMessage;
   const bool isEmpty = isSilent && fTried->token + 1 < fTokens.size() && BeginsSubcommand(fTried->token + 1);

@@ -67,7 +67,7 @@ class CommandReading {
   /// The keyword of the subcommand to which a token belongs.
   std::size_t SubcommandOf(std::size_t token) const;
 
-  /// The end of the subcommand whose keyword the token is: the "/" behind it, or the end of the command.
+  /// The end of the subcommand whose keyword the token is: the "/" after it, or the end of the command.
   std::size_t EndOfSubcommand(std::size_t keyword) const;
 
   /// The keyword of the subcommand, without any keyword of its own, for which the module gave up the command and said

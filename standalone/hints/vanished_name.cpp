@@ -13,8 +13,8 @@ bool IsSymbol(const Token& token, int symbol) {
   return token.symbol == symbol;
 }
 
-/// Whether the tokens from `index` on can stand behind a value, but are none that names a set.
-bool GoesOnBehindValue(const std::vector<Token>& tokens, std::size_t index) {
+/// Whether the tokens from `index` on can come after a value, but are none that names a set.
+bool GoesOnAfterValue(const std::vector<Token>& tokens, std::size_t index) {
   const Token& token = tokens[index];
   const bool isKeyword = IsWord(token) && token.text[0] != '$' && IsSymbol(tokens[index + 1], kEqualsSymbol);
   return token.type == TokenSequenceBase::kEnd || IsSymbol(token, kSlashSymbol) || isKeyword;
@@ -22,13 +22,13 @@ bool GoesOnBehindValue(const std::vector<Token>& tokens, std::size_t index) {
 
 /// Whether a set's name is expected at `index`, and is not there.
 bool LacksName(const std::vector<Token>& tokens, std::size_t index) {
-  const Expectation expected = ExpectedBehind(tokens, index);
+  const Expectation expected = ExpectedAfter(tokens, index);
   if (expected.what == Expected::kSetNameInList) {
     return expected.listBegin == index && IsSymbol(tokens[index], kClosingBracketSymbol);
   }
   const bool isName = expected.what == Expected::kValue && (expected.keyword->value == ValueKind::kNewSetName ||
                                                             expected.keyword->value == ValueKind::kSetNames);
-  return isName && GoesOnBehindValue(tokens, index);
+  return isName && GoesOnAfterValue(tokens, index);
 }
 
 /// Where the first value, or list of them, would stand that is not there; the last token where all are.
@@ -37,7 +37,7 @@ std::size_t FirstGap(const std::vector<Token>& tokens) {
   for (; index + 1 < tokens.size(); ++index) {
     const bool isInList =
         IsSymbol(tokens[index - 1], kOpeningBracketSymbol) && IsSymbol(tokens[index], kClosingBracketSymbol);
-    if (isInList || (IsSymbol(tokens[index - 1], kEqualsSymbol) && GoesOnBehindValue(tokens, index))) {
+    if (isInList || (IsSymbol(tokens[index - 1], kEqualsSymbol) && GoesOnAfterValue(tokens, index))) {
       return index;
     }
   }
@@ -64,7 +64,7 @@ std::optional<std::string> HintOnVanishedName(const CommandResult& result) {
   if (!Complains(result) || !LacksName(result.text)) {
     return std::nullopt;
   }
-  return "no name stands behind NAME=: a shell replaces $names in a command that is not in single quotes";
+  return "no name comes after NAME=: a shell replaces $names in a command that is not in single quotes";
 }
 
 }  // namespace standalone

@@ -99,7 +99,7 @@ class GivenSets {
   }
 
   const SetList& fSets;
-  std::size_t fNext = 0;   // behind the one that was found last
+  std::size_t fNext = 0;   // after the one that was found last
   std::size_t fFound = 0;  // how many were
   std::unordered_map<std::string_view, std::size_t> fIndices;
 };

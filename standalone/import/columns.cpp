@@ -48,7 +48,7 @@ std::unordered_map<std::string, std::size_t> IndexNames(const std::vector<std::s
     }
     const auto [entry, isNew] = columns.emplace(ToUpper(name), index);
     if (!isNew) {
-      throw Error(fmt::format("{}, column {}: the name {} is that of column {} already.", path, index + 1, Quoted(name),
+      throw Error(fmt::format("{}, column {}: duplicate name {} (also column {}).", path, index + 1, Quoted(name),
                               entry->second + 1));
     }
   }

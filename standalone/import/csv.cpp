@@ -183,7 +183,7 @@ class CsvReader::Implementation {
   bool fAtEnd = false;
   Parser fParser;
   RowQueue fQueue;
-  std::optional<std::string> fBadSyntax;  // met behind the rows in the queue
+  std::optional<std::string> fBadSyntax;  // met after the rows in the queue
   std::size_t fBadLine = 0;
 };
 

@@ -14,7 +14,7 @@ bool IsBlank(char c);
 /// Whether a comment begins at `offset`, which lies within the text and not within a quoted string.
 bool BeginsCommentAt(std::string_view text, std::size_t offset);
 
-/// Where the comment that begins at `offset` ends: behind its "*/", else at the end of its line.
+/// Where the comment that begins at `offset` ends: after its "*/", else at the end of its line.
 std::size_t EndOfComment(std::string_view text, std::size_t offset);
 
 }  // namespace standalone

@@ -186,7 +186,7 @@ const std::vector<SubcommandRule>& MrsetSubcommands() {
   return kRules;
 }
 
-Expectation ExpectedBehind(const std::vector<Token>& tokens, std::size_t count) {
+Expectation ExpectedAfter(const std::vector<Token>& tokens, std::size_t count) {
   return Follower(tokens, count).Follow();
 }
 

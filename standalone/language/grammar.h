@@ -15,7 +15,7 @@ namespace standalone {
 
 inline constexpr std::string_view kMrsetCommand = "MRSET";
 
-/// What stands behind a keyword and its "=".
+/// What comes after a keyword and its "=".
 enum class ValueKind {
   kNewSetName,    ///< $name
   kSetNames,      ///< [$name ...] or ALL
@@ -47,8 +47,8 @@ enum class Expected {
   kKeyword,  ///< or "/" and a subcommand, or the end
   kEquals,
   kValue,           ///< the first token of the value of `keyword`
-  kSetNameInList,   ///< behind "["; or "]"
-  kVariableInList,  ///< behind a word of a list of variables; or as kKeyword
+  kSetNameInList,   ///< after "["; or "]"
+  kVariableInList,  ///< after a word of a list of variables; or as kKeyword
 };
 
 struct Expectation {
@@ -62,7 +62,7 @@ struct Expectation {
 };
 
 /// What can follow the first `count` tokens of a command; the end of the command is none of them.
-Expectation ExpectedBehind(const std::vector<Token>& tokens, std::size_t count);
+Expectation ExpectedAfter(const std::vector<Token>& tokens, std::size_t count);
 
 // Words may be in any case, and shortened.
 

@@ -21,7 +21,7 @@ PlaceFinder::PlaceFinder(std::string_view text, int line, std::string_view befor
   fMarks.push_back(mark);
 }
 
-/// Moves the mark to the first character that begins at `offset` or behind it.
+/// Moves the mark to the first character that begins at `offset` or after it.
 void PlaceFinder::Advance(Mark& mark, std::size_t offset) const {
   while (mark.offset < offset) {
     const bool endsLine = fText[mark.offset] == '\n';
@@ -32,8 +32,8 @@ void PlaceFinder::Advance(Mark& mark, std::size_t offset) const {
 }
 
 Place PlaceFinder::At(std::size_t offset, std::size_t size) const {
-  const auto isBehind = [](std::size_t wanted, const Mark& mark) { return wanted < mark.offset; };
-  Mark mark = *std::prev(std::upper_bound(fMarks.begin(), fMarks.end(), offset, isBehind));
+  const auto isAfter = [](std::size_t wanted, const Mark& mark) { return wanted < mark.offset; };
+  Mark mark = *std::prev(std::upper_bound(fMarks.begin(), fMarks.end(), offset, isAfter));
   Advance(mark, offset);
   return {mark.line, mark.column, CountCharacters(fText.substr(offset, size)), offset, size};
 }

@@ -12,7 +12,7 @@ namespace standalone {
 struct Place {
   int line = 1;
   std::size_t column = 1;
-  std::size_t length = 0;  ///< 0 at the end of a command, behind its last character
+  std::size_t length = 0;  ///< 0 at the end of a command, after its last character
   std::size_t offset = 0;  ///< the same stretch in the command's text, in bytes
   std::size_t size = 0;
 };
@@ -21,7 +21,7 @@ struct Place {
 /// each.
 class PlaceFinder {
  public:
-  /// `text` stands in the script from `line` and, there, from behind `before` on; it must outlive the finder.
+  /// `text` stands in the script from `line` and, there, from after `before` on; it must outlive the finder.
   PlaceFinder(std::string_view text, int line, std::string_view before);
 
   /// The place of `size` bytes from `offset` on, which lie within the text and on one line of it.

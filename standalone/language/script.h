@@ -16,7 +16,7 @@ struct ScriptCommand {
   std::string text;  ///< as written, from the first character of the command to the last, without its final period
   int line = 1;      ///< line of the script on which the text begins, from 1
   std::string before = std::string();  ///< what stands before the text on its first line
-  std::string behind = std::string();  ///< what stands behind the text on its last line, its final period among it
+  std::string after = std::string();   ///< what comes after the text on its last line, its final period among it
   std::string source = std::string();  ///< what the script is called: its path, "standard input", "-c 1"; may be empty
 };
 
@@ -60,7 +60,7 @@ class CommandCollector {
   std::string fLines;  // from the one on which the open command begins
   std::optional<std::string> fRemark;
 
-  // The open command, from its first character to behind its last one; comments and blanks are not characters of it.
+  // The open command, from its first character to after its last one; comments and blanks are not characters of it.
   bool fIsOpen = false;
   int fFirstLine = 1;
   std::size_t fBegin = 0;

@@ -19,8 +19,8 @@ constexpr const char* kWherePeriodEnds = "a period ends a command only at the en
 constexpr std::array<std::string_view, 12> kOddQuotes = {"\u2018", "\u2019", "\u201A", "\u201B", "\u201C", "\u201D",
                                                          "\u201E", "\u201F", "\u00AB", "\u00BB", "\u00B4", "`"};
 
-/// Whether the words begin a command: its name, and "/" or a subcommand or nothing behind it.
-bool BeginTransaction(std::string_view name, std::string_view next) {
+/// Whether the words begin a command: its name, and "/" or a subcommand or nothing after it.
+bool BeginCommand(std::string_view name, std::string_view next) {
   return NamesKeyword(ToUpper(name), kMrsetCommand) &&
          (next.empty() || next[0] == '/' || FindSubcommand(next) != nullptr);
 }
@@ -32,7 +32,7 @@ std::string_view FirstWord(std::string_view text) {
                      static_cast<std::size_t>(std::max<std::ptrdiff_t>(end - begin, begin == text.end() ? 0 : 1)));
 }
 
-std::string_view Behind(std::string_view text, std::string_view word) {
+std::string_view After(std::string_view text, std::string_view word) {
   return text.substr(static_cast<std::size_t>(word.data() - text.data()) + word.size());
 }
 
@@ -56,7 +56,7 @@ class Slip {
 
   bool BeginsAnother() const {
     const bool isComment = At().text == "*" && At().type == TokenSequenceBase::kSymbol;
-    return IsFirstOnLine() && (isComment || (IsWord(At()) && BeginTransaction(At().text, Next().text)));
+    return IsFirstOnLine() && (isComment || (IsWord(At()) && BeginCommand(At().text, Next().text)));
   }
 
   bool IsDoubleSlash() const {
@@ -144,7 +144,7 @@ int LineTakenIn(std::string_view comment) {
     const std::string_view rest = comment.substr(end + 1);
     const std::string_view text = rest.substr(0, rest.find('\n'));
     const std::string_view name = FirstWord(text);
-    if (!name.empty() && BeginTransaction(name, FirstWord(Behind(text, name)))) {
+    if (!name.empty() && BeginCommand(name, FirstWord(After(text, name)))) {
       return line;
     }
   }

@@ -27,7 +27,7 @@ std::size_t EndOfDigits(std::string_view text, std::size_t offset) {
   return offset;
 }
 
-/// The end of a part of a number that is there only with digits behind its `mark` bytes; `offset` when it is not there.
+/// The end of a part of a number that is there only with digits after its `mark` bytes; `offset` when it is not there.
 std::size_t EndOfPart(std::string_view text, std::size_t offset, std::size_t mark) {
   const std::size_t end = EndOfDigits(text, offset + mark);
   return end > offset + mark ? end : offset;

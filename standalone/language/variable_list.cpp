@@ -79,7 +79,7 @@ Problem ListReader::ReadRange(int from) {
   }
   if (to < from) {
     return ListProblem{
-        fmt::format("The range {0} TO {1} is reversed: {0} stands behind {1} in the dataset.", first, last), fNext};
+        fmt::format("The range {0} TO {1} is reversed: {0} comes after {1} in the dataset.", first, last), fNext};
   }
   const std::size_t begin = fNext;
   fNext += 3;

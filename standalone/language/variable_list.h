@@ -36,7 +36,7 @@ struct ListProblem {
 
 /// Reads the variable list in the tokens [begin, end): names and ranges "a TO b", in dictionary order and inclusive.
 /// Appends the positions to `positions`. Returns nothing on success, else what is wrong; `positions` then holds the
-/// variables before it. A list without words is accepted and empty, also when `end` is not behind `begin`.
+/// variables before it. A list without words is accepted and empty, also when `end` is not after `begin`.
 std::optional<ListProblem> ReadVariableList(const std::vector<Token>& tokens, std::size_t begin, std::size_t end,
                                             const VariableLookup& lookup, std::vector<int>& positions);
 

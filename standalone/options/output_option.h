@@ -7,7 +7,7 @@
 
 namespace standalone {
 
-/// Adds --output, whose value is a path. What begins with "-" is refused: it is the next option, behind "--output=", or
+/// Adds --output, whose value is a path. What begins with "-" is refused: it is the next option, after "--output=", or
 /// meant as standard output.
 void AddOutputOption(CLI::App& app, const std::string& description, std::optional<std::string>& path);
 

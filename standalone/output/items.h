@@ -57,7 +57,7 @@ struct CommandResult {
   std::string text;
   std::string source;  ///< what the script is called: its path, "standard input", "-c 1"; may be empty
   std::string before;  ///< what stands before the text on its first line
-  std::string behind;  ///< what stands behind the text on its last line, its final period among it
+  std::string after;   ///< what comes after the text on its last line, its final period among it
   std::optional<std::string> procedure;
   Status status = Status::kOk;
   std::vector<Item> items;

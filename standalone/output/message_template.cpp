@@ -69,8 +69,8 @@ class Expansion {
 std::string Expansion::Replace(std::string_view pattern) {
   fText.clear();
   while (!pattern.empty()) {
-    const std::string_view behind = pattern.substr(1);
-    const std::string_view digits = behind.substr(0, behind.find_first_not_of(kDigits));
+    const std::string_view after = pattern.substr(1);
+    const std::string_view digits = after.substr(0, after.find_first_not_of(kDigits));
     if (pattern[0] == '^' && !digits.empty()) {
       AppendArgument(digits);
       pattern.remove_prefix(1 + digits.size());

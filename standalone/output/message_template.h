@@ -18,7 +18,7 @@ bool IsListPattern(std::string_view pattern);
 std::vector<std::string> ExpandList(std::string_view pattern, const std::vector<Argument>& arguments);
 
 /// The pattern with "^1", "^2", ... replaced in one pass; text that came in as an argument is never expanded again. All
-/// digits behind a "^" are its number; a "^" without digits stays. A placeholder without an argument becomes nothing; a
+/// digits after a "^" are its number; a "^" without digits stays. A placeholder without an argument becomes nothing; a
 /// list in a placeholder is written with ", " between its entries; a list that no placeholder takes is appended after a
 /// blank. A list pattern's entries are written one per line.
 std::string ExpandTemplate(std::string_view pattern, const std::vector<Argument>& arguments);

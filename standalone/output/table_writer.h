@@ -33,7 +33,7 @@ class TableWriter {
 /// For people: see TextTable(). Holds the rows until the table ends.
 std::unique_ptr<TableWriter> MakeTextTableWriter(std::ostream& stream, std::size_t width, Colour colour);
 
-/// As a table of GitHub Flavored Markdown, with its title before and its notes behind it.
+/// As a table of GitHub Flavored Markdown, with its title before and its notes after it.
 std::unique_ptr<TableWriter> MakeMarkdownTableWriter(std::ostream& stream);
 
 /// Whether characters that would act on a terminal are written as they are or in a visible form.

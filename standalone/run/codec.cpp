@@ -18,7 +18,7 @@ namespace standalone {
 
 template <typename Archive>
 void serialize(Archive& archive, ScriptCommand& command) {
-  archive(command.text, command.line, command.before, command.behind, command.source);
+  archive(command.text, command.line, command.before, command.after, command.source);
 }
 
 template <typename Archive>

@@ -31,7 +31,7 @@ std::string ModulePath() {
     }
   }
   throw Error(
-      fmt::format("The module {} is neither beside the program in {} nor in its library folder; set "
+      fmt::format("The module {} is neither next to the program in {} nor in its library folder; set "
                   "MRSET_MODULE to its path.",
                   kModuleFile, programFolder.string()));
 }

@@ -19,7 +19,7 @@ class StandardInputLines {
  private:
   std::string fRead;          // what was read and is not handed out yet
   std::size_t fBegin = 0;     // where that begins in it
-  std::size_t fSearched = 0;  // behind fBegin there is no line end up to here
+  std::size_t fSearched = 0;  // after fBegin there is no line end up to here
 };
 
 }  // namespace standalone

@@ -101,7 +101,7 @@ CommandResult Supervisor::Result(const ScriptCommand& command, const Worker& wor
   result.text = command.text;
   result.source = command.source;
   result.before = command.before;
-  result.behind = command.behind;
+  result.after = command.after;
   for (Event& event : worker.Output()) {
     Take(std::move(event), result);
   }

@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::size_t kLineWidth = 80;
 constexpr std::string_view kAttributeIndent = "  ";
-constexpr std::string_view kListIndent = "            ";  // as far as the first name behind VARIABLES=
+constexpr std::string_view kListIndent = "            ";  // as far as the first name after VARIABLES=
 
 using Reason = std::optional<std::string>;
 

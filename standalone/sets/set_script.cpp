@@ -92,7 +92,7 @@ std::string ScriptOf(const std::string& title, const std::vector<ScriptedSet>& s
       script += set.command + "\n";
     }
   }
-  script.pop_back();  // the blank line behind the last part
+  script.pop_back();  // the blank line after the last part
   return script;
 }
 

@@ -127,7 +127,7 @@ class Completer {
   std::string InCase(std::string_view keyword) const {
     return fIsInLowerCase ? InLowerCase(std::string(keyword)) : std::string(keyword);
   }
-  void AddKeyword(std::string_view keyword, const char* behind = "") { Add(InCase(keyword) + behind); }
+  void AddKeyword(std::string_view keyword, const char* after = "") { Add(InCase(keyword) + after); }
   void Add(const std::string& candidate);
   void MeetCommon(const std::string& candidate);
   void SortByName();
@@ -190,7 +190,7 @@ void Completer::CompleteCommand() {
   } else {
     BeginWordAt(fText.size());
   }
-  const Expectation expectation = ExpectedBehind(fTokens, fTokens.size());
+  const Expectation expectation = ExpectedAfter(fTokens, fTokens.size());
   const bool isCountedValue =
       expectation.what == Expected::kValue && expectation.keyword->value == ValueKind::kCountedValue;
   if (!isTyped || !isNumber || isCountedValue) {

@@ -20,7 +20,7 @@ constexpr std::size_t kEntriesToCut = 2 * HistoryFile::kMaxEntries;
 
 constexpr mode_t kFolderMode = 0700;
 
-/// One entry a line; the line ends within it, and the backslashes, behind a backslash.
+/// One entry a line; the line ends within it, and the backslashes, after a backslash.
 std::string ToLine(const std::string& entry) {
   std::string line;
   for (const char c : entry) {

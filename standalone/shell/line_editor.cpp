@@ -34,7 +34,7 @@ constexpr const char* kAbandonMark = "^C";
 constexpr const char* kListKeys = "\033\t";
 constexpr const char* kEndOfLineKey = "\n";
 
-/// Whether more keys wait behind the one that was pressed, as they do in pasted text. The editor reads them one by one.
+/// Whether more keys wait after the one that was pressed, as they do in pasted text. The editor reads them one by one.
 bool KeysWait() {
   pollfd keys = {STDIN_FILENO, POLLIN, 0};
   return poll(&keys, 1, 0) > 0 && (keys.revents & POLLIN) != 0;
@@ -84,8 +84,8 @@ class LineEditor::Implementation {
   Complete fComplete;
   std::string fPrompt;
   bool fIsAbandoned = false;
-  Completion fListed;     // to be listed when the cursor has come to the end
-  int fBehindCursor = 0;  // characters behind which it stood
+  Completion fListed;    // to be listed when the cursor has come to the end
+  int fAfterCursor = 0;  // characters after which it stood
   History* fHistory;
   EditLine* fEditor;
 };
@@ -171,7 +171,7 @@ unsigned char LineEditor::Implementation::CompleteTyped() {
   }
   if (completion.insertion.empty()) {
     fListed = completion;
-    return GoToEnd(fBehindCursor, kListKeys);
+    return GoToEnd(fAfterCursor, kListKeys);
   }
   el_deletestr(fEditor, CharacterCount(typed.substr(completion.begin)));
   el_insertstr(fEditor, completion.insertion.c_str());
@@ -190,7 +190,7 @@ unsigned char LineEditor::Implementation::List() {
     return CC_ERROR;
   }
   Show(std::exchange(fListed, {}));
-  el_cursor(fEditor, -fBehindCursor);
+  el_cursor(fEditor, -fAfterCursor);
   el_wset(fEditor, EL_REFRESH);  // CC_REDISPLAY would clear as many lines above as the text takes
   return CC_NORM;
 }
@@ -215,7 +215,7 @@ unsigned char LineEditor::Implementation::Abandon(EditLine* editor, int /*key*/)
   return result;
 }
 
-/// Moves the cursor behind the last character, which is shown when the function that calls this returns its result;
+/// Moves the cursor after the last character, which is shown when the function that calls this returns its result;
 /// then come the keys.
 unsigned char LineEditor::Implementation::GoToEnd(int& passed, const char* keys) {
   const LineInfo* line = el_line(fEditor);

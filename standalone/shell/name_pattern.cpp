@@ -14,11 +14,11 @@ bool Fits(std::string_view name, std::string_view pattern) {
   std::size_t at = 0;
   std::size_t next = 0;
   std::size_t star = std::string_view::npos;
-  std::size_t behindStar = 0;
+  std::size_t afterStar = 0;
   while (at < name.size()) {
     if (next < pattern.size() && pattern[next] == '*') {
       star = next++;
-      behindStar = at;
+      afterStar = at;
     } else if (next < pattern.size() && pattern[next] == '?') {
       ++next;
       at += CharacterLength(name, at);
@@ -26,8 +26,8 @@ bool Fits(std::string_view name, std::string_view pattern) {
       ++next;
       ++at;
     } else if (star != std::string_view::npos) {
-      behindStar += CharacterLength(name, behindStar);
-      at = behindStar;
+      afterStar += CharacterLength(name, afterStar);
+      at = afterStar;
       next = star + 1;
     } else {
       return false;

@@ -91,7 +91,7 @@ void Shell::RemarkOnShellCommand(std::string_view line) {
   if (meant && meant->IsAsMeant() && !fHasRemarked) {
     fHasRemarked = true;
     fActions.Say(
-        "The command above is not complete, and this line is a part of it: a period ends it, Ctrl-C gives it up.");
+        "The command above is not complete, and this line is part of it: end it with a period; Ctrl-C discards it.");
   }
 }
 

@@ -21,7 +21,7 @@ std::string_view WithoutPeriod(std::string_view text) {
   return Trimmed(text, kBlanks);
 }
 
-/// The first word; what is behind a "/", "=" or quote is not of it.
+/// The first word; what is after a "/", "=" or quote is not of it.
 std::string FirstWord(std::string_view text) {
   const auto isEnd = [](char c) { return IsBlank(c) || std::string_view("/=[]'\"").find(c) != std::string_view::npos; };
   const auto end = std::find_if(text.begin() + 1, text.end(), isEnd);

@@ -104,7 +104,7 @@ void RunWithFault(scripted::ScriptedHost& host, const TokenInput& input) {
   host.FailAtCall(call, input.faultKind, input.faultMode);
   Check(FaultLeaves(), "the exception of a failing call leaves");
   CheckNoProblems(host);
-  CheckSame(Joined(host.StoredSets()), Joined(host.SaveCount() > 0 ? after : input.sets), "sets behind a fault");
+  CheckSame(Joined(host.StoredSets()), Joined(host.SaveCount() > 0 ? after : input.sets), "sets after a fault");
 }
 
 void Try(const TokenInput& input) {

@@ -32,7 +32,7 @@ std::size_t BeginOfLine(std::string_view script, int line) {
 std::size_t CheckPlace(std::string_view script, const standalone::ScriptCommand& command, std::size_t begin) {
   const std::size_t line = BeginOfLine(script, command.line);
   const std::size_t found = script.find(command.text, std::max(line, begin));
-  Check(found != std::string_view::npos, "a command's text stands in the script, behind the command before it");
+  Check(found != std::string_view::npos, "a command's text stands in the script, after the command before it");
   Check(script.substr(line, found - line).find('\n') == std::string_view::npos, "a command begins on its line");
   return found + command.text.size();
 }
@@ -54,7 +54,7 @@ void CheckTokens(std::string_view command, const std::vector<Token>& tokens) {
   std::size_t end = 0;
   for (const Token& token : tokens) {
     Check(token.offset >= end && token.offset + token.length <= command.size(), "a token lies in the command");
-    Check(end + LengthOfBlanks(command.substr(end)) == token.offset, "a token begins behind blanks and comments");
+    Check(end + LengthOfBlanks(command.substr(end)) == token.offset, "a token begins after blanks and comments");
     end = token.offset + token.length;
     const bool isWritten = token.type != TokenSequenceBase::kQuotedString && token.type != TokenSequenceBase::kEnd;
     CheckType(token, command.substr(token.offset));
@@ -144,7 +144,7 @@ void CheckAlone(const std::string& command) {
   Check(alone.size() == 1, "a command alone is one command");
   CheckSame(alone[0].text, command, "a command alone");
   Check(alone[0].line == 2, "a command alone begins on its line");
-  CheckSame(alone[0].before + "|" + alone[0].behind, "|.", "what stands around a command alone");
+  CheckSame(alone[0].before + "|" + alone[0].after, "|.", "what stands around a command alone");
 }
 
 }  // namespace

@@ -208,7 +208,7 @@ void CheckOutput(std::string_view text, std::size_t width) {
   standalone::CommandResult result;
   result.text = text;
   result.before = lines.empty() ? "" : lines.back();
-  result.behind = result.before;
+  result.after = result.before;
   result.source = text;
   result.items = {message, table};
   result.hints = {std::string(text)};

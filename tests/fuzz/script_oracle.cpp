@@ -5,7 +5,7 @@
 namespace fuzz {
 namespace {
 
-/// Takes the bytes behind the first of a character; nothing where one of them is missing.
+/// Takes the bytes after the first of a character; nothing where one of them is missing.
 std::optional<char32_t> TakeRest(std::string_view& text, int count, char32_t code) {
   for (; count > 0; --count) {
     if (text.empty() || (static_cast<unsigned char>(text[0]) & 0xC0U) != 0x80U) {
@@ -80,7 +80,7 @@ bool IsAsciiLetter(char character) {
   return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z');
 }
 
-/// A digit, or a period and a digit, behind a sign or none.
+/// A digit, or a period and a digit, after a sign or none.
 bool BeginsNumber(std::string_view text) {
   text.remove_prefix(Begins(text, "+") || Begins(text, "-") ? 1 : 0);
   text.remove_prefix(Begins(text, ".") ? 1 : 0);

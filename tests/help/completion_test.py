@@ -54,7 +54,7 @@ class CompletionTest(unittest.TestCase):
 
 class Bash(CompletionTest):
     def replies(self, line):
-        """What is offered behind a line without quoted blanks."""
+        """What is offered after a line without quoted blanks."""
         words = re.findall(r"[=:@]+|[^\s=:@]+", line) + ([""] if line.endswith(" ") else [])
         result = subprocess.run(["bash", "--norc", "-c", ASK, "bash", BASH_SCRIPT, line, *words], env=self.environment,
                                 cwd=self.folder, check=True, capture_output=True, text=True, encoding="utf-8")

@@ -96,7 +96,7 @@ The header and the dictionary:
   s.mrset: 1 finding.
   [1]
   $ damaged "UPDATE value_label SET value = 'one' WHERE variable = 2"
-  The numeric variable at position 2 has a label of the value one, which is no number.
+  The numeric variable at position 2 has a label of the value one, which is not a number.
   s.mrset: 1 finding.
   [1]
   $ damaged "UPDATE value_label SET value = '0.0' WHERE variable = 0; INSERT INTO value_label VALUES (4, 0, 'a', 'A'), (4, 1, 'a ', 'B'), (4, 2, 'a', 'C')"
@@ -184,13 +184,13 @@ What no command makes:
 The cases:
 
   $ damaged "UPDATE cases SET cells = '[1,2'"
-  The case at position 0 is not sound: it is no JSON array.
-  The case at position 1 is not sound: it is no JSON array.
+  The case at position 0 is not sound: it is not a JSON array.
+  The case at position 1 is not sound: it is not a JSON array.
   s.mrset: 2 findings.
   [1]
   $ damaged "UPDATE cases SET cells = '{}' WHERE position = 0; UPDATE cases SET cells = '7' WHERE position = 1"
-  The case at position 0 is not sound: it is no JSON array.
-  The case at position 1 is not sound: it is no JSON array.
+  The case at position 0 is not sound: it is not a JSON array.
+  The case at position 1 is not sound: it is not a JSON array.
   s.mrset: 2 findings.
   [1]
   $ damaged "UPDATE cases SET cells = '[1,0,1,7,\"red\"]' WHERE position = 1"
@@ -235,16 +235,16 @@ Of one kind the first ten are told, and how many others there are:
   The position of a case is 111 instead of 11.
   The position of a case is 112 instead of 12.
   ... and 1 more such finding.
-  The case at position 103 is not sound: it is no JSON array.
-  The case at position 104 is not sound: it is no JSON array.
-  The case at position 105 is not sound: it is no JSON array.
-  The case at position 106 is not sound: it is no JSON array.
-  The case at position 107 is not sound: it is no JSON array.
-  The case at position 108 is not sound: it is no JSON array.
-  The case at position 109 is not sound: it is no JSON array.
-  The case at position 110 is not sound: it is no JSON array.
-  The case at position 111 is not sound: it is no JSON array.
-  The case at position 112 is not sound: it is no JSON array.
+  The case at position 103 is not sound: it is not a JSON array.
+  The case at position 104 is not sound: it is not a JSON array.
+  The case at position 105 is not sound: it is not a JSON array.
+  The case at position 106 is not sound: it is not a JSON array.
+  The case at position 107 is not sound: it is not a JSON array.
+  The case at position 108 is not sound: it is not a JSON array.
+  The case at position 109 is not sound: it is not a JSON array.
+  The case at position 110 is not sound: it is not a JSON array.
+  The case at position 111 is not sound: it is not a JSON array.
+  The case at position 112 is not sound: it is not a JSON array.
   ... and 1 more such finding.
   s.mrset: 22 findings.
   [1]
@@ -384,17 +384,17 @@ What is no dataset:
 
   $ mrset check missing.mrset
   mrset: missing.mrset does not exist.
-  To make it of a survey in CSV:
+  To create it from a CSV survey:
     mrset import survey.csv missing.mrset
   [2]
   $ echo text > text.mrset; mrset check text.mrset
   mrset: text.mrset is not a dataset.
-  To make a dataset of a survey in CSV:
+  To create a dataset from a CSV survey:
     mrset import survey.csv survey.mrset
   [2]
   $ sqlite3 other.mrset 'CREATE TABLE t(x)'; mrset check other.mrset
   mrset: other.mrset is not a dataset.
-  To make a dataset of a survey in CSV:
+  To create a dataset from a CSV survey:
     mrset import survey.csv survey.mrset
   [2]
   $ make > /dev/null 2>&1; sqlite3 s.mrset 'PRAGMA user_version = 3'; mrset check s.mrset

@@ -98,12 +98,12 @@ What cannot be copied at all.
   [2]
   $ mrset copy a.mrset missing.mrset
   mrset: missing.mrset does not exist.
-  To make it of a survey in CSV:
+  To create it from a CSV survey:
     mrset import survey.csv missing.mrset
   [2]
   $ mrset copy missing.mrset a.mrset
   mrset: missing.mrset does not exist.
-  To make it of a survey in CSV:
+  To create it from a CSV survey:
     mrset import survey.csv missing.mrset
   [2]
 

@@ -8,15 +8,15 @@ What is no usable dataset is told in one sentence, with exit status 2, and left 
   > }
   $ try missing.mrset
   mrset: missing.mrset does not exist.
-  To make it of a survey in CSV:
+  To create it from a CSV survey:
     mrset import survey.csv missing.mrset
   run: exit 2
   mrset: missing.mrset does not exist.
-  To make it of a survey in CSV:
+  To create it from a CSV survey:
     mrset import survey.csv missing.mrset
   sets: exit 2
   mrset: missing.mrset does not exist.
-  To make it of a survey in CSV:
+  To create it from a CSV survey:
     mrset import survey.csv missing.mrset
   variables: exit 2
   $ try .
@@ -28,41 +28,41 @@ What is no usable dataset is told in one sentence, with exit status 2, and left 
   variables: exit 2
   $ : > empty.mrset; try empty.mrset
   mrset: empty.mrset is not a dataset.
-  To make a dataset of a survey in CSV:
+  To create a dataset from a CSV survey:
     mrset import survey.csv survey.mrset
   run: exit 2
   mrset: empty.mrset is not a dataset.
-  To make a dataset of a survey in CSV:
+  To create a dataset from a CSV survey:
     mrset import survey.csv survey.mrset
   sets: exit 2
   mrset: empty.mrset is not a dataset.
-  To make a dataset of a survey in CSV:
+  To create a dataset from a CSV survey:
     mrset import survey.csv survey.mrset
   variables: exit 2
   $ seq 1 1000 > text.mrset; try text.mrset
   mrset: text.mrset is not a dataset.
-  To make a dataset of a survey in CSV:
+  To create a dataset from a CSV survey:
     mrset import survey.csv survey.mrset
   run: exit 2
   mrset: text.mrset is not a dataset.
-  To make a dataset of a survey in CSV:
+  To create a dataset from a CSV survey:
     mrset import survey.csv survey.mrset
   sets: exit 2
   mrset: text.mrset is not a dataset.
-  To make a dataset of a survey in CSV:
+  To create a dataset from a CSV survey:
     mrset import survey.csv survey.mrset
   variables: exit 2
   $ sqlite3 other.mrset 'CREATE TABLE t(x)'; try other.mrset
   mrset: other.mrset is not a dataset.
-  To make a dataset of a survey in CSV:
+  To create a dataset from a CSV survey:
     mrset import survey.csv survey.mrset
   run: exit 2
   mrset: other.mrset is not a dataset.
-  To make a dataset of a survey in CSV:
+  To create a dataset from a CSV survey:
     mrset import survey.csv survey.mrset
   sets: exit 2
   mrset: other.mrset is not a dataset.
-  To make a dataset of a survey in CSV:
+  To create a dataset from a CSV survey:
     mrset import survey.csv survey.mrset
   variables: exit 2
   $ small newer.mrset; sqlite3 newer.mrset 'PRAGMA user_version=99'; try newer.mrset

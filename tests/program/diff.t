@@ -45,7 +45,7 @@ What differs between the sets of two datasets.
   $ mrset diff b.mrset b.mrset --format json
   {"a":"b.mrset","b":"b.mrset","same":true,"onlyInA":[],"onlyInB":[],"changed":[],"order":{"same":true,"a":["$colours","$new","$Drinks"],"b":["$colours","$new","$Drinks"]}}
 
-A version of a dataset's sets stands behind "@": what that change left.
+A version of a dataset's sets comes after "@": what that change left.
 
   $ mrset run b.mrset -c 'MRSET /DELETE NAME=[$new]' > /dev/null
   $ mrset diff b.mrset@1 b.mrset
@@ -64,7 +64,7 @@ A version of a dataset's sets stands behind "@": what that change left.
   [2]
   $ mrset diff missing.mrset@1 b.mrset
   mrset: missing.mrset does not exist.
-  To make it of a survey in CSV:
+  To create it from a CSV survey:
     mrset import survey.csv missing.mrset
   [2]
 
@@ -80,7 +80,7 @@ A file of that very name comes first.
   mrset: b.mrset@one does not exist.
   Did you mean b.mrset?
   mrset: @1 does not exist.
-  To make it of a survey in CSV:
+  To create it from a CSV survey:
     mrset import survey.csv @1
   mrset: b.mrset@ does not exist.
   Did you mean b.mrset?
@@ -90,7 +90,7 @@ What cannot be compared.
 
   $ mrset diff a.mrset missing.mrset
   mrset: missing.mrset does not exist.
-  To make it of a survey in CSV:
+  To create it from a CSV survey:
     mrset import survey.csv missing.mrset
   [2]
   $ mrset diff a.mrset
@@ -102,7 +102,7 @@ What cannot be compared.
   [2]
   $ echo x > x.mrset; mrset diff x.mrset a.mrset
   mrset: x.mrset is not a dataset.
-  To make a dataset of a survey in CSV:
+  To create a dataset from a CSV survey:
     mrset import survey.csv survey.mrset
   [2]
 

@@ -57,7 +57,7 @@ Two imports onto one path: one of them makes the dataset, whichever ends first, 
   two.mrset: 2 variables, 20000 cases
   [2]
   $ cat late.txt; mrset variables two.mrset --format json
-  mrset: two.mrset exists already.
+  mrset: two.mrset already exists.
   {"variables":[{"name":"a","width":0,"label":null,"valueLabels":[]},{"name":"b","width":9,"label":null,"valueLabels":[]}]}
 
 With --replace the one that ends last, and the sets of the dataset stay, those too that were defined meanwhile.

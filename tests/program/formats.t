@@ -227,12 +227,12 @@ It is complete or absent, also on standard output.
 
   $ mrset run no.mrset all.script --format html
   mrset: no.mrset does not exist.
-  To make it of a survey in CSV:
+  To create it from a CSV survey:
     mrset import survey.csv no.mrset
   [2]
   $ mrset run no.mrset all.script --format html --output none.html
   mrset: no.mrset does not exist.
-  To make it of a survey in CSV:
+  To create it from a CSV survey:
     mrset import survey.csv no.mrset
   [2]
   $ test -e none.html

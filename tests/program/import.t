@@ -110,14 +110,14 @@ A dataset that exists is refused.
 
   $ cp p.mrset before.mrset
   $ mrset import plain.csv p.mrset
-  mrset: p.mrset exists already; --replace replaces its variables and cases and keeps its sets.
+  mrset: p.mrset already exists; --replace replaces its variables and cases and keeps its sets.
   [2]
   $ cmp p.mrset before.mrset
   $ : > none.mrset; mrset import plain.csv none.mrset
-  mrset: none.mrset exists already and is no dataset that can be read; give another name.
+  mrset: none.mrset already exists and is not a readable dataset; give another name.
   [2]
   $ echo text > t.txt; mrset import plain.csv t.txt; cat t.txt
-  mrset: t.txt exists already and is no dataset that can be read; give another name.
+  mrset: t.txt already exists and is not a readable dataset; give another name.
   text
 
 --replace keeps the sets; what lost its variables shows it.
@@ -186,7 +186,7 @@ Data that cannot be used: one sentence, exit status 2, no dataset, nothing else 
   mrset: nul.csv, line 2: there is a NUL byte.
   exit 2
   $ printf 'a,b,A\n1,2,3\n' > twice.csv; try twice.csv
-  mrset: twice.csv, column 3: the name "A" is that of column 1 already.
+  mrset: twice.csv, column 3: duplicate name "A" (also column 1).
   exit 2
   $ printf 'a,,b\n1,2,3\n' > unnamed.csv; try unnamed.csv
   mrset: unnamed.csv, column 2: "" is not a valid variable name.
@@ -267,5 +267,5 @@ An unwritable place.
   mrset: no/such/x.mrset cannot be written: No such file or directory.
   [2]
   $ mrset import ok.csv ..
-  mrset: .. exists already and is no dataset that can be read; give another name.
+  mrset: .. already exists and is not a readable dataset; give another name.
   [2]

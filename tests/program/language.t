@@ -120,7 +120,7 @@ Variable lists: errors name the culprit.
       MRSET /MDGROUP NAME=$x VALUE=1 VARIABLES=q1 nosuch
                                                   ^^^^^^
   1> MRSET /MDGROUP NAME=$x VALUE=1 VARIABLES=q3 TO q1
-  Error: The range q3 TO q1 is reversed: q3 stands behind q1 in the dataset.
+  Error: The range q3 TO q1 is reversed: q3 comes after q1 in the dataset.
     -c 1, line 1, column 42:
       MRSET /MDGROUP NAME=$x VALUE=1 VARIABLES=q3 TO q1
                                                ^^

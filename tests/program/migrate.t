@@ -58,7 +58,7 @@ The first change sets a copy aside, with the permissions of the dataset.
 
   $ chmod 0640 s.mrset
   $ mrset run s.mrset -c 'MRSET /MCGROUP NAME=$d VARIABLES=t1 t2'
-  mrset: s.mrset was brought from format version 1 to 2; a copy as it was is s.mrset.v1.bak.
+  mrset: s.mrset was upgraded from format 1 to 2; the original is kept as s.mrset.v1.bak.
   1> MRSET /MCGROUP NAME=$d VARIABLES=t1 t2
   $ same s.mrset.v1.bak before.mrset && stat -c %a s.mrset.v1.bak && version s.mrset && ls
   640
@@ -77,7 +77,7 @@ Of several processes that come at once, one brings it to the present format, and
 
   $ old many.mrset; for i in 1 2 3 4 5 6; do mrset run many.mrset -c "MRSET /MCGROUP NAME=\$m$i VARIABLES=t1 t2" > /dev/null 2> "$i.err" & done; wait
   $ cat ?.err | grep -v '^mrset: waiting'; rm ?.err; ls many.mrset*
-  mrset: many.mrset was brought from format version 1 to 2; a copy as it was is many.mrset.v1.bak.
+  mrset: many.mrset was upgraded from format 1 to 2; the original is kept as many.mrset.v1.bak.
   many.mrset
   many.mrset.v1.bak
   $ mrset sets many.mrset --format json | grep -o '"name":"\$m' | wc -l; mrset check many.mrset; rm many.mrset*
@@ -87,7 +87,7 @@ Of several processes that come at once, one brings it to the present format, and
 So does an import that replaces the variables. A copy that is there is never overwritten; one that is the same serves.
 
   $ old s.mrset; printf 'q1,x\n1,2\n' > other.csv; mrset import --replace other.csv s.mrset
-  mrset: s.mrset was brought from format version 1 to 2; a copy as it was is s.mrset.v1.bak.
+  mrset: s.mrset was upgraded from format 1 to 2; the original is kept as s.mrset.v1.bak.
   s.mrset: 2 variables, 1 case
   mrset: The set $b has the variable t1, which no longer exists.
   mrset: The set $b has the variable t2, which no longer exists.
@@ -98,7 +98,7 @@ So does an import that replaces the variables. A copy that is there is never ove
   $ ls *.bak*
   s.mrset.v1.bak
   $ old s.mrset; echo mine > s.mrset.v1.bak; mrset run s.mrset -c 'MRSET /DELETE NAME=ALL'
-  mrset: s.mrset was brought from format version 1 to 2; a copy as it was is s.mrset.v1.bak.2.
+  mrset: s.mrset was upgraded from format 1 to 2; the original is kept as s.mrset.v1.bak.2.
   1> MRSET /DELETE NAME=ALL
   $ cat s.mrset.v1.bak; same s.mrset.v1.bak.2 before.mrset; mrset check s.mrset
   mine
@@ -108,7 +108,7 @@ A folder in its place is left alone, too.
 
   $ old s.mrset; rm *.bak*; mkdir s.mrset.v1.bak s.mrset.v1.bak.2
   $ mrset run s.mrset -c 'MRSET /DELETE NAME=ALL'; ls
-  mrset: s.mrset was brought from format version 1 to 2; a copy as it was is s.mrset.v1.bak.3.
+  mrset: s.mrset was upgraded from format 1 to 2; the original is kept as s.mrset.v1.bak.3.
   1> MRSET /DELETE NAME=ALL
   before.mrset
   other.csv

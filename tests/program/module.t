@@ -40,5 +40,5 @@ The program copied elsewhere with its libraries.
   Warning: No MRSET to display
   $ rm elsewhere/bin/mrset.so
   $ elsewhere/bin/mrset run s.mrset -c 'MRSET /DISPLAY NAME=ALL' 2>&1 | sed "s#$PWD#HERE#g"
-  mrset: The module mrset.so is neither beside the program in HERE/elsewhere/bin nor in its library folder; set MRSET_MODULE to its path.
+  mrset: The module mrset.so is neither next to the program in HERE/elsewhere/bin nor in its library folder; set MRSET_MODULE to its path.
   [2]

@@ -276,7 +276,7 @@ An aborted command is explained.
   The command was aborted; the dataset is as it was before it.
   [3]
   $ mrset run w.mrset -c 'MRSET /DELETE NAME=[]' --format json | grep -o '"hints":.*'
-  "hints":["the list in the brackets is empty","no name stands behind NAME=: a shell replaces $names in a command that is not in single quotes"]}
+  "hints":["the list in the brackets is empty","no name comes after NAME=: a shell replaces $names in a command that is not in single quotes"]}
   [3]
 
 Variables that label the counted value differently, as answers do.

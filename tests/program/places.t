@@ -47,7 +47,7 @@ order mark.
     all.script, line 8, column 10:
        /* d */ [$a].
                ^
-  hint: the keyword NAME needs "=" behind it
+  hint: the keyword NAME must be followed by "="
   
   5> MRSET /DISPLAY
   Error: Empty Display found

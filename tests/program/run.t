@@ -169,7 +169,7 @@ A dry run shows all of it, the later commands upon the earlier ones, and leaves 
   $ echo before > kept.txt
   $ mrset run missing.mrset --output kept.txt -c 'MRSET /DISPLAY NAME=ALL'
   mrset: missing.mrset does not exist.
-  To make it of a survey in CSV:
+  To create it from a CSV survey:
     mrset import survey.csv missing.mrset
   [2]
   $ cat kept.txt
@@ -230,7 +230,7 @@ A script without commands.
   $ mrset run s.mrset empty.script
   $ mrset run missing.mrset empty.script
   mrset: missing.mrset does not exist.
-  To make it of a survey in CSV:
+  To create it from a CSV survey:
     mrset import survey.csv missing.mrset
   [2]
 

@@ -138,7 +138,7 @@ The dataset is only read, and never overwritten by its script.
   [2]
   $ mrset script missing.mrset
   mrset: missing.mrset does not exist.
-  To make it of a survey in CSV:
+  To create it from a CSV survey:
     mrset import survey.csv missing.mrset
   [2]
   $ mrset script s.mrset --output no/such/file '$red'

@@ -4,7 +4,7 @@ Wrong use is told in one sentence with the next step, and exit status 2.
   $ mrset
   mrset: A subcommand is missing.
   To begin:
-    mrset import survey.csv survey.mrset    makes a dataset of a survey in CSV
+    mrset import survey.csv survey.mrset    creates a dataset from a CSV survey
     mrset variables survey.mrset            lists its variables
     mrset shell survey.mrset                takes commands
   Run "mrset --help" for all subcommands.
@@ -18,12 +18,12 @@ What is given in place of a subcommand tells what is wanted: a survey, a dataset
 
   $ mrset survey.csv
   mrset: Unknown subcommand: survey.csv.
-  To make a dataset of a survey in CSV:
+  To create a dataset from a CSV survey:
     mrset import survey.csv survey.mrset
   [2]
   $ mrset "my survey's.csv"
   mrset: Unknown subcommand: my survey's.csv.
-  To make a dataset of a survey in CSV:
+  To create a dataset from a CSV survey:
     mrset import 'my survey'\''s.csv' 'my survey'\''s.mrset'
   [2]
   $ printf 'q1,q2\n1,0\n' > tiny.csv
@@ -38,13 +38,13 @@ What is given in place of a subcommand tells what is wanted: a survey, a dataset
   $ echo 'MRSET /DISPLAY NAME=ALL.' > commands.txt
   $ mrset commands.txt
   mrset: Unknown subcommand: commands.txt.
-  To run the commands of a script, or to make a dataset of a survey in CSV:
+  To run the commands of a script, or to create a dataset from a CSV survey:
     mrset run survey.mrset commands.txt
     mrset import commands.txt commands.mrset
   [2]
   $ mrset MRSET /DISPLAY NAME=ALL
   mrset: Unknown subcommand: MRSET.
-  A command stands behind -c, in single quotes: so the shell neither splits it nor replaces $names.
+  A command comes after -c, in single quotes, so that the shell neither splits it nor replaces $names.
     mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
   [2]
 
@@ -52,17 +52,17 @@ A command that is not quoted: the shell has split it, and the name is gone.
 
   $ mrset run tiny.mrset MRSET /DISPLAY NAME=ALL
   mrset: Unexpected argument: /DISPLAY.
-  A command stands behind -c, in single quotes: so the shell neither splits it nor replaces $names.
+  A command comes after -c, in single quotes, so that the shell neither splits it nor replaces $names.
     mrset run tiny.mrset -c 'MRSET /DISPLAY NAME=ALL'
   [2]
   $ mrset run tiny.mrset 'MRSET /DISPLAY NAME=ALL'
   mrset: The script MRSET /DISPLAY NAME=ALL cannot be read: No such file or directory.
-  A command stands behind -c, in single quotes: so the shell neither splits it nor replaces $names.
+  A command comes after -c, in single quotes, so that the shell neither splits it nor replaces $names.
     mrset run tiny.mrset -c 'MRSET /DISPLAY NAME=ALL'
   [2]
   $ mrset run tiny.mrset /DISPLAY
   mrset: The script /DISPLAY cannot be read: No such file or directory.
-  A command stands behind -c, in single quotes: so the shell neither splits it nor replaces $names.
+  A command comes after -c, in single quotes, so that the shell neither splits it nor replaces $names.
     mrset run tiny.mrset -c 'MRSET /DISPLAY NAME=ALL'
   [2]
   $ mrset run tiny.mrset /none/DISPLAY
@@ -70,7 +70,7 @@ A command that is not quoted: the shell has split it, and the name is gone.
   [2]
   $ mrset run tiny.mrset -c MRSET /MDGROUP NAME=$likes VARIABLES=q1
   mrset: Unexpected argument: NAME=.
-  A command stands behind -c, in single quotes: so the shell neither splits it nor replaces $names.
+  A command comes after -c, in single quotes, so that the shell neither splits it nor replaces $names.
     mrset run tiny.mrset -c 'MRSET /DISPLAY NAME=ALL'
   [2]
 
@@ -84,24 +84,24 @@ command that is an argument.
     -c 1, line 1, column 22:
       MRSET /MDGROUP NAME= VARIABLES=q1 q2 VALUE=1
                            ^^^^^^^^^
-  hint: no name stands behind NAME=: a shell replaces $names in a command that is not in single quotes
+  hint: no name comes after NAME=: a shell replaces $names in a command that is not in single quotes
   
   2> MRSET /MCGROUP VARIABLES=q1 q2 NAME=
   Error: Unexpected MRSET name value end of command was found.
     -c 2, line 1, column 37:
       MRSET /MCGROUP VARIABLES=q1 q2 NAME=
                                           ^
-  hint: no name stands behind NAME=: a shell replaces $names in a command that is not in single quotes
+  hint: no name comes after NAME=: a shell replaces $names in a command that is not in single quotes
   [1]
   $ mrset run tiny.mrset -c "MRSET /MCGROUP NAME=$likes /DISPLAY NAME=ALL" -c "MRS /DIS NAM = [$likes $pets]" --format json
-  {"command":1,"line":1,"text":"MRSET /MCGROUP NAME= /DISPLAY NAME=ALL","procedure":"Multiple Response Set","status":"error","items":[{"kind":"message","level":"error","text":"Unexpected MRSET name value / was found.","line":1,"column":22,"length":1}],"source":"-c 1","hints":["no name stands behind NAME=: a shell replaces $names in a command that is not in single quotes"]}
-  {"command":2,"line":1,"text":"MRS /DIS NAM = [ ]","procedure":"Multiple Response Set","status":"ok","items":[{"kind":"message","level":"warning","text":"No MRSET to display"}],"source":"-c 2","hints":["no name stands behind NAME=: a shell replaces $names in a command that is not in single quotes"]}
+  {"command":1,"line":1,"text":"MRSET /MCGROUP NAME= /DISPLAY NAME=ALL","procedure":"Multiple Response Set","status":"error","items":[{"kind":"message","level":"error","text":"Unexpected MRSET name value / was found.","line":1,"column":22,"length":1}],"source":"-c 1","hints":["no name comes after NAME=: a shell replaces $names in a command that is not in single quotes"]}
+  {"command":2,"line":1,"text":"MRS /DIS NAM = [ ]","procedure":"Multiple Response Set","status":"ok","items":[{"kind":"message","level":"warning","text":"No MRSET to display"}],"source":"-c 2","hints":["no name comes after NAME=: a shell replaces $names in a command that is not in single quotes"]}
   [1]
   $ mrset run tiny.mrset -c "MRSET /DELETE NAME=[$likes]" 2>&1 | numberless
   1> MRSET /DELETE NAME=[]
   Fatal: mrset: backend/mrset/mrsetapply.cpp:LINE: void DeleteMRSets(const MRSetSubcommand&, VARIABLESETS&): Assertion `!subcmd.fNames.empty()' failed.
   hint: the list in the brackets is empty
-  hint: no name stands behind NAME=: a shell replaces $names in a command that is not in single quotes
+  hint: no name comes after NAME=: a shell replaces $names in a command that is not in single quotes
   The command was aborted; the dataset is as it was before it.
   [3]
   $ mrset run tiny.mrset -c 'MRSET /MCGROUP NAME=likes VARIABLES=q1 q2' -c 'MRSET /DISPLAY NAME=$likes' -c 'MRSET /MCGROUP NAME=$a LABEL= VARIABLES=q1 q2' -c 'MRSET /MCGROUP LABEL="NAME=" VARIABLES=' -c 'MRSET NAME= ' -c 'MRSET /DELETE NAME=['
@@ -226,7 +226,7 @@ A dataset that is not there, or that is none.
 
   $ mrset sets survey.mrset
   mrset: survey.mrset does not exist.
-  To make it of a survey in CSV:
+  To create it from a CSV survey:
     mrset import survey.csv survey.mrset
   [2]
   $ mrset sets tinny.mrset
@@ -245,54 +245,54 @@ A dataset that is not there, or that is none.
   $ cp tiny.mrset folder/breakfst.mrset
   $ mrset sets folder/brekfast.mrset
   mrset: folder/brekfast.mrset does not exist.
-  To make it of a survey in CSV:
+  To create it from a CSV survey:
     mrset import survey.csv folder/brekfast.mrset
   [2]
   $ mrset shell folder/none/a.mrset < /dev/null
   mrset: folder/none/a.mrset does not exist.
-  To make it of a survey in CSV:
+  To create it from a CSV survey:
     mrset import survey.csv folder/none/a.mrset
   [2]
   $ mrset run missing.csv -c MRSET
   mrset: missing.csv does not exist.
-  To make a dataset of a survey in CSV:
+  To create a dataset from a CSV survey:
     mrset import missing.csv missing.mrset
   [2]
   $ mrset run tiny.csv -c MRSET
   mrset: tiny.csv is not a dataset.
-  To make a dataset of a survey in CSV:
+  To create a dataset from a CSV survey:
     mrset import tiny.csv tiny.mrset
   [2]
   $ cp tiny.csv TINY.CSV
   $ mrset variables TINY.CSV
   mrset: TINY.CSV is not a dataset.
-  To make a dataset of a survey in CSV:
+  To create a dataset from a CSV survey:
     mrset import TINY.CSV TINY.mrset
   [2]
   $ mrset run commands.txt tiny.mrset
   mrset: commands.txt is not a dataset.
-  The dataset stands before the script:
+  The dataset comes before the script:
     mrset run tiny.mrset commands.txt
   [2]
   $ mrset run commands.txt vanished.script
   mrset: commands.txt is not a dataset.
-  To make a dataset of a survey in CSV:
+  To create a dataset from a CSV survey:
     mrset import survey.csv survey.mrset
   [2]
   $ mrset diff tiny.mrset@0 commands.txt
   mrset: commands.txt is not a dataset.
-  To make a dataset of a survey in CSV:
+  To create a dataset from a CSV survey:
     mrset import survey.csv survey.mrset
   [2]
   $ mrset copy tiny.mrset next.mrset
   mrset: next.mrset does not exist.
-  To make it of a survey in CSV:
+  To create it from a CSV survey:
     mrset import survey.csv next.mrset
   [2]
   $ sqlite3 other.db 'CREATE TABLE t(a)'
   $ mrset check other.db
   mrset: other.db is not a dataset.
-  To make a dataset of a survey in CSV:
+  To create a dataset from a CSV survey:
     mrset import survey.csv survey.mrset
   [2]
   $ mkfifo pipe.mrset tinny.mrset
@@ -301,13 +301,13 @@ A dataset that is not there, or that is none.
   [2]
   $ timeout 10 mrset pipe.mrset
   mrset: Unknown subcommand: pipe.mrset.
-  To run the commands of a script, or to make a dataset of a survey in CSV:
+  To run the commands of a script, or to create a dataset from a CSV survey:
     mrset run survey.mrset pipe.mrset
     mrset import pipe.mrset survey.mrset
   [2]
   $ timeout 10 mrset sets tinnny.mrset
   mrset: tinnny.mrset does not exist.
-  To make it of a survey in CSV:
+  To create it from a CSV survey:
     mrset import survey.csv tinnny.mrset
   [2]
   $ mrset sets folder

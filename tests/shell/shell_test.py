@@ -475,7 +475,7 @@ class Commands(ShellTest):
             ("help", "  quit                 leave the shell"),
             ("help mdg.", "MDGROUP defines a dichotomy set"),
             ("help me", "mrset: There is no help on me; there is on DELETE, DISPLAY, MCGROUP, MDGROUP, MRSET."),
-            ("sets now", "mrset: sets stands alone on its line."),
+            ("sets now", "mrset: sets must be alone on its line."),
             ("variables *2", "drink2  numeric  Coffee  1 = Yes"),
             ("variables x", "mrset: The dataset has no variable x."),
             ("undo", "mrset: s.mrset keeps no change; there is nothing to undo."),
@@ -497,7 +497,7 @@ class Commands(ShellTest):
             terminal.wait_for(answer)
             terminal.wait_for_input(PROMPT)
         terminal.type("MRSET" + ENTER + "quit" + ENTER)
-        terminal.wait_for("mrset: The command above is not complete, and this line is a part of it: a period ends it,")
+        terminal.wait_for("mrset: The command above is not complete, and this line is part of it: end it with")
         terminal.wait_for_input(MORE)
         terminal.type(ctrl("c"))
         terminal.wait_for_input(PROMPT)

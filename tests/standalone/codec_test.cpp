@@ -53,7 +53,7 @@ TEST(Codec, ACommandArrivesWithEveryMember) {
   EXPECT_EQ(command->text, "te\nxt");
   EXPECT_EQ(command->line, 7);
   EXPECT_EQ(command->before, "be\xFF\fore");
-  EXPECT_EQ(command->behind, std::string("\0", 1));
+  EXPECT_EQ(command->after, std::string("\0", 1));
   EXPECT_EQ(command->source, "source");
 }
 

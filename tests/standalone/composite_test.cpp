@@ -59,7 +59,7 @@ TEST(Composite, APlaceholderWithoutAnArgumentBecomesNothing) {
   });
 }
 
-TEST(Composite, AllDigitsBehindACaretAreTheNumber) {
+TEST(Composite, AllDigitsAfterACaretAreTheNumber) {
   const std::vector<Argument> ten = {"a", "b", "c", "d", "e", "f", "g", "h", "i", "j"};
   ExpectTexts({{"^10", ten, "j"}, {"^1.0", ten, "a.0"}, {"^01", ten, "a"}});
 }

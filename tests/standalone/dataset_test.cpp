@@ -660,7 +660,7 @@ TEST_F(DatasetWriterTest, ADatasetThatExistsIsKept) {
   MakeDataset(kFile);
   const std::string before = Read(kFile);
   EXPECT_EQ(SentenceOf([] { MakeDataset(kFile); }),
-            "survey.mrs exists already; --replace replaces its variables and cases and keeps its sets.");
+            "survey.mrs already exists; --replace replaces its variables and cases and keeps its sets.");
   EXPECT_EQ(Read(kFile), before);
 }
 
@@ -690,7 +690,7 @@ TEST_F(DatasetWriterTest, AFileThatAppearedMeanwhileIsKept) {
   DatasetWriter writer(kFile, false);
   writer.SetVariables(ThreeVariables());
   Write(kFile, "mine");
-  EXPECT_EQ(SentenceOf([&] { writer.Commit(); }), "survey.mrs exists already.");
+  EXPECT_EQ(SentenceOf([&] { writer.Commit(); }), "survey.mrs already exists.");
   EXPECT_EQ(Read(kFile), "mine");
 }
 

@@ -16,13 +16,13 @@ struct Marked {
   Place place;
 };
 
-Marked FromMarked(const std::string& text, const std::string& before = "", const std::string& behind = "") {
+Marked FromMarked(const std::string& text, const std::string& before = "", const std::string& after = "") {
   Marked marked;
   const std::size_t begin = text.find('<');
   const std::size_t end = text.find('>');
   marked.command.text = text.substr(0, begin) + text.substr(begin + 1, end - begin - 1) + text.substr(end + 1);
   marked.command.before = before;
-  marked.command.behind = behind;
+  marked.command.after = after;
   marked.place.offset = begin;
   marked.place.size = end - begin - 1;
   return marked;

@@ -268,7 +268,7 @@ TEST_F(HintsOnRandomCommands, LeaveNoErrorWhereThereWasOneFault) {
 bool MayStandAt(const Message& message, const std::string& command) {
   const std::string before = command.substr(0, message.place->offset);
   const std::string at = command.substr(message.place->offset, message.place->size);
-  const std::string behind = command.substr(message.place->offset + message.place->size);
+  const std::string after = command.substr(message.place->offset + message.place->size);
   if (std::regex_search(before, std::regex("(/|MRSET) *$"))) {
     return true;
   }
@@ -276,7 +276,7 @@ bool MayStandAt(const Message& message, const std::string& command) {
   const std::string text = isQuoted ? at.substr(1, at.size() - 2) : at;
   const bool isValue = std::regex_search(before, std::regex("VALUE=$"));
   const bool isOption = std::regex_search(before, std::regex("(LABELSOURCE|CATEGORYLABELS)=$"));
-  const bool isKeyword = behind.rfind('=', 0) == 0;
+  const bool isKeyword = after.rfind('=', 0) == 0;
   const bool isAboutValue = message.text.rfind("CountVal ", 0) == 0;
   return message.text.find(text) != std::string::npos && isQuoted == isAboutValue && isValue == isAboutValue &&
          !isOption && !isKeyword;

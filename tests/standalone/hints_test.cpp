@@ -76,22 +76,23 @@ TEST_F(Hints, ProposeNoKeywordWhereNoneIsClearlyMeant) {
 
 TEST_F(Hints, TellWhereEqualsIsMissing) {
   Expect({
-      {"MRSET /MDGROUP NAME $a", "the keyword NAME needs \"=\" behind it"},
-      {"MRSET /MDGROUP nam", "the keyword NAME needs \"=\" behind it"},
-      {"MRSET /MDGROUP NAME=$a LABEL 'x'", "the keyword LABEL needs \"=\" behind it"},
-      {"MRSET /MDGROUP LABELSOURCE VARLABEL", "the keyword LABELSOURCE needs \"=\" behind it"},
-      {"MRSET /DISPLAY NAME [$a]", "the keyword NAME needs \"=\" behind it"},
-      {"MRSET /MCGROUP NAME=$a VARIABLES q1 q2", "the keyword VARIABLES needs \"=\" behind it"},
-      {"MRSET /MDGROUP NAME=$a VARIABLES=q1 q2 VALUE 1", "the keyword VALUE needs \"=\" behind it"},
-      {"MRSET /MDGROUP VARIABLES=q1 q2 val 1 NAME=$a", "the keyword VALUE needs \"=\" behind it"},
-      {"MRSET /MCGROUP VARIABLES=q1 q2 NAME $a", "the keyword NAME needs \"=\" behind it"},
-      {"MRSET /MCGROUP VARIABLES=q1 q2 NAME $a LABEL='x'", "the keyword NAME needs \"=\" behind it"},
-      {"MRSET /MDGROUP VARIABLES=t1 t2 VALUE 'red' NAME=$a", "the keyword VALUE needs \"=\" behind it"},
+      {"MRSET /MDGROUP NAME $a", "the keyword NAME must be followed by \"=\""},
+      {"MRSET /MDGROUP nam", "the keyword NAME must be followed by \"=\""},
+      {"MRSET /MDGROUP NAME=$a LABEL 'x'", "the keyword LABEL must be followed by \"=\""},
+      {"MRSET /MDGROUP LABELSOURCE VARLABEL", "the keyword LABELSOURCE must be followed by \"=\""},
+      {"MRSET /DISPLAY NAME [$a]", "the keyword NAME must be followed by \"=\""},
+      {"MRSET /MCGROUP NAME=$a VARIABLES q1 q2", "the keyword VARIABLES must be followed by \"=\""},
+      {"MRSET /MDGROUP NAME=$a VARIABLES=q1 q2 VALUE 1", "the keyword VALUE must be followed by \"=\""},
+      {"MRSET /MDGROUP VARIABLES=q1 q2 val 1 NAME=$a", "the keyword VALUE must be followed by \"=\""},
+      {"MRSET /MCGROUP VARIABLES=q1 q2 NAME $a", "the keyword NAME must be followed by \"=\""},
+      {"MRSET /MCGROUP VARIABLES=q1 q2 NAME $a LABEL='x'", "the keyword NAME must be followed by \"=\""},
+      {"MRSET /MDGROUP VARIABLES=t1 t2 VALUE 'red' NAME=$a", "the keyword VALUE must be followed by \"=\""},
       {"MRSET /MDGROUP NAME=$a VARIABLES=q1 q2 CAT COUNTED VALUE=1",
-       "the keyword CATEGORYLABELS needs \"=\" behind it"},
-      {"MRSET /MDGROUP NAME=$a VARIABLES=q1 q2 LABELSOURCE VARLABEL", "the keyword LABELSOURCE needs \"=\" behind it"},
+       "the keyword CATEGORYLABELS must be followed by \"=\""},
+      {"MRSET /MDGROUP NAME=$a VARIABLES=q1 q2 LABELSOURCE VARLABEL",
+       "the keyword LABELSOURCE must be followed by \"=\""},
       {"MRSET /MDGROUP NAME=$b VARIABLES=q2 q3 VALUE=1 /MDGROUP NAME=$a VARIABLES=q1 q2 VALUE 1",
-       "the keyword VALUE needs \"=\" behind it"},
+       "the keyword VALUE must be followed by \"=\""},
   });
 }
 

@@ -258,7 +258,7 @@ TEST_F(ImporterTest, BadInputIsOneSentenceAndLeavesNothing) {
       {"a,b c\n1,2\n", "", "survey.csv, column 2: \"b c\" is not a valid variable name."},
       {"a,\n1,2\n", "", "survey.csv, column 2: \"\" is not a valid variable name."},
       {"$a\n1\n", "", "survey.csv, column 1: \"$a\" is not a valid variable name."},
-      {"a,b,A\n1,2,3\n", "", "survey.csv, column 3: the name \"A\" is that of column 1 already."},
+      {"a,b,A\n1,2,3\n", "", "survey.csv, column 3: duplicate name \"A\" (also column 1)."},
       {"a\n1\n", R"({"name": "b", "type": "string"})", "codebook.json, field \"b\": survey.csv has no such column."},
       {"a\n1\nx\n", R"({"name": "a", "type": "number"})", "survey.csv, line 3, column a: \"x\" is not a number."},
       {"a,b\n1,\"x\n\"\n,nan\n", R"({"name": "b", "type": "number"})",
@@ -298,7 +298,7 @@ TEST_F(ImporterTest, ADatasetThatExistsIsReplacedOnlyWhenAsked) {
   const std::string before = Read(kDataset);
   Write(kData, "b,c\n3,x\n4,y\n");
   EXPECT_EQ(SentenceOf([] { Import(); }),
-            "survey.mrs exists already; --replace replaces its variables and cases and keeps its sets.");
+            "survey.mrs already exists; --replace replaces its variables and cases and keeps its sets.");
   EXPECT_EQ(Read(kDataset), before);
   Import(std::nullopt, true);
   EXPECT_THAT(Variables(), ElementsAre("b:0", "c:1"));

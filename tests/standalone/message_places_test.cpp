@@ -57,7 +57,7 @@ TEST_F(MessagesOfTheHost, StandAtTheirCulprit) {
       {"MRSET /MCGROUP NAME=$a VARIABLES=q1 q2 <Q1>", "The variable q1 is listed twice."},
       {"MRSET /MCGROUP NAME=$a VARIABLES=q2 <q1> TO q3", "The variable q2 is listed twice."},
       {"MRSET /MCGROUP NAME=$a VARIABLES=<q3> TO q1",
-       "The range q3 TO q1 is reversed: q3 stands behind q1 in the dataset."},
+       "The range q3 TO q1 is reversed: q3 comes after q1 in the dataset."},
       {"MRSET /MCGROUP NAME=$a VARIABLES=q1 <TO>", "The range q1 TO has no end."},
   });
 }

@@ -78,7 +78,7 @@ TEST(TextRenderer, ShowsPlacesAndHintsUnderTheirMessage) {
   CommandResult result = Result("MRSET\n  /DISPLY \n", {}, Status::kError);
   result.source = "a.script";
   result.before = "\t";
-  result.behind = ".";
+  result.after = ".";
   Message message{Level::kError, "e"};
   message.place = Place{2, 4, 6, 9, 6};
   message.hint = "did you mean\n?";

@@ -20,7 +20,7 @@ inline CommandResult Result(const std::string& text, const std::vector<Item>& it
   return result;
 }
 
-/// A command with the same message of the same place: twice, behind a table once more, then of another place.
+/// A command with the same message of the same place: twice, after a table once more, then of another place.
 inline CommandResult RepeatedMessages() {
   Table table;
   table.title = "T";

@@ -177,7 +177,7 @@ TEST(Script, ACommandKnowsWhatStandsAroundItOnItsLines) {
   struct AroundRow {
     std::string script;
     std::string before;
-    std::string behind;
+    std::string after;
   };
   const std::vector<AroundRow> rows = {
       {"A", "", ""},
@@ -191,7 +191,7 @@ TEST(Script, ACommandKnowsWhatStandsAroundItOnItsLines) {
   for (const AroundRow& row : rows) {
     const ScriptCommand command = SplitScript(row.script, "a.script").at(0);
     EXPECT_EQ(command.before, row.before) << testing::PrintToString(row.script);
-    EXPECT_EQ(command.behind, row.behind) << testing::PrintToString(row.script);
+    EXPECT_EQ(command.after, row.after) << testing::PrintToString(row.script);
     EXPECT_EQ(command.source, "a.script");
   }
 }

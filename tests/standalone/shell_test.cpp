@@ -20,7 +20,7 @@ namespace {
 using Texts = std::vector<std::string>;
 
 constexpr const char* kRemark =
-    "say The command above is not complete, and this line is a part of it: a period ends it, Ctrl-C gives it up.";
+    "say The command above is not complete, and this line is part of it: end it with a period; Ctrl-C discards it.";
 
 Typed Text(const std::string& text) {
   return {Typed::Kind::kText, text};

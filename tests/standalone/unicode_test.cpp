@@ -126,7 +126,7 @@ TEST(Unicode, TextsAreOrderedByTheirUpperCaseForms) {
       {"likes", "LIKES", 0},
       {"a", "B", -1},
       {"B", "a", 1},
-      {"_", "a", 1},  // "_" stands behind "A"
+      {"_", "a", 1},  // "_" comes after "A"
       {"ab", "A", 1},
       {"a", "AB", -1},
       {"\u00E9", "\u00C9", 0},

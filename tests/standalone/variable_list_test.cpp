@@ -84,7 +84,7 @@ TEST(VariableList, WithoutWordsIsAcceptedAndEmpty) {
   ExpectLists({{"", "", {}}});
 }
 
-TEST(VariableList, IsEmptyWhenItsEndIsNotBehindItsBeginning) {
+TEST(VariableList, IsEmptyWhenItsEndIsNotAfterItsBeginning) {
   const std::vector<Token> tokens = Tokenize("nosuch nosuch");
   for (const std::size_t end : {0U, 1U}) {
     std::vector<int> positions;
@@ -131,8 +131,8 @@ TEST(VariableList, AVariableListedTwiceIsAnErrorThatNamesIt) {
 
 TEST(VariableList, AReversedRangeIsAnErrorThatNamesIt) {
   ExpectLists({
-      {"q3 TO q1", "The range q3 TO q1 is reversed: q3 stands behind q1 in the dataset.", {}},
-      {"q4 TOTAL to Q5", "The range TOTAL TO Q5 is reversed: TOTAL stands behind Q5 in the dataset.", {3}},
+      {"q3 TO q1", "The range q3 TO q1 is reversed: q3 comes after q1 in the dataset.", {}},
+      {"q4 TOTAL to Q5", "The range TOTAL TO Q5 is reversed: TOTAL comes after Q5 in the dataset.", {3}},
   });
 }
 
@@ -183,7 +183,7 @@ TEST(VariableList, AProblemTellsItsToken) {
   }
 }
 
-TEST(VariableList, AnEndBehindTheTokensDoesNoHarm) {
+TEST(VariableList, AnEndAfterTheTokensDoesNoHarm) {
   const std::vector<Token> tokens = Tokenize("q1");
   std::vector<int> positions;
   const std::optional<ListProblem> problem = ReadVariableList(tokens, 0, 99, Dictionary(), positions);

@@ -8,7 +8,7 @@
 
 namespace standalone {
 
-/// The text as a cell that no spreadsheet takes for a formula: one that begins, behind any apostrophes, with =, +, -,
+/// The text as a cell that no spreadsheet takes for a formula: one that begins, after any apostrophes, with =, +, -,
 /// @, their full-width forms, a tab or a line end gets an apostrophe in front, unless it is a number. So an apostrophe
 /// before one of these is always one that was added.
 std::string HarmlessInSpreadsheets(std::string_view text);

@@ -9,7 +9,7 @@
 namespace standalone {
 namespace {
 
-/// What can be markup anywhere in a line; the beginnings of lists, headings and numbers stand behind other text.
+/// What can be markup anywhere in a line; the beginnings of lists, headings and numbers come after other text.
 constexpr std::string_view kMarkup = "\\`*_{}[]<>&|~$#@!^=";
 
 bool IsW(char c) {

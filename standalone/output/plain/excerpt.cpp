@@ -80,9 +80,9 @@ Part PartBefore(const CommandResult& command, std::size_t offset, std::size_t re
   return PartOf(LastBytes(line, reach), 0, line.size() >= reach);
 }
 
-Part PartBehind(const CommandResult& command, std::size_t offset, std::size_t reach, std::size_t column) {
+Part PartAfter(const CommandResult& command, std::size_t offset, std::size_t reach, std::size_t column) {
   std::string line(FirstBytes(std::string_view(command.text).substr(offset), reach));
-  line += FirstBytes(command.behind, reach);
+  line += FirstBytes(command.after, reach);
   const std::size_t lineEnd = line.find('\n');
   if (lineEnd == std::string::npos && line.size() >= reach) {
     return PartOf(FirstBytes(line, reach), column, true);
@@ -110,15 +110,15 @@ void CutBeginning(Part& part, std::size_t width) {
 }
 
 /// Leaves of the three parts what fits `width` columns: of the place what can be shown, then as much of either side.
-void Fit(Part& before, Part& token, Part& behind, std::size_t width) {
-  if (!before.isCut && !behind.isCut && before.width + std::max<std::size_t>(token.width + behind.width, 1) <= width) {
+void Fit(Part& before, Part& token, Part& after, std::size_t width) {
+  if (!before.isCut && !after.isCut && before.width + std::max<std::size_t>(token.width + after.width, 1) <= width) {
     return;
   }
   const std::size_t room = width - 2 * kCut.size();
   CutEnd(token, room);
   const std::size_t left = token.isCut ? 0 : room - std::max<std::size_t>(token.width, 1);
-  CutBeginning(before, std::max(left / 2, left - std::min(left, behind.width)));
-  CutEnd(behind, token.isCut ? 0 : left - before.width);
+  CutBeginning(before, std::max(left / 2, left - std::min(left, after.width)));
+  CutEnd(after, token.isCut ? 0 : left - before.width);
 }
 
 std::string TextOf(const Part& part) {
@@ -137,8 +137,8 @@ Excerpt ExcerptAt(const CommandResult& command, const Place& place, std::size_t 
   const std::string_view written = std::string_view(command.text).substr(place.offset, place.size);
   Part before = PartBefore(command, place.offset, reach);
   Part token = PartOf(FirstBytes(written, reach), before.width, written.size() > reach);
-  Part behind = PartBehind(command, place.offset + place.size, reach, before.width + token.width);
-  Fit(before, token, behind, width);
+  Part after = PartAfter(command, place.offset + place.size, reach, before.width + token.width);
+  Fit(before, token, after, width);
 
   Excerpt excerpt;
   excerpt.line = fmt::format("{}{}", before.isCut ? kCut : "", TextOf(before));
@@ -146,8 +146,8 @@ Excerpt ExcerptAt(const CommandResult& command, const Place& place, std::size_t 
   excerpt.caretColumn = before.width + (before.isCut ? kCut.size() : 0);
   excerpt.line += TextOf(token);
   excerpt.tokenEnd = excerpt.line.size();
-  excerpt.line += TextOf(behind);
-  excerpt.line += token.isCut || behind.isCut ? kCut : "";
+  excerpt.line += TextOf(after);
+  excerpt.line += token.isCut || after.isCut ? kCut : "";
   excerpt.caretWidth = std::max<std::size_t>(token.width, 1);
   if (token.width == 0 && !written.empty() && excerpt.caretColumn > 0) {
     --excerpt.caretColumn;  // it is drawn over the character before it

@@ -22,7 +22,7 @@ std::size_t FittingLength(std::string_view text, std::size_t width) {
   return offset;
 }
 
-/// Where to break a text of which `fitting` bytes fit: behind the last word that fits whole, else where the room ends.
+/// Where to break a text of which `fitting` bytes fit: after the last word that fits whole, else where the room ends.
 std::size_t BreakAt(std::string_view text, std::size_t fitting) {
   const std::size_t blank = text.rfind(' ', fitting);
   if (blank == std::string_view::npos) {

@@ -81,13 +81,18 @@ class Child {
   }
 
  private:
+  /// Nothing where there is no further command.
   std::optional<ScriptCommand> NextCommand() const {
     std::string bytes;
-    while (AppendSome(fChannel.Number(), bytes) > 0) {
+    ssize_t count = 0;
+    while ((count = AppendSome(fChannel.Number(), bytes)) > 0) {
       std::string_view received = bytes;
       if (std::optional<ScriptCommand> command = TakeCommand(received)) {
         return command;
       }
+    }
+    if (count < 0 && errno != ECONNRESET) {
+      throw Error(fmt::format("The command cannot be run: {}.", std::strerror(errno)));
     }
     return std::nullopt;
   }

@@ -61,8 +61,8 @@ std::vector<std::string> WrapText(std::string_view text, std::size_t width) {
 }
 
 std::vector<std::string> WrapTextHanging(std::string_view text, std::size_t width) {
-  constexpr std::size_t kMinWidth = 8;
-  return Wrapped(text, width, width < kMinWidth ? std::string_view() : kHanging);
+  constexpr std::size_t kMinHangingWidth = 8;
+  return Wrapped(text, width, width < kMinHangingWidth ? std::string_view() : kHanging);
 }
 
 std::size_t WidestWord(std::string_view text) {

@@ -18,8 +18,9 @@ constexpr const char* kOnStandardInput = "on standard input";
 
 [[noreturn]] void ThrowCannotRead(const std::string& name) {
   const int number = errno;
+  const bool isMissing = number == ENOENT || number == ENAMETOOLONG || number == ENOTDIR;
   throw Error(
-      number == ENOENT ? ErrorKind::kMissingFile : ErrorKind::kFailed,
+      isMissing ? ErrorKind::kMissingFile : ErrorKind::kFailed,
       fmt::format("The script {} cannot be read: {}.", name.empty() ? "of no name" : name, std::strerror(number)),
       name);
 }

@@ -254,6 +254,7 @@ std::vector<Event> Worker::Output() const {
 }
 
 void Worker::Finish() {
+  fIsFinished = true;
   fChannel.Close();
   WaitForEnd();
 }
@@ -266,7 +267,7 @@ std::string Worker::LastWords() const {
     const int number = WTERMSIG(*fStatus);
     return fmt::format("The command's process was ended by signal {} ({}).", number, strsignal(number));
   }
-  return words;
+  return words.empty() && fStatus && !fIsFinished ? "The command's process ended before the command did." : words;
 }
 
 bool Worker::HasGivenUp() const {
@@ -274,6 +275,9 @@ bool Worker::HasGivenUp() const {
 }
 
 void Worker::WaitForEnd() {
+  if (fStatus) {
+    return;
+  }
   int status = 0;
   while (waitpid(fChild, &status, 0) < 0 && errno == EINTR) {
   }

@@ -64,6 +64,7 @@ class Worker {
   Descriptor fChannel;        // commands to the child; an Outcome for each back
   pid_t fChild = -1;
   std::optional<int> fStatus;
+  bool fIsFinished = false;  // it was to end
 };
 
 }  // namespace standalone

@@ -60,6 +60,11 @@ A command that is not quoted: the shell has split it, and the name is gone.
   A command comes after -c, in single quotes, so that the shell neither splits it nor replaces $names.
     mrset run tiny.mrset -c 'MRSET /DISPLAY NAME=ALL'
   [2]
+  $ mrset run tiny.mrset "/MCGROUP NAME=\$x VARIABLES=$(seq -s ' q' 500)" 2>&1 | sed -E 's/( q?[0-9]+)+/ LIST/'
+  mrset: The script /MCGROUP NAME=$x VARIABLES=1 LIST cannot be read: File name too long.
+  A command comes after -c, in single quotes, so that the shell neither splits it nor replaces $names.
+    mrset run tiny.mrset -c '/MCGROUP NAME=$x VARIABLES=1 LIST'
+  [2]
   $ mrset run tiny.mrset /DISPLAY
   mrset: The script /DISPLAY cannot be read: No such file or directory.
   A command comes after -c, in single quotes, so that the shell neither splits it nor replaces $names.

@@ -148,6 +148,15 @@ TEST(Worker, TellsTheSignalOfAChildThatSaidNothing) {
   EXPECT_EQ(worker.LastWords(), "The command's process was ended by signal 9 (Killed).");
 }
 
+TEST(Worker, TellsOfAChildThatEndedWithoutAWord) {
+  const auto end = [](const ScriptCommand&, const Tell&, const Notify&) -> bool { _exit(EXIT_SUCCESS); };
+  Worker worker = MakeWorker(end);
+  EXPECT_EQ(worker.Run(kAny), std::nullopt);
+  EXPECT_EQ(worker.LastWords(), "The command's process ended before the command did.");
+  EXPECT_EQ(worker.Run(kAny), std::nullopt) << "its end was waited for already";
+  EXPECT_EQ(worker.LastWords(), "The command's process ended before the command did.");
+}
+
 TEST(Worker, ThatWasEndedBetweenTwoCommandsRunsNoOther) {
   const auto tellTheProcess = [](const ScriptCommand&, const Tell& tell, const Notify&) {
     tell(ProcedureOpened{std::to_string(getpid())});

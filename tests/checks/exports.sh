@@ -8,8 +8,9 @@ exports=$2
 scripted=$3
 shift 3
 
-# Weak symbols are templates of the C++ library and of fmt, which their libraries have as well.
-strong() { nm --extern-only --defined-only "$@" | awk '$2 ~ /^[TDB]$/ { print $3 }' | LC_ALL=C sort -u; }
+# Weak symbols are templates of the C++ library and of fmt, which their libraries have as well; but for the type
+# information of classes, by which a sanitizer knows them.
+strong() { nm --extern-only --defined-only "$@" | awk '$2 ~ /^[TDB]$/ || $3 ~ /^_ZT[ISV][0-9]/ { print $3 }' | LC_ALL=C sort -u; }
 declared() { LC_ALL=C comm -12 <(strong "$scripted") <(strong "$@"); }
 listed() { sed -nE 's/^ +([^ ]+);$/\1/p' "$exports"; }
 

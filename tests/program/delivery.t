@@ -85,7 +85,7 @@ depends on permission.
 What a file allows its readers, the file that is to take its place allows from its first byte.
 
   $ umask 022; mode() { stat -c %a "$@"; }; mkfifo pipe
-  $ import_slowly() { rm -f late.txt; mrset import --replace pipe "$1" 2> late.txt & exec 9> pipe; printf 'c,d\n1,2\n' >&9; until ls .mrset-*.tmp > /dev/null 2>&1; do sleep 0.02; done; mode .mrset-*.tmp; exec 9>&-; wait; }
+  $ import_slowly() { rm -f late.txt; mrset import --replace pipe "$1" 2> late.txt & exec 9> pipe; printf 'c,d\n1,2\n' >&9; until mode .mrset-*.tmp 2> /dev/null || ! kill -0 $! 2> /dev/null; do sleep 0.02; done; exec 9>&-; wait; }
   $ chmod 600 s.mrset; import_slowly s.mrset; mode s.mrset
   600
   600
@@ -94,7 +94,7 @@ What a file allows its readers, the file that is to take its place allows from i
   664
   $ echo before > out.txt; chmod 640 out.txt
   $ seq 5000 | sed 's/.*/MRSET \/DISPLAY NAME=ALL./' > long.script
-  $ mrset run s.mrset long.script --output out.txt & until ls .mrset-*.tmp > /dev/null 2>&1; do sleep 0.02; done; mode .mrset-*.tmp; wait; mode out.txt
+  $ mrset run s.mrset long.script --output out.txt & until mode .mrset-*.tmp 2> /dev/null || ! kill -0 $! 2> /dev/null; do sleep 0.02; done; wait; mode out.txt
   640
   640
 

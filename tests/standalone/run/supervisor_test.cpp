@@ -9,7 +9,7 @@
 #include "standalone/dataset/dataset.h"
 #include "standalone/language/tokenizer.h"
 #include "standalone/run/supervisor.h"
-#include "tests/standalone/shell_dataset.h"
+#include "tests/standalone/shell/shell_dataset.h"
 
 namespace standalone {
 namespace {

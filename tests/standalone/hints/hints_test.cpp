@@ -7,7 +7,7 @@
 
 #include "standalone/dataset/dataset.h"
 #include "standalone/dataset/dataset_writer.h"
-#include "tests/standalone/command_run.h"
+#include "tests/standalone/hints/command_run.h"
 
 namespace standalone {
 namespace {

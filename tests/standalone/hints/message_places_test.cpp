@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "standalone/dataset/dataset_writer.h"
-#include "tests/standalone/command_run.h"
+#include "tests/standalone/hints/command_run.h"
 
 namespace standalone {
 namespace {

@@ -1,5 +1,5 @@
-#ifndef TESTS_STANDALONE_SHELL_DATASET_H
-#define TESTS_STANDALONE_SHELL_DATASET_H
+#ifndef TESTS_STANDALONE_SHELL_SHELL_DATASET_H
+#define TESTS_STANDALONE_SHELL_SHELL_DATASET_H
 
 #include "tests/standalone/temporary_folder.h"
 
@@ -18,4 +18,4 @@ class ShellDatasetTest : public TemporaryFolderTest {
 
 }  // namespace standalone
 
-#endif  // TESTS_STANDALONE_SHELL_DATASET_H
+#endif  // TESTS_STANDALONE_SHELL_SHELL_DATASET_H

@@ -1,4 +1,4 @@
-#include "tests/standalone/command_run.h"
+#include "tests/standalone/hints/command_run.h"
 
 #include <cstdlib>
 #include <optional>

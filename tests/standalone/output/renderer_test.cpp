@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/standalone/results.h"
+#include "tests/standalone/output/results.h"
 
 namespace standalone {
 namespace {

@@ -10,7 +10,7 @@
 #include "standalone/dataset/dataset_writer.h"
 #include "standalone/dataset/variable.h"
 #include "standalone/storage/database.h"
-#include "tests/standalone/command_run.h"
+#include "tests/standalone/hints/command_run.h"
 
 namespace standalone {
 namespace {

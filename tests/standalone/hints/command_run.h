@@ -1,5 +1,5 @@
-#ifndef TESTS_STANDALONE_COMMAND_RUN_H
-#define TESTS_STANDALONE_COMMAND_RUN_H
+#ifndef TESTS_STANDALONE_HINTS_COMMAND_RUN_H
+#define TESTS_STANDALONE_HINTS_COMMAND_RUN_H
 
 #include <string>
 #include <vector>
@@ -30,4 +30,4 @@ class CommandRunTest : public TemporaryFolderTest {
 
 }  // namespace standalone
 
-#endif  // TESTS_STANDALONE_COMMAND_RUN_H
+#endif  // TESTS_STANDALONE_HINTS_COMMAND_RUN_H

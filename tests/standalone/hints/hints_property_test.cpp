@@ -10,7 +10,7 @@
 
 #include "standalone/dataset/dataset_writer.h"
 #include "standalone/dataset/variable.h"
-#include "tests/standalone/command_run.h"
+#include "tests/standalone/hints/command_run.h"
 
 // Random commands: a hint that is followed mends them, and a place is about what the message quotes.
 

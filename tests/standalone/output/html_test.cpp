@@ -12,7 +12,7 @@
 #include "standalone/output/html/html_text.h"
 #include "standalone/output/message_text.h"
 #include "standalone/output/renderer.h"
-#include "tests/standalone/results.h"
+#include "tests/standalone/output/results.h"
 
 namespace standalone {
 namespace {

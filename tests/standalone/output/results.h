@@ -1,5 +1,5 @@
-#ifndef TESTS_STANDALONE_RESULTS_H
-#define TESTS_STANDALONE_RESULTS_H
+#ifndef TESTS_STANDALONE_OUTPUT_RESULTS_H
+#define TESTS_STANDALONE_OUTPUT_RESULTS_H
 
 #include <string>
 #include <vector>
@@ -48,4 +48,4 @@ inline constexpr const char* kHostileText = "<b>&\"'`*_[x](y)|~$#\\ \x1b[31m\u20
 
 }  // namespace standalone
 
-#endif  // TESTS_STANDALONE_RESULTS_H
+#endif  // TESTS_STANDALONE_OUTPUT_RESULTS_H

@@ -1,4 +1,4 @@
-#include "tests/standalone/shell_dataset.h"
+#include "tests/standalone/shell/shell_dataset.h"
 
 #include <cstdlib>
 #include <optional>

@@ -12,7 +12,7 @@
 #include "standalone/run/supervisor.h"
 #include "standalone/shell/dataset_completion_source.h"
 #include "standalone/text/unicode.h"
-#include "tests/standalone/shell_dataset.h"
+#include "tests/standalone/shell/shell_dataset.h"
 
 namespace standalone {
 namespace {

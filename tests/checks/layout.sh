@@ -38,7 +38,7 @@ deny 'the line editor is included outside its file' \
   < <(includes backend host standalone | grep -E ':(histedit\.h|editline/)' | grep -v '^standalone/shell/line_editor.cpp:' || true)
 
 # The folders of standalone/, each of which includes itself and those before it.
-order=(text files language storage cases dataset check output hints host run import sets shell console options advice commands
+order=(text files language storage cases dataset tabulation check output hints host run import sets shell console options advice commands
   program)
 known=' '
 for folder in "${order[@]}"; do

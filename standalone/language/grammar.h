@@ -15,6 +15,9 @@ namespace standalone {
 
 inline constexpr std::string_view kMrsetCommand = "MRSET";
 
+/// The other command, whose grammar is in tabulation/.
+inline constexpr std::string_view kTabulateCommand = "TABULATE";
+
 /// What comes after a keyword and its "=".
 enum class ValueKind {
   kNewSetName,    ///< $name

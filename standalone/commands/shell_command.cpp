@@ -22,7 +22,6 @@
 #include "standalone/files/output_file.h"
 #include "standalone/options/dataset_options.h"
 #include "standalone/options/format_option.h"
-#include "standalone/options/whole_number.h"
 #include "standalone/output/renderer.h"
 #include "standalone/run/supervisor.h"
 #include "standalone/shell/dataset_completion_source.h"
@@ -34,6 +33,7 @@
 #include "standalone/text/counted.h"
 #include "standalone/text/error.h"
 #include "standalone/text/notice.h"
+#include "standalone/text/number_text.h"
 #include "standalone/text/visible.h"
 
 namespace standalone {

@@ -16,11 +16,11 @@
 #include "standalone/console/delivery.h"
 #include "standalone/dataset/undo.h"
 #include "standalone/options/dataset_options.h"
-#include "standalone/options/whole_number.h"
 #include "standalone/sets/set_diff.h"
 #include "standalone/text/counted.h"
 #include "standalone/text/error.h"
 #include "standalone/text/notice.h"
+#include "standalone/text/number_text.h"
 #include "standalone/text/visible.h"
 
 namespace standalone {

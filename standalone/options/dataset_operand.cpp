@@ -4,7 +4,7 @@
 #include <string_view>
 #include <system_error>
 
-#include "standalone/options/whole_number.h"
+#include "standalone/text/number_text.h"
 
 namespace standalone {
 

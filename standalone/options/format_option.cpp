@@ -9,7 +9,7 @@
 #include <string_view>
 
 #include "standalone/options/value_type.h"
-#include "standalone/options/whole_number.h"
+#include "standalone/text/number_text.h"
 
 namespace standalone {
 namespace {

@@ -9,7 +9,7 @@
 #include "standalone/commands/subcommands.h"
 #include "standalone/console/terminal.h"
 #include "standalone/dataset/dataset.h"
-#include "standalone/options/dataset_operand.h"
+#include "standalone/dataset/dataset_operand.h"
 #include "standalone/options/dataset_options.h"
 #include "standalone/options/format_option.h"
 #include "standalone/sets/diff_report.h"

@@ -19,6 +19,7 @@
 #include "standalone/commands/subcommands.h"
 #include "standalone/console/delivery.h"
 #include "standalone/console/terminal.h"
+#include "standalone/dataset/dataset_operand.h"
 #include "standalone/files/output_file.h"
 #include "standalone/options/dataset_options.h"
 #include "standalone/options/format_option.h"
@@ -214,11 +215,10 @@ ExitStatus DatasetActions::ShowVariables(Dataset& dataset, const std::string& pa
 }
 
 ExitStatus DatasetActions::Undo(const std::string& number) {
-  const std::optional<std::int64_t> to = WholeNumber(number);
-  if (!number.empty() && !to) {
-    throw Error(ErrorKind::kUsage, fmt::format("{} is not a version number.", number));
+  if (const std::string complaint = number.empty() ? "" : VersionComplaint(number); !complaint.empty()) {
+    throw Error(ErrorKind::kUsage, complaint + ".");
   }
-  return UndoAndSay(fPath, fDatasetOptions, to);
+  return UndoAndSay(fPath, fDatasetOptions, WholeNumber(number));
 }
 
 void DatasetActions::Complain(ExitStatus status, const std::exception& error) {

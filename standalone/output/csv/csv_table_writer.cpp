@@ -71,7 +71,7 @@ void CsvTableWriter::Add(const TableRow& row) {
 void CsvTableWriter::WriteRecord(const std::vector<std::string>& texts) {
   std::vector<std::string> cells;
   for (const std::string& text : texts) {
-    const std::string valid = fCharacters == CsvCharacters::kVisible ? Visible(text) : ReplaceInvalidUtf8(text);
+    const std::string valid = fIsTerminal ? Visible(text) : ReplaceInvalidUtf8(text);
     cells.push_back(HarmlessInSpreadsheets(valid));
   }
   WriteCsvRecord(fStream, cells);
@@ -88,8 +88,8 @@ std::string CsvTableWriter::NotesOf(const TableRow& row) const {
   return Joined(notes);
 }
 
-std::unique_ptr<TableWriter> MakeCsvTableWriter(std::ostream& stream, CsvCharacters characters) {
-  return std::make_unique<CsvTableWriter>(stream, characters);
+std::unique_ptr<TableWriter> MakeCsvTableWriter(std::ostream& stream, const OutputLook& look) {
+  return std::make_unique<CsvTableWriter>(stream, look);
 }
 
 }  // namespace standalone

@@ -14,7 +14,7 @@ namespace standalone {
 /// where they are asked for. Tables with the same columns share one header. The stream must outlive the writer.
 class CsvTableWriter final : public TableWriter {
  public:
-  CsvTableWriter(std::ostream& stream, CsvCharacters characters) : fStream(stream), fCharacters(characters) {}
+  CsvTableWriter(std::ostream& stream, const OutputLook& look) : fStream(stream), fIsTerminal(look.isTerminal) {}
 
   /// What the rows of the tables to come have in front, and that they have their notes at the end.
   void Place(const std::vector<std::string>& headings, const std::vector<std::string>& cells);
@@ -28,7 +28,7 @@ class CsvTableWriter final : public TableWriter {
   std::string NotesOf(const TableRow& row) const;
 
   std::ostream& fStream;
-  CsvCharacters fCharacters;
+  bool fIsTerminal;
   std::vector<std::string> fPlaceHeadings;
   std::vector<std::string> fPlace;
   std::vector<std::string> fColumns;

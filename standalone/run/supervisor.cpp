@@ -30,6 +30,8 @@ void Take(Event event, CommandResult& result) {
     result.items.emplace_back(std::move(*message));
   } else if (auto* table = std::get_if<Table>(&event)) {
     result.items.emplace_back(std::move(*table));
+  } else if (auto* tabulation = std::get_if<Tabulation>(&event)) {
+    result.items.emplace_back(std::move(*tabulation));
   } else if (auto* given = std::get_if<HintGiven>(&event)) {
     result.hints.push_back(std::move(given->hint));
   } else if (auto* told = std::get_if<DryRunTold>(&event)) {

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "standalone/output/csv/csv_table_writer.h"
+#include "standalone/output/csv/csv_tabulation.h"
 #include "standalone/output/message_text.h"
 #include "standalone/output/plain/excerpt.h"
 #include "standalone/output/renderer.h"
@@ -21,6 +22,8 @@ class CsvRenderer final : public Renderer {
     for (const Item& item : result.items) {
       if (const auto* message = std::get_if<Message>(&item)) {
         Tell(result, *message);
+      } else if (const auto* tabulation = std::get_if<Tabulation>(&item)) {
+        WriteTabulation(result, *tabulation);
       } else {
         WriteTable(result.number, ++table, std::get<Table>(item));
       }
@@ -40,6 +43,16 @@ class CsvRenderer final : public Renderer {
   void WriteTable(std::size_t command, std::size_t number, const Table& table) {
     fTables.Place({"Command", "Table", "Title"}, {std::to_string(command), std::to_string(number), table.title});
     fTables.Write(table);
+  }
+
+  void WriteTabulation(const CommandResult& result, const Tabulation& tabulation) {
+    fTables.Place({}, {});
+    for (const Table& table : CsvTables(tabulation)) {
+      fTables.Write(table);
+    }
+    for (const std::string& note : tabulation.notes) {
+      Tell(CommandInWords(result), fmt::format("{}: {}", tabulation.set, note));
+    }
   }
 
   void Tell(const CommandResult& result, const Message& message) {

@@ -3,6 +3,7 @@
 #include <memory>
 #include <ostream>
 
+#include "standalone/output/markdown/markdown_tabulation.h"
 #include "standalone/output/markdown/markdown_text.h"
 #include "standalone/output/message_text.h"
 #include "standalone/output/plain/excerpt.h"
@@ -57,6 +58,11 @@ class MarkdownRenderer final : public Renderer {
 
   void WriteItem(const CommandResult& /*result*/, const Table& table) {
     fTables->Write(table);
+    fLastMessage.Forget();
+  }
+
+  void WriteItem(const CommandResult& /*result*/, const Tabulation& tabulation) {
+    WriteMarkdown(fStream, tabulation, *fTables);
     fLastMessage.Forget();
   }
 

@@ -9,6 +9,7 @@
 #include "standalone/output/message_text.h"
 #include "standalone/output/plain/excerpt.h"
 #include "standalone/output/plain/paint.h"
+#include "standalone/output/plain/text_tabulation.h"
 #include "standalone/output/renderer.h"
 #include "standalone/output/table_writer.h"
 #include "standalone/text/trim.h"
@@ -36,6 +37,7 @@ class TextRenderer final : public Renderer {
   void WriteCommandLine(const std::string& mark, std::string_view line);
   void WriteItem(const CommandResult& result, const Message& message);
   void WriteItem(const CommandResult& result, const Table& table);
+  void WriteItem(const CommandResult& result, const Tabulation& tabulation);
   void WriteAdditions(const CommandResult& result, const Message& message);
   void WritePlace(const CommandResult& result, const Message& message);
   void WriteHint(const std::string& hint);
@@ -126,6 +128,13 @@ void TextRenderer::WriteHint(const std::string& hint) {
 void TextRenderer::WriteItem(const CommandResult& /*result*/, const Table& table) {
   SetApart(true);
   fTables->Write(table);
+  fFollowsTable = true;
+  fLastMessage.Forget();
+}
+
+void TextRenderer::WriteItem(const CommandResult& /*result*/, const Tabulation& tabulation) {
+  SetApart(true);
+  fStream << TextTabulation(tabulation, fWidth, fColour);
   fFollowsTable = true;
   fLastMessage.Forget();
 }

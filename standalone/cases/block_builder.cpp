@@ -90,7 +90,7 @@ std::uint16_t BlockBuilder::CodeOfText(std::string_view text) {
   if (code != 0) {
     return code;
   }
-  fText.append(text);
+  fText.insert(fText.end(), text.begin(), text.end());
   fTextEnds.push_back(static_cast<std::uint32_t>(fText.size()));
   return TakeCode();
 }
@@ -148,7 +148,7 @@ std::uint16_t BlockBuilder::TakeCode() {
 
 std::string_view BlockBuilder::TextAt(std::size_t index) const {
   const std::size_t begin = index == 0 ? 0 : fTextEnds[index - 1];
-  return std::string_view(fText).substr(begin, fTextEnds[index] - begin);
+  return {fText.data() + begin, fTextEnds[index] - begin};
 }
 
 EncodedBlock BlockBuilder::Finish() {

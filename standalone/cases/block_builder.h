@@ -85,7 +85,7 @@ class BlockBuilder {
   // The values in the order in which they came; the code of each is its index plus 1. With all kMaxCasesOfBlock cells
   // different the last one has none, and the code 0.
   std::vector<double> fNumbers;
-  std::string fText;
+  std::vector<char> fText;  // a string would keep its memory when it is assigned an empty one
   std::vector<std::uint32_t> fTextEnds;
   std::vector<std::uint16_t> fIndex;  // a hash table of codes
 

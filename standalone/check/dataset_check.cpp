@@ -13,7 +13,7 @@
 #include <utility>
 #include <vector>
 
-#include "standalone/check/case_check.h"
+#include "standalone/cases/block_codec.h"
 #include "standalone/check/set_rules.h"
 #include "standalone/dataset/history.h"
 #include "standalone/dataset/import_log.h"
@@ -65,6 +65,9 @@ class Checker {
   void SetVariables();
   void SetRules();
   void Cases();
+  void BlockRow(Query& row, std::int64_t number, std::int64_t variable);
+  void CompareCases(std::int64_t number, std::int64_t variable, const BlockHead& head);
+  void EndBlocks(std::int64_t number);
   void History();
   void ChangeNumbers(const VersionRange& versions);
   void EntriesOfChanges(const VersionRange& versions);
@@ -91,19 +94,17 @@ class Checker {
   Database& fDatabase;
   std::string fName;
   const CheckReport& fReport;
-  std::int64_t fVersion = kFormatVersion;
   std::vector<bool> fIsNumeric;  // by position
+  Block fBlock;                  // whose memory is used again
+  std::int64_t fBlocksSeen = 0;  // of the variables, with one number
+  std::int64_t fCasesOfBlock = 0;
+  std::int64_t fCasesSeen = 0;
   std::int64_t fCaseCount = 0;
   std::unordered_set<std::string> fLabelledValues;  // of the variable whose value labels are read
   std::map<std::int64_t, StoredSet> fSets;          // by id, those that can be read
 };
 
 void Checker::Run() {
-  fVersion = FormatVersion(fDatabase);
-  if (fVersion < kFormatVersion) {
-    fReport.remark("version",
-                   fmt::format("The format version is {}: the next change brings it to {}.", fVersion, kFormatVersion));
-  }
   Perform("The file", &Checker::Integrity);
   Perform("The header", &Checker::Counts);
   Perform("The dictionary", &Checker::Variables);
@@ -112,10 +113,8 @@ void Checker::Run() {
   Perform("The variables of the sets", &Checker::SetVariables);
   Perform("The variables that sets name", &Checker::SetRules);
   Perform("The cases", &Checker::Cases);
-  if (fVersion == kFormatVersion) {
-    Perform("The history", &Checker::History);
-    Perform("The log of imports", &Checker::Imports);
-  }
+  Perform("The history", &Checker::History);
+  Perform("The log of imports", &Checker::Imports);
 }
 
 // What cannot be read ends its own step alone.
@@ -192,8 +191,6 @@ void Checker::Counts() {
   Generation();
   CompareCount("variables", IntegerOf("SELECT variable_count FROM meta"),
                CountOf("SELECT position, width FROM variable ORDER BY position"));
-  fCaseCount = CountOf("SELECT position FROM cases ORDER BY position");
-  CompareCount("cases", IntegerOf("SELECT case_count FROM meta"), fCaseCount);
 }
 
 void Checker::Generation() {
@@ -378,22 +375,74 @@ void Checker::SetRules() {
   }
 }
 
+// In the order of the ids come all variables of one number, then those of the next one.
 void Checker::Cases() {
-  Query rows(fDatabase, "SELECT position, cells FROM cases ORDER BY position");
-  OrderedKeys<std::int64_t> positions(fDatabase);
-  for (std::int64_t expected = 0; rows.Step(); ++expected) {
-    positions.Next(rows.Integer(0));
-    if (fReport.progress) {
-      fReport.progress(static_cast<std::uint64_t>(expected) + 1, static_cast<std::uint64_t>(fCaseCount));
-    }
-    if (rows.Integer(0) != expected) {
-      Finding("The position of a case is {} instead of {}.", rows.Integer(0), expected);
-    }
-    Row("The case at position", rows.Integer(0), [&] {
-      if (const auto wrong = WhatIsWrongWithCells(rows.Text(1), fIsNumeric)) {
-        Finding("The case at position {} is not sound: {}.", rows.Integer(0), *wrong);
+  fCaseCount = IntegerOf("SELECT case_count FROM meta");
+  if (fReport.progress) {
+    fReport.progress(0, static_cast<std::uint64_t>(fCaseCount));
+  }
+  Query rows(fDatabase, "SELECT id, head, cells FROM block ORDER BY id");
+  OrderedKeys<std::int64_t> ids(fDatabase);
+  std::int64_t last = -1;
+  while (rows.Step()) {
+    const std::int64_t id = ids.Next(rows.Integer(0));
+    const std::int64_t number = id >> 32;
+    if (number != last) {
+      EndBlocks(last);
+      if (number != last + 1) {
+        Finding("The number of a block of cases is {} instead of {}.", number, last + 1);
       }
-    });
+      last = number;
+    }
+    BlockRow(rows, number, id & 0xFFFFFFFF);
+  }
+  EndBlocks(last);
+  CompareCount("cases", fCaseCount, fCasesSeen);
+}
+
+void Checker::EndBlocks(std::int64_t number) {
+  if (number >= 0 && fBlocksSeen != static_cast<std::int64_t>(fIsNumeric.size())) {
+    Finding("Block {} of the cases has {} of {} variables.", number, fBlocksSeen, fIsNumeric.size());
+  }
+  fCasesSeen += fCasesOfBlock;
+  fBlocksSeen = 0;
+  fCasesOfBlock = 0;
+  if (fReport.progress) {
+    fReport.progress(static_cast<std::uint64_t>(fCasesSeen), static_cast<std::uint64_t>(fCaseCount));
+  }
+}
+
+void Checker::BlockRow(Query& row, std::int64_t number, std::int64_t variable) {
+  if (variable >= static_cast<std::int64_t>(fIsNumeric.size())) {
+    Finding("There is a block of cases of a variable at position {}, which does not exist.", variable);
+    return;
+  }
+  ++fBlocksSeen;
+  const std::string_view head = row.Blob(1);
+  const std::string_view cells = row.Blob(2);
+  try {
+    DecodeBlock(head, cells, fBlock);
+    const BlockHead decoded = DecodeHead(head);
+    CheckCounts(decoded, fBlock);
+    CompareCases(number, variable, decoded);
+  } catch (const Error& error) {
+    RethrowUnless(error, ErrorKind::kDamaged);
+    Finding("Block {} of the variable at position {} is not sound: {}.", number, variable, error.what());
+  }
+}
+
+/// With the first sound one of the same number.
+void Checker::CompareCases(std::int64_t number, std::int64_t variable, const BlockHead& head) {
+  const auto cases = static_cast<std::int64_t>(head.cases);
+  if (head.isNumeric != fIsNumeric[static_cast<std::size_t>(variable)]) {
+    Finding("Block {} of the variable at position {} has {}, its variable is a {}.", number, variable,
+            head.isNumeric ? "numbers" : "texts", head.isNumeric ? "string" : "numeric one");
+  }
+  if (fCasesOfBlock == 0) {
+    fCasesOfBlock = cases;
+  } else if (fCasesOfBlock != cases) {
+    Finding("Block {} of the variable at position {} has {} cases, of others {}.", number, variable, cases,
+            fCasesOfBlock);
   }
 }
 

@@ -108,7 +108,7 @@ ExitStatus Check(const CheckRequest& request) {
   const std::string name = Visible(request.datasetPath);
   Progress progress(ErrorScreen());
   const Told told = TellAll(request, [&](std::uint64_t checked, std::uint64_t all) {
-    if (checked == 1) {
+    if (checked == 0) {
       progress.Begin({"Checking " + name, "cases", all});
     }
     progress.Update(checked);

@@ -7,7 +7,6 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
-#include "standalone/cases/case_text.h"
 #include "standalone/storage/ordered_keys.h"
 #include "standalone/text/unicode.h"
 
@@ -16,17 +15,6 @@ namespace standalone {
 namespace {
 
 constexpr const char* kTimeFormat = "%Y-%m-%dT%H:%M:%SZ";
-
-std::string ToJsonArray(const std::vector<std::string>& texts) {
-  std::string json = "[";
-  for (const std::string& text : texts) {
-    if (json.size() > 1) {
-      json.push_back(',');
-    }
-    AppendJsonString(text, json);
-  }
-  return json + "]";
-}
 
 bool IsText(const nlohmann::json& json) {
   return json.is_string() && json.get_ref<const std::string&>().find('\0') == std::string::npos;
@@ -48,7 +36,7 @@ std::int64_t LastNumber(Database& database) {
 
 void AddBeforeForm(Database& database, std::int64_t number, const SetEdit& edit) {
   const StoredSet& set = *edit.before->set;
-  const std::string variables = ToJsonArray(set.variables);
+  const std::string variables = nlohmann::json(set.variables).dump();
   Query(database, "INSERT INTO history_set VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)")
       .Bind(number)
       .Bind(edit.id)

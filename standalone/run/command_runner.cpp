@@ -7,6 +7,7 @@
 
 #include "standalone/dataset/retry.h"
 #include "standalone/hints/adviser.h"
+#include "standalone/hints/choice_hints.h"
 #include "standalone/language/grammar.h"
 #include "standalone/language/nearest_name.h"
 #include "standalone/language/place.h"
@@ -114,7 +115,7 @@ Dataset::Saved CommandRunner::TryRun(const ScriptCommand& command, const std::ve
 
 /// From the state of the dataset that the command itself saw.
 void CommandRunner::GiveHints(const SetList& before, const SetList& after) {
-  for (const std::string& hint : fChoiceHints.HintsOnChange(before, after)) {
+  for (const std::string& hint : HintsOnChoices(fDataset, before, after)) {
     fTell(HintGiven{hint});
   }
 }

@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "standalone/dataset/dataset.h"
-#include "standalone/hints/choice_hints.h"
 #include "standalone/host/command_context.h"
 #include "standalone/host/set_exchange.h"
 #include "standalone/language/script.h"
@@ -36,7 +35,6 @@ class CommandRunner {
   SetExchange fExchange;
   Tell fTell;
   OutputSink fSink;
-  ChoiceHints fChoiceHints{fDataset};
   CommandEntry fMrset = nullptr;  // loaded by the first command that needs it
 };
 

@@ -32,6 +32,8 @@ deny 'SQLite is included outside its file' \
   < <(includes backend host standalone | grep -E ':sqlite3' | grep -vE '^standalone/storage/database(_files)?\.(h|cpp):' || true)
 deny 'the CSV library is included outside its file' \
   < <(includes backend host standalone | grep -E ':csv\.h$' | grep -v '^standalone/import/csv.cpp:' || true)
+deny 'the library of checksums is included outside its file' \
+  < <(includes backend host standalone | grep -E ':xxhash\.h$' | grep -v '^standalone/cases/checksum.cpp:' || true)
 deny 'the serialiser is included outside its file' \
   < <(includes backend host standalone | grep -E ':cereal/' | grep -v '^standalone/run/codec.cpp:' || true)
 deny 'the line editor is included outside its file' \

@@ -10,7 +10,9 @@
 #include <utility>
 #include <vector>
 
+#include "standalone/language/grammar.h"
 #include "standalone/storage/file_format.h"
+#include "standalone/text/unicode.h"
 
 namespace standalone {
 namespace {
@@ -83,7 +85,7 @@ NextSteps StepsOnUnknownSubcommand(const CLI::App& app, const std::string& word)
   if (IsExistingFile(word) || IsNameOfCsv(word)) {
     return StepsWithFile(word);
   }
-  if (IsPieceOfCommand(word)) {
+  if (IsPieceOfCommand(word) && !NamesKeyword(ToUpper(word), kTabulateCommand)) {  // which is a subcommand too
     return StepsToQuote("survey.mrset");
   }
   NextSteps steps =

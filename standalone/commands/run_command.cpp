@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "standalone/commands/command_status.h"
+#include "standalone/commands/counting_progress.h"
 #include "standalone/commands/subcommands.h"
 #include "standalone/console/delivery.h"
 #include "standalone/console/progress.h"
@@ -129,7 +130,7 @@ void RunAndRender(const Job& job, const Target& target, Outcome& outcome) {
   const std::unique_ptr<Renderer> renderer = MakeRenderer(format, options, target);
   Progress progress(ScreenBesideResults(options));
   progress.Begin({"Running", "commands", commands.size()});
-  Supervisor supervisor({options.datasetPath, options.dryRun, options.datasetOptions});
+  Supervisor supervisor({options.datasetPath, options.dryRun, options.datasetOptions, ShowCounting()});
   for (std::size_t index = 0; index < commands.size() && target.stream; ++index) {
     const CommandResult result = WithShellHint(supervisor.Run(commands[index]), index >= job.list.fromScript);
     outcome.saved += result.isSaved ? 1 : 0;

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "standalone/commands/command_status.h"
+#include "standalone/commands/counting_progress.h"
 #include "standalone/commands/history_actions.h"
 #include "standalone/commands/list_tables.h"
 #include "standalone/commands/subcommands.h"
@@ -56,7 +57,7 @@ class DatasetActions : public ShellActions {
         fFormat(options.format),
         fDatasetOptions(options.datasetOptions),
         fIsAtTerminal(isAtTerminal),
-        fSupervisor({options.datasetPath, false, options.datasetOptions}),
+        fSupervisor({options.datasetPath, false, options.datasetOptions, ShowCounting()}),
         fRenderer(MakeTextRenderer(std::cout, Look(true))) {}
 
   void Run(const ScriptCommand& command) override;

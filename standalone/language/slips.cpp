@@ -19,10 +19,12 @@ constexpr const char* kWherePeriodEnds = "a period ends a command only at the en
 constexpr std::array<std::string_view, 12> kOddQuotes = {"\u2018", "\u2019", "\u201A", "\u201B", "\u201C", "\u201D",
                                                          "\u201E", "\u201F", "\u00AB", "\u00BB", "\u00B4", "`"};
 
-/// Whether the words begin a command: its name, and "/" or a subcommand or nothing after it.
+/// Whether the words begin a command: its name, and what its first word can be or nothing after it.
 bool BeginCommand(std::string_view name, std::string_view next) {
-  return NamesKeyword(ToUpper(name), kMrsetCommand) &&
-         (next.empty() || next[0] == '/' || FindSubcommand(next) != nullptr);
+  const std::string word = ToUpper(name);
+  const bool beginsMrset =
+      NamesKeyword(word, kMrsetCommand) && (next.empty() || next[0] == '/' || FindSubcommand(next) != nullptr);
+  return beginsMrset || (NamesKeyword(word, kTabulateCommand) && (next.empty() || next[0] == '$'));
 }
 
 std::string_view FirstWord(std::string_view text) {
@@ -63,6 +65,16 @@ class Slip {
     return At().symbol == kSlashSymbol && Next().symbol == kSlashSymbol && Next().offset == At().offset + 1;
   }
 
+  bool IsInParentheses() const {
+    const auto begin = fTokens.begin();
+    const auto opens = [](const Token& token) { return token.text == "(" && token.type == TokenSequenceBase::kSymbol; };
+    const auto closes = [](const Token& token) {
+      return token.text == ")" && token.type == TokenSequenceBase::kSymbol;
+    };
+    const auto end = begin + static_cast<std::ptrdiff_t>(fToken);
+    return std::count_if(begin, end, opens) > std::count_if(begin, end, closes);
+  }
+
   std::string MissingPeriod() const {
     const auto begin = fCommand.text.begin();
     const auto lines = std::count(begin, begin + static_cast<std::ptrdiff_t>(EndOfFormer()), '\n');
@@ -91,7 +103,7 @@ std::optional<std::string> Slip::Hint() const {
   if (std::find(kOddQuotes.begin(), kOddQuotes.end(), symbol) != kOddQuotes.end()) {
     return fmt::format("put texts in straight quotes, ' or \", not in {}", symbol);
   }
-  if (symbol == ",") {
+  if (symbol == "," && !(NamesKeyword(fTokens.front(), kTabulateCommand) && IsInParentheses())) {  // as in IN (1, 2)
     return "separate names and keywords by blanks, not commas";
   }
   if (symbol == ".") {

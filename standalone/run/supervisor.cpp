@@ -68,7 +68,8 @@ void Supervisor::StartWorker() {
         notify(sentence);
       }
     };
-    const auto runner = std::make_shared<CommandRunner>(fRequest.datasetPath, fRequest.dryRun, tell, options);
+    const auto runner =
+        std::make_shared<CommandRunner>(fRequest.datasetPath, fRequest.dryRun, tell, options, fRequest.beginCounting);
     return [told, runner](const ScriptCommand& command) {
       told->clear();
       return runner->Run(command);

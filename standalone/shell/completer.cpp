@@ -10,6 +10,7 @@
 #include "standalone/language/variable_list.h"
 #include "standalone/shell/help.h"
 #include "standalone/shell/shell_word.h"
+#include "standalone/shell/tabulate_candidates.h"
 #include "standalone/text/number_text.h"
 #include "standalone/text/unicode.h"
 #include "standalone/text/visible.h"
@@ -110,6 +111,7 @@ class Completer {
   void BeginWordAt(std::size_t offset);
 
   void AddFor(const Expectation& expectation);
+  void AddForTabulate();
   void AddCommands();
   void AddKeywords(const Expectation& expectation);
   void AddFirstOfValue(const Expectation& expectation);
@@ -189,6 +191,9 @@ void Completer::CompleteCommand() {
   } else {
     BeginWordAt(fText.size());
   }
+  if (!fTokens.empty() && NamesKeyword(fTokens[0], kTabulateCommand)) {
+    return AddForTabulate();
+  }
   const Expectation expectation = ExpectedAfter(fTokens, fTokens.size());
   const bool isCountedValue =
       expectation.what == Expected::kValue && expectation.keyword->value == ValueKind::kCountedValue;
@@ -228,9 +233,32 @@ void Completer::AddFor(const Expectation& expectation) {
   }
 }
 
+void Completer::AddForTabulate() {
+  const TabulateExpectation expectation = ExpectedInTabulate(fTokens, fTokens.size(), fText);
+  const TabulateCandidates candidates = CandidatesFor(expectation, fTokens, fSource);
+  for (const std::string& keyword : candidates.keywords) {
+    AddKeyword(keyword);
+  }
+  for (const std::string& symbol : candidates.symbols) {
+    Add(symbol);
+  }
+  SortByName();
+  for (const std::string& value : candidates.values) {
+    Add(value);
+  }
+  if (candidates.offersSets) {
+    AddSetNames(std::max<std::size_t>(expectation.valueBegin, 1), "");
+  }
+  if (candidates.offersVariables) {
+    AddVariables({}, 0);
+  }
+}
+
 /// The shell's own commands only stand on a line of their own.
 void Completer::AddCommands() {
-  AddKeyword(kMrsetCommand);
+  for (const std::string_view command : kCommands) {
+    AddKeyword(command);
+  }
   const std::string_view before = fText.substr(0, fCompletion.begin);
   if (!std::all_of(before.begin(), before.end(), IsBlank)) {
     return;
@@ -406,7 +434,7 @@ void Completer::SortByName() {
 std::string Completer::Insertion() const {
   if (fCompletion.candidates.size() == 1 && !fCompletion.isCut) {
     const std::string& only = fCompletion.candidates.front();
-    const bool goesOn = only.back() == '=' || only.back() == '[' || only == "$";
+    const bool goesOn = std::string_view("=[(/").find(only.back()) != std::string_view::npos || only == "$";
     return only + (goesOn ? "" : " ");
   }
   return fCommon && ToUpper(*fCommon).size() > fWord.size() ? *fCommon : "";

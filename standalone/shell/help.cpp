@@ -3,7 +3,9 @@
 #include <fmt/format.h>
 
 #include "standalone/language/grammar.h"
+#include "standalone/output/plain/wrap.h"
 #include "standalone/shell/shell_word.h"
+#include "standalone/tabulation/tabulate_grammar.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {
@@ -66,10 +68,32 @@ const std::vector<Topic>& Topics() {
   return kTopics;
 }
 
+/// Made of the table of subcommands.
+std::string HelpOnTabulate() {
+  std::string text =
+      "TABULATE counts sets: a row for each member, a column for the total and each BY.\n"
+      "\n"
+      "  TABULATE $drinks /BY=region /WHERE=born < 1980.\n"
+      "\n";
+  constexpr std::size_t kNameWidth = 26;
+  for (const TabulateSubcommand& subcommand : TabulateSubcommands()) {
+    const std::string value = fmt::format(IsValueOptional(subcommand) ? "[={}]" : "={}", subcommand.form);
+    std::string left = fmt::format("  /{}{}", subcommand.name, value);
+    for (const std::string& line : WrapText(subcommand.purpose, 80 - kNameWidth)) {
+      text += fmt::format("{:<{}}{}\n", left, kNameWidth, line);
+      left.clear();
+    }
+  }
+  return text +
+         "\n"
+         "Subcommands stand in any order, each once but NET. BY, SHOW and LAST take several\n"
+         "words. TABULATE changes nothing in the dataset.\n";
+}
+
 std::string HelpOnTheShell() {
   std::string text =
-      "MRSET commands go over as many lines as they need and end with a period at the\n"
-      "end of a line. Tab completes, the arrow keys bring back earlier commands, Ctrl-R\n"
+      "Commands (MRSET, TABULATE) take as many lines as they need and end with a period\n"
+      "at the end of a line. Tab completes, the arrow keys bring back earlier commands, Ctrl-R\n"
       "searches them, Ctrl-C gives up what is being typed.\n"
       "\n";
   for (const ShellCommandRule& rule : ShellCommands()) {
@@ -85,6 +109,7 @@ std::vector<std::string_view> HelpTopics() {
   for (const Topic& topic : Topics()) {
     names.push_back(topic.name);
   }
+  names.push_back(kTabulateCommand);
   return names;
 }
 
@@ -97,7 +122,7 @@ std::optional<std::string> HelpOn(std::string_view topic) {
       return std::string(one.text);
     }
   }
-  return std::nullopt;
+  return NamesKeyword(ToUpper(topic), kTabulateCommand) ? std::make_optional(HelpOnTabulate()) : std::nullopt;
 }
 
 }  // namespace standalone

@@ -29,7 +29,7 @@ std::string FirstWord(std::string_view text) {
 }
 
 std::vector<std::string> AllCommands() {
-  std::vector<std::string> names = {std::string(kMrsetCommand)};
+  std::vector<std::string> names(kCommands.begin(), kCommands.end());
   for (const ShellCommandRule& rule : ShellCommands()) {
     names.emplace_back(rule.name);
   }
@@ -41,7 +41,7 @@ std::vector<std::string> AllCommands() {
 const std::vector<ShellCommandRule>& ShellCommands() {
   static const std::vector<ShellCommandRule> kRules = {
       {"exit", ShellCommandKind::kQuit, "", "the same as quit"},
-      {"help", ShellCommandKind::kHelp, "[TOPIC]", "this list; or on MRSET, MDGROUP, MCGROUP, DISPLAY, DELETE"},
+      {"help", ShellCommandKind::kHelp, "[TOPIC]", "this list; or on MRSET and its subcommands, TABULATE"},
       {"log", ShellCommandKind::kLog, "", "the changes of the sets, the last one first"},
       {"quit", ShellCommandKind::kQuit, "", "leave the shell; so does Ctrl-D on an empty line"},
       {"sets", ShellCommandKind::kSets, "", "the dataset's sets"},
@@ -70,14 +70,15 @@ bool ShellCommand::IsAsMeant() const {
 
 std::optional<std::string> RefusalOfUnknownCommand(std::string_view openText) {
   const std::string word = FirstWord(openText);
-  if (word[0] == '*' || NamesKeyword(ToUpper(word), kMrsetCommand)) {
+  if (word[0] == '*' || NamesCommand(ToUpper(word))) {
     return std::nullopt;
   }
   const std::string quoted = Shortened(word);
   const std::optional<std::string> meant = MeantWord(word, AllCommands());
   return meant ? fmt::format("There is no command {}; did you mean {}?", quoted, *meant)
-               : fmt::format("There is no command {}; one begins with MRSET, or is one of those that help shows.",
-                             quoted);
+               : fmt::format(
+                     "There is no command {}; one begins with MRSET or TABULATE, or is one of those that help shows.",
+                     quoted);
 }
 
 }  // namespace standalone

@@ -33,8 +33,8 @@ struct ShellCommand {
 /// The shell's command that the first word of the line names, in any case; nothing for any other line.
 std::optional<ShellCommand> ReadShellCommand(std::string_view line);
 
-/// What to say where the command that begins so is neither MRSET nor a comment, and can never run: one sentence, with
-/// the command that was meant where one is near. Nothing where it may run.
+/// What to say where the command that begins so is neither MRSET, TABULATE nor a comment, and can never run: one
+/// sentence, with the command that was meant where one is near. Nothing where it may run.
 std::optional<std::string> RefusalOfUnknownCommand(std::string_view openText);
 
 }  // namespace standalone

@@ -32,7 +32,17 @@ class MemorySource : public CompletionSource {
   Texts sets = {"$toppings", "$Drinks", "$dry"};
   std::size_t visited = 0;
 
-  std::vector<std::string> SetNames() override { return sets; }
+  Texts SetNames() override { return sets; }
+
+  std::optional<StoredSet> FindSet(const std::string& name) override {
+    if (CompareNoCase(name, "$Drinks") == 0) {
+      return StoredSet{"$Drinks", SetType::kDichotomy, "", "1", false, false, {"drink1", "Drink2"}};
+    }
+    return CompareNoCase(name, "$toppings") == 0
+               ? std::make_optional(
+                     StoredSet{"$toppings", SetType::kCategory, "", "", false, false, {"drink1", "colour"}})
+               : std::nullopt;
+  }
 
   void VisitVariables(std::string_view beginning, int from, const VisitName& visit) override {
     const std::string first = ToUpper(beginning);

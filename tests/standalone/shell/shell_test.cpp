@@ -218,6 +218,7 @@ TEST(Help, FitsTheScreenAndCanBeShortened) {
 class NoSource : public CompletionSource {
  public:
   Texts SetNames() override { return {"$a"}; }
+  std::optional<StoredSet> FindSet(const std::string& /*name*/) override { return std::nullopt; }
   void VisitVariables(std::string_view /*beginning*/, int /*from*/, const VisitName& /*visit*/) override {}
   int FindVariable(const std::string& /*name*/) override { return -1; }
   const Variable& VariableAt(int /*position*/) override { throw std::out_of_range("none"); }

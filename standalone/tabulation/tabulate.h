@@ -17,9 +17,9 @@ using TabulationProgress = std::function<void(std::size_t done, std::size_t case
 /// The most categories that a BY may have.
 inline constexpr std::size_t kMaxCategories = 10'000;
 
-/// Counts each set of the request, in one pass over the cases: every column is read once, block by block, and memory does
-/// not depend on the number of cases. Throws TabulationError where the request does not fit the dataset, and an Error of
-/// kind kInterrupted where the user interrupts.
+/// Counts each set of the request, in one pass over the cases: every column is read once, block by block, and memory
+/// does not depend on the number of cases. Throws TabulationError where the request does not fit the dataset, and an
+/// Error of kind kInterrupted where the user interrupts.
 std::vector<Tabulation> Tabulate(const TabulationRequest& request, TabulationSource& source,
                                  const TabulationProgress& progress = {});
 

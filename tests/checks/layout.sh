@@ -38,6 +38,8 @@ deny 'the serialiser is included outside its file' \
   < <(includes backend host standalone | grep -E ':cereal/' | grep -v '^standalone/run/codec.cpp:' || true)
 deny 'the line editor is included outside its file' \
   < <(includes backend host standalone | grep -E ':(histedit\.h|editline/)' | grep -v '^standalone/shell/line_editor.cpp:' || true)
+deny 'Boost is included outside its file' \
+  < <(includes backend host standalone | grep -E ':boost/' | grep -v '^standalone/tabulation/distributions.cpp:' || true)
 
 # The folders of standalone/, each of which includes itself and those before it.
 order=(text files language storage cases dataset tabulation check output hints host run import sets shell console options advice commands

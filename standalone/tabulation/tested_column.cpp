@@ -1,0 +1,86 @@
+#include "standalone/tabulation/tested_column.h"
+
+#include <limits>
+#include <string_view>
+
+#include "standalone/tabulation/code_bits.h"
+
+namespace standalone {
+namespace {
+
+constexpr std::size_t kMostSearches = 16;  // to search for more codes one by one takes longer than to look each case up
+
+std::size_t ValueCount(const Block& block) {
+  return block.isNumeric ? block.numbers.size() : block.texts.size();
+}
+
+}  // namespace
+
+bool TestedColumn::IsMeant(std::size_t code) const {
+  if (fBlock->isNumeric) {
+    return fTest.Holds(code == 0 ? std::numeric_limits<double>::quiet_NaN() : fBlock->numbers[code - 1]);
+  }
+  return fTest.Holds(code == 0 ? std::string_view() : fBlock->texts[code - 1]);
+}
+
+void TestedColumn::StartBlock() {
+  const std::size_t codes = ValueCount(*fBlock) + 1;
+  fMeant.clear();
+  fIsMeant.assign(codes, 0);
+  for (std::size_t code = 0; code < codes; ++code) {
+    if (IsMeant(code)) {
+      fIsMeant[code] = 1;
+      fMeant.push_back(static_cast<std::uint16_t>(code));
+    }
+  }
+}
+
+template <class Code>
+void TestedColumn::ReadCodes(const Code* codes, std::size_t cases, Bits& bits) const {
+  if (fMeant.size() == 1) {
+    FindCode(codes, cases, static_cast<Code>(fMeant[0]), bits);
+    return;
+  }
+  bits.fill(0);
+  if (fMeant.size() <= kMostSearches) {
+    Bits found;
+    for (const std::uint16_t code : fMeant) {
+      FindCode(codes, cases, static_cast<Code>(code), found);
+      AddTo(bits, found);
+    }
+    return;
+  }
+  for (std::size_t place = 0; place < cases; ++place) {
+    bits[place / kCasesOfWord] |= std::uint64_t{fIsMeant[codes[place]]} << (place % kCasesOfWord);
+  }
+}
+
+template <class Cell>
+void TestedColumn::ReadCells(const Cell* cells, std::size_t cases, Bits& bits) const {
+  bits.fill(0);
+  for (std::size_t place = 0; place < cases; ++place) {
+    bits[place / kCasesOfWord] |= std::uint64_t{fTest.Holds(cells[place]) ? 1U : 0U} << (place % kCasesOfWord);
+  }
+}
+
+void TestedColumn::Read(const Chunk& chunk, Bits& bits) const {
+  switch (fBlock->form) {
+    case BlockForm::kConstant:
+      bits = FirstCases(fIsMeant.back() != 0 ? chunk.cases : 0);
+      return;
+    case BlockForm::kByteCodes:
+      ReadCodes(fBlock->byteCodes.data() + chunk.begin, chunk.cases, bits);
+      return;
+    case BlockForm::kWordCodes:
+      ReadCodes(fBlock->wordCodes.data() + chunk.begin, chunk.cases, bits);
+      return;
+    case BlockForm::kNumbers:
+      ReadCells(fBlock->cellNumbers.data() + chunk.begin, chunk.cases, bits);
+      return;
+    case BlockForm::kTexts:
+      ReadCells(fBlock->cellTexts.data() + chunk.begin, chunk.cases, bits);
+      return;
+  }
+}
+
+}  // namespace standalone

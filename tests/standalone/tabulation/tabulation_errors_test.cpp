@@ -1,0 +1,176 @@
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "standalone/storage/interrupt.h"
+#include "standalone/tabulation/tabulate.h"
+#include "standalone/tabulation/tabulation_error.h"
+#include "standalone/text/error.h"
+#include "tests/standalone/tabulation/memory_source.h"
+#include "tests/standalone/tabulation/request_words.h"
+
+namespace standalone {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+MemorySource Survey() {
+  MemorySource source;
+  source.AddNumeric("drink1", {"1", "0", "1"});
+  source.AddNumeric("drink2", {"0", "1", ""});
+  source.AddString("region", {"N", "S", ""});
+  source.AddString("food1", {"egg", "butter", ""}, {{"bread", "Bread"}});
+  source.AddNumeric("code1", {"1", "2", "99"});
+  source.AddDichotomies("$drinks", {"drink1", "drink2"});
+  source.AddCategories("$food", {"food1"});
+  source.AddCategories("$codes", {"code1"});
+  source.AddDichotomies("$gone", {"v1", "v2"});
+  source.AddDichotomies("$mixed", {"drink1", "region"});
+  return source;
+}
+
+struct Row {
+  std::string sentence;
+  TabulationRequest request;
+  Spoken about;  ///< only the place
+  std::optional<std::string> nearest = std::nullopt;
+};
+
+void ExpectError(const Row& row, MemorySource source) {
+  try {
+    Tabulate(row.request, source);
+    FAIL() << "no error: " << row.sentence;
+  } catch (const TabulationError& error) {
+    EXPECT_EQ(error.what(), row.sentence);
+    EXPECT_EQ(error.Offset(), row.about.offset) << row.sentence;
+    EXPECT_EQ(error.Size(), row.about.size) << row.sentence;
+    EXPECT_EQ(error.Nearest(), row.nearest) << row.sentence;
+  }
+}
+
+template <class Change>
+TabulationRequest Changed(TabulationRequest request, Change change) {
+  change(request);
+  return request;
+}
+
+TabulationRequest Where(const Condition& where) {
+  return Changed(Ask({"$drinks"}), [&where](TabulationRequest& request) { request.where = where; });
+}
+
+TabulationRequest WithWeight(const std::string& name) {
+  return Changed(Ask({"$drinks"}), [&name](TabulationRequest& request) { request.weight = Say(name, 7); });
+}
+
+TabulationRequest WithNone(const Texts& sets, const std::string& none, const Texts& by = {}) {
+  return Changed(Ask(sets, by), [&none](TabulationRequest& request) { request.none = Say(none, 8); });
+}
+
+TabulationRequest WithNet(const Texts& sets, const Texts& members, const std::string& none = "") {
+  return Changed(Ask(sets), [&](TabulationRequest& request) {
+    request.nets = {{Say("'Net'"), SayAll(members)}};
+    request.none = none.empty() ? std::nullopt : std::optional(Say(none));
+  });
+}
+
+TabulationRequest WithLast(const Texts& sets, const Texts& members) {
+  return Changed(Ask(sets), [&members](TabulationRequest& request) { request.last = SayAll(members); });
+}
+
+TEST(TabulationErrorsTest, EachIsOneSentenceAboutAWord) {
+  const std::vector<Row> rows = {
+      {"Unknown set: $drnks.", Ask({"$drnks"}), Say("$drnks", 50), "$drinks"},
+      {"Unknown set: $x.", Ask({"$drinks"}, {"$x"}), Say("$x", 20)},
+      {"Unknown variable: regoin.", Ask({"$drinks"}, {"regoin"}), Say("regoin", 20), "region"},
+      {"Unknown variable: what.", Ask({"$drinks"}, {"region*what"}), Say("what", 27)},
+      {"$food cannot be part of a pair: a pair takes two variables.", Ask({"$drinks"}, {"region*$food"}),
+       Say("$food", 27)},
+      {"None of the variables of $gone is in the dataset any more.", Ask({"$gone"}), Say("$gone", 50)},
+      {"Some variables of $mixed are numeric and others are strings now.", Ask({"$drinks"}, {"$mixed"}),
+       Say("$mixed", 20)},
+      {"Unknown variable: wieght.", WithWeight("wieght"), Say("wieght", 7)},
+      {"region is a string variable; a weight must be numeric.", WithWeight("REGION"), Say("region", 7)},
+      {"NONE is for category sets, and this command has none.", WithNone({"$drinks"}, "-1"), Say("-1", 8)},
+      {"The categories are numbers, and no is not a number.", WithNone({"$drinks"}, "no", {"$codes"}), Say("no", 8)},
+      {"Unknown variable: regionn.", Where(Not(Comparison("regionn", "=", "'N'"))), Say("regionn", 10), "region"},
+      {"Unknown set: $drink.", Where(Has("$drink", "drink1")), Say("$drink", 10), "$drinks"},
+      {"region is a string variable, and 1 is a number: put it in quotes.",
+       Where(All({IsMissing("region"), Comparison("region", "=", "1")})), Say("1", 30)},
+      {"drink1 is numeric, and \"1\" is not a number.", Where(Comparison("drink1", "<", "'1'")), Say("'1'", 30)},
+      {"drink1 is numeric, and \"one\" is not a number.", Where(IsIn("drink1", {"one"})), Say("one", 30)},
+      {"drink3 is not a member of $drinks.", Where(Has("$drinks", "drink3")), Say("drink3", 30)},
+      {"egg is not a member of $codes.", Where(Has("$codes", "egg")), Say("egg", 30)},
+      {"drnik1 is not a member of $drinks.", WithNet({"$drinks"}, {"drink2", "drnik1"}), Say("drnik1", 50), "drink1"},
+      {"buttr is not a member of $food.", WithNet({"$food"}, {"bread", "buttr"}), Say("buttr", 50), "butter"},
+      {"99 is not a member of $codes.", WithNet({"$codes"}, {"1", "99"}, "99"), Say("99", 50)},
+      {"fish is not a member of any of the sets.", WithNet({"$drinks", "$food"}, {"egg", "fish"}), Say("fish", 50)},
+      {"egg is not a member of $drinks.", WithNet({"$food", "$drinks"}, {"drink1", "egg"}), Say("egg", 50)},
+      {"3 is not a member of $codes.", WithLast({"$codes"}, {"2", "3"}), Say("3", 50)},
+      {"drink is not a member of any of the sets.", WithLast({"$drinks", "$food"}, {"egg", "drink"}), Say("drink", 50)},
+  };
+  for (const Row& row : rows) {
+    ExpectError(row, Survey());
+  }
+}
+
+TEST(TabulationErrorsTest, HasNoneIsNoMember) {
+  TabulationRequest request = WithNone({"$codes"}, "99");
+  request.where = Has("$codes", "99");
+  ExpectError({"99 is not a member of $codes.", request, Say("99", 30)}, Survey());
+}
+
+TEST(TabulationErrorsTest, AnUnknownMemberOfADichotomySetIsToldBeforeCasesAreRead) {
+  MemorySource source = Survey();
+  EXPECT_THROW(Tabulate(WithNet({"$drinks"}, {"x"}), source), TabulationError);
+  EXPECT_EQ(source.Reads(), 0U);
+}
+
+/// The numbers from 0 on.
+Texts Numbers(std::size_t count) {
+  Texts numbers;
+  for (std::size_t number = 0; number < count; ++number) {
+    numbers.push_back(std::to_string(number));
+  }
+  return numbers;
+}
+
+TEST(TabulationErrorsTest, ABYHasTenThousandCategoriesAtMost) {
+  MemorySource source(2000);
+  Texts many = Numbers(kMaxCategories + 1);
+  source.AddNumeric("many", many);
+  source.AddNumeric("one", Texts(many.size(), "1"));
+  many.back() = "0";
+  source.AddNumeric("most", many);
+  source.AddDichotomies("$one", {"one"});
+  source.AddCategories("$many", {"many"});
+  EXPECT_EQ(Tabulate(Ask({"$one"}, {"most"}), source).at(0).columns.size(), kMaxCategories + 1);
+  EXPECT_EQ(Tabulate(Ask({"$one"}, {"most*one"}), source).at(0).columns.size(), kMaxCategories + 1);
+  ExpectError({"many has more than 10,000 categories, too many for BY.", Ask({"$one"}, {"many"}), Say("many", 20)},
+              source);
+  ExpectError({"$many has more than 10,000 categories, too many for BY.", Ask({"$one"}, {"$many"}), Say("$many", 20)},
+              source);
+  ExpectError(
+      {"many*one has more than 10,000 categories, too many for BY.", Ask({"$one"}, {"many*one"}), Say("many*one", 20)},
+      source);
+  TabulationRequest request = Ask({"$one"}, {"many"});
+  request.where = Comparison("many", "<", "3");
+  EXPECT_EQ(Tabulate(request, source).at(0).columns.size(), 4U);
+}
+
+TEST(TabulationErrorsTest, AnInterruptEndsTheCount) {
+  MemorySource source = Survey();
+  isInterruptRequested = true;
+  try {
+    Tabulate(Ask({"$drinks"}), source);
+    ADD_FAILURE() << "was not interrupted";
+  } catch (const Error& error) {
+    EXPECT_EQ(error.Kind(), ErrorKind::kInterrupted);
+    EXPECT_STREQ(error.what(), "The count was interrupted.");
+  }
+  isInterruptRequested = false;
+}
+
+}  // namespace
+}  // namespace standalone

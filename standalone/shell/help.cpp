@@ -71,7 +71,7 @@ const std::vector<Topic>& Topics() {
 /// Made of the table of subcommands.
 std::string HelpOnTabulate() {
   std::string text =
-      "TABULATE counts sets: a row for each member, a column for the total and each BY.\n"
+      "TABULATE counts sets: a row for each member, columns for the total and each BY.\n"
       "\n"
       "  TABULATE $drinks /BY=region /WHERE=born < 1980.\n"
       "\n";
@@ -86,8 +86,8 @@ std::string HelpOnTabulate() {
   }
   return text +
          "\n"
-         "Subcommands stand in any order, each once but NET. BY, SHOW and LAST take several\n"
-         "words. TABULATE changes nothing in the dataset.\n";
+         "Subcommands stand in any order, each once but NET. BY, SHOW, LAST and a NET take\n"
+         "several words. TABULATE changes nothing in the dataset.\n";
 }
 
 std::string HelpOnTheShell() {

@@ -55,7 +55,7 @@ Markdown.
   FREQUENCIES q1
   ```
   
-  **Error:** Line 4: FREQUENCIES is not a command. The command here is MRSET.
+  **Error:** Line 4: FREQUENCIES is not a command. The commands here are MRSET and TABULATE.
   
   all.script, line 4, column 1:
   
@@ -100,7 +100,7 @@ apostrophe in front.
 
   $ mrset run s.mrset all.script --format csv --output sets.csv 2>&1 | numberless
   all.script, line 2, column 55: Warning: One or more of the sets specified do not exist... $none
-  all.script, line 4, column 1: Error: Line 4: FREQUENCIES is not a command. The command here is MRSET.
+  all.script, line 4, column 1: Error: Line 4: FREQUENCIES is not a command. The commands here are MRSET and TABULATE.
   all.script, line 5: Fatal: mrset: backend/mrset/mrsetapply.cpp:LINE: void DeleteMRSets(const MRSetSubcommand&, VARIABLESETS&): Assertion `(*namesIter)[0] == '$'' failed.
   hint: names of sets begin with $; x does not
   all.script, line 5: The command was aborted; the dataset is as it was before it.
@@ -156,7 +156,7 @@ An HTML page says at its top what failed.
   <nav aria-labelledby="failures">
   <h2 id="failures">What failed</h2>
   <ul>
-  <li><a href="#command-3">3&ensp;<code>FREQUENCIES q1</code></a> <span class="reason">Line 4: FREQUENCIES is not a command. The command here is MRSET.</span></li>
+  <li><a href="#command-3">3&ensp;<code>FREQUENCIES q1</code></a> <span class="reason">Line 4: FREQUENCIES is not a command. The commands here are MRSET and TABULATE.</span></li>
   <li><a href="#command-4">4&ensp;<code>MRSET /DELETE NAME=[x]</code></a> <span class="reason">mrset: backend/mrset/mrsetapply.cpp:LINE: void DeleteMRSets(const MRSetSubcommand&amp;, VARIABLESETS&amp;): Assertion `(*namesIter)[0] == &#39;$&#39;&#39; failed.</span></li>
   </ul>
   </nav>
@@ -203,7 +203,7 @@ An HTML page says at its top what failed.
   <h2 id="command-3-heading"><span class="position">3</span> <code>FREQUENCIES q1</code></h2>
   <p class="facts"><span class="status error">Error</span> all.script, line 4</p>
   <ul class="messages">
-  <li class="error"><p><strong>Error:</strong> Line 4: FREQUENCIES is not a command. The command here is MRSET.</p><p class="place">all.script, line 4, column 1</p><pre class="excerpt"><mark>FREQUENCIES</mark> q1.</pre></li>
+  <li class="error"><p><strong>Error:</strong> Line 4: FREQUENCIES is not a command. The commands here are MRSET and TABULATE.</p><p class="place">all.script, line 4, column 1</p><pre class="excerpt"><mark>FREQUENCIES</mark> q1.</pre></li>
   </ul>
   </section>
   <section class="command" id="command-4" aria-labelledby="command-4-heading">
@@ -291,7 +291,7 @@ Colour is for terminals.
                                                          t2
   
   \x1b[1m2> FREQUENCIES\x1b[0m (esc)
-  \x1b[1;31mError:\x1b[0m Line 1: FREQUENCIES is not a command. The command here is MRSET. (esc)
+  \x1b[1;31mError:\x1b[0m Line 1: FREQUENCIES is not a command. The commands here are MRSET and TABULATE. (esc)
     -c 2, line 1, column 1:
       FREQUENCIES
       \x1b[1;31m^^^^^^^^^^^\x1b[0m (esc)

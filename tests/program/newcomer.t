@@ -232,11 +232,11 @@ Habits of word processors and of other languages.
   hint: a command ends with a period, not with ;
   [1]
   $ printf '# note\nMRSET /DISPLAY NAME=ALL.\n' | mrset run w.mrset - | grep -E 'Error|hint'
-  Error: Line 1: # is not a command. The command here is MRSET.
+  Error: Line 1: # is not a command. The commands here are MRSET and TABULATE.
   hint: a comment starts with * and ends with a period, or goes between /* and */
   [1]
   $ printf '// note\nMRSET /DISPLAY NAME=ALL.\n' | mrset run w.mrset - | grep -E 'Error|hint'
-  Error: Line 1: / is not a command. The command here is MRSET.
+  Error: Line 1: / is not a command. The commands here are MRSET and TABULATE.
   hint: a comment starts with * and ends with a period, or goes between /* and */
   [1]
   $ printf 'MRSET /DISPLAY NAME=ALL // note\n  .\n' | mrset run w.mrset - | grep -E 'Error|hint'

@@ -123,7 +123,7 @@ TEST(Shell, DoesNotRunWhatIsOpenWhenAPersonLeaves) {
 }
 
 TEST(Shell, RefusesAtOnceWhatIsNoCommand) {
-  const std::string others = "; one begins with MRSET, or is one of those that help shows.";
+  const std::string others = "; one begins with MRSET or TABULATE, or is one of those that help shows.";
   ExpectNotes(
       false,
       {

@@ -24,6 +24,7 @@ class CommandRunnerTest : public TemporaryFolderTest {
     setenv("MRSET_MODULE", MRSET_TEST_MODULE, 1);
     DatasetWriter writer(kFile, false);
     writer.SetVariables({{"q1", 0, std::nullopt, {}}, {"q2", 0, std::nullopt, {}}});
+    writer.AddCase({"1", "0"});
     writer.Commit();
   }
 

@@ -128,12 +128,12 @@ TEST(Completer, CompletesTabulate) {
                              "NONE=", "SHOW=", "SORT=",       "TEST",      "WEIGHT=", "WHERE="};
   Texts columns = {"$Drinks", "$dry", "$toppings"};
   columns.insert(columns.end(), kVariables.begin(), kVariables.end());
-  Texts conditions = {"MISSING(", "NOT"};
-  conditions.insert(conditions.end(), columns.begin(), columns.end());
+  Texts conditions = {"$Drinks", "$dry", "$toppings", "MISSING(", "NOT"};
+  conditions.insert(conditions.end(), kVariables.begin(), kVariables.end());
   ExpectCompletions({
       {"TABULATE ", {"$Drinks", "$dry", "$toppings"}, "TABULATE $"},
       {"tab $t", {"$toppings"}, "tab $toppings "},
-      {"TABULATE $drinks ", {"/", "$dry", "$toppings"}, "TABULATE $drinks "},
+      {"TABULATE $drinks ", {"$dry", "$toppings", "/"}, "TABULATE $drinks "},
       {"TABULATE $drinks /", subcommands, "TABULATE $drinks /"},
       {"TABULATE $drinks /we", {"weight="}, "TABULATE $drinks /weight="},
       {"TABULATE $drinks /TEST /T", {}, "TABULATE $drinks /TEST /T"},
@@ -148,7 +148,7 @@ TEST(Completer, CompletesTabulate) {
       {"TABULATE $drinks /SHOW=COUNT CASES E", {"ERROR"}, "TABULATE $drinks /SHOW=COUNT CASES ERROR "},
       {"TABULATE $drinks /LAST=", {"drink1", "Drink2"}, "TABULATE $drinks /LAST=drink"},
       {"TABULATE $toppings /NET='x': r", {}, "TABULATE $toppings /NET='x': r"},
-      {"TABULATE $toppings /NONE=", {"0", "1", "'red'", "'it''s'"}, "TABULATE $toppings /NONE="},
+      {"TABULATE $toppings /NONE=", {"0", "1", "'red'", "\"it's\""}, "TABULATE $toppings /NONE="},
       {"TABULATE $drinks /WHERE=", conditions, "TABULATE $drinks /WHERE="},
       {"TABULATE $drinks /WHERE=mis", {"missing("}, "TABULATE $drinks /WHERE=missing("},
       {"TABULATE $drinks /WHERE=drink1 ", {"<", "<=", "<>", "=", ">", ">=", "IN"}, "TABULATE $drinks /WHERE=drink1 "},

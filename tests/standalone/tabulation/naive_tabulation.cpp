@@ -123,19 +123,22 @@ void NaiveCount::ReadCases(const StoredSet& set) {
   }
 }
 
+std::string NameOf(const ByRequest& by) {
+  return by.second ? by.first.text + "*" + by.second->text : by.first.text;
+}
+
 /// For each case, its values of the BY: none, one, or the members that it chose.
 std::vector<Column> NaiveCount::ColumnsOf(const ByRequest& by) {
   std::map<Texts, Flags> columns;
   const StoredSet* set = fSource.FindSet(by.first.text);
-  const std::string name = by.second ? by.first.text + "*" + by.second->text : by.first.text;
+  for (const std::string& variable : set != nullptr && set->type == SetType::kDichotomy ? set->variables : Texts()) {
+    columns.emplace(Texts{variable}, Flags(fCases));
+  }
   for (std::size_t one = 0; one < fCases; ++one) {
     std::set<Texts> values;
     if (set != nullptr) {
       for (const std::string& member : AnswerOf(*set, one).chosen) {
         values.insert({member});
-      }
-      for (const std::string& variable : set->type == SetType::kDichotomy ? set->variables : Texts()) {
-        columns.emplace(Texts{variable}, Flags(fCases));
       }
     } else {
       Texts cell = {Value(by.first.text, one)};
@@ -152,7 +155,7 @@ std::vector<Column> NaiveCount::ColumnsOf(const ByRequest& by) {
   }
   std::vector<Column> list;
   for (const auto& [values, isIn] : columns) {
-    list.push_back({name, values, isIn});
+    list.push_back({NameOf(by), values, isIn});
   }
   return list;
 }
@@ -292,7 +295,7 @@ TabulationTest NaiveCount::Test(const ByRequest& by, const Texts& members) {
     return number > 0 && number < n;
   };
   TabulationTest test;
-  test.by = columns.empty() ? by.first.text : columns[0].by;
+  test.by = NameOf(by);
   std::vector<Entry> entries;
   const auto proper = static_cast<int>(
       std::count_if(columns.begin(), columns.end(), [&](const Column& column) { return isProper(column.isIn); }));
@@ -323,7 +326,7 @@ TabulationTest NaiveCount::Test(const ByRequest& by, const Texts& members) {
     }
     if (!isSet) {
       ofMember = {
-          {members[j], "", isProper(chose) ? Figure(sum) : std::nullopt, proper - 1, std::nullopt, std::nullopt}};
+          {members[j], "", isProper(chose) && proper > 1 ? Figure(sum) : std::nullopt, proper - 1, std::nullopt, std::nullopt}};
     }
     test.members.insert(test.members.end(), ofMember.begin(), ofMember.end());
   }

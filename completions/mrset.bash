@@ -14,7 +14,7 @@ _mrset_options() {
     run) echo -h --help -c --command --format --color --width --output --dry-run --stop-on-error --relaxed --lock-timeout ;;
     shell) echo -h --help --width --lock-timeout ;;
     sets) echo -h --help --format --color --width --lock-timeout ;;
-    variables) echo -h --help --format --color --width --lock-timeout ;;
+    variables) echo -h --help --values --format --color --width --lock-timeout ;;
     log) echo -h --help --format --width --lock-timeout ;;
     undo) echo -h --help --to --lock-timeout ;;
     check) echo -h --help --lock-timeout ;;

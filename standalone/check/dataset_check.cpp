@@ -435,14 +435,14 @@ void Checker::BlockRow(Query& row, std::int64_t number, std::int64_t variable) {
 void Checker::CompareCases(std::int64_t number, std::int64_t variable, const BlockHead& head) {
   const auto cases = static_cast<std::int64_t>(head.cases);
   if (head.isNumeric != fIsNumeric[static_cast<std::size_t>(variable)]) {
-    Finding("Block {} of the variable at position {} has {}, its variable is a {}.", number, variable,
-            head.isNumeric ? "numbers" : "texts", head.isNumeric ? "string" : "numeric one");
+    Finding("Block {} of the variable at position {} holds {}; the variable is {}.", number, variable,
+            head.isNumeric ? "numbers" : "texts", head.isNumeric ? "a string" : "numeric");
   }
   if (fCasesOfBlock == 0) {
     fCasesOfBlock = cases;
   } else if (fCasesOfBlock != cases) {
-    Finding("Block {} of the variable at position {} has {} cases, of others {}.", number, variable, cases,
-            fCasesOfBlock);
+    Finding("Block {} of the variable at position {} has {} cases; those of other variables have {}.", number, variable,
+            cases, fCasesOfBlock);
   }
 }
 

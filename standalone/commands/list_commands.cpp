@@ -27,6 +27,7 @@ namespace {
 struct ListRequest {
   std::string datasetPath;
   std::string pattern;  ///< of names of variables; may be empty
+  bool withValues = false;
   FormatOptions format;
   DatasetOptions datasetOptions;
 };
@@ -42,20 +43,43 @@ Json SetsWithProblems(const std::vector<StoredSet>& sets, const std::vector<std:
   return array;
 }
 
-void WriteVariablesTable(Dataset& dataset, const std::vector<int>& positions, TableWriter& writer) {
-  writer.Begin(VariablesHeading());
+void WriteVariablesTable(Dataset& dataset, const std::vector<int>& positions, bool withValues, TableWriter& writer) {
+  writer.Begin(withValues ? VariablesHeadingWithValues() : VariablesHeading());
   for (const int position : positions) {
-    writer.Add(VariableRow(dataset.VariableAt(position)));
+    const Variable& variable = dataset.VariableAt(position);
+    writer.Add(withValues ? VariableRow(variable, ValueCounts(dataset, position, kMaxShownValues))
+                          : VariableRow(variable));
   }
   writer.End();
 }
 
+void AddValues(const Variable& variable, const ValueCounts& counts, Json& json) {
+  Json& values = json["values"] = Json::array();
+  for (const ShownValue& one : ShownValues(variable, counts)) {
+    Json value = {{"value", one.value}};
+    if (one.label) {
+      value["label"] = *one.label;
+    }
+    value["count"] = one.cases;
+    values.push_back(std::move(value));
+  }
+  if (counts.Others() > 0) {
+    json["otherValues"] = counts.Others();
+  }
+  json["missing"] = counts.Missing();
+}
+
 /// Written one by one: a dictionary may be large.
-void WriteVariablesJson(Dataset& dataset, const std::vector<int>& positions, std::ostream& stream) {
+void WriteVariablesJson(Dataset& dataset, const std::vector<int>& positions, bool withValues, std::ostream& stream) {
   stream << "{\"variables\":[";
   const char* separator = "";
   for (const int position : positions) {
-    stream << separator << OneLine(ToJson(dataset.VariableAt(position)));
+    const Variable& variable = dataset.VariableAt(position);
+    Json json = ToJson(variable);
+    if (withValues) {
+      AddValues(variable, ValueCounts(dataset, position, kMaxShownValues), json);
+    }
+    stream << separator << OneLine(json);
     separator = ",";
   }
   stream << "]}\n";
@@ -90,9 +114,10 @@ ExitStatus WriteVariables(Dataset& dataset, const ListRequest& request) {
   const OutputFormat& format = FormatNamed(request.format.format);
   SpoolStream spool;
   if (request.format.format == kJsonFormat) {
-    WriteVariablesJson(dataset, positions, spool);
+    WriteVariablesJson(dataset, positions, request.withValues, spool);
   } else {
-    WriteVariablesTable(dataset, positions, *format.makeTableWriter(spool, LookOfOutput(request.format)));
+    WriteVariablesTable(dataset, positions, request.withValues,
+                        *format.makeTableWriter(spool, LookOfOutput(request.format)));
   }
   dataset.EndTransaction();
   spool.CopyTo(std::cout);
@@ -119,6 +144,7 @@ Action DeclareList(CLI::App& app, const List& list) {
   AddDatasetArgument(app, request->datasetPath);
   if (&list == &kVariables) {
     app.add_option("PATTERN", request->pattern, "Names to list, such as 'q*', or their beginning")->type_name("");
+    app.add_flag("--values", request->withValues, "Show the values that occur, with counts");
   }
   AddFormatOptions(app, ListFormatNames(), request->format);
   AddLockTimeoutOption(app, request->datasetOptions);

@@ -3,9 +3,11 @@
 
 #include <cstddef>
 #include <limits>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "standalone/dataset/cell_values.h"
 #include "standalone/dataset/dataset.h"
 #include "standalone/output/items.h"
 
@@ -20,6 +22,22 @@ Table SetsTable(const std::vector<StoredSet>& sets);
 
 Table VariablesHeading();
 TableRow VariableRow(const Variable& variable);
+
+/// The values that are shown of one variable at most, the smallest.
+inline constexpr std::size_t kMaxShownValues = 100;
+
+/// A value that variables have, as people and programs read it, with its label if it has one.
+struct ShownValue {
+  std::string value;
+  std::optional<std::string> label;
+  std::size_t cases;
+};
+
+std::vector<ShownValue> ShownValues(const Variable& variable, const ValueCounts& counts);
+
+/// The same lists with the values that the cases hold, and how many cases, in place of the value labels.
+Table VariablesHeadingWithValues();
+TableRow VariableRow(const Variable& variable, const ValueCounts& counts);
 
 /// The positions, in dictionary order, of the variables that the pattern stands for, all for an empty one;
 /// `most` of them at most.

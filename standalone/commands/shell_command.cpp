@@ -80,7 +80,7 @@ class DatasetActions : public ShellActions {
   // These end the command that reads the dataset before they write: a terminal may be stopped, and the dataset is not
   // to be locked as long as it is.
   ExitStatus ShowSets(Dataset& dataset);
-  ExitStatus ShowVariables(Dataset& dataset, const std::string& pattern);
+  ExitStatus ShowVariables(Dataset& dataset, const ShellCommand& command);
   ExitStatus Undo(const std::string& number);
   void EnsureIsRead();
   void Take(ExitStatus status) { fStatus = std::max(fStatus, status); }
@@ -161,7 +161,7 @@ ExitStatus DatasetActions::Do(const ShellCommand& command) {
   Dataset dataset(fPath, fDatasetOptions);
   dataset.BeginTransaction(Access::kShared);
   if (command.rule->kind == ShellCommandKind::kVariables) {
-    return ShowVariables(dataset, command.argument);
+    return ShowVariables(dataset, command);
   }
   if (command.rule->kind == ShellCommandKind::kSets) {
     return ShowSets(dataset);
@@ -191,16 +191,19 @@ ExitStatus DatasetActions::ShowSets(Dataset& dataset) {
   return kSuccess;
 }
 
-ExitStatus DatasetActions::ShowVariables(Dataset& dataset, const std::string& pattern) {
+ExitStatus DatasetActions::ShowVariables(Dataset& dataset, const ShellCommand& command) {
+  const std::string& pattern = command.argument;
   std::vector<int> positions = PositionsOf(pattern, dataset, kMaxListed + 1);
   if (positions.empty()) {
     throw Error(ErrorKind::kUsage, NoSuchVariable(pattern));
   }
   const bool isCut = positions.size() > kMaxListed;
   positions.resize(std::min(positions.size(), kMaxListed));
-  Table table = VariablesHeading();
+  Table table = command.withValues ? VariablesHeadingWithValues() : VariablesHeading();
   for (const int position : positions) {
-    table.rows.push_back(VariableRow(dataset.VariableAt(position)));
+    const Variable& variable = dataset.VariableAt(position);
+    table.rows.push_back(command.withValues ? VariableRow(variable, ValueCounts(dataset, position, kMaxShownValues))
+                                            : VariableRow(variable));
   }
   const auto count = static_cast<std::size_t>(dataset.VariableCount());
   dataset.EndTransaction();

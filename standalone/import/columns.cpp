@@ -53,11 +53,15 @@ std::unordered_map<std::string, std::size_t> IndexNames(const std::vector<std::s
 
 }  // namespace
 
-Column::Column(CodebookField field) : fField(std::move(field)) {}
+Column::Column(CodebookField field)
+    : fField(std::move(field)),
+      fHasPlainForm(fField.decimalChar == "." && fField.groupChar.empty() &&
+                    std::all_of(fField.missingValues.begin(), fField.missingValues.end(),
+                                [](const std::string& one) { return one.empty(); })) {}
 
-void Column::Learn(std::string_view cell) {
+void Column::LearnFrom(std::string_view cell) {
   const std::string_view text = Trimmed(cell, kCellBlanks);
-  if (IsSettled() || text.empty() || IsMissing(cell)) {
+  if (text.empty() || IsMissing(cell)) {
     return;
   }
   fHasNumber = true;
@@ -115,7 +119,7 @@ void Column::CountOdd(std::string_view cell, std::size_t line) {
   fIsStringByData = fOdd.count <= kMaxOdd + fOdd.numbers;
 }
 
-std::optional<std::string> Column::Convert(std::string_view& cell, std::size_t line) {
+std::optional<std::string> Column::ConvertFrom(std::string_view& cell, std::size_t line) {
   if (!fField.missingValues.empty() && IsMissing(cell)) {
     cell = {};
     return std::nullopt;

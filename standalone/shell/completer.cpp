@@ -159,7 +159,7 @@ Completion Completer::Complete() {
 /// Completes the argument of a command to the shell; false where there is no such command.
 bool Completer::CompleteShellCommand() {
   const std::optional<ShellCommand> command = ReadShellCommand(fText);
-  if (!command || (command->argument.empty() && !IsBlank(fText.back()))) {
+  if (!command || command->withValues || (command->argument.empty() && !IsBlank(fText.back()))) {
     return false;
   }
   BeginWordAt(command->argument.empty() ? fText.size() : fText.rfind(command->argument));

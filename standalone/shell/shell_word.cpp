@@ -28,6 +28,17 @@ std::string FirstWord(std::string_view text) {
   return {text.begin(), end};
 }
 
+/// Whether the text ended in that word, in any case, which is then no longer in it.
+bool TakeLastWord(std::string_view word, std::string_view& text) {
+  const auto last = std::find_if(text.rbegin(), text.rend(), IsBlank).base();
+  const auto begin = static_cast<std::size_t>(last - text.begin());
+  if (CompareNoCase(text.substr(begin), word) != 0) {
+    return false;
+  }
+  text = Trimmed(text.substr(0, begin), kBlanks);
+  return true;
+}
+
 std::vector<std::string> AllCommands() {
   std::vector<std::string> names(kCommands.begin(), kCommands.end());
   for (const ShellCommandRule& rule : ShellCommands()) {
@@ -46,7 +57,8 @@ const std::vector<ShellCommandRule>& ShellCommands() {
       {"quit", ShellCommandKind::kQuit, "", "leave the shell; so does Ctrl-D on an empty line"},
       {"sets", ShellCommandKind::kSets, "", "the dataset's sets"},
       {"undo", ShellCommandKind::kUndo, "[N]", "take back the last change, or all after N; twice restores"},
-      {"variables", ShellCommandKind::kVariables, "[PATTERN]", "the variables, or those with names such as q*"},
+      {"variables", ShellCommandKind::kVariables, "[PATTERN]",
+       "the variables, or such as q*; --values: what they hold"},
   };
   return kRules;
 }
@@ -61,7 +73,9 @@ std::optional<ShellCommand> ReadShellCommand(std::string_view line) {
   if (rule == rules.end()) {
     return std::nullopt;
   }
-  return ShellCommand{&*rule, std::string(Trimmed(line.substr(wordEnd), kBlanks))};
+  std::string_view argument = Trimmed(line.substr(wordEnd), kBlanks);
+  const bool withValues = rule->kind == ShellCommandKind::kVariables && TakeLastWord("--values", argument);
+  return ShellCommand{&*rule, std::string(argument), withValues};
 }
 
 bool ShellCommand::IsAsMeant() const {

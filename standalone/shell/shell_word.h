@@ -24,7 +24,8 @@ const std::vector<ShellCommandRule>& ShellCommands();
 
 struct ShellCommand {
   const ShellCommandRule* rule;
-  std::string argument;  ///< the rest of the line without the blanks around it and the final period
+  std::string argument;     ///< the rest of the line without the blanks around it and the final period
+  bool withValues = false;  ///< of variables: --values was the last word, which is not in the argument
 
   /// Whether it has what may follow it, at most one word.
   bool IsAsMeant() const;

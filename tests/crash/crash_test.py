@@ -14,7 +14,6 @@ import json
 import re
 import shutil
 import signal
-import sqlite3
 import sys
 import time
 from collections import Counter
@@ -55,8 +54,6 @@ class Trial:
         self.write_script(folder, self.scenario.script or [])
         for arguments in self.scenario.prepare:
             self.program.must(folder, arguments)
-        if self.scenario.prepare_sql:
-            apply_sql(folder / DATASET, self.scenario.prepare_sql)
         for name, data in self.leftovers.items():
             (folder / name).write_bytes(data)
         return folder
@@ -140,7 +137,6 @@ class Trial:
         self.check_outputs(outcome)
         self.check_next(same[-1], found)
         self.check_second_dataset()
-        self.check_copies(outcome)
         self.check_folder()
         return self.name_of(same[-1])
 
@@ -168,16 +164,6 @@ class Trial:
         if dump(self.folder / OTHER) != self.second:
             raise Failure(f"{OTHER} is not as it was before")
 
-    def check_copies(self, outcome) -> None:
-        for name in self.copies():
-            if dump(self.folder / name) != self.state((), False):
-                raise Failure(f"{name} is not the dataset as it was before")
-        if outcome.status == 0 and self.scenario.set_aside and not self.copies():
-            raise Failure("the copy of the dataset as it was before is lost")
-
-    def copies(self) -> list[str]:
-        return [path.name for path in self.folder.glob(self.scenario.set_aside)] if self.scenario.set_aside else []
-
     def check_next(self, steps: tuple[int, ...], found) -> None:
         """What comes next works on what is there: the run itself where there is no dataset, else another command."""
         if found is None:
@@ -191,16 +177,10 @@ class Trial:
     def check_folder(self) -> None:
         """Nothing is left but hidden temporary files, whose names no run uses again."""
         expected = {path.name for path in self.whole.iterdir()} | {DATASET}
-        strays = {path.name for path in self.folder.iterdir()} - expected - set(self.copies())
+        strays = {path.name for path in self.folder.iterdir()} - expected
         left = [name for name in strays if not fnmatch(name, ".mrset-*.tmp*")]
         if left:
             raise Failure(f"the run left {sorted(left)}")
-
-
-def apply_sql(dataset: Path, sql: str) -> None:
-    connection = sqlite3.connect(dataset)
-    connection.executescript(sql)
-    connection.close()
 
 
 def trial_of(options, scenario: Scenario, place: Path) -> Trial:

@@ -106,7 +106,6 @@ class FaultTrial(Trial):
             raise Failure(self.describe_wrong_state(found, allowed, run))
         self.check_output_files(run)
         self.check_second_dataset()
-        self.check_copies(run)
         if not fault.stays and not run.met.startswith("delete ") and leftovers:
             raise Failure(f"a single fault left {leftovers}: {run.errors!r}")
         self.check_what_comes_next(same[-1], found)
@@ -170,7 +169,7 @@ class FaultTrial(Trial):
 
     def left_behind(self) -> list[str]:
         expected = {path.name for path in self.whole.iterdir()} | {path.name for path in self.ready.iterdir()}
-        left = sorted({path.name for path in self.folder.iterdir()} - expected - set(self.copies()))
+        left = sorted({path.name for path in self.folder.iterdir()} - expected)
         journal = DATASET + "-journal"
         strangers = [name for name in left if not fnmatch(name, TEMPORARY) and name != journal]
         if strangers:

@@ -558,6 +558,7 @@ Help and version are results.
   
   Options:
     -h,--help               Show this help
+    --values                Show the values that occur, with counts
     --format FORMAT         Form of the output: text, json, markdown or csv
     --color WHEN            When text is coloured: auto, always or never
     --width N               Columns of text; else the terminal's, or 80

@@ -3,6 +3,7 @@
 build_packages=(
   g++ cmake ninja-build
   libicu-dev libsqlite3-dev libcereal-dev libcli11-dev nlohmann-json3-dev libfmt-dev libcsv-dev libedit-dev
+  libxlsxwriter-dev
 )
 
 test_packages=(

@@ -111,6 +111,12 @@ Cell StatisticCell(const Figure& figure) {
   return figure ? Cell{FigureText(figure, kDecimals), {}} : Cell{};
 }
 
+/// Of a test of one member a whole number.
+Cell DegreesCell(const Figure& degrees) {
+  const bool isWhole = degrees && std::trunc(*degrees) == *degrees;
+  return isWhole ? Cell{FigureText(degrees, 0), {}} : StatisticCell(degrees);
+}
+
 Cell ProbabilityCell(const Figure& p) {
   constexpr int kDecimals = 4;
   constexpr double kSmallestShown = 0.00005;
@@ -260,7 +266,7 @@ Table TestTable(const Tabulation& tabulation, const TabulationTest& test) {
       cells.push_back(row.byLabel.empty() ? Cell{} : Cell{row.byLabel, {}});
     }
     cells.insert(cells.end(),
-                 {StatisticCell(row.statistic), StatisticCell(row.corrected), StatisticCell(row.degreesOfFreedom),
+                 {StatisticCell(row.statistic), StatisticCell(row.corrected), DegreesCell(row.degreesOfFreedom),
                   ProbabilityCell(row.p), ProbabilityCell(row.adjustedP)});
   }
   return table;

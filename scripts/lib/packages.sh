@@ -3,7 +3,7 @@
 build_packages=(
   g++ cmake ninja-build
   libicu-dev libsqlite3-dev libcereal-dev libcli11-dev nlohmann-json3-dev libfmt-dev libcsv-dev libedit-dev libxxhash-dev
-  libboost-math-dev
+  libboost-math-dev libxlsxwriter-dev
 )
 
 test_packages=(

@@ -11,12 +11,15 @@ namespace {
 /// The default first.
 const std::vector<OutputFormat>& Formats() {
   constexpr const char* kForBrowser = "A page is for a browser: give --output FILE, or send standard output to a file.";
+  constexpr const char* kForSpreadsheet =
+      "A workbook is for a spreadsheet: give --output FILE, or send standard output to a file.";
   static const std::vector<OutputFormat> kFormats = {
       {kTextFormat, {".txt", ".text"}, false, nullptr, MakeTextRenderer, MakeTextTableWriter},
       {kJsonFormat, {".json", ".jsonl"}, false, nullptr, MakeJsonRenderer, nullptr},
       {"html", {".html", ".htm"}, false, kForBrowser, MakeHtmlRenderer, nullptr},
       {"markdown", {".md", ".markdown"}, false, nullptr, MakeMarkdownRenderer, MakeMarkdownTableWriter},
       {"csv", {".csv"}, true, nullptr, MakeCsvRenderer, MakeCsvTableWriter},
+      {"xlsx", {".xlsx"}, false, kForSpreadsheet, MakeXlsxRenderer, nullptr},
   };
   return kFormats;
 }

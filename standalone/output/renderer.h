@@ -37,6 +37,9 @@ std::unique_ptr<Renderer> MakeMarkdownRenderer(std::ostream& stream, const Outpu
 /// For spreadsheets and programs: the rows of all tables as CSV with a header row; messages go to the look's stream.
 std::unique_ptr<Renderer> MakeCsvRenderer(std::ostream& stream, const OutputLook& look);
 
+/// For spreadsheets: a workbook with a sheet for each table, and one for the messages. Written as a page is.
+std::unique_ptr<Renderer> MakeXlsxRenderer(std::ostream& stream, const OutputLook& look);
+
 }  // namespace standalone
 
 #endif  // STANDALONE_OUTPUT_RENDERER_H

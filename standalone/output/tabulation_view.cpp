@@ -111,6 +111,12 @@ Cell StatisticCell(const Figure& figure) {
   return figure ? Cell{FigureText(figure, kDecimals), {}} : Cell{};
 }
 
+/// Of a test of one member a whole number.
+Cell DegreesCell(const Figure& degrees) {
+  const bool isWhole = degrees && std::trunc(*degrees) == *degrees;
+  return isWhole ? Cell{FigureText(degrees, 0), {}} : StatisticCell(degrees);
+}
+
 Cell ProbabilityCell(const Figure& p) {
   constexpr int kDecimals = 4;
   constexpr double kSmallestShown = 0.00005;
@@ -225,33 +231,43 @@ std::string FigureText(const Figure& figure, int decimals) {
   return figure && std::isfinite(*figure) ? Rounded(*figure, decimals) : kDash;
 }
 
-Table TestTable(const Tabulation& tabulation, const TabulationTest& test) {
-  const bool isBySet = IsSet(test.by);
-  Table table{fmt::format("Association of {} with {}", tabulation.set, test.by), "Member", "", {}, {}};
-  if (isBySet) {
-    table.columns.push_back(test.by);
-  }
-  for (const char* heading : {"Chi-square", "Corrected", "df", "p", "Adjusted p"}) {
-    table.columns.emplace_back(heading);
-  }
+std::vector<TestRow> TestRows(const Tabulation& tabulation, const TabulationTest& test) {
   const Labels labels = MemberLabels(tabulation);
   const Labels byLabels = ByMemberLabels(tabulation, test.by);
-  const auto add = [&](const std::string& label, const std::string& byLabel, std::vector<Cell> figures) {
-    if (isBySet) {
-      figures.insert(figures.begin(), byLabel.empty() ? Cell{} : Cell{byLabel, {}});
-    }
-    table.rows.push_back({label, std::move(figures)});
-  };
-  add("All members", "",
-      {StatisticCell(test.statistic), StatisticCell(test.corrected), StatisticCell(test.degreesOfFreedom),
-       ProbabilityCell(test.p), Cell{}});
+  std::vector<TestRow> rows = {
+      {"All members", "", test.statistic, test.corrected, test.degreesOfFreedom, test.p, std::nullopt}};
   for (const MemberTest& member : test.members) {
-    add(LabelIn(labels, member.member), LabelIn(byLabels, member.byMember),
-        {StatisticCell(member.statistic),
-         Cell{},
-         {std::to_string(member.degreesOfFreedom), {}},
-         ProbabilityCell(member.p),
-         ProbabilityCell(member.adjustedP)});
+    rows.push_back({LabelIn(labels, member.member), LabelIn(byLabels, member.byMember), member.statistic, std::nullopt,
+                    member.degreesOfFreedom, member.p, member.adjustedP});
+  }
+  return rows;
+}
+
+std::vector<std::string> TestHeadings(const TabulationTest& test) {
+  std::vector<std::string> headings = {"Member"};
+  if (IsSet(test.by)) {
+    headings.push_back(test.by);
+  }
+  headings.insert(headings.end(), {"Chi-square", "Corrected", "df", "p", "Adjusted p"});
+  return headings;
+}
+
+std::string TitleOf(const Tabulation& tabulation, const TabulationTest& test) {
+  return fmt::format("Association of {} with {}", tabulation.set, test.by);
+}
+
+Table TestTable(const Tabulation& tabulation, const TabulationTest& test) {
+  const std::vector<std::string> headings = TestHeadings(test);
+  Table table{TitleOf(tabulation, test), headings.front(), "", {headings.begin() + 1, headings.end()}, {}};
+  for (const TestRow& row : TestRows(tabulation, test)) {
+    table.rows.push_back({row.label, {}});
+    std::vector<Cell>& cells = table.rows.back().cells;
+    if (IsSet(test.by)) {
+      cells.push_back(row.byLabel.empty() ? Cell{} : Cell{row.byLabel, {}});
+    }
+    cells.insert(cells.end(),
+                 {StatisticCell(row.statistic), StatisticCell(row.corrected), DegreesCell(row.degreesOfFreedom),
+                  ProbabilityCell(row.p), ProbabilityCell(row.adjustedP)});
   }
   return table;
 }

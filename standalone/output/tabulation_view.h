@@ -57,7 +57,25 @@ std::string LabelOf(const TabulationRow& row);
 /// A figure as people read it; a dash where there is none.
 std::string FigureText(const Figure& figure, int decimals);
 
-/// The tests of a BY as a table: the set, then its members.
+/// The tests of a BY: those of the set, then those of its members.
+struct TestRow {
+  std::string label;
+  std::string byLabel;  ///< of a member of a BY that is a set
+  Figure statistic;
+  Figure corrected;
+  Figure degreesOfFreedom;
+  Figure p;
+  Figure adjustedP;
+};
+
+std::vector<TestRow> TestRows(const Tabulation& tabulation, const TabulationTest& test);
+
+/// The headings above these, a label or two and five figures.
+std::vector<std::string> TestHeadings(const TabulationTest& test);
+
+std::string TitleOf(const Tabulation& tabulation, const TabulationTest& test);
+
+/// The tests of a BY as a table of texts.
 Table TestTable(const Tabulation& tabulation, const TabulationTest& test);
 
 }  // namespace standalone

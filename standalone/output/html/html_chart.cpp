@@ -49,9 +49,9 @@ std::size_t PixelsOf(std::string_view text) {
 }
 
 /// Writes the bars from the top down.
-class Chart {
+class BarChart {
  public:
-  Chart(const Tabulation& tabulation, const ColumnGroup& group);
+  BarChart(const Tabulation& tabulation, const ColumnGroup& group);
 
   std::string Html(const std::string& id);
 
@@ -69,7 +69,7 @@ class Chart {
   std::size_t fTop = 0;
 };
 
-Chart::Chart(const Tabulation& tabulation, const ColumnGroup& group) : fTabulation(tabulation), fGroup(group) {
+BarChart::BarChart(const Tabulation& tabulation, const ColumnGroup& group) : fTabulation(tabulation), fGroup(group) {
   for (const TabulationRow& row : tabulation.rows) {
     for (std::size_t column = group.begin; column < group.end; ++column) {
       fLargest = std::max(fLargest, row.cells[column].percentOfCases.value_or(0));
@@ -77,7 +77,7 @@ Chart::Chart(const Tabulation& tabulation, const ColumnGroup& group) : fTabulati
   }
 }
 
-std::string Chart::Html(const std::string& id) {
+std::string BarChart::Html(const std::string& id) {
   for (const TabulationRow& row : fTabulation.rows) {
     AddMember(row);
   }
@@ -89,13 +89,13 @@ std::string Chart::Html(const std::string& id) {
       id, fTop, HtmlText(TitleOf(fTabulation) + by), Description(), fBody);
 }
 
-std::string Chart::Description() const {
+std::string BarChart::Description() const {
   return fmt::format("Bars of the percentages that the table shows. The longest one stands for {}%.",
                      FigureText(fLargest, std::min(fTabulation.decimals, kMostDecimals)));
 }
 
 /// One bar beside the member's label, or a bar for each column below it.
-void Chart::AddMember(const TabulationRow& row) {
+void BarChart::AddMember(const TabulationRow& row) {
   if (HasOneSeries()) {
     AddBar(LabelOf(row), row.cells[fGroup.begin].percentOfCases, "bar");
     return;
@@ -109,7 +109,7 @@ void Chart::AddMember(const TabulationRow& row) {
   }
 }
 
-void Chart::AddBar(const std::string& label, const Figure& percentage, const std::string& className) {
+void BarChart::AddBar(const std::string& label, const Figure& percentage, const std::string& className) {
   const std::size_t height = AddText(label, kLabelRoom, "label");
   const double length = fLargest > 0 ? percentage.value_or(0) / fLargest * kLongestBar : 0;
   fBody += fmt::format(
@@ -121,7 +121,7 @@ void Chart::AddBar(const std::string& label, const Figure& percentage, const std
 }
 
 /// Writes the lines of a text from the top on, each no wider than its room, and returns their height.
-std::size_t Chart::AddText(const std::string& text, const Room& room, std::string_view className) {
+std::size_t BarChart::AddText(const std::string& text, const Room& room, std::string_view className) {
   std::size_t height = 0;
   for (const std::string& line : WrapText(Visible(text), room.columns)) {
     const bool isTooWide = PixelsOf(line) > room.pixels;
@@ -138,7 +138,7 @@ std::size_t Chart::AddText(const std::string& text, const Room& room, std::strin
 
 std::string HtmlChart(const Tabulation& tabulation, const ColumnGroup& group, const std::string& id) {
   const std::size_t bars = tabulation.rows.size() * (group.end - group.begin);
-  return bars == 0 || bars > kMostBars ? std::string() : Chart(tabulation, group).Html(id);
+  return bars == 0 || bars > kMostBars ? std::string() : BarChart(tabulation, group).Html(id);
 }
 
 }  // namespace standalone

@@ -27,6 +27,7 @@ class TextRenderer final : public Renderer {
       : fStream(stream),
         fWidth(look.width),
         fColour(look.colour),
+        fChart(look.chart),
         fShowsCommands(look.showsCommands),
         fTables(MakeTextTableWriter(stream, look)) {}
 
@@ -46,6 +47,7 @@ class TextRenderer final : public Renderer {
   std::ostream& fStream;
   std::size_t fWidth;
   Colour fColour;
+  Chart fChart;
   bool fShowsCommands;
   std::unique_ptr<TableWriter> fTables;
   bool fIsFirst = true;
@@ -134,7 +136,7 @@ void TextRenderer::WriteItem(const CommandResult& /*result*/, const Table& table
 
 void TextRenderer::WriteItem(const CommandResult& /*result*/, const Tabulation& tabulation) {
   SetApart(true);
-  fStream << TextTabulation(tabulation, fWidth, fColour);
+  fStream << TextTabulation(tabulation, fWidth, fColour, fChart);
   fFollowsTable = true;
   fLastMessage.Forget();
 }

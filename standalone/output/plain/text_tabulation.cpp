@@ -1,281 +1,101 @@
 #include "standalone/output/plain/text_tabulation.h"
 
 #include <algorithm>
-#include <iterator>
 #include <utility>
 #include <vector>
 
-#include "standalone/output/plain/tabulation_strips.h"
-#include "standalone/output/plain/text_line.h"
-#include "standalone/output/plain/text_table.h"
+#include "standalone/output/plain/split_table.h"
 #include "standalone/output/plain/wrap.h"
 #include "standalone/output/tabulation_view.h"
 #include "standalone/output/tabulation_words.h"
-#include "standalone/text/unicode.h"
 #include "standalone/text/visible.h"
 
 namespace standalone {
 namespace {
 
-using Lines = std::vector<std::string>;
-
-constexpr std::size_t kLeastLabels = 8;
 constexpr std::size_t kLeastBar = 10;
 constexpr std::size_t kMostBar = 40;
 
-std::size_t TwoFifths(std::size_t width) {
-  return width * 2 / 5;
-}
-
-Lines WrappedLabel(const std::string& label, std::size_t width) {
-  Lines lines;
-  for (const std::string& line : VisibleLines(label)) {
-    Lines parts = WrapTextHanging(line, width);
-    std::move(parts.begin(), parts.end(), std::back_inserter(lines));
-  }
-  return lines;
-}
-
-/// What stands above some part of the screen's columns.
-struct Heading {
-  std::size_t begin;
-  std::size_t end;
-  bool isAtRight;
-  Lines lines;
-};
-
-/// Headings side by side that all end with the last line.
-void WriteHeadings(std::string& text, const std::vector<Heading>& headings) {
-  std::size_t height = 0;
-  for (const Heading& heading : headings) {
-    height = std::max(height, heading.lines.size());
-  }
-  for (std::size_t left = height; left > 0; --left) {
-    TextLine line;
-    for (const Heading& heading : headings) {
-      if (left <= heading.lines.size()) {
-        const std::string& part = heading.lines[heading.lines.size() - left];
-        heading.isAtRight ? line.PutBefore(heading.end, part) : line.PutAt(heading.begin, part);
-      }
-    }
-    text += line.Take();
-  }
-}
-
-/// Lays out one tabulation.
-class TabulationLayout {
- public:
-  TabulationLayout(const Tabulation& tabulation, std::size_t width, Chart chart);
-
-  std::string Text() const;
-
- private:
-  /// Strips side by side, and where on the screen each begins.
-  struct Block {
-    std::size_t begin;
-    std::size_t end;
-    std::vector<std::size_t> places;
-  };
-
-  std::size_t BarWidth(const std::vector<Strip>& withoutBars) const;
-  std::size_t LabelWidth() const;
-  std::vector<Block> Blocks() const;
-  Block BlockFrom(std::size_t begin) const;
-  void WriteBlock(std::string& text, const Block& block) const;
-  void WriteGroups(std::string& text, const Block& block) const;
-  void WriteColumnLabels(std::string& text, const Block& block) const;
-  void WriteStripHeadings(std::string& text, const Block& block) const;
-  void WriteRule(std::string& text, const Block& block) const;
-  void WriteRow(std::string& text, const Block& block, std::size_t row) const;
-  std::size_t EndOf(const Block& block, std::size_t strip) const;
-  const std::string& ByOf(std::size_t strip) const { return fTabulation.columns[fStrips[strip].column].by; }
-
-  const Tabulation& fTabulation;
-  std::size_t fWidth;
-  std::vector<BaseRow> fBases;
-  Lines fLabels;  // of the rows, then of the bases
-  std::size_t fLabelWidth = 0;
-  std::vector<Strip> fStrips;
-};
-
-/// With one column the bases are told in sentences.
-TabulationLayout::TabulationLayout(const Tabulation& tabulation, std::size_t width, Chart chart)
-    : fTabulation(tabulation), fWidth(width) {
-  if (tabulation.columns.size() > 1) {
-    fBases = BaseRows(tabulation);
-  }
+Strip FigureStrip(const Tabulation& tabulation, std::size_t column, const ShownFigure& figure) {
+  Strip strip{column, figure.heading, {}, 0, false};
   for (const TabulationRow& row : tabulation.rows) {
-    fLabels.push_back(LabelOf(row));
+    strip.cells.push_back(FigureText(figure.of(row.cells[column]), figure.decimals));
   }
-  for (const BaseRow& base : fBases) {
-    fLabels.push_back(base.label);
-  }
-  fStrips = Strips(tabulation, fBases, Chart::kNone, 0);
-  if (chart != Chart::kNone) {
-    fStrips = Strips(tabulation, fBases, chart, BarWidth(fStrips));
-  }
-  fLabelWidth = LabelWidth();
+  return strip;
 }
 
-/// Bars of one column take what room there is.
-std::size_t TabulationLayout::BarWidth(const std::vector<Strip>& withoutBars) const {
-  if (fTabulation.columns.size() > 1) {
+/// Makes the table of a tabulation: a column's first strip holds its bases. With one column the bases are told in
+/// sentences.
+SplitTable TableOf(const Tabulation& tabulation) {
+  const std::vector<ShownFigure> figures = ShownFigures(tabulation);
+  const std::vector<BaseRow> bases = tabulation.columns.size() > 1 ? BaseRows(tabulation) : std::vector<BaseRow>();
+  SplitTable table;
+  for (const TabulationRow& row : tabulation.rows) {
+    table.labels.push_back(LabelOf(row));
+  }
+  table.footBegin = table.labels.size();
+  for (const BaseRow& base : bases) {
+    table.labels.push_back(base.label);
+  }
+  for (std::size_t column = 0; column < tabulation.columns.size(); ++column) {
+    table.columns.push_back({tabulation.columns[column].by, LabelOf(tabulation.columns[column])});
+    const std::size_t first = table.strips.size();
+    for (const ShownFigure& figure : figures) {
+      table.strips.push_back(FigureStrip(tabulation, column, figure));
+    }
+    for (const BaseRow& base : bases) {
+      table.strips[first].cells.push_back(FigureText(base.figures[column], base.decimals));
+    }
+  }
+  for (Strip& strip : table.strips) {
+    strip.cells.resize(table.labels.size());
+  }
+  return table;
+}
+
+/// The largest percentage of cases, which the longest bar stands for.
+double LargestPercentage(const Tabulation& tabulation) {
+  double largest = 0;
+  for (const TabulationRow& row : tabulation.rows) {
+    for (const TabulationCell& cell : row.cells) {
+      largest = std::max(largest, cell.percentOfCases.value_or(0));
+    }
+  }
+  return largest;
+}
+
+/// Adds bars after the other strips of each column.
+void AddBars(SplitTable& table, const Tabulation& tabulation, Chart chart, std::size_t width) {
+  const double largest = LargestPercentage(tabulation);
+  const std::size_t figures = table.strips.size() / tabulation.columns.size();
+  for (std::size_t column = 0; column < tabulation.columns.size(); ++column) {
+    Strip strip{column, "", {}, width, true};
+    for (const TabulationRow& row : tabulation.rows) {
+      const double percentage = row.cells[column].percentOfCases.value_or(0);
+      strip.cells.push_back(percentage > 0 ? TextBar(percentage / largest, width, chart) : "");
+    }
+    strip.cells.resize(table.labels.size());
+    const std::size_t place = (column + 1) * figures + column;
+    table.strips.insert(table.strips.begin() + static_cast<std::ptrdiff_t>(place), std::move(strip));
+  }
+}
+
+/// Bars of one column take what room there is beside labels of two fifths of the width.
+std::size_t BarWidth(const SplitTable& table, std::size_t width) {
+  if (table.columns.size() > 1) {
     return kLeastBar;
   }
-  const std::size_t others = TwoFifths(fWidth) + WidthOf(withoutBars, 0, withoutBars.size()) + 2 * kStripGap;
-  return std::clamp(fWidth - std::min(fWidth, others), kLeastBar, kMostBar);
+  const std::size_t others = width * 2 / 5 + WidthOf(table.strips) + 2 * kStripGap;
+  return std::clamp(width - std::min(width, others), kLeastBar, kMostBar);
 }
 
-/// Labels are wrapped where that makes all strips fit; where they don't, labels take what the widest column leaves, up
-/// to two fifths.
-std::size_t TabulationLayout::LabelWidth() const {
-  std::size_t natural = 1;
-  std::size_t word = 1;
-  for (const std::string& label : fLabels) {
-    for (const std::string& line : VisibleLines(label)) {
-      natural = std::max(natural, DisplayWidth(line));
-      word = std::max(word, HangingWidth(line));
-    }
+std::string MembersText(const Tabulation& tabulation, std::size_t width, Chart chart) {
+  SplitTable table = TableOf(tabulation);
+  AlignStrips(table);
+  if (chart != Chart::kNone) {
+    AddBars(table, tabulation, chart, BarWidth(table, width));
   }
-  const std::size_t total = kStripGap + WidthOf(fStrips, 0, fStrips.size());
-  const std::size_t least = std::min(natural, std::max(kLeastLabels, std::min(word, fWidth / 3)));
-  if (least + total <= fWidth) {
-    return std::min(natural, fWidth - total);
-  }
-  std::size_t widest = 0;
-  for (std::size_t strip = 0; strip < fStrips.size(); strip = EndOfColumn(fStrips, strip)) {
-    widest = std::max(widest, kStripGap + WidthOf(fStrips, strip, EndOfColumn(fStrips, strip)));
-  }
-  const std::size_t left = std::max(least, std::min(TwoFifths(fWidth), fWidth - std::min(fWidth, widest)));
-  return std::min(natural, std::max(kLeastLabels, std::min(left, fWidth - std::min(fWidth, widest))));
-}
-
-std::vector<TabulationLayout::Block> TabulationLayout::Blocks() const {
-  std::vector<Block> blocks;
-  for (std::size_t begin = 0; begin < fStrips.size(); begin = blocks.back().end) {
-    blocks.push_back(BlockFrom(begin));
-  }
-  return blocks;
-}
-
-/// As many whole columns as fit; where not even one does, as many strips of it, one at least.
-TabulationLayout::Block TabulationLayout::BlockFrom(std::size_t begin) const {
-  const std::size_t first = fLabelWidth + kStripGap;
-  const auto fits = [&](std::size_t end) { return first + WidthOf(fStrips, begin, end) <= fWidth; };
-  Block block{begin, begin, {}};
-  for (std::size_t end = EndOfColumn(fStrips, begin); block.end < fStrips.size() && fits(end);) {
-    block.end = end;
-    end = EndOfColumn(fStrips, end < fStrips.size() ? end : begin);
-  }
-  if (block.end == begin) {
-    block.end = begin + 1;
-    while (block.end < fStrips.size() && fStrips[block.end].column == fStrips[begin].column && fits(block.end + 1)) {
-      ++block.end;
-    }
-  }
-  for (std::size_t strip = begin; strip < block.end; ++strip) {
-    block.places.push_back(first + WidthOf(fStrips, begin, strip + 1) - fStrips[strip].width);
-  }
-  return block;
-}
-
-/// The screen's column after a strip.
-std::size_t TabulationLayout::EndOf(const Block& block, std::size_t strip) const {
-  return block.places[strip - block.begin] + fStrips[strip].width;
-}
-
-void TabulationLayout::WriteBlock(std::string& text, const Block& block) const {
-  WriteGroups(text, block);
-  WriteColumnLabels(text, block);
-  WriteStripHeadings(text, block);
-  WriteRule(text, block);
-  for (std::size_t row = 0; row < fLabels.size(); ++row) {
-    if (row == fTabulation.rows.size()) {
-      WriteRule(text, block);
-    }
-    WriteRow(text, block, row);
-  }
-  if (fTabulation.rows.empty() && fBases.empty()) {
-    text += "(none)\n";
-  }
-}
-
-/// Each BY above its columns, with a line as wide as they are.
-void TabulationLayout::WriteGroups(std::string& text, const Block& block) const {
-  TextLine line;
-  bool isEmpty = true;
-  for (std::size_t strip = block.begin; strip < block.end;) {
-    const std::string& by = ByOf(strip);
-    const std::size_t place = block.places[strip - block.begin];
-    while (strip < block.end && ByOf(strip) == by) {
-      ++strip;
-    }
-    if (!by.empty()) {
-      std::string heading = Visible(by) + ' ';
-      const std::size_t width = EndOf(block, strip - 1) - place;
-      line.PutAt(place, heading.append(width - std::min(width, DisplayWidth(heading)), '-'));
-      isEmpty = false;
-    }
-  }
-  text += isEmpty ? "" : line.Take();
-}
-
-/// A label stands at the left of its column's strips, or at the right of the only one, as the numbers do.
-void TabulationLayout::WriteColumnLabels(std::string& text, const Block& block) const {
-  std::vector<Heading> headings;
-  for (std::size_t strip = block.begin; strip < block.end;) {
-    const std::size_t end = std::min(EndOfColumn(fStrips, strip), block.end);
-    const std::size_t place = block.places[strip - block.begin];
-    const std::string label = Visible(LabelOf(fTabulation.columns[fStrips[strip].column]));
-    headings.push_back({place, EndOf(block, end - 1), end - strip == 1, {}});
-    headings.back().lines = WrapText(label, headings.back().end - place);
-    strip = end;
-  }
-  WriteHeadings(text, headings);
-}
-
-void TabulationLayout::WriteStripHeadings(std::string& text, const Block& block) const {
-  std::vector<Heading> headings;
-  for (std::size_t strip = block.begin; strip < block.end; ++strip) {
-    headings.push_back({0, EndOf(block, strip), true, fStrips[strip].heading});
-  }
-  WriteHeadings(text, headings);
-}
-
-void TabulationLayout::WriteRule(std::string& text, const Block& block) const {
-  TextLine line;
-  line.PutAt(0, std::string(fLabelWidth, '-'));
-  for (std::size_t strip = block.begin; strip < block.end; ++strip) {
-    line.PutAt(block.places[strip - block.begin], std::string(fStrips[strip].width, '-'));
-  }
-  text += line.Take();
-}
-
-/// The figures stand on the first line of the label.
-void TabulationLayout::WriteRow(std::string& text, const Block& block, std::size_t row) const {
-  const Lines label = WrappedLabel(fLabels[row], fLabelWidth);
-  TextLine line;
-  line.PutAt(0, label.front());
-  for (std::size_t strip = block.begin; strip < block.end; ++strip) {
-    const std::string& cell = fStrips[strip].cells[row];
-    const std::size_t begin = block.places[strip - block.begin];
-    const std::size_t blanks = fStrips[strip].isBar ? 0 : fStrips[strip].width - DisplayWidth(cell);
-    line.PutAt(begin, cell.empty() ? cell : std::string(blanks, ' ') + cell);
-  }
-  text += line.Take();
-  for (std::size_t index = 1; index < label.size(); ++index) {
-    line.PutAt(0, label[index]);
-    text += line.Take();
-  }
-}
-
-std::string TabulationLayout::Text() const {
-  std::string text;
-  for (const Block& block : Blocks()) {
-    text += text.empty() ? "" : "\n";
-    WriteBlock(text, block);
-  }
-  return text;
+  return SplitTableText(table, width);
 }
 
 void AddWrapped(std::string& text, const std::string& sentence, std::size_t width) {
@@ -284,7 +104,7 @@ void AddWrapped(std::string& text, const std::string& sentence, std::size_t widt
   }
 }
 
-/// With sentences below an empty line, where there are any.
+/// Sentences below an empty line, where there are any.
 void AddSentences(std::string& text, const std::vector<std::string>& sentences, std::size_t width) {
   text += sentences.empty() ? "" : "\n";
   for (const std::string& sentence : sentences) {
@@ -292,20 +112,30 @@ void AddSentences(std::string& text, const std::vector<std::string>& sentences, 
   }
 }
 
-/// The table with the numbers of each column aligned, from that of an index on.
-Table WithAlignedNumbers(Table table, std::size_t first) {
-  for (std::size_t column = first; column < table.columns.size(); ++column) {
-    std::vector<std::string> numbers;
-    for (const TableRow& row : table.rows) {
-      const auto* text = std::get_if<std::string>(&row.cells[column].value);
-      numbers.push_back(text == nullptr ? "" : *text);
-    }
-    AlignAtPoint(numbers);
-    for (std::size_t row = 0; row < table.rows.size(); ++row) {
-      table.rows[row].cells[column].value = numbers[row];
+void AddTest(std::string& text, const Tabulation& tabulation, const TabulationTest& test, std::size_t width) {
+  const Table texts = TestTable(tabulation, test);
+  const std::size_t labels = IsSet(test.by) ? 1 : 0;  // that stand beside the member's
+  SplitTable table;
+  table.footBegin = texts.rows.size();
+  for (std::size_t column = labels; column < texts.columns.size(); ++column) {
+    table.columns.emplace_back();
+    table.strips.push_back({column - labels, texts.columns[column], {}, 0, false});
+  }
+  for (const TableRow& row : texts.rows) {
+    const auto textAt = [&](std::size_t column) {
+      const auto* cell = std::get_if<std::string>(&row.cells[column].value);
+      return cell == nullptr ? std::string() : *cell;
+    };
+    const std::string byLabel = labels == 0 ? "" : textAt(0);
+    table.labels.push_back(byLabel.empty() ? row.name : row.name + ", " + byLabel);
+    for (std::size_t column = labels; column < texts.columns.size(); ++column) {
+      table.strips[column - labels].cells.push_back(textAt(column));
     }
   }
-  return table;
+  AlignStrips(table);
+  text += '\n';
+  AddWrapped(text, texts.title, width);
+  text += '\n' + SplitTableText(table, width);
 }
 
 }  // namespace
@@ -318,12 +148,12 @@ std::string TextTabulation(const Tabulation& tabulation, std::size_t width, Colo
   for (const std::string& line : ScopeOf(tabulation)) {
     AddWrapped(text, line, width);
   }
-  text += '\n' + TabulationLayout(tabulation, width, chart).Text();
+  text += '\n' + MembersText(tabulation, width, chart);
   if (tabulation.columns.size() == 1) {
     AddSentences(text, BaseSentences(tabulation), width);
   }
   for (const TabulationTest& test : tabulation.tests) {
-    text += '\n' + TextTable(WithAlignedNumbers(TestTable(tabulation, test), IsSet(test.by) ? 1 : 0), width);
+    AddTest(text, tabulation, test, width);
   }
   AddSentences(text, tabulation.notes, width);
   return text;

@@ -2,6 +2,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <regex>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -342,6 +345,38 @@ TEST(TabulateGrammar, NoTwoSubcommandsShareTheirFirstThreeLetters) {
     EXPECT_EQ(FindTabulateSubcommand(subcommand.name.substr(0, 3)), &subcommand) << subcommand.name;
     EXPECT_EQ(&TabulateSubcommandOf(subcommand.key), &subcommand) << subcommand.name;
   }
+}
+
+/// What the manual's table says of subcommands: the name, and the words that can be its value.
+std::multiset<std::string> SubcommandsInManual() {
+  const std::regex row(R"(\| `/([A-Z]+)=` \| ([^|]*) \|.*)");
+  const std::regex word("`([A-Z]+)`");
+  std::multiset<std::string> subcommands;
+  std::ifstream manual(MRSET_MANUAL_OF_TABULATE);
+  for (std::string line; std::getline(manual, line);) {
+    std::smatch found;
+    if (std::regex_match(line, found, row)) {
+      std::string text = found[1];
+      const std::string value = found[2];
+      for (std::sregex_iterator at(value.begin(), value.end(), word); at != std::sregex_iterator(); ++at) {
+        text += " " + (*at)[1].str();
+      }
+      subcommands.insert(text);
+    }
+  }
+  return subcommands;
+}
+
+TEST(TabulateGrammar, SubcommandsAreThoseOfTheManual) {
+  std::multiset<std::string> subcommands;
+  for (const TabulateSubcommand& subcommand : TabulateSubcommands()) {
+    std::string text(subcommand.name);
+    for (const std::string_view word : subcommand.words) {
+      text += " " + std::string(word);
+    }
+    subcommands.insert(text);
+  }
+  EXPECT_EQ(SubcommandsInManual(), subcommands);
 }
 
 TEST(TabulateGrammar, SaysWhatIsExpected) {

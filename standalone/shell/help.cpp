@@ -92,9 +92,9 @@ std::string HelpOnTabulate() {
 
 std::string HelpOnTheShell() {
   std::string text =
-      "Commands (MRSET, TABULATE) take as many lines as they need and end with a period\n"
-      "at the end of a line. Tab completes, the arrow keys bring back earlier commands, Ctrl-R\n"
-      "searches them, Ctrl-C gives up what is being typed.\n"
+      "Commands (MRSET, TABULATE) go over as many lines as they need and end with a\n"
+      "period at the end of a line. Tab completes, the arrow keys bring back earlier\n"
+      "commands, Ctrl-R searches them, Ctrl-C gives up what is being typed.\n"
       "\n";
   for (const ShellCommandRule& rule : ShellCommands()) {
     text += fmt::format("  {:<21}{}\n", fmt::format("{} {}", rule.name, rule.argument), rule.purpose);

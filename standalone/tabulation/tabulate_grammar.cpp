@@ -21,7 +21,7 @@ const std::vector<TabulateSubcommand>& TabulateSubcommands() {
        {"ANSWERED", "ASKED", "COMPLETE", "ALL"}},
       {Key::kWhere, "WHERE", Value::kCondition, "CONDITION", "Only cases such as 'region = \"N\" AND born < 1980'"},
       {Key::kNone, "NONE", Value::kMember, "VALUE", "Value of a category set that says that nothing applies"},
-      {Key::kNet, "NET", Value::kNet, "NET", "Any of several, as in 'Hot drinks: drink1 drink2'"},
+      {Key::kNet, "NET", Value::kNet, "NET", "Any of several members: 'Hot drinks: tea coffee'"},
       {Key::kShow,
        "SHOW",
        Value::kWords,

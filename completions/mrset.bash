@@ -35,7 +35,7 @@ _mrset_place() {
     import:1) offer=(_mrset_files '*.csv') ;;
     import:2) offer=(_mrset_files '*.mrset') ;;
     run:-c | run:--command) offer=(_mrset_nothing) ;;
-    run:--format) offer=(_mrset_words text json html markdown csv) ;;
+    run:--format) offer=(_mrset_words text json html markdown csv xlsx) ;;
     run:--color) offer=(_mrset_words auto always never) ;;
     run:--width) offer=(_mrset_nothing) ;;
     run:--output) offer=(_mrset_files '*') ;;

@@ -352,7 +352,7 @@ Arguments that are missing, too many or of no use.
   Run "mrset run --help" for its options.
   [2]
   $ mrset run x.mrset --format xml -c MRSET
-  mrset: --format: xml is not one of text, json, html, markdown, csv.
+  mrset: --format: xml is not one of text, json, html, markdown, csv, xlsx.
   Example:
     mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
   Run "mrset run --help" for its options.
@@ -518,7 +518,8 @@ Help and version are results.
   Options:
     -h,--help               Show this help
     -c,--command COMMAND    Command to run, after SCRIPT; may lack its period
-    --format FORMAT         Form of the output: text, json, html, markdown or csv
+    --format FORMAT         Form of the output: text, json, html, markdown, csv or
+                            xlsx
     --color WHEN            When text is coloured: auto, always or never
     --width N               Columns of text; else the terminal's, or 80
     --output FILE           Write results to this file; its ending sets the format

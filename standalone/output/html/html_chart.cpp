@@ -34,7 +34,7 @@ struct Room {
   std::size_t pixels;
 };
 
-constexpr Room kLabelRoom = {20, 168};
+constexpr Room kLabelRoom = {20, 174};
 constexpr Room kWholeWidth = {48, 392};
 
 /// About how wide the text is; more than it is in most typefaces.
@@ -42,8 +42,9 @@ std::size_t PixelsOf(std::string_view text) {
   constexpr std::string_view kWide = "ABCDEFGHIJKLMNOPQRSTUVWXYZmw@%&";
   std::size_t pixels = 0;
   for (std::size_t offset = 0; offset < text.size(); offset += CharacterLength(text, offset)) {
-    const bool isWide = kWide.find(text[offset]) != std::string_view::npos || CharacterLength(text, offset) > 1;
-    pixels += isWide ? 14 : 8;
+    const std::string_view character = text.substr(offset, CharacterLength(text, offset));
+    const bool isWide = kWide.find(character) != std::string_view::npos || DisplayWidth(character) > 1;
+    pixels += isWide ? 14 : character.size() > 1 ? 10 : 8;
   }
   return pixels;
 }
@@ -60,6 +61,7 @@ class BarChart {
   void AddMember(const TabulationRow& row);
   void AddBar(const std::string& label, const Figure& percentage, const std::string& className);
   std::size_t AddText(const std::string& text, const Room& room, std::string_view className);
+  std::string Title() const;
   std::string Description() const;
 
   const Tabulation& fTabulation;
@@ -81,12 +83,20 @@ std::string BarChart::Html(const std::string& id) {
   for (const TabulationRow& row : fTabulation.rows) {
     AddMember(row);
   }
-  const std::string by = fGroup.by.empty() ? "" : " by " + fGroup.by;
   return fmt::format(
-      "<div class=\"scroll chart\" role=\"group\" aria-labelledby=\"{0}-title\" tabindex=\"0\">\n"
+      "<div class=\"scroll chart\" role=\"group\" aria-labelledby=\"{0}\" tabindex=\"0\">\n"
+      "<p id=\"{0}\" class=\"chart-title\" dir=\"auto\">{2}</p>\n"
       "<svg role=\"img\" aria-labelledby=\"{0}-title {0}-desc\" width=\"100%\" height=\"{1}\">\n"
-      "<title id=\"{0}-title\">% of cases: {2}</title>\n<desc id=\"{0}-desc\">{3}</desc>\n{4}</svg>\n</div>\n",
-      id, fTop, HtmlText(TitleOf(fTabulation) + by), Description(), fBody);
+      "<title id=\"{0}-title\">{3}: {2}</title>\n<desc id=\"{0}-desc\">{4}</desc>\n{5}</svg>\n</div>\n",
+      id, fTop, HtmlText(Title()), HtmlText(TitleOf(fTabulation)), Description(), fBody);
+}
+
+/// "% of cases", "% of cases by region", or "% of cases by region: North" where there is no other column.
+std::string BarChart::Title() const {
+  const std::string by = fGroup.by.empty() ? "" : " by " + fGroup.by;
+  const std::string column =
+      fGroup.by.empty() || !HasOneSeries() ? "" : ": " + LabelOf(fTabulation.columns[fGroup.begin]);
+  return "% of cases" + by + column;
 }
 
 std::string BarChart::Description() const {

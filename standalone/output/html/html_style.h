@@ -125,6 +125,7 @@ tfoot th { font-weight: 400; }
 .tabulation { display: flex; flex-wrap: wrap; align-items: flex-start; gap: 1.5rem 2.5rem; }
 .tabulation > .scroll { max-width: 100%; }
 .tabulation > .chart { flex: 1 1 25rem; min-width: min(25rem, 100%); max-width: 44rem; }
+.chart-title { margin-bottom: 0.5rem; font-size: 0.9375rem; font-weight: 650; }
 .chart svg { display: block; min-width: 25rem; }
 .chart text { fill: var(--ink); font-size: 14px; font-variant-numeric: tabular-nums; }
 .chart .member { font-weight: 600; }
@@ -167,6 +168,8 @@ td.number sup { position: absolute; top: auto; margin-top: -0.1em; line-height: 
   .scroll { overflow: visible; background: none; }
   table { font-size: 9pt; }
   th, td { min-width: 8em; padding-right: 1em; overflow-wrap: anywhere; }
+  .tabulation th, .tabulation td { min-width: 0; }
+  .tabulation > .chart { break-inside: avoid; }
   h2, .facts, caption { break-after: avoid; }
   tr, .messages li { break-inside: avoid; }
 }

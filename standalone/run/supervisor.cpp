@@ -21,6 +21,12 @@ const char* SentenceOnSaved(std::optional<bool> hasChanged) {
   return *hasChanged ? " The change of the command is saved all the same." : "";
 }
 
+/// Of a process that ended before its command did.
+std::string SentenceOnEnd(const Worker& worker) {
+  return worker.HasGivenUp() ? "There is not enough memory, or another resource, to run the command."
+                             : worker.LastWords();
+}
+
 void Take(Event event, CommandResult& result) {
   result.isSaveOpen = std::holds_alternative<SaveBegun>(event);
   if (auto* procedure = std::get_if<ProcedureOpened>(&event)) {
@@ -73,7 +79,9 @@ void Supervisor::StartWorker() {
     };
   });
   for (const ScriptCommand& command : fRehearsed) {
-    fWorker->Run(command);
+    if (!fWorker->Run(command)) {
+      throw Error(SentenceOnEnd(*fWorker));
+    }
   }
 }
 
@@ -112,11 +120,10 @@ CommandResult Supervisor::Result(const ScriptCommand& command, const Worker& wor
 void Supervisor::Abort(CommandResult& result) {
   const std::unique_ptr<Worker> ended = std::move(fWorker);
   if (ended->HasGivenUp()) {
-    throw Error(std::string("There is not enough memory, or another resource, to run the command.") +
-                (result.isSaveOpen ? " Whether its change was saved is not known." : ""));
+    throw Error(SentenceOnEnd(*ended) + (result.isSaveOpen ? SentenceOnSaved(std::nullopt) : ""));
   }
   result.status = Status::kAborted;
-  result.items.emplace_back(Message{Level::kFatal, ended->LastWords()});
+  result.items.emplace_back(Message{Level::kFatal, SentenceOnEnd(*ended)});
   if (std::optional<std::string> hint = HintOnAbort(result.text)) {
     result.hints.push_back(std::move(*hint));
   }

@@ -46,6 +46,15 @@ A run that is killed takes its process with it.
   1> MRSET /DELETE NAME=ALL
   $ exec 9>&-
 
+Whoever starts the program may ignore that its own children end: how a command's process ended is told all the same.
+
+  $ ignoring() { python3 -c 'import os, signal, sys; signal.signal(signal.SIGCHLD, signal.SIG_IGN); os.execvp(sys.argv[1], sys.argv[1:])' "$@"; }
+  $ MRSET_MODULE="$(dirname "$MRSET_PROGRAM")/../lib/ending_module.so" ignoring mrset run s.mrset -c 'MRSET'
+  1> MRSET
+  Fatal: The command's process was ended by signal 9 (Killed).
+  The command was aborted; the dataset is as it was before it.
+  [3]
+
 Standard descriptors that are closed take nothing in.
 
   $ mrset run s.mrset --output o.json --format json -c 'MRSET /MCGROUP NAME=$c VARIABLES=q1 q2' -c 'MRSET /DELETE NAME=[]' -c 'MRSET /DELETE NAME=[$c]' <&- >&- 2>&-

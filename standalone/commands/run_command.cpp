@@ -81,6 +81,7 @@ void CheckOutputPath(const RunOptions& options, const std::string& outputPath) {
 }
 
 constexpr const char* kCsvFormat = "csv";
+constexpr const char* kHtmlFormat = "html";
 
 /// Where progress is shown: not among results on a terminal, which show it themselves.
 std::optional<ProgressScreen> ScreenBesideResults(const RunOptions& options) {
@@ -130,7 +131,7 @@ std::unique_ptr<Renderer> MakeCsv(const RunOptions& /*options*/, const Target& t
 constexpr std::array<RunFormat, 5> kRunFormats = {{
     {"text", {".txt", ".text"}, MakeText},
     {"json", {".json", ".jsonl"}, MakeJson},
-    {"html", {".html", ".htm"}, MakeHtml},
+    {kHtmlFormat, {".html", ".htm"}, MakeHtml},
     {"markdown", {".md", ".markdown"}, MakeMarkdown},
     {kCsvFormat, {".csv", ".csv"}, MakeCsv},
 }};
@@ -153,6 +154,7 @@ std::unique_ptr<Renderer> MakeRenderer(const RunOptions& options, const Target& 
 struct Outcome {
   ExitStatus status = kSuccess;
   std::size_t saved = 0;  ///< how many commands changed the dataset
+  std::size_t told = 0;   ///< of how many of these the result was written
 };
 
 /// What is to be run, and how.
@@ -181,20 +183,23 @@ void RunAndRender(const Job& job, const Target& target, Outcome& outcome) {
   progress.Begin({"Running", "commands", commands.size()});
   Supervisor supervisor({options.datasetPath, options.dryRun, options.datasetOptions});
   for (std::size_t index = 0; index < commands.size() && target.stream; ++index) {
-    const CommandResult result = WithShellHint(supervisor.Run(commands[index]), index >= job.list.fromScript);
+    CommandResult result = supervisor.Run(commands[index]);
     outcome.saved += result.isSaved ? 1 : 0;
+    result = WithShellHint(std::move(result), index >= job.list.fromScript);
     outcome.status = std::max(outcome.status, StatusOf(result));
     progress.Update(index + 1);
     if (options.format.format == kCsvFormat) {
       progress.Clear();  // messages go to standard error
     }
     renderer->Write(result);
+    outcome.told = options.format.format == kHtmlFormat ? 0 : outcome.saved;  // a page is written at its end
     if (options.stopOnError && result.status != Status::kOk) {
       break;
     }
   }
   supervisor.Finish();
   renderer->Finish();
+  outcome.told = outcome.saved;
 }
 
 void RunIntoFile(const Job& job, Outcome& outcome) {
@@ -223,9 +228,9 @@ ExitStatus Run(const RunOptions& options) {
   try {
     (options.outputPath ? RunIntoFile : RunOnStandardOutput)({options, list}, outcome);
   } catch (...) {
-    const bool areResultsLost = options.outputPath || !std::cout.flush();
-    if (areResultsLost && outcome.saved > 0) {
-      SayAtEnd(SentenceOfSaved(outcome.saved));
+    const bool areAllLost = options.outputPath || !std::cout.flush();
+    if (const std::size_t lost = outcome.saved - (areAllLost ? 0 : outcome.told); lost > 0) {
+      SayAtEnd(SentenceOfSaved(lost));
     }
     throw;
   }

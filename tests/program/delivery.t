@@ -49,6 +49,19 @@ Results that nobody gets: a full disk ...
   ls: cannot access 'out.txt': No such file or directory
   [2]
 
+... a page, of which nothing is written before its end ...
+
+  $ small p.mrset; (ulimit -f 60; mrset run p.mrset many.script --format html > out.html) 2> err
+  [2]
+  $ test "$(grep -oE '[0-9]+ commands' err)" = "$(sets p.mrset) commands" && sed -E 's/[0-9]+ commands/N commands/' err; wc -c < out.html
+  mrset: p.mrset cannot be read or written: File too large.
+  mrset: N commands changed the dataset all the same, and that is saved; mrset log lists it.
+  0
+  $ rm p.mrset; small p.mrset; (ulimit -f 60; mrset run p.mrset many.script > out.txt)
+  mrset: p.mrset cannot be read or written: File too large.
+  [2]
+  $ test "$(grep -c '^[0-9]*> ' out.txt)" = "$(sets p.mrset)"; rm out.txt
+
 ... and in the shell.
 
   $ mrset run s.mrset -c 'MRSET /DELETE NAME=ALL' > /dev/null; mrset shell s.mrset < many.script > /dev/full

@@ -77,7 +77,8 @@ void WriteVariablesJson(Dataset& dataset, const std::vector<int>& positions, std
 /// One form of a list as a table; json has a form of its own for each list.
 struct ListFormat {
   const char* name;
-  /// Below a table for people; else null.
+  bool isForPeople;  ///< who read a sentence in place of an empty table
+  /// Below the table, or beside it; null where they stand in it.
   void (*writeNotes)(const std::vector<std::string>& notes, const FormatOptions& options);
   std::unique_ptr<TableWriter> (*makeWriter)(std::ostream& stream, const FormatOptions& options);
 };
@@ -103,6 +104,12 @@ void WriteMarkdownNotes(const std::vector<std::string>& notes, const FormatOptio
   }
 }
 
+void WriteNotices(const std::vector<std::string>& notes, const FormatOptions& /*options*/) {
+  for (const std::string& note : notes) {
+    std::cerr << NoticeLine(note);
+  }
+}
+
 std::unique_ptr<TableWriter> MakeText(std::ostream& stream, const FormatOptions& options) {
   return MakeTextTableWriter(stream, WidthOf(options), ChosenColour(options, OutputIsTerminal()));
 }
@@ -116,10 +123,10 @@ std::unique_ptr<TableWriter> MakeCsv(std::ostream& stream, const FormatOptions& 
 }
 
 constexpr std::array<ListFormat, 4> kListFormats = {{
-    {"text", WriteTextNotes, MakeText},
-    {"json", nullptr, nullptr},
-    {"markdown", WriteMarkdownNotes, MakeMarkdown},
-    {"csv", nullptr, MakeCsv},
+    {"text", true, WriteTextNotes, MakeText},
+    {"json", false, nullptr, nullptr},
+    {"markdown", true, WriteMarkdownNotes, MakeMarkdown},
+    {"csv", false, WriteNotices, MakeCsv},
 }};
 
 // Both read all before they write the first byte: who reads the output may pause, and a dataset that is being read
@@ -133,13 +140,11 @@ ExitStatus WriteSets(Dataset& dataset, const ListRequest& request) {
   const ListFormat& format = FormatNamed(kListFormats, options.format);
   if (format.makeWriter == nullptr) {
     std::cout << OneLine({{"sets", SetsWithProblems(sets, problems)}}) << '\n';
-  } else if (const std::string absence = AbsenceOfSets(sets); format.writeNotes != nullptr && !absence.empty()) {
+  } else if (const std::string absence = AbsenceOfSets(sets); format.isForPeople && !absence.empty()) {
     std::cout << absence << '\n';
   } else {
     WriteSetsTable(sets, *format.makeWriter(std::cout, options));
-    if (format.writeNotes != nullptr) {
-      format.writeNotes(NotesOnProblems(sets, problems), options);
-    }
+    format.writeNotes(NotesOnProblems(sets, problems), options);
   }
   return kSuccess;
 }

@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "standalone/options/value_type.h"
 #include "standalone/storage/file_format.h"
 
 namespace standalone {
@@ -115,7 +116,7 @@ NextSteps StepsOnExtra(const CLI::App& subcommand, const std::string& word) {
 
 std::string SentenceOnExtra(const std::string& word, const char* kindOfOperand) {
   return LooksLikeOption(word) ? fmt::format("Unknown option: {}.", WithoutValue(word))
-                               : fmt::format("{}: {}.", kindOfOperand, word);
+                               : fmt::format("{}: {}.", kindOfOperand, ShownValue(word));
 }
 
 /// A state of an option for which CLI11 throws an error of that kind.

@@ -16,6 +16,7 @@
 #include "standalone/console/delivery.h"
 #include "standalone/dataset/undo.h"
 #include "standalone/options/dataset_options.h"
+#include "standalone/options/value_type.h"
 #include "standalone/options/whole_number.h"
 #include "standalone/sets/set_diff.h"
 #include "standalone/text/counted.h"
@@ -85,7 +86,7 @@ CLI::Option* AddVersion(CLI::App& options, const char* name, const char* descrip
       .add_option_function<std::string>(
           name, [&request](const std::string& value) { request.to = WholeNumber(value); }, description)
       ->check([](const std::string& value) {
-        return WholeNumber(value) ? std::string() : value + " is not a version number";
+        return WholeNumber(value) ? std::string() : ShownValue(value) + " is not a version number";
       });
 }
 

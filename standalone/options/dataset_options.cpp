@@ -21,8 +21,8 @@ std::string SecondsComplaint(const std::string& seconds) {
     return {};
   }
   const bool isNumber = !seconds.empty() && seconds.find_first_not_of("0123456789") == std::string::npos;
-  return seconds + (isNumber ? " has more than nine digits; 999999999 seconds is the longest wait"
-                             : " is not a whole number of seconds");
+  return ShownValue(seconds) + (isNumber ? " has more than nine digits; 999999999 seconds is the longest wait"
+                                         : " is not a whole number of seconds");
 }
 
 }  // namespace

@@ -104,7 +104,7 @@ There is no such version.
   Run "mrset undo --help" for its options.
   [2]
   $ mrset undo s.mrset --to ''
-  mrset: --to:  is not a version number.
+  mrset: --to: "" is not a version number.
   Example:
     mrset undo survey.mrset --to 3
   Run "mrset undo --help" for its options.

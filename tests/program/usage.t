@@ -357,11 +357,12 @@ Arguments that are missing, too many or of no use.
     mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
   Run "mrset run --help" for its options.
   [2]
-  $ for option in --format --width --lock-timeout; do mrset run x.mrset $option '' -c MRSET 2>&1 | head -1; done; mrset '' 2>&1 | head -1
+  $ for option in --format --width --lock-timeout; do mrset run x.mrset $option '' -c MRSET 2>&1 | sed -n 1p; done; mrset '' 2>&1 | sed -n 1p
   mrset: --format: "" is not one of text, json, html, markdown, csv.
   mrset: --width: "" is not a whole number from 20 to 10000.
   mrset: --lock-timeout: "" is not a whole number of seconds.
   mrset: Unknown subcommand: "".
+  [2]
   $ mrset run x.mrset --format
   mrset: --format needs a value.
   Example:

@@ -176,6 +176,18 @@ std::vector<SetProblem> MisfitsOf(const StoredSet& set, const FindVariable& find
   return Fitting(set, find).Take();
 }
 
+std::optional<bool> AreNumeric(const StoredSet& set, const FindVariable& find) {
+  std::optional<bool> areNumeric;
+  for (const std::string& name : set.variables) {
+    const std::optional<Variable> variable = find(name, false);
+    if (variable && areNumeric.value_or(variable->width == 0) != (variable->width == 0)) {
+      return std::nullopt;
+    }
+    areNumeric = variable ? variable->width == 0 : areNumeric;
+  }
+  return areNumeric;
+}
+
 std::string Sentence(const StoredSet& set, const SetProblem& problem) {
   return fmt::format("The set {} {}.", set.name, problem.text);
 }

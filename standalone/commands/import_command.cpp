@@ -18,11 +18,25 @@
 #include "standalone/options/dataset_options.h"
 #include "standalone/options/value_type.h"
 #include "standalone/text/counted.h"
+#include "standalone/text/error.h"
 #include "standalone/text/notice.h"
 #include "standalone/text/visible.h"
 
 namespace standalone {
 namespace {
+
+/// Of the dataset that is about to be replaced, if there is one that can be read.
+TypesOfSets TypesBefore(const ImportRequest& request) {
+  try {
+    Dataset dataset(request.datasetPath, request.datasetOptions);
+    return TypesOf(dataset);
+  } catch (const Error& error) {
+    if (error.Kind() != ErrorKind::kMissingFile) {
+      RethrowUnless(error, ErrorKind::kDamaged);
+    }
+    return {};
+  }
+}
 
 ImportSummary ImportWithProgress(ImportRequest request) {
   Progress progress(ErrorScreen());
@@ -45,24 +59,30 @@ std::string SentenceOn(const NearlyNumericColumn& column, const std::string& sur
 }
 
 /// The sets were kept, whatever became of their variables. The import stands, even if this cannot be told.
-std::vector<std::string> Misfits(const ImportRequest& request) {
+std::vector<std::string> Misfits(const ImportRequest& request, const TypesOfSets& typesBefore) {
   try {
     Dataset dataset(request.datasetPath, request.datasetOptions);
     const std::vector<StoredSet> sets = dataset.Sets();
-    return NotesOnProblems(sets, ProblemsOfSets(dataset, sets));
+    std::vector<std::vector<std::string>> problems = ProblemsOfSets(dataset, sets);
+    AddChangesOfType(dataset, sets, typesBefore, problems);
+    return NotesOnProblems(sets, problems);
   } catch (const std::exception&) {
     return {};
   }
 }
 
-ExitStatus Import(const ImportRequest& request) {
+ExitStatus Import(ImportRequest request) {
+  TypesOfSets typesBefore;
+  if (request.replace) {
+    request.beforeWriting = [&] { typesBefore = TypesBefore(request); };
+  }
   const ImportSummary summary = ImportWithProgress(request);
   std::cerr << fmt::format("{}: {}, {}\n", Visible(request.datasetPath), Counted(summary.variables, "variable"),
                            Counted(summary.cases, "case"));
   for (const NearlyNumericColumn& column : summary.nearlyNumeric) {
     std::cerr << NoticeLine(SentenceOn(column, SurveyName(request.dataPath)));
   }
-  for (const std::string& note : request.replace ? Misfits(request) : std::vector<std::string>()) {
+  for (const std::string& note : request.replace ? Misfits(request, typesBefore) : std::vector<std::string>()) {
     std::cerr << NoticeLine(note);
   }
   return kSuccess;

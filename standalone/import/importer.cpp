@@ -133,6 +133,9 @@ ImportSummary ImportSurvey(const ImportRequest& request) {
   WriteVariables(columns, writer);
   const std::size_t cases = WriteCases(*reader, columns, file.Path(), writer, AdvanceOf(request, file, false));
   writer.SetCommand(CommandOf(request));
+  if (request.beforeWriting) {
+    request.beforeWriting();
+  }
   writer.Commit();
   return {columns.size(), cases, StringsForFewCells(reader->Header(), columns)};
 }

@@ -26,6 +26,7 @@ struct ImportRequest {
   bool replace = false;  ///< replace variables and cases of a dataset that exists, keep its sets
   DatasetOptions datasetOptions = {};
   std::function<void(const ImportProgress&)> progress = {};  ///< called for each case; may be empty
+  std::function<void()> beforeWriting = {};  ///< called when only the dataset is left to write; may be empty
 };
 
 /// A column that became a string for the sake of few cells that are not numbers.

@@ -121,6 +121,28 @@ An import that replaces variables names each set that no longer fits them, and w
   Remark: The set $d has both numeric and string variables.
   r.mrset is sound.
 
+So it does where all of its variables changed their type, either way; that no case has its counted value, a check tells.
+
+  $ printf 'q1,q2,t1,t2\n1,0,red,blue\n' > before.csv; printf 'q1,q2,t1,t2\nyes,no,1,2\n' > after.csv
+  $ mrset import before.csv types.mrset
+  types.mrset: 4 variables, 1 case
+  $ mrset run types.mrset -c 'MRSET /MDGROUP NAME=$d VARIABLES=q1 q2 VALUE=1 /MCGROUP NAME=$c VARIABLES=t1 t2' > /dev/null
+  $ mrset import --replace after.csv types.mrset
+  types.mrset: 4 variables, 1 case
+  mrset: The variables of the set $d were numeric and are strings now; it counts the text 1.
+  mrset: The variables of the set $c were strings and are numeric now.
+  $ mrset check types.mrset
+  Remark: The set $d counts the text 1, which no case has in its variables.
+  types.mrset is sound.
+  $ mrset import --replace after.csv types.mrset
+  types.mrset: 4 variables, 1 case
+  $ mrset import --replace before.csv types.mrset
+  types.mrset: 4 variables, 1 case
+  mrset: The variables of the set $d were strings and are numeric now; it counts the number 1.
+  mrset: The variables of the set $c were numeric and are strings now.
+  $ mrset check types.mrset
+  types.mrset is sound.
+
 A column that is a string for the sake of few cells is named.
 
   $ { echo id,age,name; seq 1 30 | sed 's/.*/&,4&,n&/'; echo 31,x,n; echo 32,?,n; } > ages.csv

@@ -8,6 +8,7 @@
 #include "standalone/language/comments.h"
 #include "standalone/language/grammar.h"
 #include "standalone/language/nearest_name.h"
+#include "standalone/language/slips.h"
 #include "standalone/text/trim.h"
 #include "standalone/text/unicode.h"
 
@@ -75,9 +76,11 @@ std::optional<std::string> RefusalOfUnknownCommand(std::string_view openText) {
   }
   const std::string quoted = Shortened(word);
   const std::optional<std::string> meant = MeantWord(word, AllCommands());
-  return meant ? fmt::format("There is no command {}; did you mean {}?", quoted, *meant)
-               : fmt::format("There is no command {}; one begins with MRSET, or is one of those that help shows.",
-                             quoted);
+  if (meant) {
+    return fmt::format("There is no command {}; did you mean {}?", quoted, *meant);
+  }
+  return fmt::format("There is no command {}; {}.", quoted,
+                     HintOnBeginning(openText).value_or("type MRSET, or one of the commands that help lists"));
 }
 
 }  // namespace standalone

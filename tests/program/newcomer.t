@@ -255,19 +255,43 @@ Habits of word processors and of other languages.
   [1]
   $ printf '# note\nMRSET /DISPLAY NAME=ALL.\n' | mrset run w.mrset - | grep -E 'Error|hint'
   Error: Line 1: # is not a command. The command here is MRSET.
-  hint: a comment starts with * and ends with a period, or goes between /* and */
+  hint: a comment starts with * and ends with a period, or goes between /* and */ on one line
   [1]
   $ printf '// note\nMRSET /DISPLAY NAME=ALL.\n' | mrset run w.mrset - | grep -E 'Error|hint'
   Error: Line 1: / is not a command. The command here is MRSET.
-  hint: a comment starts with * and ends with a period, or goes between /* and */
+  hint: a comment starts with * and ends with a period, or goes between /* and */ on one line
   [1]
   $ printf 'MRSET /DISPLAY NAME=ALL // note\n  .\n' | mrset run w.mrset - | grep -E 'Error|hint'
   Error: Invalid MRSET subcommand. Found / ..
-  hint: a comment starts with * and ends with a period, or goes between /* and */
+  hint: a comment starts with * and ends with a period, or goes between /* and */ on one line
   [1]
   $ printf 'MRSET /MCGROUP NAME=$a VARIABLES=q1 q2 # note\n  .\n' | mrset run w.mrset - | grep -E 'Error|hint'
   Error: The variable # is not in the dataset.
-  hint: a comment starts with * and ends with a period, or goes between /* and */
+  hint: a comment starts with * and ends with a period, or goes between /* and */ on one line
+  [1]
+
+A name that begins with # may be misspelt; a comment that goes over two lines, and one with // after a list, are explained.
+
+  $ mrset run w.mrset -c 'MRSET /MCGROUP NAME=$a VARIABLES=#q1 q2' | grep -E 'Error|hint'
+  Error: The variable #q1 is not in the dataset.
+  [1]
+  $ small h.mrset; printf 'region1,region2\n1,0\n' | mrset import --replace - h.mrset 2> /dev/null
+  $ mrset run h.mrset -c 'MRSET /MCGROUP NAME=$a VARIABLES=#region1 region2' -c 'MRSET /MCGROUP NAME=#a VARIABLES=region1 region2' | grep -E 'Error|hint'
+  Error: The variable #region1 is not in the dataset.
+  hint: did you mean region1?
+  Error: The MRSET name #a must start with $.
+  [1]
+  $ mrset run h.mrset -c 'MRSET /DELETE #NAME=ALL' | grep -E 'Error|hint'
+  Error: Unexpected #NAME keyword in DELETE subcommand.
+  hint: did you mean NAME?
+  [1]
+  $ printf 'MRSET /MCGROUP NAME=$a /* two\n  lines */ VARIABLES=region1 region2.\n' | mrset run h.mrset - | grep -E 'Error|hint'
+  Error: Unexpected token * in this context
+  hint: there is no /* on the line of this */: a comment ends with its line
+  [1]
+  $ printf 'MRSET /MDGROUP NAME=$a VARIABLES=region1 region2 // regions\n  VALUE=1.\n' | mrset run h.mrset - | grep -E 'Error|hint'
+  Error: MDGROUP $a has no counted value.
+  hint: a comment starts with * and ends with a period, or goes between /* and */ on one line
   [1]
 
 An aborted command is explained.

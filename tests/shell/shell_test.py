@@ -492,7 +492,7 @@ class Commands(ShellTest):
     def test_what_is_no_command_is_answered_at_once(self):
         terminal = self.shell(columns=120)
         for word, answer in (("set", "mrset: There is no command set; did you mean sets?"),
-                             ("foo now", "mrset: There is no command foo; one begins with MRSET")):
+                             ("foo now", "mrset: There is no command foo; type MRSET")):
             terminal.type(word + ENTER)
             terminal.wait_for(answer)
             terminal.wait_for_input(PROMPT)

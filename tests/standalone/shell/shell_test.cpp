@@ -123,7 +123,7 @@ TEST(Shell, DoesNotRunWhatIsOpenWhenAPersonLeaves) {
 }
 
 TEST(Shell, RefusesAtOnceWhatIsNoCommand) {
-  const std::string others = "; one begins with MRSET, or is one of those that help shows.";
+  const std::string others = "; type MRSET, or one of the commands that help lists.";
   ExpectNotes(
       false,
       {
@@ -132,6 +132,12 @@ TEST(Shell, RefusesAtOnceWhatIsNoCommand) {
            {"set", "sets"}},
           {{Text(" foo bar")}, {">", "say There is no command foo" + others, ">"}, {" foo bar"}},
           {{Text("/DISPLAY NAME=ALL")}, {">", "say There is no command /DISPLAY" + others, ">"}, {"/DISPLAY NAME=ALL"}},
+          {{Text("#foo")},
+           {">",
+            "say There is no command #foo; a comment starts with * and ends with a period, or goes between /* and */ on"
+            " one line.",
+            ">"},
+           {"#foo"}},
           {{Text("MRSTE/DISPLAY")},
            {">", "say There is no command MRSTE; did you mean MRSET?", ">"},
            {"MRSTE/DISPLAY"}},

@@ -153,6 +153,21 @@ A column that is a string for the sake of few cells is named.
   ages.mrset: 3 variables, 32 cases
   mrset: standard input: age is a string variable because 2 of its 32 values are not numbers; the first is "x" in line 32.
 
+Codes such as 007 are numbers that would not stay as they are. Ten columns are named, at most.
+
+  $ printf 'zip,one,mixed\n98052,+1,1\n01234,2,007\n10001,3,x\n00501,4,4\n33109,5,5\n60601,6,6\n' > codes.csv
+  $ mrset import codes.csv codes.mrset
+  codes.mrset: 3 variables, 6 cases
+  mrset: codes.csv: zip is a string variable because 2 of its 6 values would change as numbers; the first is "01234" in line 3.
+  mrset: codes.csv: one is a string variable because 1 of its 6 values would change as a number; the first is "+1" in line 2.
+  mrset: codes.csv: mixed is a string variable because 2 of its 6 values are not numbers or would change as numbers; the first is "007" in line 3.
+  $ wide() { for row in "$(seq -s, -f 'v%g' "$1")" "$(seq -s, "$1")" "$(yes x | head -n "$1" | paste -sd,)" "$(seq -s, "$1")"; do echo "$row"; done; }
+  $ wide 11 > wide.csv; mrset import wide.csv wide.mrset 2>&1 | tail -n 2
+  mrset: wide.csv: v10 is a string variable because 1 of its 3 values is not a number; the first is "x" in line 3.
+  mrset: wide.csv: 1 more column is a string variable because of a few values.
+  $ wide 12 | mrset import --replace - wide.mrset 2>&1 | tail -n 1
+  mrset: standard input: 2 more columns are string variables because of a few values.
+
 A set that takes its labels from the counted value is not copied to where there are none.
 
   $ small w.mrset

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "standalone/storage/file_format.h"
+#include "standalone/text/unicode.h"
 
 namespace standalone {
 namespace {
@@ -86,8 +87,12 @@ NextSteps StepsOnUnknownSubcommand(const CLI::App& app, const std::string& word)
   if (IsPieceOfCommand(word)) {
     return StepsToQuote("survey.mrset");
   }
-  NextSteps steps =
-      LooksLikeOption(word) ? StepsOnUnknownOption(app, WithoutValue(word)) : StepsToNearest(word, SubcommandsOf(app));
+  if (CompareNoCase(word, "redo") == 0) {
+    return {"Undoing is itself a change; to take back an undo, undo again:", "  mrset undo survey.mrset"};
+  }
+  std::vector<std::string> words = SubcommandsOf(app);
+  words.emplace_back("help");
+  NextSteps steps = LooksLikeOption(word) ? StepsOnUnknownOption(app, WithoutValue(word)) : StepsToNearest(word, words);
   steps.push_back(StepToHelp(""));
   return steps;
 }

@@ -129,7 +129,7 @@ class Fitting {
                                             fSet.countedValue, variable.name));
     } else if (!fLabels.insert(ToUpper(*label)).second) {
       Add(kSameValueLabelProblem, fmt::format("takes its category labels from the counted value {}, whose label in the"
-                                              " variable {} another one has, too",
+                                              " variable {} is the same as in another variable",
                                               fSet.countedValue, variable.name));
     }
   }

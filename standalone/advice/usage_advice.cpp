@@ -12,6 +12,7 @@
 
 #include "standalone/options/value_type.h"
 #include "standalone/storage/file_format.h"
+#include "standalone/text/unicode.h"
 
 namespace standalone {
 namespace {
@@ -87,8 +88,12 @@ NextSteps StepsOnUnknownSubcommand(const CLI::App& app, const std::string& word)
   if (IsPieceOfCommand(word)) {
     return StepsToQuote("survey.mrset");
   }
-  NextSteps steps =
-      LooksLikeOption(word) ? StepsOnUnknownOption(app, WithoutValue(word)) : StepsToNearest(word, SubcommandsOf(app));
+  if (CompareNoCase(word, "redo") == 0) {
+    return {"Undoing is itself a change; to take back an undo, undo again:", "  mrset undo survey.mrset"};
+  }
+  std::vector<std::string> words = SubcommandsOf(app);
+  words.emplace_back("help");
+  NextSteps steps = LooksLikeOption(word) ? StepsOnUnknownOption(app, WithoutValue(word)) : StepsToNearest(word, words);
   steps.push_back(StepToHelp(""));
   return steps;
 }

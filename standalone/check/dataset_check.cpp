@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "standalone/check/case_check.h"
+#include "standalone/check/counted_value_check.h"
 #include "standalone/check/set_rules.h"
 #include "standalone/dataset/history.h"
 #include "standalone/dataset/import_log.h"
@@ -64,6 +65,7 @@ class Checker {
   void SetRow(std::int64_t id);
   void SetVariables();
   void SetRules();
+  void CountedValue(const StoredSet& set, bool isNumeric);
   void Cases();
   void History();
   void ChangeNumbers(const VersionRange& versions);
@@ -86,6 +88,7 @@ class Checker {
   void Generation();
   std::int64_t IntegerOf(std::string_view sql);
   std::int64_t CountOf(std::string_view sqlOfKeys);
+  std::optional<std::size_t> FindPosition(const std::string& name);
   std::optional<Variable> FindVariable(const std::string& name, bool withLabels);
 
   Database& fDatabase;
@@ -96,6 +99,7 @@ class Checker {
   std::int64_t fCaseCount = 0;
   std::unordered_set<std::string> fLabelledValues;  // of the variable whose value labels are read
   std::map<std::int64_t, StoredSet> fSets;          // by id, those that can be read
+  CountedValueCheck fCountedValues;
 };
 
 void Checker::Run() {
@@ -326,6 +330,15 @@ void Checker::SetRow(std::int64_t id) {
   fSets.emplace(id, std::move(set));
 }
 
+std::optional<std::size_t> Checker::FindPosition(const std::string& name) {
+  const std::string key = ToUpper(name);
+  Query row(fDatabase, "SELECT position FROM variable WHERE name_key = ?");
+  if (!row.Bind(key).Step() || row.Integer(0) < 0) {
+    return std::nullopt;
+  }
+  return static_cast<std::size_t>(row.Integer(0));
+}
+
 std::optional<Variable> Checker::FindVariable(const std::string& name, bool withLabels) {
   const std::string key = ToUpper(name);
   Query row(fDatabase, "SELECT position, name, width FROM variable WHERE name_key = ?");
@@ -378,10 +391,28 @@ void Checker::SetRules() {
       fReport.finding(fault.kind, Sentence(set, fault));
     }
     const auto find = [this](const std::string& name, bool withLabels) { return FindVariable(name, withLabels); };
-    for (const SetProblem& misfit : MisfitsOf(set, find)) {
+    const std::vector<SetProblem> misfits = MisfitsOf(set, find);
+    for (const SetProblem& misfit : misfits) {
       fReport.remark(misfit.kind, Sentence(set, misfit));
     }
+    if (const auto areNumeric = AreNumeric(set, find); areNumeric && misfits.empty()) {
+      CountedValue(set, *areNumeric);
+    }
   }
+}
+
+// A set fits variables that became strings as "yes" and "no", and counts nothing in them.
+void Checker::CountedValue(const StoredSet& set, bool isNumeric) {
+  if (set.type != SetType::kDichotomy || set.countedValue.empty()) {
+    return;
+  }
+  std::vector<std::size_t> positions;
+  for (const std::string& name : set.variables) {
+    if (const auto position = FindPosition(name)) {
+      positions.push_back(*position);
+    }
+  }
+  fCountedValues.Add(set, isNumeric, positions);
 }
 
 void Checker::Cases() {
@@ -396,10 +427,16 @@ void Checker::Cases() {
       Finding("The position of a case is {} instead of {}.", rows.Integer(0), expected);
     }
     Row("The case at position", rows.Integer(0), [&] {
-      if (const auto wrong = WhatIsWrongWithCells(rows.Text(1), fIsNumeric)) {
+      const std::string cells = rows.Text(1);
+      if (const auto wrong = WhatIsWrongWithCells(cells, fIsNumeric)) {
         Finding("The case at position {} is not sound: {}.", rows.Integer(0), *wrong);
+      } else {
+        fCountedValues.Look(cells);
       }
     });
+  }
+  for (const std::string& sentence : fCountedValues.Sentences()) {
+    fReport.remark("counted value", sentence);
   }
 }
 

@@ -28,11 +28,24 @@ void AddSentences(const StoredSet& set, const std::vector<SetProblem>& problems,
                  [&set](const SetProblem& problem) { return Sentence(set, problem); });
 }
 
+FindVariable VariablesOf(Dataset& dataset) {
+  return [&dataset](const std::string& name, bool withLabels) { return LookUp(dataset, name, withLabels); };
+}
+
+std::string SentenceOnType(const StoredSet& set, bool areNumeric) {
+  const std::string counted =
+      set.type == SetType::kDichotomy
+          ? fmt::format("; it counts the {} {}", areNumeric ? "number" : "text", set.countedValue)
+          : "";
+  return fmt::format("The variables of the set {} were {} and are {} now{}.", set.name,
+                     areNumeric ? "strings" : "numeric", areNumeric ? "numeric" : "strings", counted);
+}
+
 }  // namespace
 
 // Sets can be shown whatever became of the dictionary, and that may be what is left to save of a file.
 std::vector<std::vector<std::string>> ProblemsOfSets(Dataset& dataset, const std::vector<StoredSet>& sets) {
-  const FindVariable find = [&](const std::string& name, bool withLabels) { return LookUp(dataset, name, withLabels); };
+  const FindVariable find = VariablesOf(dataset);
   std::vector<std::vector<std::string>> problems;
   bool canRead = true;
   for (const StoredSet& set : sets) {
@@ -49,6 +62,27 @@ std::vector<std::vector<std::string>> ProblemsOfSets(Dataset& dataset, const std
     }
   }
   return problems;
+}
+
+TypesOfSets TypesOf(Dataset& dataset) {
+  TypesOfSets types;
+  for (const StoredSet& set : dataset.Sets()) {
+    if (const std::optional<bool> areNumeric = AreNumeric(set, VariablesOf(dataset))) {
+      types.emplace(set.name, *areNumeric);
+    }
+  }
+  return types;
+}
+
+void AddChangesOfType(Dataset& dataset, const std::vector<StoredSet>& sets, const TypesOfSets& before,
+                      std::vector<std::vector<std::string>>& problems) {
+  for (std::size_t index = 0; index < sets.size(); ++index) {
+    const auto old = before.find(sets[index].name);
+    const std::optional<bool> now = AreNumeric(sets[index], VariablesOf(dataset));
+    if (old != before.end() && now && *now != old->second) {
+      problems[index].insert(problems[index].begin(), SentenceOnType(sets[index], *now));
+    }
+  }
 }
 
 std::vector<std::string> NotesOnProblems(const std::vector<StoredSet>& sets,

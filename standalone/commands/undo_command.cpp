@@ -9,6 +9,8 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "standalone/commands/history_actions.h"
@@ -22,6 +24,7 @@
 #include "standalone/text/counted.h"
 #include "standalone/text/error.h"
 #include "standalone/text/notice.h"
+#include "standalone/text/unicode.h"
 #include "standalone/text/visible.h"
 
 namespace standalone {
@@ -52,13 +55,31 @@ std::vector<std::string> NamesOf(const Sets& sets, NameOf nameOf) {
   return names;
 }
 
+/// The names of the sets that the other list has, too, in upper case.
+std::vector<std::string> CommonNames(const std::vector<StoredSet>& sets, const std::vector<StoredSet>& others) {
+  std::unordered_set<std::string> names;
+  for (const StoredSet& other : others) {
+    names.insert(ToUpper(other.name));
+  }
+  std::vector<std::string> common;
+  for (const StoredSet& set : sets) {
+    if (std::string name = ToUpper(set.name); names.count(name) != 0) {
+      common.push_back(std::move(name));
+    }
+  }
+  return common;
+}
+
 /// What became of the sets from the version that is there again to the one that was undone.
-std::string WhatWasUndone(const SetsDifference& difference) {
+std::string WhatWasUndone(const Undone& undone, const SetsDifference& difference) {
   const auto name = [](const StoredSet& set) { return set.name; };
   std::vector<std::string> parts;
   AddPart("defined", NamesOf(difference.onlyInB, name), parts);
   AddPart("changed", NamesOf(difference.changed, [](const DifferingSet& set) { return set.a.name; }), parts);
   AddPart("deleted", NamesOf(difference.onlyInA, name), parts);
+  if (CommonNames(undone.before, undone.after) != CommonNames(undone.after, undone.before)) {
+    parts.emplace_back("changed the order of the sets");
+  }
   return Listed(parts);
 }
 
@@ -68,7 +89,7 @@ std::string SentenceOf(const Undone& undone, const SetsDifference& difference) {
   const std::string changes =
       first == last ? fmt::format("change {}", last) : fmt::format("changes {} to {}", first, last);
   return fmt::format("Undone: {}, which {}. The sets are those of version {} again, as change {}.", changes,
-                     WhatWasUndone(difference), undone.target, last + 1);
+                     WhatWasUndone(undone, difference), undone.target, last + 1);
 }
 
 /// Where no set differs there is no change.

@@ -114,6 +114,17 @@ There is no such version.
   [2]
   $ test "$(sha256sum s.mrset)" = "$before"
 
+An order that is undone is mentioned.
+
+  $ small o.mrset; mrset run o.mrset -c 'MRSET /MCGROUP NAME=$b VARIABLES=q1 q2 /MCGROUP NAME=$a VARIABLES=q1 q2' -c 'MRSET /DISPLAY NAME=ALL /MCGROUP NAME=$c VARIABLES=q1 q2' > /dev/null; names o.mrset
+  $a $b $c
+  $ mrset undo o.mrset; names o.mrset
+  Undone: change 2, which defined $c and changed the order of the sets. The sets are those of version 1 again, as change 3.
+  $b $a
+  $ mrset undo o.mrset; names o.mrset
+  Undone: change 3, which deleted $c and changed the order of the sets. The sets are those of version 2 again, as change 4.
+  $a $b $c
+
 An import that replaces the variables keeps the sets and their history.
 
   $ printf 'q1,x\n1,2\n' > other.csv && mrset import --replace other.csv s.mrset

@@ -187,6 +187,21 @@ A word that is misspelt.
   Did you mean variables?
   Run "mrset --help" for the subcommands.
   [2]
+  $ mrset hlep
+  mrset: Unknown subcommand: hlep.
+  Did you mean help?
+  Run "mrset --help" for the subcommands.
+  [2]
+  $ mrset HELP run
+  mrset: Unknown subcommand: HELP.
+  Did you mean help?
+  Run "mrset --help" for the subcommands.
+  [2]
+  $ mrset redo tiny.mrset
+  mrset: Unknown subcommand: redo.
+  Undoing is itself a change; to take back an undo, undo again:
+    mrset undo survey.mrset
+  [2]
   $ mrset s tiny.mrset
   mrset: Unknown subcommand: s.
   Run "mrset --help" for the subcommands.

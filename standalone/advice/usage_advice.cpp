@@ -13,6 +13,7 @@
 #include "standalone/options/value_type.h"
 #include "standalone/storage/file_format.h"
 #include "standalone/text/unicode.h"
+#include "standalone/text/visible.h"
 
 namespace standalone {
 namespace {

@@ -307,24 +307,18 @@ void Checker::SetRows() {
 
 void Checker::SetRow(std::int64_t id) {
   Query row(fDatabase,
-            "SELECT name, name_key, type, label, counted_value, label_from_variable,"
-            " category_labels_from_counted_value, position FROM mr_set WHERE id = ?");
+            "SELECT position, name_key, name, type, label, counted_value, label_from_variable,"
+            " category_labels_from_counted_value FROM mr_set WHERE id = ?");
   if (!row.Bind(id).Step()) {
     fDatabase.FailAsDamaged();
   }
   OrdinaryNumber(fDatabase, id);
-  OrdinaryNumber(fDatabase, row.Integer(7));
-  StoredSet set;
-  set.name = row.Text(0);
-  set.type = SetTypeOf(fDatabase, row.Integer(2));
-  set.label = row.Text(3);
-  set.countedValue = row.Text(4);
-  set.labelFromVariable = row.Integer(5) != 0;
-  set.categoryLabelsFromCountedValue = row.Integer(6) != 0;
+  OrdinaryNumber(fDatabase, row.Integer(0));
+  StoredSet set = SetOfColumns(fDatabase, row, 2);
   if (row.Text(1) != ToUpper(set.name)) {
     Finding("The set {} is kept under the key {}.", set.name, row.Text(1));
   }
-  if (row.Integer(5) < 0 || row.Integer(5) > 1 || row.Integer(6) < 0 || row.Integer(6) > 1) {
+  if (row.Integer(6) < 0 || row.Integer(6) > 1 || row.Integer(7) < 0 || row.Integer(7) > 1) {
     Finding("The set {} has a mark that is neither on nor off.", set.name);
   }
   fSets.emplace(id, std::move(set));

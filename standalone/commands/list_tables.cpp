@@ -30,15 +30,15 @@ Cell ListCell(std::vector<std::string> entries) {
 
 }  // namespace
 
-Table SetsHeading() {
-  return {"Multiple response sets", "Name", "", {"Type", "Label", "Counted value", "Variables"}, {}};
-}
-
-TableRow SetRow(const StoredSet& set) {
-  const bool isDichotomy = set.type == SetType::kDichotomy;
-  return {set.name,
-          {TextCell(isDichotomy ? "dichotomy" : "category"), TextCell(set.label), TextCell(set.countedValue),
-           ListCell(set.variables)}};
+Table SetsTable(const std::vector<StoredSet>& sets) {
+  Table table = {"Multiple response sets", "Name", "", {"Type", "Label", "Counted value", "Variables"}, {}};
+  for (const StoredSet& set : sets) {
+    const bool isDichotomy = set.type == SetType::kDichotomy;
+    table.rows.push_back({set.name,
+                          {TextCell(isDichotomy ? "dichotomy" : "category"), TextCell(set.label),
+                           TextCell(set.countedValue), ListCell(set.variables)}});
+  }
+  return table;
 }
 
 Table VariablesHeading() {
@@ -75,10 +75,6 @@ std::vector<int> PositionsOf(const std::string& pattern, Dataset& dataset, std::
 
 std::string NoSuchVariable(const std::string& pattern) {
   return fmt::format("The dataset has no variable {}.", pattern);
-}
-
-std::string AbsenceOfSets(const std::vector<StoredSet>& sets) {
-  return sets.empty() ? "The dataset has no multiple response sets." : "";
 }
 
 }  // namespace standalone

@@ -11,10 +11,12 @@
 
 namespace standalone {
 
-// The lists of what a dataset holds, as tables: all but the rows, and a row.
+/// What people read in place of an empty table of sets.
+inline constexpr const char* kAbsenceOfSets = "The dataset has no multiple response sets.\n";
 
-Table SetsHeading();
-TableRow SetRow(const StoredSet& set);
+Table SetsTable(const std::vector<StoredSet>& sets);
+
+// The table of variables, which may be large: all but the rows, and a row.
 
 Table VariablesHeading();
 TableRow VariableRow(const Variable& variable);
@@ -26,9 +28,6 @@ std::vector<int> PositionsOf(const std::string& pattern, Dataset& dataset,
 
 /// Where the pattern stands for none.
 std::string NoSuchVariable(const std::string& pattern);
-
-/// What people read in place of an empty table of sets; empty where it is not.
-std::string AbsenceOfSets(const std::vector<StoredSet>& sets);
 
 }  // namespace standalone
 

@@ -19,13 +19,12 @@
 #include "standalone/commands/subcommands.h"
 #include "standalone/console/delivery.h"
 #include "standalone/console/terminal.h"
+#include "standalone/dataset/dataset_operand.h"
 #include "standalone/files/output_file.h"
 #include "standalone/language/comments.h"
 #include "standalone/language/nearest_name.h"
 #include "standalone/options/dataset_options.h"
 #include "standalone/options/format_option.h"
-#include "standalone/options/whole_number.h"
-#include "standalone/output/renderer.h"
 #include "standalone/run/supervisor.h"
 #include "standalone/shell/dataset_completion_source.h"
 #include "standalone/shell/help.h"
@@ -36,6 +35,7 @@
 #include "standalone/text/counted.h"
 #include "standalone/text/error.h"
 #include "standalone/text/notice.h"
+#include "standalone/text/number_text.h"
 #include "standalone/text/trim.h"
 #include "standalone/text/visible.h"
 
@@ -47,7 +47,7 @@ constexpr std::size_t kMaxListed = 1000;
 
 struct ShellOptions {
   std::string datasetPath;
-  std::optional<std::size_t> width;
+  FormatOptions format;
   DatasetOptions datasetOptions;
 };
 
@@ -56,11 +56,11 @@ class DatasetActions : public ShellActions {
  public:
   DatasetActions(const ShellOptions& options, bool isAtTerminal)
       : fPath(options.datasetPath),
-        fWidth(options.width),
+        fFormat(options.format),
         fDatasetOptions(options.datasetOptions),
         fIsAtTerminal(isAtTerminal),
         fSupervisor({options.datasetPath, false, options.datasetOptions}),
-        fRenderer(MakeRenderer(Echo::kCommands)) {}
+        fRenderer(MakeTextRenderer(std::cout, Look(true))) {}
 
   void Run(const ScriptCommand& command) override;
   void Perform(const ShellCommand& command) override;
@@ -70,10 +70,10 @@ class DatasetActions : public ShellActions {
   ExitStatus Finish();
 
  private:
-  static Colour OutputColour() { return ChosenColour({"text", "auto", std::nullopt}, OutputIsTerminal()); }
-  std::size_t Width() const { return fWidth.value_or(OutputWidth()); }
-  std::unique_ptr<Renderer> MakeRenderer(Echo echo) const {
-    return MakeTextRenderer(std::cout, Width(), OutputColour(), echo);
+  OutputLook Look(bool showsCommands = false) const {
+    OutputLook look = LookOfOutput(fFormat);
+    look.showsCommands = showsCommands;
+    return look;
   }
 
   ExitStatus Do(const ShellCommand& command);
@@ -89,7 +89,7 @@ class DatasetActions : public ShellActions {
   void Complain(ExitStatus status, const std::exception& error);
 
   const std::string& fPath;
-  std::optional<std::size_t> fWidth;
+  const FormatOptions& fFormat;
   DatasetOptions fDatasetOptions;
   bool fIsAtTerminal;
   Supervisor fSupervisor;
@@ -104,7 +104,7 @@ void DatasetActions::Run(const ScriptCommand& command) {
     isInterruptRequested = false;
     const CommandResult result = fSupervisor.Run(command);
     fSaved += result.isSaved ? 1 : 0;
-    (fIsAtTerminal ? *MakeRenderer(Echo::kNothing) : *fRenderer).Write(result);
+    (fIsAtTerminal ? *MakeTextRenderer(std::cout, Look()) : *fRenderer).Write(result);
     Take(StatusOf(result));
   } catch (const Error& error) {
     Complain(kUnusable, error);
@@ -168,7 +168,7 @@ ExitStatus DatasetActions::Do(const ShellCommand& command) {
   if (command.rule->kind == ShellCommandKind::kSets) {
     return ShowSets(dataset);
   }
-  WriteLog(dataset, Width());
+  WriteLog(dataset, Look().width);
   return kSuccess;
 }
 
@@ -188,13 +188,11 @@ ExitStatus DatasetActions::ShowHelp(const std::string& topic) {
 ExitStatus DatasetActions::ShowSets(Dataset& dataset) {
   const std::vector<StoredSet> sets = dataset.Sets();
   dataset.EndTransaction();
-  if (const std::string absence = AbsenceOfSets(sets); !absence.empty()) {
-    std::cout << absence << '\n';
-    return kSuccess;
+  if (sets.empty()) {
+    std::cout << kAbsenceOfSets;
+  } else {
+    MakeTextTableWriter(std::cout, Look())->Write(SetsTable(sets));
   }
-  Table table = SetsHeading();
-  std::transform(sets.begin(), sets.end(), std::back_inserter(table.rows), SetRow);
-  MakeTextTableWriter(std::cout, Width(), OutputColour())->Write(table);
   return kSuccess;
 }
 
@@ -211,7 +209,7 @@ ExitStatus DatasetActions::ShowVariables(Dataset& dataset, const std::string& pa
   }
   const auto count = static_cast<std::size_t>(dataset.VariableCount());
   dataset.EndTransaction();
-  MakeTextTableWriter(std::cout, Width(), OutputColour())->Write(table);
+  MakeTextTableWriter(std::cout, Look())->Write(table);
   if (isCut) {
     std::cout << fmt::format("These are {} of the dataset's {}; a pattern such as q* shows fewer.\n", kMaxListed,
                              Counted(count, "variable"));
@@ -229,11 +227,10 @@ ExitStatus DatasetActions::Undo(const std::string& argument) {
     throw Error(ErrorKind::kUsage, "--to needs the number of a version.");
   }
   const std::string number(hasOption ? Trimmed(rest.substr(1), kBlanks) : argument);
-  const std::optional<std::int64_t> to = WholeNumber(number);
-  if (!number.empty() && !to) {
-    throw Error(ErrorKind::kUsage, fmt::format("{} is not a version number.", number));
+  if (const std::string complaint = number.empty() ? "" : VersionComplaint(number); !complaint.empty()) {
+    throw Error(ErrorKind::kUsage, complaint + ".");
   }
-  return UndoAndSay(fPath, fDatasetOptions, to);
+  return UndoAndSay(fPath, fDatasetOptions, WholeNumber(number));
 }
 
 void DatasetActions::Complain(ExitStatus status, const std::exception& error) {
@@ -265,7 +262,7 @@ ExitStatus RunShell(const ShellOptions& options) {
 Action DeclareShell(CLI::App& app) {
   const auto options = std::make_shared<ShellOptions>();
   AddDatasetArgument(app, options->datasetPath);
-  AddWidthOption(app, options->width);
+  AddWidthOption(app, options->format.width);
   AddLockTimeoutOption(app, options->datasetOptions);
   app.footer(
       "At a terminal: Tab completes, Ctrl-R searches the history, help says more.\n"

@@ -16,14 +16,14 @@
 #include "standalone/commands/history_actions.h"
 #include "standalone/commands/subcommands.h"
 #include "standalone/console/delivery.h"
+#include "standalone/dataset/dataset_operand.h"
 #include "standalone/dataset/undo.h"
 #include "standalone/options/dataset_options.h"
-#include "standalone/options/value_type.h"
-#include "standalone/options/whole_number.h"
 #include "standalone/sets/set_diff.h"
 #include "standalone/text/counted.h"
 #include "standalone/text/error.h"
 #include "standalone/text/notice.h"
+#include "standalone/text/number_text.h"
 #include "standalone/text/unicode.h"
 #include "standalone/text/visible.h"
 
@@ -106,9 +106,7 @@ CLI::Option* AddVersion(CLI::App& options, const char* name, const char* descrip
   return options
       .add_option_function<std::string>(
           name, [&request](const std::string& value) { request.to = WholeNumber(value); }, description)
-      ->check([](const std::string& value) {
-        return WholeNumber(value) ? std::string() : ShownValue(value) + " is not a version number";
-      });
+      ->check(VersionComplaint);
 }
 
 }  // namespace

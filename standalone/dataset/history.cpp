@@ -116,14 +116,8 @@ std::vector<ChangedSet> ChangedSetsOf(Database& database, std::int64_t number) {
 
 // From the columns that Rewind::Undo() selects.
 StoredSet BeforeForm(Database& database, Query& row) {
-  StoredSet set;
-  set.name = row.Text(2);
-  set.type = SetTypeOf(database, row.Integer(4));
-  set.label = row.Text(5);
-  set.countedValue = row.Text(6);
-  set.labelFromVariable = row.Integer(7) != 0;
-  set.categoryLabelsFromCountedValue = row.Integer(8) != 0;
-  set.variables = FromJsonArray(database, row.Text(9));
+  StoredSet set = SetOfColumns(database, row, 5);
+  set.variables = FromJsonArray(database, row.Text(4));
   return set;
 }
 
@@ -203,13 +197,13 @@ Rewind::Rewind(Database& database, const std::vector<KeptSet>& now, VisitForm vi
 
 void Rewind::Undo(std::int64_t first, std::int64_t last) {
   Query rows(fDatabase,
-             "SELECT set_id, kind, name, position, type, label, counted_value, label_from_variable,"
-             " category_labels_from_counted_value, variables, history"
+             "SELECT set_id, kind, position, history, variables, name, type, label, counted_value, label_from_variable,"
+             " category_labels_from_counted_value"
              " FROM history_set WHERE history BETWEEN ? AND ? ORDER BY history DESC, set_id DESC");
   rows.Bind(first).Bind(last);
   OrderedKeys<std::pair<std::int64_t, std::int64_t>, std::greater<>> keys(fDatabase);
   while (rows.Step()) {
-    keys.Next({rows.Integer(10), rows.Integer(0)});
+    keys.Next({rows.Integer(3), rows.Integer(0)});
     UndoRow(rows);
   }
 }
@@ -224,7 +218,7 @@ void Rewind::UndoRow(Query& row) {
   if (kind == ChangeKind::kDefined) {
     return;
   }
-  set.position = OrdinaryNumber(fDatabase, row.Integer(3));
+  set.position = OrdinaryNumber(fDatabase, row.Integer(2));
   if (kind != ChangeKind::kMoved) {
     set.set = std::make_shared<StoredSet>(BeforeForm(fDatabase, row));
     if (fVisit) {

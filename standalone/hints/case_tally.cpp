@@ -1,10 +1,10 @@
 #include "standalone/hints/case_tally.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <utility>
 #include <variant>
 
+#include "standalone/text/number_text.h"
 #include "standalone/text/trim.h"
 
 namespace standalone {
@@ -57,9 +57,7 @@ ValueList ValueList::ShortenedTo(std::size_t most) const {
 }
 
 SetTally::SetTally(Dataset& dataset, const StoredSet& tallied)
-    : set(tallied),
-      fCountedNumber(std::strtod(tallied.countedValue.c_str(), nullptr)),
-      fCountedText(Trimmed(tallied.countedValue)) {
+    : set(tallied), fCountedNumber(NumberValue(tallied.countedValue)), fCountedText(Trimmed(tallied.countedValue)) {
   for (const std::string& name : set.variables) {
     variables.push_back({dataset.FindVariable(name), false, {}});
   }

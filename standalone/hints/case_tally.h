@@ -2,6 +2,7 @@
 #define STANDALONE_HINTS_CASE_TALLY_H
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -52,7 +53,7 @@ struct SetTally {
   std::vector<VariableTally> variables;  ///< as in the set
 
  private:
-  double fCountedNumber;
+  std::optional<double> fCountedNumber;
   std::string_view fCountedText;
 };
 

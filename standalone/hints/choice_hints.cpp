@@ -124,16 +124,6 @@ std::vector<std::string> HintsOn(const std::vector<SetTally>& tallies) {
   return hints;
 }
 
-/// The label of a value; null where it has none.
-const std::string* LabelOf(const Variable& variable, const std::string& value) {
-  const std::optional<double> number = NumberValue(value);
-  const auto isLabelled = [&](const ValueLabel& entry) {
-    return variable.width == 0 ? number && NumberValue(entry.value) == number : entry.value == value;
-  };
-  const auto found = std::find_if(variable.valueLabels.begin(), variable.valueLabels.end(), isLabelled);
-  return found == variable.valueLabels.end() ? nullptr : &found->label;
-}
-
 /// Whether each variable has a label for the counted value, and another one than the others.
 bool HasAnswersAsLabels(Dataset& dataset, const StoredSet& set) {
   std::unordered_set<std::string> labels;

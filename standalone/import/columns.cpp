@@ -29,10 +29,6 @@ bool IsWhole(std::string_view number) {
   return value && *value == std::floor(*value);
 }
 
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
-}
-
 std::string Quoted(std::string_view text) {
   return fmt::format("\"{}\"", Shortened(text));
 }

@@ -8,8 +8,10 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "standalone/console/terminal.h"
 #include "standalone/options/value_type.h"
-#include "standalone/options/whole_number.h"
+#include "standalone/text/number_text.h"
+#include "standalone/text/visible.h"
 
 namespace standalone {
 namespace {
@@ -53,6 +55,12 @@ std::string WidthComplaint(const std::string& value) {
                   : fmt::format("{} is not a whole number from {} to {}", ShownValue(value), kMinWidth, kMaxWidth);
 }
 
+Colour ChosenColour(const FormatOptions& options, bool isTerminal) {
+  const bool isWelcome = isTerminal && KnowsColours(Environment("TERM")) && Environment("NO_COLOR").empty();
+  const bool isChosen = options.colour == kAlways || (options.colour == kAuto && isWelcome);
+  return isChosen ? Colour::kAnsi : Colour::kNone;
+}
+
 }  // namespace
 
 void AddFormatOption(CLI::App& app, const std::vector<std::string>& names, std::string& format) {
@@ -73,10 +81,13 @@ void AddFormatOptions(CLI::App& app, const std::vector<std::string>& names, Form
   AddWidthOption(app, options.width);
 }
 
-Colour ChosenColour(const FormatOptions& options, bool isTerminal) {
-  const bool isWelcome = isTerminal && KnowsColours(Environment("TERM")) && Environment("NO_COLOR").empty();
-  const bool isChosen = options.colour == kAlways || (options.colour == kAuto && isWelcome);
-  return isChosen ? Colour::kAnsi : Colour::kNone;
+OutputLook LookOfFile(const FormatOptions& options) {
+  return {options.width.value_or(kDefaultWidth), ChosenColour(options, false)};
+}
+
+OutputLook LookOfOutput(const FormatOptions& options) {
+  const bool isTerminal = OutputIsTerminal();
+  return {options.width.value_or(OutputWidth()), ChosenColour(options, isTerminal), isTerminal};
 }
 
 }  // namespace standalone

@@ -24,11 +24,6 @@ inline std::string ChoiceType(const std::string& name, const std::vector<std::st
   return fmt::format("{}:words {}", name, fmt::join(words, " "));
 }
 
-/// A value in the sentence on it: an empty one would not be seen.
-inline std::string ShownValue(const std::string& value) {
-  return value.empty() ? "\"\"" : value;
-}
-
 inline std::string NameOfType(const CLI::Option& option) {
   const std::string type = option.get_type_name();
   return type.substr(0, type.find(':'));

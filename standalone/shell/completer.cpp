@@ -10,6 +10,7 @@
 #include "standalone/language/variable_list.h"
 #include "standalone/shell/help.h"
 #include "standalone/shell/shell_word.h"
+#include "standalone/text/number_text.h"
 #include "standalone/text/unicode.h"
 #include "standalone/text/visible.h"
 
@@ -83,9 +84,7 @@ bool EndsInComment(std::string_view text, std::size_t offset) {
 /// The value as it stands in a command: quoted, or a whole number as it is. Nothing for one that cannot stand there.
 std::string AsCountedValue(const Variable& variable, const std::string& value) {
   if (variable.width == 0) {
-    const std::size_t digits = value[0] == '-' ? 1 : 0;
-    const bool isWhole = value.size() > digits && value.find_first_not_of("0123456789", digits) == std::string::npos;
-    return isWhole ? value : "";
+    return IsDigits(std::string_view(value).substr(value[0] == '-' ? 1 : 0)) ? value : "";
   }
   return Quoted(value);
 }

@@ -14,8 +14,7 @@ namespace {
 
 class CsvRenderer final : public Renderer {
  public:
-  CsvRenderer(std::ostream& stream, std::ostream& messages, CsvCharacters characters)
-      : fTables(stream, characters), fMessages(messages) {}
+  CsvRenderer(std::ostream& stream, const OutputLook& look) : fTables(stream, look), fMessages(*look.messages) {}
 
   void Write(const CommandResult& result) override {
     std::size_t table = 0;
@@ -64,8 +63,8 @@ class CsvRenderer final : public Renderer {
 
 }  // namespace
 
-std::unique_ptr<Renderer> MakeCsvRenderer(std::ostream& stream, std::ostream& messages, CsvCharacters characters) {
-  return std::make_unique<CsvRenderer>(stream, messages, characters);
+std::unique_ptr<Renderer> MakeCsvRenderer(std::ostream& stream, const OutputLook& look) {
+  return std::make_unique<CsvRenderer>(stream, look);
 }
 
 }  // namespace standalone

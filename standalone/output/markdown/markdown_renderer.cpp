@@ -17,7 +17,7 @@ constexpr std::size_t kExcerptWidth = 100;
 
 class MarkdownRenderer final : public Renderer {
  public:
-  explicit MarkdownRenderer(std::ostream& stream) : fStream(stream), fTables(MakeMarkdownTableWriter(stream)) {}
+  explicit MarkdownRenderer(std::ostream& stream) : fStream(stream), fTables(MakeMarkdownTableWriter(stream, {})) {}
 
   void Write(const CommandResult& result) override {
     fStream << fmt::format("{}## Command {}\n\n{}", fIsFirst ? "" : "\n", result.number, MarkdownCode(result.text));
@@ -77,7 +77,7 @@ class MarkdownRenderer final : public Renderer {
 
 }  // namespace
 
-std::unique_ptr<Renderer> MakeMarkdownRenderer(std::ostream& stream) {
+std::unique_ptr<Renderer> MakeMarkdownRenderer(std::ostream& stream, const OutputLook& /*look*/) {
   return std::make_unique<MarkdownRenderer>(stream);
 }
 

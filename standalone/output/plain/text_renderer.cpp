@@ -22,12 +22,12 @@ constexpr std::string_view kBlanks = " \t\v\f";
 
 class TextRenderer final : public Renderer {
  public:
-  TextRenderer(std::ostream& stream, std::size_t width, Colour colour, Echo echo)
+  TextRenderer(std::ostream& stream, const OutputLook& look)
       : fStream(stream),
-        fWidth(width),
-        fColour(colour),
-        fEcho(echo),
-        fTables(MakeTextTableWriter(stream, width, colour)) {}
+        fWidth(look.width),
+        fColour(look.colour),
+        fShowsCommands(look.showsCommands),
+        fTables(MakeTextTableWriter(stream, look)) {}
 
   void Write(const CommandResult& result) override;
 
@@ -44,7 +44,7 @@ class TextRenderer final : public Renderer {
   std::ostream& fStream;
   std::size_t fWidth;
   Colour fColour;
-  Echo fEcho;
+  bool fShowsCommands;
   std::unique_ptr<TableWriter> fTables;
   bool fIsFirst = true;
   bool fFollowsTable = false;
@@ -54,7 +54,7 @@ class TextRenderer final : public Renderer {
 void TextRenderer::Write(const CommandResult& result) {
   SetApart(!fIsFirst);
   fIsFirst = false;
-  if (fEcho == Echo::kCommands) {
+  if (fShowsCommands) {
     WriteCommand(result.number, result.text);
   }
   fLastMessage.Forget();
@@ -139,8 +139,8 @@ void TextRenderer::SetApart(bool fromLineBefore) {
 
 }  // namespace
 
-std::unique_ptr<Renderer> MakeTextRenderer(std::ostream& stream, std::size_t width, Colour colour, Echo echo) {
-  return std::make_unique<TextRenderer>(stream, width, colour, echo);
+std::unique_ptr<Renderer> MakeTextRenderer(std::ostream& stream, const OutputLook& look) {
+  return std::make_unique<TextRenderer>(stream, look);
 }
 
 }  // namespace standalone

@@ -1,12 +1,17 @@
-#include "standalone/options/dataset_operand.h"
+#include "standalone/dataset/dataset_operand.h"
 
 #include <filesystem>
 #include <string_view>
 #include <system_error>
 
-#include "standalone/options/whole_number.h"
+#include "standalone/text/number_text.h"
+#include "standalone/text/visible.h"
 
 namespace standalone {
+
+std::string VersionComplaint(const std::string& text) {
+  return WholeNumber(text) ? std::string() : ShownValue(text) + " is not a version number";
+}
 
 DatasetOperand ReadDatasetOperand(const std::string& text) {
   const std::size_t mark = text.rfind('@');

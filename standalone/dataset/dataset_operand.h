@@ -1,5 +1,5 @@
-#ifndef STANDALONE_OPTIONS_DATASET_OPERAND_H
-#define STANDALONE_OPTIONS_DATASET_OPERAND_H
+#ifndef STANDALONE_DATASET_DATASET_OPERAND_H
+#define STANDALONE_DATASET_DATASET_OPERAND_H
 
 #include <cstdint>
 #include <optional>
@@ -16,6 +16,9 @@ struct DatasetOperand {
   std::optional<std::int64_t> version;
 };
 
+/// What is wrong with the number of a version; empty where nothing is.
+std::string VersionComplaint(const std::string& text);
+
 /// Reads DATASET or DATASET@N. A file whose very name is the whole text comes first, so that an "@" in a name is no
 /// trouble.
 DatasetOperand ReadDatasetOperand(const std::string& text);
@@ -25,4 +28,4 @@ std::vector<StoredSet> SetsOf(Dataset& dataset, const DatasetOperand& operand);
 
 }  // namespace standalone
 
-#endif  // STANDALONE_OPTIONS_DATASET_OPERAND_H
+#endif  // STANDALONE_DATASET_DATASET_OPERAND_H

@@ -31,7 +31,8 @@ class Sweep {
   /// `trace` is that of a run without a fault.
   Sweep(const Scenario& scenario, Lines trace);
 
-  /// Makes the fault happen; then mostly runs again without. Returns whether it fired; `complaints` gets what was wrong.
+  /// Makes the fault happen; then mostly runs again without. Returns whether it fired; `complaints` gets what was
+  /// wrong.
   bool Try(const FaultCase& fault, std::vector<std::string>& complaints);
 
  private:

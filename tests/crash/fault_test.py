@@ -26,7 +26,6 @@ from faults import HALF, Call, Fault, FaultyProgram, FaultyRun
 from program import Failure, Program, copy, dump, scratch_folder
 from scenarios import DATASET, FILES, LEAST_FAULTS, READERS, SCENARIOS, SHELL, WITHOUT_FLAGS, Scenario
 
-PARTS = 4  # of each scenario, for as many processors
 TEMPORARY = ".mrset-*.tmp*"
 LEAST_SINCE = 700  # faults of all scenarios that save: allocations after the first commit
 UNUSABLE = 2  # exit status: a failure, told in a sentence
@@ -265,8 +264,7 @@ def repeat(options, scenario: str, fault: Fault) -> str:
     )
 
 
-def run_part(options, name: str, part: int) -> Tally:
-    """Each PARTSth fault of a scenario."""
+def run_scenario(options, name: str) -> Tally:
     tally = Tally()
     with scratch_folder() as place:
         trial = trial_of(options, name, Path(place).resolve())
@@ -274,7 +272,7 @@ def run_part(options, name: str, part: int) -> Tally:
         once = options.since is not None  # memory that stays away is gone for the process that tells, too
         faults = [(call, fault) for call in calls for fault in faults_at(call, once)]
         tally.possible[name] = len(faults)
-        for fault in some_of(faults, options.every)[part::PARTS]:
+        for fault in some_of(faults, options.every):
             take(options, trial, fault, tally)
     return tally
 
@@ -336,11 +334,10 @@ def run_suite(options) -> int:
     names = names_of(options)
     tally = Tally()
     with ProcessPoolExecutor(os.cpu_count()) as pool:
-        tasks = [pool.submit(run_part, options, name, part) for name in names for part in range(PARTS)]
-        for task in tasks:
-            part = task.result()
-            tally.add(part)
-            for failure in part.failures:
+        longest_first = sorted(names, key=LEAST_FAULTS.get, reverse=True)
+        for of_scenario in pool.map(run_scenario, [options] * len(names), longest_first):
+            tally.add(of_scenario)
+            for failure in of_scenario.failures:
                 print(failure, flush=True)
     tally.failures += (lost := missing(options, tally))
     print(*lost, sep="\n")

@@ -138,7 +138,7 @@ void Checker::Row(const char* what, std::int64_t number, Check check) {
     check();
   } catch (const Error& error) {
     RethrowUnless(error, ErrorKind::kDamaged);
-    fReport.finding(what, fmt::format("{} {} has a value that cannot be.", what, number));
+    fReport.finding(what, fmt::format("{} {} has an invalid value.", what, number));
   }
 }
 
@@ -231,7 +231,7 @@ void Checker::VariableRow(Query& row, std::int64_t expected) {
   }
   const std::string name = row.Text(1);
   if (!IsValidVariableName(name)) {
-    Finding("The variable at position {} has a name that is not valid: {}.", position, name);
+    Finding("The variable at position {} has an invalid name: {}.", position, name);
   }
   if (row.Text(2) != ToUpper(name)) {
     Finding("The variable {} is kept under the key {}.", name, row.Text(2));
@@ -319,7 +319,7 @@ void Checker::SetRow(std::int64_t id) {
     Finding("The set {} is kept under the key {}.", set.name, row.Text(1));
   }
   if (row.Integer(6) < 0 || row.Integer(6) > 1 || row.Integer(7) < 0 || row.Integer(7) > 1) {
-    Finding("The set {} has a mark that is neither on nor off.", set.name);
+    Finding("The set {} has a flag that is neither 0 nor 1.", set.name);
   }
   fSets.emplace(id, std::move(set));
 }
@@ -488,7 +488,7 @@ void Checker::Changes(const VersionRange& versions) {
     Row("Change", number, [&] {
       const std::optional<Change> change = ChangeBefore(fDatabase, number + 1);
       if (change && !IsTimeOfChange(change->time)) {
-        Finding("Change {} has the time {}, which is none.", number, change->time);
+        Finding("Change {} has the invalid time {}.", number, change->time);
       }
       if (change) {
         ChangedNames(*change);
@@ -503,7 +503,7 @@ void Checker::Changes(const VersionRange& versions) {
 void Checker::ChangedNames(const Change& change) {
   for (const ChangedSet& set : change.sets) {
     if (!IsValidSetName(set.name)) {
-      Finding("Change {} names a set {}, which is not a valid name.", change.number, set.name);
+      Finding("Change {} has a set with the invalid name {}.", change.number, set.name);
     }
   }
 }
@@ -512,7 +512,7 @@ void Checker::ChangedNames(const Change& change) {
 void Checker::KeptForm(std::int64_t number, const StoredSet& before) {
   for (const SetProblem& fault : FaultsOf(before)) {
     if (fault.kind != kSetNameProblem) {
-      Finding("Before change {} the history has a set that cannot be: {} {}.", number, before.name, fault.text);
+      Finding("Before change {} the history has an invalid set: {} {}.", number, before.name, fault.text);
     }
   }
 }
@@ -521,7 +521,7 @@ void Checker::Imports() {
   const std::int64_t last = KeptVersions(fDatabase).last;
   for (const LoggedImport& import : LoadImports(fDatabase)) {
     if (!IsTimeOfChange(import.time)) {
-      Finding("An import has the time {}, which is none.", import.time);
+      Finding("An import has the invalid time {}.", import.time);
     }
     if (import.afterChange > last) {
       Finding("An import came after change {}, which does not exist.", import.afterChange);

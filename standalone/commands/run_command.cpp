@@ -204,7 +204,7 @@ Action DeclareRun(CLI::App& app) {
                "Faster, but a power failure or a crash of the system can damage the dataset beyond repair");
   AddLockTimeoutOption(app, options->datasetOptions);
   app.footer(
-      "json is an object a command, a line each (JSON Lines). Exit status: 0 no error,\n"
+      "json writes a line for each command (JSON Lines). Exit status: 0 no error,\n"
       "1 an error message, 2 wrong usage or an unusable file, 3 an aborted command.\n"
       "Example:\n"
       "  mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'\n");

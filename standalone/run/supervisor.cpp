@@ -18,7 +18,7 @@ const char* SentenceOnSaved(std::optional<bool> hasChanged) {
   if (!hasChanged) {
     return " Whether its change was saved is not known.";
   }
-  return *hasChanged ? " The change of the command is saved all the same." : "";
+  return *hasChanged ? " The change of the command is saved nevertheless." : "";
 }
 
 /// Of a process that ended before its command did.

@@ -41,7 +41,7 @@ std::optional<std::string> CommitGeneration(Database& database, std::int64_t gen
     if (!*isThere) {
       throw;
     }
-    return "The change is saved in spite of this: " + SentenceOf(error);
+    return "The change is saved nevertheless: " + SentenceOf(error);
   }
 }
 

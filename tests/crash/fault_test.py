@@ -38,7 +38,7 @@ REPLACES = {"list", "rename"}
 
 RESULT = re.compile(r"\{.*\}")
 RESULT_IN_SHELL = re.compile(r"\d+> .*")
-DONE = re.compile(r"\bsaved\b|\bis done\b|\bdone;|all the same|could not be synchroni[sz]ed")
+DONE = re.compile(r"\bsaved\b|\bis done\b|\bdone;|nevertheless|could not be synchroni[sz]ed")
 FOLDER = re.compile(r"done; the folder could not be synchronised")
 NOT_DONE = re.compile(r"\b(not|nothing|nor|none|never)( \w+){0,2} saved\b|\bcannot be saved\b")
 NOT_KNOWN = re.compile(r'not known|"saved": ?"unknown"')

@@ -154,7 +154,7 @@ Text that would act on a terminal is shown in a harmless form.
 A full standard output hides no change that was made.
 
   $ mrset undo t.mrset > /dev/full
-  mrset: Standard output cannot be written; the change is made all the same: the sets of t.mrset are those of version 0 again.
+  mrset: Standard output cannot be written, but the change is saved: the sets of t.mrset are those of version 0 again.
   [2]
   $ mrset sets t.mrset
   The dataset has no multiple response sets.

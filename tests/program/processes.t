@@ -22,7 +22,7 @@ A reader that goes away ends the run: nothing goes on behind its back, and nothi
   [141]
   $ sed -E 's/[0-9]+ command/N command/' err
   mrset: Standard output cannot be written.
-  mrset: N commands changed the dataset all the same, and that is saved; mrset log lists it.
+  mrset: The dataset was changed by N commands and is saved; mrset log lists the changes.
   $ sleep 1; before=$(mrset sets s.mrset | wc -l); sleep 1; test "$(mrset sets s.mrset | wc -l)" = "$before"
   $ timeout 10 mrset run s.mrset -c 'MRSET /DELETE NAME=ALL'
   1> MRSET /DELETE NAME=ALL

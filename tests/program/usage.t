@@ -549,7 +549,7 @@ Help and version are results.
                             can damage the dataset beyond repair
     --lock-timeout SECONDS  How long to wait for a locked dataset; 30 unless given
   
-  json is an object a command, a line each (JSON Lines). Exit status: 0 no error,
+  json writes a line for each command (JSON Lines). Exit status: 0 no error,
   1 an error message, 2 wrong usage or an unusable file, 3 an aborted command.
   Example:
     mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'

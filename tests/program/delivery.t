@@ -55,7 +55,7 @@ Results that nobody gets: a full disk ...
   [2]
   $ test "$(grep -oE '[0-9]+ commands' err)" = "$(sets p.mrset) commands" && sed -E 's/[0-9]+ commands/N commands/' err; wc -c < out.html
   mrset: p.mrset cannot be read or written: File too large.
-  mrset: N commands changed the dataset all the same, and that is saved; mrset log lists it.
+  mrset: The dataset was changed by N commands and is saved; mrset log lists the changes.
   0
   $ rm p.mrset; small p.mrset; (ulimit -f 60; mrset run p.mrset many.script > out.txt)
   mrset: p.mrset cannot be read or written: File too large.

@@ -9,18 +9,18 @@
 
 #include "standalone/check/set_rules.h"
 #include "standalone/storage/database.h"
+#include "standalone/text/counted.h"
 #include "standalone/text/error.h"
 
 namespace standalone {
 namespace {
 
 std::optional<Variable> LookUp(Dataset& dataset, const std::string& name, bool withLabels) {
-  const int position = dataset.FindVariable(name);
-  if (position < 0) {
+  const Variable* variable = dataset.VariableNamed(name);
+  if (variable == nullptr) {
     return std::nullopt;
   }
-  const Variable& variable = dataset.VariableAt(position);
-  return withLabels ? variable : Variable{variable.name, variable.width, std::nullopt, {}};
+  return withLabels ? *variable : Variable{variable->name, variable->width, std::nullopt, {}};
 }
 
 void AddSentences(const StoredSet& set, const std::vector<SetProblem>& problems, std::vector<std::string>& sentences) {
@@ -94,8 +94,8 @@ std::vector<std::string> NotesOnProblems(const std::vector<StoredSet>& sets,
     const std::size_t shown = std::min(sentences.size(), kMaxOfASet);
     notes.insert(notes.end(), sentences.begin(), sentences.begin() + static_cast<std::ptrdiff_t>(shown));
     if (shown < sentences.size()) {
-      notes.push_back(fmt::format("The set {} has {} more problem{}.", sets[index].name, sentences.size() - shown,
-                                  sentences.size() - shown == 1 ? "" : "s"));
+      notes.push_back(
+          fmt::format("The set {} has {}.", sets[index].name, Counted(sentences.size() - shown, "more problem")));
     }
   }
   return notes;

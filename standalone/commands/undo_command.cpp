@@ -9,8 +9,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <unordered_set>
-#include <utility>
 #include <vector>
 
 #include "standalone/commands/history_actions.h"
@@ -24,7 +22,6 @@
 #include "standalone/text/error.h"
 #include "standalone/text/notice.h"
 #include "standalone/text/number_text.h"
-#include "standalone/text/unicode.h"
 #include "standalone/text/visible.h"
 
 namespace standalone {
@@ -48,36 +45,16 @@ void AddPart(const char* verb, const std::vector<std::string>& names, std::vecto
   }
 }
 
-template <typename Sets, typename NameOf>
-std::vector<std::string> NamesOf(const Sets& sets, NameOf nameOf) {
-  std::vector<std::string> names;
-  std::transform(sets.begin(), sets.end(), std::back_inserter(names), nameOf);
-  return names;
-}
-
-/// The names of the sets that the other list has, too, in upper case.
-std::vector<std::string> CommonNames(const std::vector<StoredSet>& sets, const std::vector<StoredSet>& others) {
-  std::unordered_set<std::string> names;
-  for (const StoredSet& other : others) {
-    names.insert(ToUpper(other.name));
-  }
-  std::vector<std::string> common;
-  for (const StoredSet& set : sets) {
-    if (std::string name = ToUpper(set.name); names.count(name) != 0) {
-      common.push_back(std::move(name));
-    }
-  }
-  return common;
-}
-
 /// What became of the sets from the version that is there again to the one that was undone.
-std::string WhatWasUndone(const Undone& undone, const SetsDifference& difference) {
-  const auto name = [](const StoredSet& set) { return set.name; };
+std::string WhatWasUndone(const SetsDifference& difference) {
+  std::vector<std::string> changed;
+  std::transform(difference.changed.begin(), difference.changed.end(), std::back_inserter(changed),
+                 [](const DifferingSet& set) { return set.a.name; });
   std::vector<std::string> parts;
-  AddPart("defined", NamesOf(difference.onlyInB, name), parts);
-  AddPart("changed", NamesOf(difference.changed, [](const DifferingSet& set) { return set.a.name; }), parts);
-  AddPart("deleted", NamesOf(difference.onlyInA, name), parts);
-  if (CommonNames(undone.before, undone.after) != CommonNames(undone.after, undone.before)) {
+  AddPart("defined", difference.names.onlyInB, parts);
+  AddPart("changed", changed, parts);
+  AddPart("deleted", difference.names.onlyInA, parts);
+  if (difference.names.reordered) {
     parts.emplace_back("changed the order of the sets");
   }
   return Listed(parts);
@@ -89,7 +66,7 @@ std::string SentenceOf(const Undone& undone, const SetsDifference& difference) {
   const std::string changes =
       first == last ? fmt::format("change {}", last) : fmt::format("changes {} to {}", first, last);
   return fmt::format("Undone: {}, which {}. The sets are those of version {} again, as change {}.", changes,
-                     WhatWasUndone(undone, difference), undone.target, last + 1);
+                     WhatWasUndone(difference), undone.target, last + 1);
 }
 
 /// Where no set differs there is no change.

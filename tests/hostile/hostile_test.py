@@ -221,7 +221,7 @@ def long_command(case: Case) -> None:
         script = case.write("names.script", f"MRSET /DELETE NAME=[{names}].\n")
         return [Part("delete by names", case.program.run("run", DATASET, script))]
 
-    case.grow("names", case.size(200_000, 800_000), parts, 400)
+    case.grow("names", case.size(50_000, 800_000), parts, case.size(100, 400))
 
 
 def long_script(case: Case) -> None:

@@ -2,7 +2,8 @@
 # The target "generate" of CMake writes what stands between "generated" and "end".
 
 # generated: subcommands
-_mrset_subcommands='import run shell sets variables log undo check script diff copy'
+_mrset_subcommands='import run shell sets variables log undo check script diff copy help'
+_mrset_topics='import run shell sets variables log undo check script diff copy DELETE DISPLAY MCGROUP MDGROUP MRSET'
 # end: subcommands
 
 # The options of a subcommand; of the program itself where there is none.
@@ -13,8 +14,9 @@ _mrset_options() {
     import) echo -h --help --schema --replace --lock-timeout ;;
     run) echo -h --help -c --command --format --color --width --output --dry-run --stop-on-error --relaxed --lock-timeout ;;
     shell) echo -h --help --width --lock-timeout ;;
+    tabulate) echo -h --help --by --weight --base --where --none --net --show --sort --last --confidence --test --minbase --decimals --chart --format --color --width --output --lock-timeout ;;
     sets) echo -h --help --format --color --width --lock-timeout ;;
-    variables) echo -h --help --format --color --width --lock-timeout ;;
+    variables) echo -h --help --values --format --color --width --lock-timeout ;;
     log) echo -h --help --format --width --lock-timeout ;;
     undo) echo -h --help --to --lock-timeout ;;
     check) echo -h --help --lock-timeout ;;
@@ -35,7 +37,7 @@ _mrset_place() {
     import:1) offer=(_mrset_files '*.csv') ;;
     import:2) offer=(_mrset_files '*.mrset') ;;
     run:-c | run:--command) offer=(_mrset_nothing) ;;
-    run:--format) offer=(_mrset_words text json html markdown csv) ;;
+    run:--format) offer=(_mrset_words text json html markdown csv xlsx) ;;
     run:--color) offer=(_mrset_words auto always never) ;;
     run:--width) offer=(_mrset_nothing) ;;
     run:--output) offer=(_mrset_files '*') ;;
@@ -45,6 +47,25 @@ _mrset_place() {
     shell:--width) offer=(_mrset_nothing) ;;
     shell:--lock-timeout) offer=(_mrset_nothing) ;;
     shell:1) offer=(_mrset_files '*.mrset') ;;
+    tabulate:--by) offer=(_mrset_nothing) ;;
+    tabulate:--weight) offer=(_mrset_nothing) ;;
+    tabulate:--base) offer=(_mrset_words answered asked complete all) ;;
+    tabulate:--where) offer=(_mrset_nothing) ;;
+    tabulate:--none) offer=(_mrset_nothing) ;;
+    tabulate:--net) offer=(_mrset_nothing) ;;
+    tabulate:--show) offer=(_mrset_words count cases responses error interval) ;;
+    tabulate:--sort) offer=(_mrset_words none descending ascending) ;;
+    tabulate:--last) offer=(_mrset_nothing) ;;
+    tabulate:--confidence) offer=(_mrset_nothing) ;;
+    tabulate:--minbase) offer=(_mrset_nothing) ;;
+    tabulate:--decimals) offer=(_mrset_nothing) ;;
+    tabulate:--format) offer=(_mrset_words text json html markdown csv xlsx) ;;
+    tabulate:--color) offer=(_mrset_words auto always never) ;;
+    tabulate:--width) offer=(_mrset_nothing) ;;
+    tabulate:--output) offer=(_mrset_files '*') ;;
+    tabulate:--lock-timeout) offer=(_mrset_nothing) ;;
+    tabulate:1) offer=(_mrset_files '*.mrset') ;;
+    tabulate:[0-9]*) offer=(_mrset_sets) ;;
     sets:--format) offer=(_mrset_words text json markdown csv) ;;
     sets:--color) offer=(_mrset_words auto always never) ;;
     sets:--width) offer=(_mrset_nothing) ;;
@@ -188,6 +209,8 @@ _mrset() {
     _mrset_words $(_mrset_options "$subcommand")
   elif [[ ${#words[@]} -eq 1 ]]; then
     _mrset_words $_mrset_subcommands
+  elif [[ $subcommand == help ]]; then
+    [[ ${#words[@]} -gt 2 ]] || _mrset_words $_mrset_topics
   elif [[ ${words[-1]} != -?* ]] || ! _mrset_values "$subcommand:${words[-1]}"; then
     _mrset_values "$subcommand:$((${#operands[@]} + 1))"
   fi

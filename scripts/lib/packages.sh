@@ -2,8 +2,8 @@
 
 build_packages=(
   g++ cmake ninja-build
-  libicu-dev libsqlite3-dev libcereal-dev libcli11-dev nlohmann-json3-dev libfmt-dev libcsv-dev libedit-dev
-  libboost-math-dev
+  libicu-dev libsqlite3-dev libcereal-dev libcli11-dev nlohmann-json3-dev libfmt-dev libcsv-dev libedit-dev libxxhash-dev
+  libboost-math-dev libxlsxwriter-dev
 )
 
 test_packages=(

@@ -48,7 +48,7 @@ bool IsNameOfCsv(std::string_view path) {
 bool IsPieceOfCommand(const std::string& argument) {
   const std::string word = ToUpper(argument.substr(0, argument.find_first_of(" \t\n")));
   const bool isAssignment = word[0] != '-' && word.find('=') != std::string::npos;
-  return isAssignment || NamesKeyword(word, kMrsetCommand) || NamesSubcommand(word);
+  return isAssignment || NamesCommand(word) || NamesSubcommand(word);
 }
 
 NextSteps StepsToImport(const std::string& survey) {

@@ -13,7 +13,8 @@
 #include <utility>
 #include <vector>
 
-#include "standalone/check/case_check.h"
+#include "standalone/cases/block_codec.h"
+#include "standalone/check/counted_value_check.h"
 #include "standalone/check/set_rules.h"
 #include "standalone/dataset/history.h"
 #include "standalone/dataset/import_log.h"
@@ -64,7 +65,11 @@ class Checker {
   void SetRow(std::int64_t id);
   void SetVariables();
   void SetRules();
+  void CountedValue(const StoredSet& set, bool isNumeric);
   void Cases();
+  void BlockRow(Query& row, std::int64_t number, std::int64_t variable);
+  void CompareCases(std::int64_t number, std::int64_t variable, const BlockHead& head);
+  void EndBlocks(std::int64_t number);
   void History();
   void ChangeNumbers(const VersionRange& versions);
   void EntriesOfChanges(const VersionRange& versions);
@@ -86,24 +91,24 @@ class Checker {
   void Generation();
   std::int64_t IntegerOf(std::string_view sql);
   std::int64_t CountOf(std::string_view sqlOfKeys);
+  std::optional<std::size_t> FindPosition(const std::string& name);
   std::optional<Variable> FindVariable(const std::string& name, bool withLabels);
 
   Database& fDatabase;
   std::string fName;
   const CheckReport& fReport;
-  std::int64_t fVersion = kFormatVersion;
   std::vector<bool> fIsNumeric;  // by position
+  Block fBlock;                  // whose memory is used again
+  std::int64_t fBlocksSeen = 0;  // of the variables, with one number
+  std::int64_t fCasesOfBlock = 0;
+  std::int64_t fCasesSeen = 0;
   std::int64_t fCaseCount = 0;
   std::unordered_set<std::string> fLabelledValues;  // of the variable whose value labels are read
   std::map<std::int64_t, StoredSet> fSets;          // by id, those that can be read
+  CountedValueCheck fCountedValues;
 };
 
 void Checker::Run() {
-  fVersion = FormatVersion(fDatabase);
-  if (fVersion < kFormatVersion) {
-    fReport.remark("version",
-                   fmt::format("The format version is {}: the next change brings it to {}.", fVersion, kFormatVersion));
-  }
   Perform("The file", &Checker::Integrity);
   Perform("The header", &Checker::Counts);
   Perform("The dictionary", &Checker::Variables);
@@ -112,10 +117,8 @@ void Checker::Run() {
   Perform("The variables of the sets", &Checker::SetVariables);
   Perform("The variables that sets name", &Checker::SetRules);
   Perform("The cases", &Checker::Cases);
-  if (fVersion == kFormatVersion) {
-    Perform("The history", &Checker::History);
-    Perform("The log of imports", &Checker::Imports);
-  }
+  Perform("The history", &Checker::History);
+  Perform("The log of imports", &Checker::Imports);
 }
 
 // What cannot be read ends its own step alone.
@@ -134,7 +137,7 @@ void Checker::Row(const char* what, std::int64_t number, Check check) {
     check();
   } catch (const Error& error) {
     RethrowUnless(error, ErrorKind::kDamaged);
-    fReport.finding(what, fmt::format("{} {} has a value that cannot be.", what, number));
+    fReport.finding(what, fmt::format("{} {} has an invalid value.", what, number));
   }
 }
 
@@ -192,8 +195,6 @@ void Checker::Counts() {
   Generation();
   CompareCount("variables", IntegerOf("SELECT variable_count FROM meta"),
                CountOf("SELECT position, width FROM variable ORDER BY position"));
-  fCaseCount = CountOf("SELECT position FROM cases ORDER BY position");
-  CompareCount("cases", IntegerOf("SELECT case_count FROM meta"), fCaseCount);
 }
 
 void Checker::Generation() {
@@ -227,7 +228,7 @@ void Checker::VariableRow(Query& row, std::int64_t expected) {
   }
   const std::string name = row.Text(1);
   if (!IsValidVariableName(name)) {
-    Finding("The variable at position {} has a name that is not valid: {}.", position, name);
+    Finding("The variable at position {} has an invalid name: {}.", position, name);
   }
   if (row.Text(2) != ToUpper(name)) {
     Finding("The variable {} is kept under the key {}.", name, row.Text(2));
@@ -303,27 +304,30 @@ void Checker::SetRows() {
 
 void Checker::SetRow(std::int64_t id) {
   Query row(fDatabase,
-            "SELECT name, name_key, type, label, counted_value, label_from_variable,"
-            " category_labels_from_counted_value, position FROM mr_set WHERE id = ?");
+            "SELECT position, name_key, name, type, label, counted_value, label_from_variable,"
+            " category_labels_from_counted_value FROM mr_set WHERE id = ?");
   if (!row.Bind(id).Step()) {
     fDatabase.FailAsDamaged();
   }
   OrdinaryNumber(fDatabase, id);
-  OrdinaryNumber(fDatabase, row.Integer(7));
-  StoredSet set;
-  set.name = row.Text(0);
-  set.type = SetTypeOf(fDatabase, row.Integer(2));
-  set.label = row.Text(3);
-  set.countedValue = row.Text(4);
-  set.labelFromVariable = row.Integer(5) != 0;
-  set.categoryLabelsFromCountedValue = row.Integer(6) != 0;
+  OrdinaryNumber(fDatabase, row.Integer(0));
+  StoredSet set = SetOfColumns(fDatabase, row, 2);
   if (row.Text(1) != ToUpper(set.name)) {
     Finding("The set {} is kept under the key {}.", set.name, row.Text(1));
   }
-  if (row.Integer(5) < 0 || row.Integer(5) > 1 || row.Integer(6) < 0 || row.Integer(6) > 1) {
-    Finding("The set {} has a mark that is neither on nor off.", set.name);
+  if (row.Integer(6) < 0 || row.Integer(6) > 1 || row.Integer(7) < 0 || row.Integer(7) > 1) {
+    Finding("The set {} has a flag that is neither 0 nor 1.", set.name);
   }
   fSets.emplace(id, std::move(set));
+}
+
+std::optional<std::size_t> Checker::FindPosition(const std::string& name) {
+  const std::string key = ToUpper(name);
+  Query row(fDatabase, "SELECT position FROM variable WHERE name_key = ?");
+  if (!row.Bind(key).Step() || row.Integer(0) < 0) {
+    return std::nullopt;
+  }
+  return static_cast<std::size_t>(row.Integer(0));
 }
 
 std::optional<Variable> Checker::FindVariable(const std::string& name, bool withLabels) {
@@ -378,28 +382,102 @@ void Checker::SetRules() {
       fReport.finding(fault.kind, Sentence(set, fault));
     }
     const auto find = [this](const std::string& name, bool withLabels) { return FindVariable(name, withLabels); };
-    for (const SetProblem& misfit : MisfitsOf(set, find)) {
+    const std::vector<SetProblem> misfits = MisfitsOf(set, find);
+    for (const SetProblem& misfit : misfits) {
       fReport.remark(misfit.kind, Sentence(set, misfit));
+    }
+    if (const auto areNumeric = AreNumeric(set, find); areNumeric && misfits.empty()) {
+      CountedValue(set, *areNumeric);
     }
   }
 }
 
+// A set fits variables that became strings as "yes" and "no", and counts nothing in them.
+void Checker::CountedValue(const StoredSet& set, bool isNumeric) {
+  if (set.type != SetType::kDichotomy || set.countedValue.empty()) {
+    return;
+  }
+  std::vector<std::size_t> positions;
+  for (const std::string& name : set.variables) {
+    if (const auto position = FindPosition(name)) {
+      positions.push_back(*position);
+    }
+  }
+  fCountedValues.Add(set, isNumeric, positions);
+}
+
+// In the order of the ids come all variables of one number, then those of the next one.
 void Checker::Cases() {
-  Query rows(fDatabase, "SELECT position, cells FROM cases ORDER BY position");
-  OrderedKeys<std::int64_t> positions(fDatabase);
-  for (std::int64_t expected = 0; rows.Step(); ++expected) {
-    positions.Next(rows.Integer(0));
-    if (fReport.progress) {
-      fReport.progress(static_cast<std::uint64_t>(expected) + 1, static_cast<std::uint64_t>(fCaseCount));
-    }
-    if (rows.Integer(0) != expected) {
-      Finding("The position of a case is {} instead of {}.", rows.Integer(0), expected);
-    }
-    Row("The case at position", rows.Integer(0), [&] {
-      if (const auto wrong = WhatIsWrongWithCells(rows.Text(1), fIsNumeric)) {
-        Finding("The case at position {} is not sound: {}.", rows.Integer(0), *wrong);
+  fCaseCount = IntegerOf("SELECT case_count FROM meta");
+  if (fReport.progress) {
+    fReport.progress(0, static_cast<std::uint64_t>(fCaseCount));
+  }
+  Query rows(fDatabase, "SELECT id, head, cells FROM block ORDER BY id");
+  OrderedKeys<std::int64_t> ids(fDatabase);
+  std::int64_t last = -1;
+  while (rows.Step()) {
+    const std::int64_t id = ids.Next(rows.Integer(0));
+    const std::int64_t number = id >> 32;
+    if (number != last) {
+      EndBlocks(last);
+      if (number != last + 1) {
+        Finding("The number of a block of cases is {} instead of {}.", number, last + 1);
       }
-    });
+      last = number;
+    }
+    BlockRow(rows, number, id & 0xFFFFFFFF);
+  }
+  EndBlocks(last);
+  CompareCount("cases", fCaseCount, fCasesSeen);
+  for (const std::string& sentence : fCountedValues.Sentences()) {
+    fReport.remark("counted value", sentence);
+  }
+}
+
+void Checker::EndBlocks(std::int64_t number) {
+  if (number >= 0 && fBlocksSeen != static_cast<std::int64_t>(fIsNumeric.size())) {
+    Finding("Block {} of the cases has {} of {} variables.", number, fBlocksSeen, fIsNumeric.size());
+  }
+  fCasesSeen += fCasesOfBlock;
+  fBlocksSeen = 0;
+  fCasesOfBlock = 0;
+  if (fReport.progress) {
+    fReport.progress(static_cast<std::uint64_t>(fCasesSeen), static_cast<std::uint64_t>(fCaseCount));
+  }
+}
+
+void Checker::BlockRow(Query& row, std::int64_t number, std::int64_t variable) {
+  if (variable >= static_cast<std::int64_t>(fIsNumeric.size())) {
+    Finding("There is a block of cases of a variable at position {}, which does not exist.", variable);
+    return;
+  }
+  ++fBlocksSeen;
+  const std::string_view head = row.Blob(1);
+  const std::string_view cells = row.Blob(2);
+  try {
+    DecodeBlock(head, cells, fBlock);
+    const BlockHead decoded = DecodeHead(head);
+    CheckCounts(decoded, fBlock);
+    CompareCases(number, variable, decoded);
+    fCountedValues.Look(static_cast<std::size_t>(variable), fBlock);
+  } catch (const Error& error) {
+    RethrowUnless(error, ErrorKind::kDamaged);
+    Finding("Block {} of the variable at position {} is not sound: {}.", number, variable, error.what());
+  }
+}
+
+/// With the first sound one of the same number.
+void Checker::CompareCases(std::int64_t number, std::int64_t variable, const BlockHead& head) {
+  const auto cases = static_cast<std::int64_t>(head.cases);
+  if (head.isNumeric != fIsNumeric[static_cast<std::size_t>(variable)]) {
+    Finding("Block {} of the variable at position {} holds {}; the variable is {}.", number, variable,
+            head.isNumeric ? "numbers" : "texts", head.isNumeric ? "a string" : "numeric");
+  }
+  if (fCasesOfBlock == 0) {
+    fCasesOfBlock = cases;
+  } else if (fCasesOfBlock != cases) {
+    Finding("Block {} of the variable at position {} has {} cases; those of other variables have {}.", number, variable,
+            cases, fCasesOfBlock);
   }
 }
 
@@ -457,7 +535,7 @@ void Checker::Changes(const VersionRange& versions) {
     Row("Change", number, [&] {
       const std::optional<Change> change = ChangeBefore(fDatabase, number + 1);
       if (change && !IsTimeOfChange(change->time)) {
-        Finding("Change {} has the time {}, which is none.", number, change->time);
+        Finding("Change {} has the invalid time {}.", number, change->time);
       }
       if (change) {
         ChangedNames(*change);
@@ -472,7 +550,7 @@ void Checker::Changes(const VersionRange& versions) {
 void Checker::ChangedNames(const Change& change) {
   for (const ChangedSet& set : change.sets) {
     if (!IsValidSetName(set.name)) {
-      Finding("Change {} names a set {}, which is not a valid name.", change.number, set.name);
+      Finding("Change {} has a set with the invalid name {}.", change.number, set.name);
     }
   }
 }
@@ -481,7 +559,7 @@ void Checker::ChangedNames(const Change& change) {
 void Checker::KeptForm(std::int64_t number, const StoredSet& before) {
   for (const SetProblem& fault : FaultsOf(before)) {
     if (fault.kind != kSetNameProblem) {
-      Finding("Before change {} the history has a set that cannot be: {} {}.", number, before.name, fault.text);
+      Finding("Before change {} the history has an invalid set: {} {}.", number, before.name, fault.text);
     }
   }
 }
@@ -490,7 +568,7 @@ void Checker::Imports() {
   const std::int64_t last = KeptVersions(fDatabase).last;
   for (const LoggedImport& import : LoadImports(fDatabase)) {
     if (!IsTimeOfChange(import.time)) {
-      Finding("An import has the time {}, which is none.", import.time);
+      Finding("An import has the invalid time {}.", import.time);
     }
     if (import.afterChange > last) {
       Finding("An import came after change {}, which does not exist.", import.afterChange);

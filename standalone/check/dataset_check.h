@@ -19,7 +19,7 @@ struct CheckReport {
   Tell finding;  ///< something that no sound dataset has
   Tell remark;   ///< something that is allowed, but worth knowing
 
-  /// How many of the cases were checked; called for each of them, may be empty.
+  /// How many of the cases were checked, from 0 on; may be empty.
   ShowProgress progress = {};
 };
 

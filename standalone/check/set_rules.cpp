@@ -74,9 +74,7 @@ void CheckVariableNames(const StoredSet& set, Problems& problems) {
 class Fitting {
  public:
   Fitting(const StoredSet& set, const FindVariable& find)
-      : fSet(set),
-        fTakesLabels(set.type == SetType::kDichotomy && set.categoryLabelsFromCountedValue),
-        fNumber(NumberValue(set.countedValue)) {
+      : fSet(set), fTakesLabels(set.type == SetType::kDichotomy && set.categoryLabelsFromCountedValue) {
     for (const std::string& name : set.variables) {
       if (const std::optional<Variable> variable = find(name, fTakesLabels)) {
         Compare(*variable);
@@ -110,7 +108,7 @@ class Fitting {
   }
 
   void CompareCountedValue(const Variable& variable) {
-    if (variable.width == 0 && !fNumber) {
+    if (variable.width == 0 && !NumberValue(fSet.countedValue)) {
       AddOnce("value type", fmt::format("counts {} in numeric variables, which is not a number", fSet.countedValue));
     } else if (variable.width != 0 && static_cast<std::size_t>(variable.width) < NeededWidth(fSet.countedValue)) {
       AddOnce("value width",
@@ -122,29 +120,20 @@ class Fitting {
   }
 
   void CompareLabel(const Variable& variable) {
-    const std::string* label = LabelOfCountedValue(variable);
+    const std::string* label = LabelOf(variable, fSet.countedValue);
     if (label == nullptr) {
       Add(kNoValueLabelProblem, fmt::format("takes its category labels from the counted value {}, which has no label in"
                                             " the variable {}",
                                             fSet.countedValue, variable.name));
     } else if (!fLabels.insert(ToUpper(*label)).second) {
       Add(kSameValueLabelProblem, fmt::format("takes its category labels from the counted value {}, whose label in the"
-                                              " variable {} another one has, too",
+                                              " variable {} is the same as in another variable",
                                               fSet.countedValue, variable.name));
     }
   }
 
-  const std::string* LabelOfCountedValue(const Variable& variable) const {
-    const auto isCounted = [&](const ValueLabel& entry) {
-      return variable.width == 0 ? fNumber && NumberValue(entry.value) == fNumber : entry.value == fSet.countedValue;
-    };
-    const auto found = std::find_if(variable.valueLabels.begin(), variable.valueLabels.end(), isCounted);
-    return found == variable.valueLabels.end() ? nullptr : &found->label;
-  }
-
   const StoredSet& fSet;
   bool fTakesLabels;
-  std::optional<double> fNumber;
   std::optional<bool> fIsNumeric;           // as the first of the variables
   std::unordered_set<std::string> fLabels;  // of the counted value, in upper case
   std::unordered_set<std::string_view> fTold;
@@ -174,6 +163,18 @@ std::vector<SetProblem> FaultsOf(const StoredSet& set) {
 
 std::vector<SetProblem> MisfitsOf(const StoredSet& set, const FindVariable& find) {
   return Fitting(set, find).Take();
+}
+
+std::optional<bool> AreNumeric(const StoredSet& set, const FindVariable& find) {
+  std::optional<bool> areNumeric;
+  for (const std::string& name : set.variables) {
+    const std::optional<Variable> variable = find(name, false);
+    if (variable && areNumeric.value_or(variable->width == 0) != (variable->width == 0)) {
+      return std::nullopt;
+    }
+    areNumeric = variable ? variable->width == 0 : areNumeric;
+  }
+  return areNumeric;
 }
 
 std::string Sentence(const StoredSet& set, const SetProblem& problem) {

@@ -72,7 +72,7 @@ void Sentences::Write(const char* mark, const char* what) const {
       std::cout << mark << Visible(sentence) << '\n';
     }
     if (kind.others > 0) {
-      std::cout << fmt::format("{}... and {} more such {}{}.\n", mark, kind.others, what, kind.others == 1 ? "" : "s");
+      std::cout << fmt::format("{}... and {}.\n", mark, Counted(kind.others, std::string("more such ") + what));
     }
   }
 }
@@ -108,7 +108,7 @@ ExitStatus Check(const CheckRequest& request) {
   const std::string name = Visible(request.datasetPath);
   Progress progress(ErrorScreen());
   const Told told = TellAll(request, [&](std::uint64_t checked, std::uint64_t all) {
-    if (checked == 1) {
+    if (checked == 0) {
       progress.Begin({"Checking " + name, "cases", all});
     }
     progress.Update(checked);

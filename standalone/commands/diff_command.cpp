@@ -9,7 +9,7 @@
 #include "standalone/commands/subcommands.h"
 #include "standalone/console/terminal.h"
 #include "standalone/dataset/dataset.h"
-#include "standalone/options/dataset_operand.h"
+#include "standalone/dataset/dataset_operand.h"
 #include "standalone/options/dataset_options.h"
 #include "standalone/options/format_option.h"
 #include "standalone/sets/diff_report.h"
@@ -17,8 +17,6 @@
 
 namespace standalone {
 namespace {
-
-constexpr const char* kJsonDiff = "json";
 
 struct DiffOptions {
   std::string a;
@@ -36,7 +34,7 @@ std::vector<StoredSet> ReadSets(const std::string& text, const DatasetOptions& o
 ExitStatus Diff(const DiffOptions& options) {
   const SetsDifference difference =
       CompareSets(ReadSets(options.a, options.datasetOptions), ReadSets(options.b, options.datasetOptions));
-  if (options.format == kJsonDiff) {
+  if (options.format == kJsonFormat) {
     std::cout << OneLine(DiffJson(difference, options.a, options.b)) << '\n';
   } else {
     std::cout << DiffText(difference, options.a, options.b, OutputWidth());
@@ -50,8 +48,8 @@ Action DeclareDiff(CLI::App& app) {
   const auto options = std::make_shared<DiffOptions>();
   AddDatasetArgument(app, options->a,
                      "Dataset file, or DATASET@N: its sets as change N left them; 0 is before the first", "A");
-  AddDatasetArgument(app, options->b, "Dataset file to compare with it, likewise", "B");
-  AddFormatOption(app, {"text", kJsonDiff}, options->format);
+  AddDatasetArgument(app, options->b, "Dataset file to compare with A, likewise", "B");
+  AddFormatOption(app, {kTextFormat, kJsonFormat}, options->format);
   AddLockTimeoutOption(app, options->datasetOptions);
   app.footer(
       "Exit status: 0 the sets are the same, 1 they differ, 2 wrong usage or an\n"

@@ -3,7 +3,6 @@
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
-#include <array>
 #include <cstddef>
 #include <iostream>
 #include <memory>
@@ -14,17 +13,13 @@
 #include "standalone/commands/list_tables.h"
 #include "standalone/commands/set_problems.h"
 #include "standalone/commands/subcommands.h"
-#include "standalone/console/terminal.h"
 #include "standalone/dataset/dataset.h"
 #include "standalone/files/spool.h"
 #include "standalone/options/dataset_options.h"
 #include "standalone/options/format_option.h"
+#include "standalone/output/formats.h"
 #include "standalone/output/json/sets_json.h"
-#include "standalone/output/markdown/markdown_text.h"
-#include "standalone/output/plain/wrap.h"
-#include "standalone/output/table_writer.h"
 #include "standalone/text/notice.h"
-#include "standalone/text/visible.h"
 
 namespace standalone {
 namespace {
@@ -32,6 +27,7 @@ namespace {
 struct ListRequest {
   std::string datasetPath;
   std::string pattern;  ///< of names of variables; may be empty
+  bool withValues = false;
   FormatOptions format;
   DatasetOptions datasetOptions;
 };
@@ -47,99 +43,64 @@ Json SetsWithProblems(const std::vector<StoredSet>& sets, const std::vector<std:
   return array;
 }
 
-void WriteSetsTable(const std::vector<StoredSet>& sets, TableWriter& writer) {
-  writer.Begin(SetsHeading());
-  for (const StoredSet& set : sets) {
-    writer.Add(SetRow(set));
+void WriteVariablesTable(Dataset& dataset, const std::vector<int>& positions, bool withValues, TableWriter& writer) {
+  writer.Begin(withValues ? VariablesHeadingWithValues() : VariablesHeading());
+  for (const int position : positions) {
+    const Variable& variable = dataset.VariableAt(position);
+    writer.Add(withValues ? VariableRow(variable, ValueCounts(dataset, position, kMaxShownValues))
+                          : VariableRow(variable));
   }
   writer.End();
 }
 
-void WriteVariablesTable(Dataset& dataset, const std::vector<int>& positions, TableWriter& writer) {
-  writer.Begin(VariablesHeading());
-  for (const int position : positions) {
-    writer.Add(VariableRow(dataset.VariableAt(position)));
+void AddValues(const Variable& variable, const ValueCounts& counts, Json& json) {
+  Json& values = json["values"] = Json::array();
+  for (const ValueRow& one : ValueRows(variable, counts)) {
+    Json value = {{"value", one.value}};
+    if (one.label) {
+      value["label"] = *one.label;
+    }
+    value["count"] = one.cases;
+    values.push_back(std::move(value));
   }
-  writer.End();
+  if (counts.Others() > 0) {
+    json["otherValues"] = counts.Others();
+  }
+  json["missing"] = counts.Missing();
 }
 
 /// Written one by one: a dictionary may be large.
-void WriteVariablesJson(Dataset& dataset, const std::vector<int>& positions, std::ostream& stream) {
+void WriteVariablesJson(Dataset& dataset, const std::vector<int>& positions, bool withValues, std::ostream& stream) {
   stream << "{\"variables\":[";
   const char* separator = "";
   for (const int position : positions) {
-    stream << separator << OneLine(ToJson(dataset.VariableAt(position)));
+    const Variable& variable = dataset.VariableAt(position);
+    Json json = ToJson(variable);
+    if (withValues) {
+      AddValues(variable, ValueCounts(dataset, position, kMaxShownValues), json);
+    }
+    stream << separator << OneLine(json);
     separator = ",";
   }
   stream << "]}\n";
 }
 
-/// One form of a list as a table; json has a form of its own for each list.
-struct ListFormat {
-  const char* name;
-  /// Below a table for people; else null.
-  void (*writeNotes)(const std::vector<std::string>& notes, const FormatOptions& options);
-  std::unique_ptr<TableWriter> (*makeWriter)(std::ostream& stream, const FormatOptions& options);
-};
-
-std::size_t WidthOf(const FormatOptions& options) {
-  return options.width.value_or(OutputWidth());
-}
-
-void WriteTextNotes(const std::vector<std::string>& notes, const FormatOptions& options) {
-  if (!notes.empty()) {
-    std::cout << '\n';
-  }
-  for (const std::string& note : notes) {
-    for (const std::string& line : WrapText(Visible(note), WidthOf(options))) {
-      std::cout << line << '\n';
-    }
-  }
-}
-
-void WriteMarkdownNotes(const std::vector<std::string>& notes, const FormatOptions& /*options*/) {
-  for (const std::string& note : notes) {
-    std::cout << '\n' << MarkdownText(note) << '\n';
-  }
-}
-
-std::unique_ptr<TableWriter> MakeText(std::ostream& stream, const FormatOptions& options) {
-  return MakeTextTableWriter(stream, WidthOf(options), ChosenColour(options, OutputIsTerminal()));
-}
-
-std::unique_ptr<TableWriter> MakeMarkdown(std::ostream& stream, const FormatOptions& /*options*/) {
-  return MakeMarkdownTableWriter(stream);
-}
-
-std::unique_ptr<TableWriter> MakeCsv(std::ostream& stream, const FormatOptions& /*options*/) {
-  return MakeCsvTableWriter(stream, OutputIsTerminal() ? CsvCharacters::kVisible : CsvCharacters::kAsTheyAre);
-}
-
-constexpr std::array<ListFormat, 4> kListFormats = {{
-    {"text", WriteTextNotes, MakeText},
-    {"json", nullptr, nullptr},
-    {"markdown", WriteMarkdownNotes, MakeMarkdown},
-    {"csv", nullptr, MakeCsv},
-}};
-
 // Both read all before they write the first byte: who reads the output may pause, and a dataset that is being read
 // cannot be written by anyone.
 
 ExitStatus WriteSets(Dataset& dataset, const ListRequest& request) {
-  const FormatOptions& options = request.format;
   const std::vector<StoredSet> sets = dataset.Sets();
   const std::vector<std::vector<std::string>> problems = ProblemsOfSets(dataset, sets);
   dataset.EndTransaction();
-  const ListFormat& format = FormatNamed(kListFormats, options.format);
-  if (format.makeWriter == nullptr) {
+  const OutputFormat& format = FormatNamed(request.format.format);
+  if (request.format.format == kJsonFormat) {
     std::cout << OneLine({{"sets", SetsWithProblems(sets, problems)}}) << '\n';
-  } else if (const std::string absence = AbsenceOfSets(sets); format.writeNotes != nullptr && !absence.empty()) {
-    std::cout << absence << '\n';
+  } else if (sets.empty() && !format.isTablesAlone) {
+    std::cout << kAbsenceOfSets;
   } else {
-    WriteSetsTable(sets, *format.makeWriter(std::cout, options));
-    if (format.writeNotes != nullptr) {
-      format.writeNotes(NotesOnProblems(sets, problems), options);
-    }
+    const std::unique_ptr<TableWriter> writer = format.makeTableWriter(std::cout, LookOfOutput(request.format));
+    writer->Write(SetsTable(sets));
+    writer->WriteNotes(NotesOnProblems(sets, problems));
   }
   return kSuccess;
 }
@@ -150,12 +111,13 @@ ExitStatus WriteVariables(Dataset& dataset, const ListRequest& request) {
     std::cerr << NoticeLine(NoSuchVariable(request.pattern));
     return kErrors;
   }
-  const ListFormat& format = FormatNamed(kListFormats, request.format.format);
+  const OutputFormat& format = FormatNamed(request.format.format);
   SpoolStream spool;
-  if (format.makeWriter == nullptr) {
-    WriteVariablesJson(dataset, positions, spool);
+  if (request.format.format == kJsonFormat) {
+    WriteVariablesJson(dataset, positions, request.withValues, spool);
   } else {
-    WriteVariablesTable(dataset, positions, *format.makeWriter(spool, request.format));
+    WriteVariablesTable(dataset, positions, request.withValues,
+                        *format.makeTableWriter(spool, LookOfOutput(request.format)));
   }
   dataset.EndTransaction();
   spool.CopyTo(std::cout);
@@ -182,8 +144,9 @@ Action DeclareList(CLI::App& app, const List& list) {
   AddDatasetArgument(app, request->datasetPath);
   if (&list == &kVariables) {
     app.add_option("PATTERN", request->pattern, "Names to list, such as 'q*', or their beginning")->type_name("");
+    app.add_flag("--values", request->withValues, "Show the values that occur, with counts");
   }
-  AddFormatOptions(app, FormatNames(kListFormats), request->format);
+  AddFormatOptions(app, ListFormatNames(), request->format);
   AddLockTimeoutOption(app, request->datasetOptions);
   app.footer(fmt::format("Example:\n  {}\n", list.example));
   return [request, &list] { return Write(list, *request); };

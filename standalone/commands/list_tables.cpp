@@ -6,10 +6,13 @@
 #include <numeric>
 #include <string>
 #include <utility>
+#include <variant>
 #include <vector>
 
 #include "standalone/shell/name_pattern.h"
 #include "standalone/text/counted.h"
+#include "standalone/text/number_text.h"
+#include "standalone/text/trim.h"
 
 namespace standalone {
 namespace {
@@ -28,17 +31,32 @@ Cell ListCell(std::vector<std::string> entries) {
   return cell;
 }
 
-}  // namespace
-
-Table SetsHeading() {
-  return {"Multiple response sets", "Name", "", {"Type", "Label", "Counted value", "Variables"}, {}};
+std::string TypeOf(const Variable& variable) {
+  return variable.width == 0 ? "numeric" : "string, " + Counted(static_cast<std::size_t>(variable.width), "byte");
 }
 
-TableRow SetRow(const StoredSet& set) {
-  const bool isDichotomy = set.type == SetType::kDichotomy;
-  return {set.name,
-          {TextCell(isDichotomy ? "dichotomy" : "category"), TextCell(set.label), TextCell(set.countedValue),
-           ListCell(set.variables)}};
+std::string TextOf(const ValueCounts::Value& value) {
+  const auto* number = std::get_if<double>(&value);
+  return number == nullptr ? std::get<std::string>(value) : ShortestNumber(*number);
+}
+
+/// Numbers are compared by their value, texts without blanks at their ends.
+bool IsLabelOf(const ValueLabel& label, const ValueCounts::Value& value) {
+  const auto* number = std::get_if<double>(&value);
+  return number == nullptr ? Trimmed(label.value) == std::get<std::string>(value) : NumberValue(label.value) == *number;
+}
+
+}  // namespace
+
+Table SetsTable(const std::vector<StoredSet>& sets) {
+  Table table = {"Multiple response sets", "Name", "", {"Type", "Label", "Counted value", "Variables"}, {}};
+  for (const StoredSet& set : sets) {
+    const bool isDichotomy = set.type == SetType::kDichotomy;
+    table.rows.push_back({set.name,
+                          {TextCell(isDichotomy ? "dichotomy" : "category"), TextCell(set.label),
+                           TextCell(set.countedValue), ListCell(set.variables)}});
+  }
+  return table;
 }
 
 Table VariablesHeading() {
@@ -50,9 +68,38 @@ TableRow VariableRow(const Variable& variable) {
   for (const ValueLabel& entry : variable.valueLabels) {
     valueLabels.push_back(fmt::format("{} = {}", entry.value, entry.label));
   }
-  const std::string type =
-      variable.width == 0 ? "numeric" : "string, " + Counted(static_cast<std::size_t>(variable.width), "byte");
-  return {variable.name, {TextCell(type), TextCell(variable.label.value_or("")), ListCell(std::move(valueLabels))}};
+  return {variable.name,
+          {TextCell(TypeOf(variable)), TextCell(variable.label.value_or("")), ListCell(std::move(valueLabels))}};
+}
+
+std::vector<ValueRow> ValueRows(const Variable& variable, const ValueCounts& counts) {
+  std::vector<ValueRow> shown;
+  for (const auto& [value, cases] : counts.Values()) {
+    const auto label = std::find_if(variable.valueLabels.begin(), variable.valueLabels.end(),
+                                    [key = &value](const ValueLabel& one) { return IsLabelOf(one, *key); });
+    shown.push_back(
+        {TextOf(value), label == variable.valueLabels.end() ? std::nullopt : std::make_optional(label->label), cases});
+  }
+  return shown;
+}
+
+Table VariablesHeadingWithValues() {
+  return {"Variables", "Name", "", {"Type", "Label", "Values (cases)"}, {}};
+}
+
+TableRow VariableRow(const Variable& variable, const ValueCounts& counts) {
+  std::vector<std::string> values;
+  for (const ValueRow& one : ValueRows(variable, counts)) {
+    values.push_back(fmt::format("{}{} ({})", one.value, one.label ? " = " + *one.label : "", one.cases));
+  }
+  if (counts.Others() > 0) {
+    values.push_back(fmt::format("others ({})", counts.Others()));
+  }
+  if (counts.Missing() > 0) {
+    values.push_back(fmt::format("missing ({})", counts.Missing()));
+  }
+  return {variable.name,
+          {TextCell(TypeOf(variable)), TextCell(variable.label.value_or("")), ListCell(std::move(values))}};
 }
 
 std::vector<int> PositionsOf(const std::string& pattern, Dataset& dataset, std::size_t most) {
@@ -75,10 +122,6 @@ std::vector<int> PositionsOf(const std::string& pattern, Dataset& dataset, std::
 
 std::string NoSuchVariable(const std::string& pattern) {
   return fmt::format("The dataset has no variable {}.", pattern);
-}
-
-std::string AbsenceOfSets(const std::vector<StoredSet>& sets) {
-  return sets.empty() ? "The dataset has no multiple response sets." : "";
 }
 
 }  // namespace standalone

@@ -18,8 +18,6 @@
 namespace standalone {
 namespace {
 
-constexpr const char* kJsonLog = "json";
-
 struct LogRequest {
   std::string datasetPath;
   std::string format;
@@ -48,7 +46,7 @@ void WriteJson(Dataset& dataset) {
 
 ExitStatus Log(const LogRequest& request) {
   Dataset dataset(request.datasetPath, request.datasetOptions);
-  if (request.format == kJsonLog) {
+  if (request.format == kJsonFormat) {
     WriteJson(dataset);
   } else {
     WriteLog(dataset, request.width.value_or(OutputWidth()));
@@ -81,7 +79,7 @@ void WriteLog(Dataset& dataset, std::size_t width) {
 Action DeclareLog(CLI::App& options) {
   const auto request = std::make_shared<LogRequest>();
   AddDatasetArgument(options, request->datasetPath);
-  AddFormatOption(options, {"text", kJsonLog}, request->format);
+  AddFormatOption(options, {kTextFormat, kJsonFormat}, request->format);
   AddWidthOption(options, request->width);
   AddLockTimeoutOption(options, request->datasetOptions);
   options.footer(

@@ -5,17 +5,16 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 #include <algorithm>
-#include <array>
 #include <filesystem>
 #include <iostream>
 #include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
 #include "standalone/commands/command_status.h"
+#include "standalone/commands/counting_progress.h"
 #include "standalone/commands/subcommands.h"
 #include "standalone/console/delivery.h"
 #include "standalone/console/progress.h"
@@ -28,14 +27,13 @@
 #include "standalone/options/format_option.h"
 #include "standalone/options/output_option.h"
 #include "standalone/options/value_type.h"
-#include "standalone/output/renderer.h"
+#include "standalone/output/formats.h"
 #include "standalone/run/script_source.h"
 #include "standalone/run/supervisor.h"
 #include "standalone/storage/companions.h"
 #include "standalone/text/counted.h"
 #include "standalone/text/error.h"
 #include "standalone/text/notice.h"
-#include "standalone/text/unicode.h"
 
 namespace standalone {
 namespace {
@@ -80,8 +78,6 @@ void CheckOutputPath(const RunOptions& options, const std::string& outputPath) {
   }
 }
 
-constexpr const char* kCsvFormat = "csv";
-
 /// Where progress is shown: not among results on a terminal, which show it themselves.
 std::optional<ProgressScreen> ScreenBesideResults(const RunOptions& options) {
   const bool areOnTerminal = !options.outputPath && TerminalWidth(STDOUT_FILENO).has_value();
@@ -91,68 +87,23 @@ std::optional<ProgressScreen> ScreenBesideResults(const RunOptions& options) {
 /// Where the results of a run go.
 struct Target {
   std::ostream& stream;
-  bool isTerminal;
-  std::size_t width;
+  OutputLook look;
 };
 
-/// One form of the results.
-struct RunFormat {
-  const char* name;
-  std::array<std::string_view, 2> endings;  ///< of names of files that have this form
-  std::unique_ptr<Renderer> (*makeRenderer)(const RunOptions& options, const Target& target);
-};
-
-std::unique_ptr<Renderer> MakeText(const RunOptions& options, const Target& target) {
-  return MakeTextRenderer(target.stream, target.width, ChosenColour(options.format, target.isTerminal));
-}
-
-std::unique_ptr<Renderer> MakeJson(const RunOptions& /*options*/, const Target& target) {
-  return MakeJsonRenderer(target.stream);
-}
-
-std::unique_ptr<Renderer> MakeHtml(const RunOptions& options, const Target& target) {
-  if (target.isTerminal) {
-    throw Error("A page is for a browser: give --output FILE, or send standard output to a file.");
+std::unique_ptr<Renderer> MakeRenderer(const OutputFormat& format, const RunOptions& options, Target target) {
+  if (target.look.isTerminal && format.refusalOfTerminal != nullptr) {
+    throw Error(format.refusalOfTerminal);
   }
-  const std::string name = std::filesystem::path(options.datasetPath).filename().string();
-  return MakeHtmlRenderer(target.stream, {name, options.dryRun});
-}
-
-std::unique_ptr<Renderer> MakeMarkdown(const RunOptions& /*options*/, const Target& target) {
-  return MakeMarkdownRenderer(target.stream);
-}
-
-std::unique_ptr<Renderer> MakeCsv(const RunOptions& /*options*/, const Target& target) {
-  return MakeCsvRenderer(target.stream, std::cerr,
-                         target.isTerminal ? CsvCharacters::kVisible : CsvCharacters::kAsTheyAre);
-}
-
-constexpr std::array<RunFormat, 5> kRunFormats = {{
-    {"text", {".txt", ".text"}, MakeText},
-    {"json", {".json", ".jsonl"}, MakeJson},
-    {"html", {".html", ".htm"}, MakeHtml},
-    {"markdown", {".md", ".markdown"}, MakeMarkdown},
-    {kCsvFormat, {".csv", ".csv"}, MakeCsv},
-}};
-
-/// The format that the name of a file asks for; text where it asks for none.
-const char* FormatOfFile(const std::string& path) {
-  const std::string ending = std::filesystem::path(path).extension().string();
-  const auto* found = std::find_if(kRunFormats.begin(), kRunFormats.end(), [&](const RunFormat& format) {
-    return std::any_of(format.endings.begin(), format.endings.end(),
-                       [&](std::string_view one) { return CompareNoCase(one, ending) == 0; });
-  });
-  return (found == kRunFormats.end() ? kRunFormats.front() : *found).name;
-}
-
-std::unique_ptr<Renderer> MakeRenderer(const RunOptions& options, const Target& target) {
-  return FormatNamed(kRunFormats, options.format.format).makeRenderer(options, target);
+  target.look.dataset = std::filesystem::path(options.datasetPath).filename().string();
+  target.look.isDryRun = options.dryRun;
+  return format.makeRenderer(target.stream, target.look);
 }
 
 /// What the commands have done so far.
 struct Outcome {
   ExitStatus status = kSuccess;
   std::size_t saved = 0;  ///< how many commands changed the dataset
+  std::size_t told = 0;   ///< of how many of these the result was written
 };
 
 /// What is to be run, and how.
@@ -176,36 +127,41 @@ void RunAndRender(const Job& job, const Target& target, Outcome& outcome) {
   if (commands.empty()) {
     const Dataset usable(options.datasetPath);  // or else this throws
   }
-  const std::unique_ptr<Renderer> renderer = MakeRenderer(options, target);
+  const OutputFormat& format = FormatNamed(options.format.format);
+  const std::unique_ptr<Renderer> renderer = MakeRenderer(format, options, target);
   Progress progress(ScreenBesideResults(options));
   progress.Begin({"Running", "commands", commands.size()});
-  Supervisor supervisor({options.datasetPath, options.dryRun, options.datasetOptions});
+  Supervisor supervisor({options.datasetPath, options.dryRun, options.datasetOptions, ShowCounting()});
   for (std::size_t index = 0; index < commands.size() && target.stream; ++index) {
-    const CommandResult result = WithShellHint(supervisor.Run(commands[index]), index >= job.list.fromScript);
+    CommandResult result = supervisor.Run(commands[index]);
     outcome.saved += result.isSaved ? 1 : 0;
+    result = WithShellHint(std::move(result), index >= job.list.fromScript);
     outcome.status = std::max(outcome.status, StatusOf(result));
     progress.Update(index + 1);
-    if (options.format.format == kCsvFormat) {
+    if (format.isTablesAlone) {
       progress.Clear();  // messages go to standard error
     }
     renderer->Write(result);
+    // What a terminal cannot show is written as a whole, at its end.
+    outcome.told = format.refusalOfTerminal != nullptr ? 0 : outcome.saved;
     if (options.stopOnError && result.status != Status::kOk) {
       break;
     }
   }
   supervisor.Finish();
   renderer->Finish();
+  outcome.told = outcome.saved;
 }
 
 void RunIntoFile(const Job& job, Outcome& outcome) {
   CheckOutputPath(job.options, *job.options.outputPath);
   OutputFile file(*job.options.outputPath, ComplaintOnReservedName);
-  RunAndRender(job, {file.Stream(), false, job.options.format.width.value_or(kDefaultWidth)}, outcome);
+  RunAndRender(job, {file.Stream(), LookOfFile(job.options.format)}, outcome);
   file.Commit();
 }
 
 void RunOnStandardOutput(const Job& job, Outcome& outcome) {
-  RunAndRender(job, {std::cout, OutputIsTerminal(), job.options.format.width.value_or(OutputWidth())}, outcome);
+  RunAndRender(job, {std::cout, LookOfOutput(job.options.format)}, outcome);
   std::cout.flush();
   if (!std::cout && outcome.saved > 0) {
     throw Error("Standard output cannot be written.");
@@ -223,9 +179,9 @@ ExitStatus Run(const RunOptions& options) {
   try {
     (options.outputPath ? RunIntoFile : RunOnStandardOutput)({options, list}, outcome);
   } catch (...) {
-    const bool areResultsLost = options.outputPath || !std::cout.flush();
-    if (areResultsLost && outcome.saved > 0) {
-      SayAtEnd(SentenceOfSaved(outcome.saved));
+    const bool areAllLost = options.outputPath || !std::cout.flush();
+    if (const std::size_t lost = outcome.saved - (areAllLost ? 0 : outcome.told); lost > 0) {
+      SayAtEnd(SentenceOfSaved(lost));
     }
     throw;
   }
@@ -241,7 +197,7 @@ Action DeclareRun(CLI::App& app) {
   app.add_option("-c,--command", options->commands, "Command to run, after SCRIPT; may lack its period")
       ->type_name("COMMAND")
       ->allow_extra_args(false);
-  AddFormatOptions(app, FormatNames(kRunFormats), options->format);
+  AddFormatOptions(app, RunFormatNames(), options->format);
   AddOutputOption(app, "Write results to this file; its ending sets the format", options->outputPath);
   app.add_flag("--dry-run", options->dryRun, "Show what would be done; leave the dataset as it is");
   app.add_flag("--stop-on-error", options->stopOnError, "Run no command after one that fails");
@@ -249,13 +205,13 @@ Action DeclareRun(CLI::App& app) {
                "Faster, but a power failure or a crash of the system can damage the dataset beyond repair");
   AddLockTimeoutOption(app, options->datasetOptions);
   app.footer(
-      "json is an object a command, a line each (JSON Lines). Exit status: 0 no error,\n"
+      "json writes a line for each command (JSON Lines). Exit status: 0 no error,\n"
       "1 an error message, 2 wrong usage or an unusable file, 3 an aborted command.\n"
       "Example:\n"
       "  mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'\n");
   return [options, &app] {
     if (options->outputPath && app.count("--format") == 0) {
-      options->format.format = FormatOfFile(*options->outputPath);
+      options->format.format = FormatOfFile(*options->outputPath).name;
     }
     return Run(*options);
   };

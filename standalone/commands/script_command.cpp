@@ -14,9 +14,9 @@
 
 #include "standalone/commands/subcommands.h"
 #include "standalone/dataset/dataset.h"
+#include "standalone/dataset/dataset_operand.h"
 #include "standalone/files/output_file.h"
 #include "standalone/files/same_file.h"
-#include "standalone/options/dataset_operand.h"
 #include "standalone/options/dataset_options.h"
 #include "standalone/options/output_option.h"
 #include "standalone/options/value_type.h"

@@ -14,16 +14,18 @@
 #include <vector>
 
 #include "standalone/commands/command_status.h"
+#include "standalone/commands/counting_progress.h"
 #include "standalone/commands/history_actions.h"
 #include "standalone/commands/list_tables.h"
 #include "standalone/commands/subcommands.h"
 #include "standalone/console/delivery.h"
 #include "standalone/console/terminal.h"
+#include "standalone/dataset/dataset_operand.h"
 #include "standalone/files/output_file.h"
+#include "standalone/language/comments.h"
+#include "standalone/language/nearest_name.h"
 #include "standalone/options/dataset_options.h"
 #include "standalone/options/format_option.h"
-#include "standalone/options/whole_number.h"
-#include "standalone/output/renderer.h"
 #include "standalone/run/supervisor.h"
 #include "standalone/shell/dataset_completion_source.h"
 #include "standalone/shell/help.h"
@@ -34,6 +36,8 @@
 #include "standalone/text/counted.h"
 #include "standalone/text/error.h"
 #include "standalone/text/notice.h"
+#include "standalone/text/number_text.h"
+#include "standalone/text/trim.h"
 #include "standalone/text/visible.h"
 
 namespace standalone {
@@ -44,7 +48,7 @@ constexpr std::size_t kMaxListed = 1000;
 
 struct ShellOptions {
   std::string datasetPath;
-  std::optional<std::size_t> width;
+  FormatOptions format;
   DatasetOptions datasetOptions;
 };
 
@@ -53,11 +57,11 @@ class DatasetActions : public ShellActions {
  public:
   DatasetActions(const ShellOptions& options, bool isAtTerminal)
       : fPath(options.datasetPath),
-        fWidth(options.width),
+        fFormat(options.format),
         fDatasetOptions(options.datasetOptions),
         fIsAtTerminal(isAtTerminal),
-        fSupervisor({options.datasetPath, false, options.datasetOptions}),
-        fRenderer(MakeRenderer(Echo::kCommands)) {}
+        fSupervisor({options.datasetPath, false, options.datasetOptions, ShowCounting()}),
+        fRenderer(MakeTextRenderer(std::cout, Look(true))) {}
 
   void Run(const ScriptCommand& command) override;
   void Perform(const ShellCommand& command) override;
@@ -67,10 +71,10 @@ class DatasetActions : public ShellActions {
   ExitStatus Finish();
 
  private:
-  static Colour OutputColour() { return ChosenColour({"text", "auto", std::nullopt}, OutputIsTerminal()); }
-  std::size_t Width() const { return fWidth.value_or(OutputWidth()); }
-  std::unique_ptr<Renderer> MakeRenderer(Echo echo) const {
-    return MakeTextRenderer(std::cout, Width(), OutputColour(), echo);
+  OutputLook Look(bool showsCommands = false) const {
+    OutputLook look = LookOfOutput(fFormat);
+    look.showsCommands = showsCommands;
+    return look;
   }
 
   ExitStatus Do(const ShellCommand& command);
@@ -79,14 +83,14 @@ class DatasetActions : public ShellActions {
   // These end the command that reads the dataset before they write: a terminal may be stopped, and the dataset is not
   // to be locked as long as it is.
   ExitStatus ShowSets(Dataset& dataset);
-  ExitStatus ShowVariables(Dataset& dataset, const std::string& pattern);
-  ExitStatus Undo(const std::string& number);
+  ExitStatus ShowVariables(Dataset& dataset, const ShellCommand& command);
+  ExitStatus Undo(const std::string& argument);
   void EnsureIsRead();
   void Take(ExitStatus status) { fStatus = std::max(fStatus, status); }
   void Complain(ExitStatus status, const std::exception& error);
 
   const std::string& fPath;
-  std::optional<std::size_t> fWidth;
+  const FormatOptions& fFormat;
   DatasetOptions fDatasetOptions;
   bool fIsAtTerminal;
   Supervisor fSupervisor;
@@ -101,7 +105,7 @@ void DatasetActions::Run(const ScriptCommand& command) {
     isInterruptRequested = false;
     const CommandResult result = fSupervisor.Run(command);
     fSaved += result.isSaved ? 1 : 0;
-    (fIsAtTerminal ? *MakeRenderer(Echo::kNothing) : *fRenderer).Write(result);
+    (fIsAtTerminal ? *MakeTextRenderer(std::cout, Look()) : *fRenderer).Write(result);
     Take(StatusOf(result));
   } catch (const Error& error) {
     Complain(kUnusable, error);
@@ -160,20 +164,23 @@ ExitStatus DatasetActions::Do(const ShellCommand& command) {
   Dataset dataset(fPath, fDatasetOptions);
   dataset.BeginTransaction(Access::kShared);
   if (command.rule->kind == ShellCommandKind::kVariables) {
-    return ShowVariables(dataset, command.argument);
+    return ShowVariables(dataset, command);
   }
   if (command.rule->kind == ShellCommandKind::kSets) {
     return ShowSets(dataset);
   }
-  WriteLog(dataset, Width());
+  WriteLog(dataset, Look().width);
   return kSuccess;
 }
 
 ExitStatus DatasetActions::ShowHelp(const std::string& topic) {
-  const std::optional<std::string> help = HelpOn(topic);
+  const std::optional<std::string> help = HelpInShell(topic);
   if (!help) {
+    const std::vector<std::string_view> topics = ShellTopics();
+    const std::optional<std::string> meant = MeantWord(topic, {topics.begin(), topics.end()});
     throw Error(ErrorKind::kUsage,
-                fmt::format("There is no help on {}; there is on {}.", topic, fmt::join(HelpTopics(), ", ")));
+                meant ? fmt::format("There is no help on {}; did you mean {}?", topic, *meant)
+                      : fmt::format("There is no help on {}; there is on {}.", topic, fmt::join(topics, ", ")));
   }
   std::cout << *help;
   return kSuccess;
@@ -182,30 +189,31 @@ ExitStatus DatasetActions::ShowHelp(const std::string& topic) {
 ExitStatus DatasetActions::ShowSets(Dataset& dataset) {
   const std::vector<StoredSet> sets = dataset.Sets();
   dataset.EndTransaction();
-  if (const std::string absence = AbsenceOfSets(sets); !absence.empty()) {
-    std::cout << absence << '\n';
-    return kSuccess;
+  if (sets.empty()) {
+    std::cout << kAbsenceOfSets;
+  } else {
+    MakeTextTableWriter(std::cout, Look())->Write(SetsTable(sets));
   }
-  Table table = SetsHeading();
-  std::transform(sets.begin(), sets.end(), std::back_inserter(table.rows), SetRow);
-  MakeTextTableWriter(std::cout, Width(), OutputColour())->Write(table);
   return kSuccess;
 }
 
-ExitStatus DatasetActions::ShowVariables(Dataset& dataset, const std::string& pattern) {
+ExitStatus DatasetActions::ShowVariables(Dataset& dataset, const ShellCommand& command) {
+  const std::string& pattern = command.argument;
   std::vector<int> positions = PositionsOf(pattern, dataset, kMaxListed + 1);
   if (positions.empty()) {
     throw Error(ErrorKind::kUsage, NoSuchVariable(pattern));
   }
   const bool isCut = positions.size() > kMaxListed;
   positions.resize(std::min(positions.size(), kMaxListed));
-  Table table = VariablesHeading();
+  Table table = command.withValues ? VariablesHeadingWithValues() : VariablesHeading();
   for (const int position : positions) {
-    table.rows.push_back(VariableRow(dataset.VariableAt(position)));
+    const Variable& variable = dataset.VariableAt(position);
+    table.rows.push_back(command.withValues ? VariableRow(variable, ValueCounts(dataset, position, kMaxShownValues))
+                                            : VariableRow(variable));
   }
   const auto count = static_cast<std::size_t>(dataset.VariableCount());
   dataset.EndTransaction();
-  MakeTextTableWriter(std::cout, Width(), OutputColour())->Write(table);
+  MakeTextTableWriter(std::cout, Look())->Write(table);
   if (isCut) {
     std::cout << fmt::format("These are {} of the dataset's {}; a pattern such as q* shows fewer.\n", kMaxListed,
                              Counted(count, "variable"));
@@ -213,12 +221,20 @@ ExitStatus DatasetActions::ShowVariables(Dataset& dataset, const std::string& pa
   return kSuccess;
 }
 
-ExitStatus DatasetActions::Undo(const std::string& number) {
-  const std::optional<std::int64_t> to = WholeNumber(number);
-  if (!number.empty() && !to) {
-    throw Error(ErrorKind::kUsage, fmt::format("{} is not a version number.", number));
+/// Takes what the subcommand undo takes: N, --to N or --to=N.
+ExitStatus DatasetActions::Undo(const std::string& argument) {
+  constexpr std::string_view kOption = "--to";
+  const std::string_view rest = std::string_view(argument).substr(std::min(argument.size(), kOption.size()));
+  const bool hasOption =
+      argument.substr(0, kOption.size()) == kOption && (rest.empty() || rest[0] == '=' || IsBlank(rest[0]));
+  if (hasOption && rest.size() < 2) {
+    throw Error(ErrorKind::kUsage, "--to needs the number of a version.");
   }
-  return UndoAndSay(fPath, fDatasetOptions, to);
+  const std::string number(hasOption ? Trimmed(rest.substr(1), kBlanks) : argument);
+  if (const std::string complaint = number.empty() ? "" : VersionComplaint(number); !complaint.empty()) {
+    throw Error(ErrorKind::kUsage, complaint + ".");
+  }
+  return UndoAndSay(fPath, fDatasetOptions, WholeNumber(number));
 }
 
 void DatasetActions::Complain(ExitStatus status, const std::exception& error) {
@@ -250,7 +266,7 @@ ExitStatus RunShell(const ShellOptions& options) {
 Action DeclareShell(CLI::App& app) {
   const auto options = std::make_shared<ShellOptions>();
   AddDatasetArgument(app, options->datasetPath);
-  AddWidthOption(app, options->width);
+  AddWidthOption(app, options->format.width);
   AddLockTimeoutOption(app, options->datasetOptions);
   app.footer(
       "At a terminal: Tab completes, Ctrl-R searches the history, help says more.\n"

@@ -31,6 +31,7 @@ Action DeclareShell(CLI::App& options);
 Action DeclareScript(CLI::App& options);
 Action DeclareDiff(CLI::App& options);
 Action DeclareCopy(CLI::App& options);
+Action DeclareTabulate(CLI::App& options);
 
 }  // namespace standalone
 

@@ -14,13 +14,14 @@
 #include "standalone/commands/history_actions.h"
 #include "standalone/commands/subcommands.h"
 #include "standalone/console/delivery.h"
+#include "standalone/dataset/dataset_operand.h"
 #include "standalone/dataset/undo.h"
 #include "standalone/options/dataset_options.h"
-#include "standalone/options/whole_number.h"
 #include "standalone/sets/set_diff.h"
 #include "standalone/text/counted.h"
 #include "standalone/text/error.h"
 #include "standalone/text/notice.h"
+#include "standalone/text/number_text.h"
 #include "standalone/text/visible.h"
 
 namespace standalone {
@@ -44,20 +45,18 @@ void AddPart(const char* verb, const std::vector<std::string>& names, std::vecto
   }
 }
 
-template <typename Sets, typename NameOf>
-std::vector<std::string> NamesOf(const Sets& sets, NameOf nameOf) {
-  std::vector<std::string> names;
-  std::transform(sets.begin(), sets.end(), std::back_inserter(names), nameOf);
-  return names;
-}
-
 /// What became of the sets from the version that is there again to the one that was undone.
 std::string WhatWasUndone(const SetsDifference& difference) {
-  const auto name = [](const StoredSet& set) { return set.name; };
+  std::vector<std::string> changed;
+  std::transform(difference.changed.begin(), difference.changed.end(), std::back_inserter(changed),
+                 [](const DifferingSet& set) { return set.a.name; });
   std::vector<std::string> parts;
-  AddPart("defined", NamesOf(difference.onlyInB, name), parts);
-  AddPart("changed", NamesOf(difference.changed, [](const DifferingSet& set) { return set.a.name; }), parts);
-  AddPart("deleted", NamesOf(difference.onlyInA, name), parts);
+  AddPart("defined", difference.names.onlyInB, parts);
+  AddPart("changed", changed, parts);
+  AddPart("deleted", difference.names.onlyInA, parts);
+  if (difference.names.reordered) {
+    parts.emplace_back("changed the order of the sets");
+  }
   return Listed(parts);
 }
 
@@ -84,9 +83,7 @@ CLI::Option* AddVersion(CLI::App& options, const char* name, const char* descrip
   return options
       .add_option_function<std::string>(
           name, [&request](const std::string& value) { request.to = WholeNumber(value); }, description)
-      ->check([](const std::string& value) {
-        return WholeNumber(value) ? std::string() : value + " is not a version number";
-      });
+      ->check(VersionComplaint);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
 #include <utility>
 
 #include "standalone/console/terminal.h"
@@ -71,8 +72,9 @@ std::optional<ProgressScreen> ErrorScreen() {
   if (!width) {
     return std::nullopt;
   }
-  return ProgressScreen{[](std::string_view text) {
-                          WriteAll(STDERR_FILENO, text);  // a terminal that is gone shows no progress
+  const auto terminal = std::make_shared<Descriptor>(Duplicate(STDERR_FILENO));
+  return ProgressScreen{[terminal](std::string_view text) {
+                          WriteAll(terminal->Number(), text);  // a terminal that is gone shows no progress
                         },
                         *width, Clock::now};
 }

@@ -27,7 +27,8 @@ struct ProgressScreen {
   std::function<Clock::time_point()> now;
 };
 
-/// The screen that standard error is; none where it is no terminal.
+/// The screen that standard error is, and stays where standard error is then put elsewhere; none where it is no
+/// terminal.
 std::optional<ProgressScreen> ErrorScreen();
 
 /// Shows how work gets on, on one line: what is done, the rate and, where the total is known, how long the rest will

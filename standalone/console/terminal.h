@@ -19,6 +19,9 @@ std::size_t OutputWidth();
 /// Whether standard output is a terminal.
 bool OutputIsTerminal();
 
+/// Whether text is expected in UTF-8, as the locale of the environment says.
+bool IsUtf8Expected();
+
 }  // namespace standalone
 
 #endif  // STANDALONE_CONSOLE_TERMINAL_H

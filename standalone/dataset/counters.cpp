@@ -4,7 +4,6 @@
 
 #include "standalone/dataset/history.h"
 #include "standalone/storage/commit.h"
-#include "standalone/storage/file_format.h"
 #include "standalone/storage/limits.h"
 #include "standalone/text/error.h"
 
@@ -27,7 +26,7 @@ void FailIfWritesAreUsedUp(Database& database, const std::string& name) {
 
 void FailIfChangesAreUsedUp(Database& database, const std::string& name) {
   FailIfWritesAreUsedUp(database, name);
-  if (FormatVersion(database) == kFormatVersion && KeptVersions(database).last >= kMaxNumber) {
+  if (KeptVersions(database).last >= kMaxNumber) {
     Fail(name, "changes");
   }
 }

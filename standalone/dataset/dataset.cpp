@@ -11,7 +11,6 @@
 #include "standalone/dataset/counters.h"
 #include "standalone/dataset/history.h"
 #include "standalone/dataset/import_log.h"
-#include "standalone/dataset/migration.h"
 #include "standalone/storage/commit.h"
 #include "standalone/storage/file_format.h"
 #include "standalone/storage/interrupt.h"
@@ -125,7 +124,7 @@ Dataset::Saved Dataset::SaveOrder(const SetList& sets) {
   const bool mayWait = fExclusive;
   try {
     fDatabase->SetLockTimeout(mayWait ? fOptions.lockTimeout : std::chrono::milliseconds(0), fOptions.notify);
-    const Saved saved = HasHistory() ? Write(sets, nullptr) : Saved::kUnchanged;
+    const Saved saved = Write(sets, nullptr);
     EndSaveOfOrder();
     return saved == Saved::kDone ? Saved::kReordered : Saved::kUnchanged;
   } catch (const Error& error) {
@@ -158,10 +157,6 @@ Dataset::Saved Dataset::Write(const SetList& sets, const std::string* command) {
 
 void Dataset::WriteLocked(const SetList& sets, const std::string* command) {
   (command == nullptr ? FailIfWritesAreUsedUp : FailIfChangesAreUsedUp)(*fDatabase, fPath);
-  const std::optional<std::string> migrated = Migrate(*fDatabase, fPath);
-  if (migrated) {
-    fSets = LoadSets(*fDatabase);  // they lie elsewhere now
-  }
   SetWrite write = WriteSets(*fDatabase, *fSets, sets);
   Record(write.edits, command);
   Query(*fDatabase, "UPDATE meta SET generation = generation + 1 WHERE id = 1").Run();
@@ -169,11 +164,7 @@ void Dataset::WriteLocked(const SetList& sets, const std::string* command) {
   ++fGeneration;
   try {
     std::move(write).ApplyTo(*fSets);
-    for (const std::optional<std::string>& sentence : {migrated, unconfirmed}) {
-      if (sentence && fOptions.notify) {
-        fOptions.notify(*sentence);
-      }
-    }
+    fOptions.Notify(unconfirmed);
   } catch (const std::bad_alloc&) {
     fSets.reset();  // the change stands: to keep its result is no part of it
   }
@@ -192,11 +183,7 @@ void Dataset::ForgetWhatWasRead() {
   fVariables.clear();
   fPositions.clear();
   fSets.reset();
-  ++fRevision;
-}
-
-bool Dataset::HasHistory() {
-  return FormatVersion(*fDatabase) == kFormatVersion;
+  fBlocks.reset();
 }
 
 int Dataset::VariableCount() {
@@ -236,23 +223,33 @@ int Dataset::FindVariable(std::string_view name) {
   return fPositions.emplace(key, position).first->second;
 }
 
-void Dataset::VisitVariableNames(const std::function<void(std::string_view name)>& visit) {
-  BeginIfNone();
-  Query row(*fDatabase, "SELECT position, name FROM variable ORDER BY position");
-  OrderedKeys<std::int64_t> positions(*fDatabase);
-  while (row.Step()) {
-    positions.Next(row.Integer(0));
-    visit(row.Text(1));
-  }
+const Variable* Dataset::VariableNamed(std::string_view name) {
+  const int position = FindVariable(name);
+  return position < 0 ? nullptr : &VariableAt(position);
 }
 
-void Dataset::VisitCases(std::int64_t from, const VisitCase& visit) {
+CaseBlocks& Dataset::Blocks() {
   BeginIfNone();
-  Query row(*fDatabase, "SELECT position, cells FROM cases WHERE position >= ? ORDER BY position");
-  row.Bind(from);
-  OrderedKeys<std::int64_t> positions(*fDatabase);
-  while (row.Step() && visit(positions.Next(OrdinaryNumber(*fDatabase, row.Integer(0))), row.Text(1))) {
+  if (!fBlocks) {
+    fBlocks.emplace(*fDatabase);
   }
+  return *fBlocks;
+}
+
+std::size_t Dataset::BlockCount() {
+  return Blocks().Count();
+}
+
+std::size_t Dataset::CasesOfBlock(std::size_t number) {
+  return Blocks().CasesOf(number);
+}
+
+BlockHead Dataset::ReadHead(int variable, std::size_t number) {
+  return Blocks().ReadHead({variable, VariableAt(variable).width == 0}, number);
+}
+
+void Dataset::ReadBlock(int variable, std::size_t number, Block& block) {
+  Blocks().ReadBlock({variable, VariableAt(variable).width == 0}, number, block);
 }
 
 void Dataset::VisitVariables(std::string_view beginning, int from, const VisitName& visit) {
@@ -303,19 +300,14 @@ SetList Dataset::SharedSets() {
   return sets;
 }
 
-std::uint64_t Dataset::Revision() {
-  BeginIfNone();
-  return fRevision;
-}
-
 VersionRange Dataset::Versions() {
   BeginIfNone();
-  return HasHistory() ? KeptVersions(*fDatabase) : VersionRange{};
+  return KeptVersions(*fDatabase);
 }
 
 std::vector<LoggedImport> Dataset::Imports() {
   BeginIfNone();
-  return HasHistory() ? LoadImports(*fDatabase) : std::vector<LoggedImport>();
+  return LoadImports(*fDatabase);
 }
 
 std::vector<StoredSet> Dataset::SetsOfVersion(std::int64_t version) {
@@ -344,7 +336,7 @@ void Dataset::ForEachChange(const std::function<void(const Change&)>& handOver) 
     }
     BeginIfNone();
     const std::int64_t end = change ? change->number : std::numeric_limits<std::int64_t>::max();
-    change = HasHistory() ? ChangeBefore(*fDatabase, end) : std::nullopt;
+    change = ChangeBefore(*fDatabase, end);
     EndTransaction();
     if (change) {
       handOver(*change);

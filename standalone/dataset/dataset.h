@@ -10,6 +10,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "standalone/cases/block.h"
+#include "standalone/dataset/case_blocks.h"
 #include "standalone/dataset/change.h"
 #include "standalone/dataset/set_store.h"
 #include "standalone/dataset/stored_set.h"
@@ -47,10 +49,9 @@ class Dataset {
   };
 
   /// Ends a command that leaves these sets, in this order, in one transaction; where they differ from those stored,
-  /// that is a change, which is kept with the command's text. A file of an older format is migrated first, in the same
-  /// transaction, and a copy of it set aside. An order alone is no change: the last one takes it in, so that its
-  /// version has the new order. It is kept where that takes neither a wait nor a migration, and never fails a command
-  /// that is not exclusive. What is saved costs what has changed, as far as the list shares its sets with SharedSets().
+  /// that is a change, which is kept with the command's text. An order alone is no change: the last one takes it in, so
+  /// that its version has the new order. It is kept where that takes no wait, and never fails a command that is not
+  /// exclusive. What is saved costs what has changed, as far as the list shares its sets with SharedSets().
   Saved SaveSets(const SetList& sets, const std::string& command);
   Saved SaveSets(const std::vector<StoredSet>& sets, const std::string& command);
 
@@ -62,14 +63,18 @@ class Dataset {
   /// Position of the variable of that name without regard to case, -1 when there is none.
   int FindVariable(std::string_view name);
 
-  /// Hands over the variables' names in dictionary order, without keeping what it reads.
-  void VisitVariableNames(const std::function<void(std::string_view name)>& visit);
+  /// The variable itself, as VariableAt() gives it; null when there is none.
+  const Variable* VariableNamed(std::string_view name);
 
-  using VisitCase = std::function<bool(std::int64_t position, std::string_view cells)>;
+  /// The cases, in blocks that are the same for all variables. What is read is verified.
+  std::size_t BlockCount();
+  std::size_t CasesOfBlock(std::size_t number);
 
-  /// Hands over the cases from position `from` on in their order, each a JSON array as DatasetWriter stores it, until
-  /// `visit` returns false.
-  void VisitCases(std::int64_t from, const VisitCase& visit);
+  /// The head of a variable's block, without its cells.
+  BlockHead ReadHead(int variable, std::size_t number);
+
+  /// The cells of a variable. The memory of `block` is used again.
+  void ReadBlock(int variable, std::size_t number, Block& block);
 
   using VisitName = std::function<bool(int position, const std::string& name)>;
 
@@ -81,10 +86,6 @@ class Dataset {
   /// The stored sets in their order.
   std::vector<StoredSet> Sets();
   SetList SharedSets();
-
-  /// A number that changes with what another process writes: as long as it is the same, the variables and cases that
-  /// were read are, too.
-  std::uint64_t Revision();
 
   VersionRange Versions();
 
@@ -102,7 +103,7 @@ class Dataset {
  private:
   void BeginIfNone();
   void ForgetWhatWasRead();
-  bool HasHistory();
+  CaseBlocks& Blocks();
   const std::vector<KeptSet>& KeptSets();
   Saved SaveOrder(const SetList& sets);
   void EndSaveOfOrder();
@@ -117,11 +118,11 @@ class Dataset {
   std::unique_ptr<Database> fDatabase;
   bool fExclusive = false;
   std::int64_t fGeneration = 0;
-  std::uint64_t fRevision = 0;
   std::optional<int> fVariableCount;
   std::unordered_map<int, std::unique_ptr<Variable>> fVariables;
   std::unordered_map<std::string, int> fPositions;  // by upper-case name
   std::optional<std::vector<KeptSet>> fSets;
+  std::optional<CaseBlocks> fBlocks;
 };
 
 }  // namespace standalone

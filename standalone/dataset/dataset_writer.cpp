@@ -1,19 +1,18 @@
 #include "standalone/dataset/dataset_writer.h"
 
 #include <fmt/format.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <numeric>
 #include <optional>
 #include <string_view>
 #include <utility>
 
-#include "standalone/cases/case_text.h"
+#include "standalone/dataset/case_blocks.h"
 #include "standalone/dataset/counters.h"
 #include "standalone/dataset/dataset.h"
 #include "standalone/dataset/import_log.h"
-#include "standalone/dataset/migration.h"
 #include "standalone/dataset/variable.h"
 #include "standalone/files/folder.h"
 #include "standalone/files/temporary_file.h"
@@ -27,11 +26,6 @@
 namespace standalone {
 
 namespace {
-
-bool Exists(const std::string& path) {
-  struct stat status = {};
-  return lstat(path.c_str(), &status) == 0;
-}
 
 /// A dataset needs names for its companions, too.
 void CheckNameFits(const std::string& path) {
@@ -71,7 +65,7 @@ const std::string& CheckedDestination(const std::string& path, bool replace, con
   if (const std::optional<std::string> complaint = ComplaintOnReservedName(path)) {
     throw Error(*complaint);
   }
-  if (Exists(path)) {
+  if (IsThere(path)) {
     CheckReplaced(path, replace, options);
   } else {
     CheckNameFits(path);
@@ -92,34 +86,26 @@ void WriteVariable(Database& database, std::int64_t position, const Variable& va
   }
 }
 
-void Tell(const DatasetOptions& options, const std::optional<std::string>& sentence) {
-  if (sentence && options.notify) {
-    options.notify(*sentence);
-  }
-}
-
 // In one transaction of the dataset itself: a command that runs meanwhile sees the old or the new and loses no set.
 void ReplaceContents(const std::string& path, const std::string& newContents, const DatasetOptions& options) {
   const std::unique_ptr<Database> database = OpenDataset(path, options);
   database->Execute("BEGIN IMMEDIATE");
   const std::int64_t generation = GenerationOf(*database) + 1;
   FailIfWritesAreUsedUp(*database, path);
-  const std::optional<std::string> migrated = Migrate(*database, path);
   // After the beginning: else the transaction would write to both files, which needs a third one to commit, and a kill
   // could leave that behind.
   database->Attach(newContents, "new");
   database->Execute(
       "DELETE FROM main.value_label;"
       "DELETE FROM main.variable;"
-      "DELETE FROM main.cases;"
+      "DELETE FROM main.block;"
       "INSERT INTO main.variable SELECT * FROM new.variable;"
       "INSERT INTO main.value_label SELECT * FROM new.value_label;"
-      "INSERT INTO main.cases SELECT * FROM new.cases;"
+      "INSERT INTO main.block SELECT * FROM new.block;"
       "UPDATE main.meta SET generation = generation + 1, (variable_count, case_count) ="
       " (SELECT variable_count, case_count FROM new.meta) WHERE id = 1");
   AddReplacingImport(*database);
-  Tell(options, CommitGeneration(*database, generation));
-  Tell(options, migrated);
+  options.Notify(CommitGeneration(*database, generation));
 }
 
 }  // namespace
@@ -143,22 +129,51 @@ void DatasetWriter::SetVariables(const std::vector<Variable>& variables) {
   fColumns.reserve(variables.size());
   for (const Variable& variable : variables) {
     WriteVariable(*fDatabase, static_cast<std::int64_t>(fColumns.size()), variable);
-    fColumns.push_back({variable.width == 0, variable.width == kWidthOfLongestValue, 1});
+    fColumns.push_back({BlockBuilder(variable.width == 0), variable.width == kWidthOfLongestValue, 1});
   }
 }
 
 void DatasetWriter::AddCase(const std::vector<std::string_view>& cells) {
-  fCells.assign("[");
+  std::size_t bytes = 0;
   for (std::size_t index = 0; index < fColumns.size(); ++index) {
     Column& column = fColumns[index];
-    if (index != 0) {
-      fCells.push_back(',');
-    }
     column.longest = std::max(column.longest, cells[index].size());
-    AppendCell(cells[index], column.isNumeric, fCells);
+    column.cells.Add(cells[index]);
+    bytes += cells[index].size();
   }
-  fCells.push_back(']');
-  Query(*fDatabase, "INSERT INTO cases VALUES (?, ?)").Bind(fCaseCount++).Bind(fCells).Run();
+  ++fCaseCount;
+  ++fCasesOfBlock;
+  fBytesToLook += bytes + fColumns.size();
+  if (fCasesOfBlock == kMaxCasesOfBlock || IsOutOfMemory()) {
+    WriteBlock();
+  }
+}
+
+// The memory of all columns is added up only now and then.
+bool DatasetWriter::IsOutOfMemory() {
+  constexpr std::size_t kBudget = std::size_t{32} << 20;
+  constexpr std::size_t kBetweenLooks = kBudget / 16;
+  constexpr std::size_t kLeastOfColumn = 64;  // or else a block of very many columns would have hardly any cases
+  if (fBytesToLook < kBetweenLooks) {
+    return false;
+  }
+  fBytesToLook = 0;
+  const std::size_t memory =
+      std::accumulate(fColumns.begin(), fColumns.end(), std::size_t{0},
+                      [](std::size_t sum, const Column& column) { return sum + column.cells.Memory(); });
+  return memory >= std::max(kBudget, kLeastOfColumn * fColumns.size());
+}
+
+void DatasetWriter::WriteBlock() {
+  Query insert(*fDatabase, "INSERT INTO block VALUES (?, ?, ?)");
+  int variable = 0;
+  for (Column& column : fColumns) {
+    const EncodedBlock block = column.cells.Finish();
+    insert.Bind(IdOfBlock(variable++, fBlockCount)).BindBlob(block.head).BindBlob(block.cells).Run();
+  }
+  ++fBlockCount;
+  fCasesOfBlock = 0;
+  fBytesToLook = 0;
 }
 
 void DatasetWriter::WriteWidths() {
@@ -172,6 +187,9 @@ void DatasetWriter::WriteWidths() {
 }
 
 void DatasetWriter::FinishFile() {
+  if (fCasesOfBlock > 0) {
+    WriteBlock();
+  }
   WriteWidths();
   Query(*fDatabase, "UPDATE meta SET variable_count = ?, case_count = ?")
       .Bind(static_cast<std::int64_t>(fColumns.size()))
@@ -186,11 +204,11 @@ void DatasetWriter::FinishFile() {
 
 void DatasetWriter::Commit() {
   FinishFile();
-  if (fReplace && Exists(fPath)) {
+  if (fReplace && IsThere(fPath)) {
     ReplaceContents(fPath, fFile.Path(), fOptions);
   } else {
     CheckIsAlone(fPath);
-    Tell(fOptions, fFile.PutInPlace());
+    fOptions.Notify(fFile.PutInPlace());
   }
 }
 

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "standalone/cases/block_builder.h"
 #include "standalone/dataset/variable.h"
 #include "standalone/files/temporary_file.h"
 #include "standalone/storage/database.h"
@@ -26,8 +27,8 @@ class DatasetWriter {
   /// of width kWidthOfLongestValue becomes as wide as its longest value.
   void SetVariables(const std::vector<Variable>& variables);
 
-  /// One case: a cell for each variable. A cell of a numeric variable is a number as JSON writes it, or empty for
-  /// a missing value.
+  /// One case: a cell for each variable, empty where it is missing. A cell of a numeric variable is a number as JSON
+  /// writes it; the nearest double is kept.
   void AddCase(const std::vector<std::string_view>& cells);
 
   /// What the log of imports tells of this one; without it the import is not in that log.
@@ -38,11 +39,13 @@ class DatasetWriter {
 
  private:
   struct Column {
-    bool isNumeric;
+    BlockBuilder cells;
     bool hasWidthOfLongest;
     std::size_t longest;
   };
 
+  bool IsOutOfMemory();
+  void WriteBlock();
   void WriteWidths();
   void FinishFile();
 
@@ -54,7 +57,9 @@ class DatasetWriter {
   std::unique_ptr<Database> fDatabase;
   std::vector<Column> fColumns;
   std::int64_t fCaseCount = 0;
-  std::string fCells;
+  std::size_t fBlockCount = 0;
+  std::size_t fCasesOfBlock = 0;  // of the one that is not yet written
+  std::size_t fBytesToLook = 0;   // of cells since the memory was looked at
   std::string fCommand;
 };
 

@@ -7,7 +7,6 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
-#include "standalone/cases/case_text.h"
 #include "standalone/storage/ordered_keys.h"
 #include "standalone/text/unicode.h"
 
@@ -16,17 +15,6 @@ namespace standalone {
 namespace {
 
 constexpr const char* kTimeFormat = "%Y-%m-%dT%H:%M:%SZ";
-
-std::string ToJsonArray(const std::vector<std::string>& texts) {
-  std::string json = "[";
-  for (const std::string& text : texts) {
-    if (json.size() > 1) {
-      json.push_back(',');
-    }
-    AppendJsonString(text, json);
-  }
-  return json + "]";
-}
 
 bool IsText(const nlohmann::json& json) {
   return json.is_string() && json.get_ref<const std::string&>().find('\0') == std::string::npos;
@@ -48,7 +36,7 @@ std::int64_t LastNumber(Database& database) {
 
 void AddBeforeForm(Database& database, std::int64_t number, const SetEdit& edit) {
   const StoredSet& set = *edit.before->set;
-  const std::string variables = ToJsonArray(set.variables);
+  const std::string variables = nlohmann::json(set.variables).dump();
   Query(database, "INSERT INTO history_set VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)")
       .Bind(number)
       .Bind(edit.id)
@@ -116,14 +104,8 @@ std::vector<ChangedSet> ChangedSetsOf(Database& database, std::int64_t number) {
 
 // From the columns that Rewind::Undo() selects.
 StoredSet BeforeForm(Database& database, Query& row) {
-  StoredSet set;
-  set.name = row.Text(2);
-  set.type = SetTypeOf(database, row.Integer(4));
-  set.label = row.Text(5);
-  set.countedValue = row.Text(6);
-  set.labelFromVariable = row.Integer(7) != 0;
-  set.categoryLabelsFromCountedValue = row.Integer(8) != 0;
-  set.variables = FromJsonArray(database, row.Text(9));
+  StoredSet set = SetOfColumns(database, row, 5);
+  set.variables = FromJsonArray(database, row.Text(4));
   return set;
 }
 
@@ -203,13 +185,13 @@ Rewind::Rewind(Database& database, const std::vector<KeptSet>& now, VisitForm vi
 
 void Rewind::Undo(std::int64_t first, std::int64_t last) {
   Query rows(fDatabase,
-             "SELECT set_id, kind, name, position, type, label, counted_value, label_from_variable,"
-             " category_labels_from_counted_value, variables, history"
+             "SELECT set_id, kind, position, history, variables, name, type, label, counted_value, label_from_variable,"
+             " category_labels_from_counted_value"
              " FROM history_set WHERE history BETWEEN ? AND ? ORDER BY history DESC, set_id DESC");
   rows.Bind(first).Bind(last);
   OrderedKeys<std::pair<std::int64_t, std::int64_t>, std::greater<>> keys(fDatabase);
   while (rows.Step()) {
-    keys.Next({rows.Integer(10), rows.Integer(0)});
+    keys.Next({rows.Integer(3), rows.Integer(0)});
     UndoRow(rows);
   }
 }
@@ -224,7 +206,7 @@ void Rewind::UndoRow(Query& row) {
   if (kind == ChangeKind::kDefined) {
     return;
   }
-  set.position = OrdinaryNumber(fDatabase, row.Integer(3));
+  set.position = OrdinaryNumber(fDatabase, row.Integer(2));
   if (kind != ChangeKind::kMoved) {
     set.set = std::make_shared<StoredSet>(BeforeForm(fDatabase, row));
     if (fVisit) {

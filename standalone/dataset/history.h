@@ -16,7 +16,7 @@
 namespace standalone {
 
 // Of each change the dataset keeps how the sets that it touched were before, so that from the sets as they are the list
-// before any change that is kept can be rebuilt. All of this needs a dataset of the present format version.
+// before any change that is kept can be rebuilt.
 
 /// How many changes a dataset keeps, and how many imports.
 inline constexpr std::int64_t kMaxKeptChanges = 1000;

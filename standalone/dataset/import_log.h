@@ -12,7 +12,7 @@
 namespace standalone {
 
 // A dataset keeps when its variables and cases were imported, the last kMaxKeptChanges times. All of this needs a
-// dataset of the present format version, and a transaction of the caller.
+// transaction of the caller.
 
 /// Adds the import that makes a new dataset.
 void AddFirstImport(Database& database, const std::string& command, std::int64_t variables, std::int64_t cases);

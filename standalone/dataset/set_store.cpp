@@ -22,21 +22,16 @@ namespace {
 /// A set while it is read; then it never changes again.
 struct ReadSet {
   KeptSet kept;
-  std::shared_ptr<StoredSet> set = std::make_shared<StoredSet>();
+  std::shared_ptr<StoredSet> set;
 };
 
 ReadSet SetOfRow(Database& database, Query& row) {
   ReadSet read;
+  read.set = std::make_shared<StoredSet>(SetOfColumns(database, row, 2));
   read.kept.set = read.set;
   read.kept.id = OrdinaryNumber(database, row.Integer(0));
   read.kept.position = OrdinaryNumber(database, row.Integer(1));
-  read.set->name = row.Text(2);
   read.kept.key = ToUpper(read.set->name);
-  read.set->type = SetTypeOf(database, row.Integer(3));
-  read.set->label = row.Text(4);
-  read.set->countedValue = row.Text(5);
-  read.set->labelFromVariable = row.Integer(6) != 0;
-  read.set->categoryLabelsFromCountedValue = row.Integer(7) != 0;
   return read;
 }
 
@@ -289,11 +284,19 @@ std::int64_t OrdinaryNumber(Database& database, std::int64_t number) {
   return number;
 }
 
-SetType SetTypeOf(Database& database, std::int64_t number) {
-  if (number != static_cast<int>(SetType::kCategory) && number != static_cast<int>(SetType::kDichotomy)) {
+StoredSet SetOfColumns(Database& database, Query& row, int first) {
+  const std::int64_t type = row.Integer(first + 1);
+  if (type != static_cast<int>(SetType::kCategory) && type != static_cast<int>(SetType::kDichotomy)) {
     database.FailAsDamaged();
   }
-  return static_cast<SetType>(number);
+  StoredSet set;
+  set.name = row.Text(first);
+  set.type = static_cast<SetType>(type);
+  set.label = row.Text(first + 2);
+  set.countedValue = row.Text(first + 3);
+  set.labelFromVariable = row.Integer(first + 4) != 0;
+  set.categoryLabelsFromCountedValue = row.Integer(first + 5) != 0;
+  return set;
 }
 
 std::vector<KeptSet> LoadSets(Database& database) {

@@ -20,9 +20,11 @@ struct KeptSet {
   std::string key;  ///< the upper-case form of the name
 };
 
-/// Numbers beyond kMaxNumber and types that the program does not know are the mark of a damaged file.
+/// The number; one beyond kMaxNumber is the mark of a damaged file.
 std::int64_t OrdinaryNumber(Database& database, std::int64_t number);
-SetType SetTypeOf(Database& database, std::int64_t number);
+
+/// The set whose name, type, label, counted value and two marks are the columns from `first` on, without its variables.
+StoredSet SetOfColumns(Database& database, Query& row, int first);
 
 /// The sets of a dataset in their order.
 std::vector<KeptSet> LoadSets(Database& database);

@@ -20,6 +20,10 @@ struct Variable {
   std::vector<ValueLabel> valueLabels;  ///< in the order of the codebook
 };
 
+/// The label of a value; null where it has none. Values of a numeric variable are compared as numbers.
+const std::string* LabelOf(const Variable& variable, const std::string& value);
+const std::string* LabelOf(const Variable& variable, double value);
+
 /// Given to DatasetWriter in place of a width: that of the longest value in bytes, at least 1.
 inline constexpr int kWidthOfLongestValue = -1;
 

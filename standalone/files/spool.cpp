@@ -51,6 +51,24 @@ void Spool::Append(std::string_view text) {
   }
 }
 
+void Spool::CheckRoom(std::size_t bytes) {
+  const int descriptor = fileno(fFile.get());
+  if (const int error = posix_fallocate(descriptor, 0, static_cast<off_t>(bytes))) {
+    ThrowCannotKeep(error);
+  }
+  if (ftruncate(descriptor, 0) != 0) {
+    ThrowCannotKeep(errno);
+  }
+}
+
+std::string Spool::Path() const {
+  return fmt::format("/proc/self/fd/{}", fileno(fFile.get()));
+}
+
+std::string Spool::Folder() {
+  return TemporaryFolder().string();
+}
+
 void Spool::CopyTo(std::ostream& stream) {
   if (std::fflush(fFile.get()) != 0 || std::fseek(fFile.get(), 0, SEEK_SET) != 0) {
     ThrowCannotKeep(errno);

@@ -1,10 +1,12 @@
 #ifndef STANDALONE_FILES_SPOOL_H
 #define STANDALONE_FILES_SPOOL_H
 
+#include <cstddef>
 #include <cstdio>
 #include <memory>
 #include <ostream>
 #include <streambuf>
+#include <string>
 #include <string_view>
 
 namespace standalone {
@@ -17,6 +19,16 @@ class Spool {
   Spool();
 
   void Append(std::string_view text);
+
+  /// Makes sure that the folder has room for so many bytes, which are free again afterwards, for those who write to
+  /// it without looking whether they could. Nothing may have been appended.
+  void CheckRoom(std::size_t bytes);
+
+  /// A path by which the file can be opened as long as this lives, for those who write by themselves.
+  std::string Path() const;
+
+  /// The folder for temporary files, for the same.
+  static std::string Folder();
 
   /// Writes all that was appended.
   void CopyTo(std::ostream& stream);

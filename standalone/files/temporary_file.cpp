@@ -249,16 +249,16 @@ void TemporaryFile::Release() {
   fLock.Close();
 }
 
-std::optional<std::string> TemporaryFile::PutInPlaceAs(const std::string& place) {
-  SyncFile(fLock.Number(), place);
-  if (!RenameWithoutReplacing(fPath, place)) {
+std::optional<std::string> TemporaryFile::PutInPlace() {
+  SyncFile(fLock.Number(), fDestination);
+  if (!RenameWithoutReplacing(fPath, fDestination)) {
     if (errno == EEXIST) {
-      throw Error(place + " already exists.");
+      throw Error(fDestination + " already exists.");
     }
-    FailToWrite(place, errno);
+    FailToWrite(fDestination, errno);
   }
   Release();
-  return SyncFolder(place);
+  return SyncFolder(fDestination);
 }
 
 std::optional<std::string> TemporaryFile::Replace() {

@@ -34,10 +34,7 @@ class TemporaryFile {
   /// Syncs the file and gives it the destination's name, on the disk as well. A file that has that name is kept: then
   /// an error says that it exists already. No descriptor of the file may be open that holds a lock. Once it has the
   /// name nothing fails any more: where its folder cannot be synchronised then, returns the sentence on that.
-  std::optional<std::string> PutInPlace() { return PutInPlaceAs(fDestination); }
-
-  /// The same with another name in the same folder.
-  std::optional<std::string> PutInPlaceAs(const std::string& place);
+  std::optional<std::string> PutInPlace();
 
   /// The same, but takes the place of a file that has that name, and its permissions.
   std::optional<std::string> Replace();

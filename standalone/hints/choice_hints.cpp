@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <iterator>
 #include <optional>
 #include <string_view>
@@ -11,40 +12,52 @@
 #include <utility>
 #include <variant>
 
-#include "standalone/hints/case_tally.h"
+#include "standalone/dataset/cell_values.h"
 #include "standalone/text/error.h"
 #include "standalone/text/number_text.h"
+#include "standalone/text/trim.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {
 namespace {
 
-constexpr std::size_t kMaxVariables = 10'000;
-constexpr int kMaxInDictionary = 100'000;  // a case is read whole, whatever the set takes of it
-constexpr int kMaxWithValues = 20'000;     // more would take too much memory
 constexpr std::size_t kMaxNamesShown = 6;
 
-std::string Shown(const CaseCell& cell) {
-  if (const auto* number = std::get_if<double>(&cell)) {
+/// Blanks around a text do not count here, so that no hint says that a value is not there when it is, padded.
+bool HasChosen(Dataset& dataset, const std::string& name, const std::string& countedValue) {
+  const double countedNumber = std::strtod(countedValue.c_str(), nullptr);
+  const std::string_view countedText = Trimmed(countedValue);
+  bool isChosen = false;
+  VisitValues(dataset, dataset.FindVariable(name), [&](const CellValue& value, std::size_t /*cases*/) {
+    const auto* number = std::get_if<double>(&value);
+    isChosen = number == nullptr ? std::get<std::string_view>(value) == countedText : *number == countedNumber;
+    return !isChosen;
+  });
+  return isChosen;
+}
+
+std::string Shown(const ValueCounts::Value& value) {
+  if (const auto* number = std::get_if<double>(&value)) {
     return ShortestNumber(*number);
   }
   constexpr std::size_t kShownBytes = 40;
-  const auto& text = std::get<std::string>(cell);
+  const auto& text = std::get<std::string>(value);
   const std::string_view shown = PrefixOfWholeCharacters(text, kShownBytes);
   return fmt::format("'{}{}'", shown, shown.size() < text.size() ? "..." : "");
 }
 
-std::string ValuesOf(const StoredSet& set, const std::vector<VariableTally>& variables) {
-  for (std::size_t index = 0; index < variables.size(); ++index) {
-    std::vector<CaseCell> values = variables[index].values.Values();
-    if (values.empty()) {
+/// Of the first variable that has any.
+std::string ValuesOf(Dataset& dataset, const StoredSet& set) {
+  constexpr std::size_t kMaxShownValues = 6;
+  for (const std::string& name : set.variables) {
+    const ValueCounts values(dataset, dataset.FindVariable(name), kMaxShownValues);
+    if (values.Values().empty()) {
       continue;
     }
-    std::sort(values.begin(), values.end());
     std::vector<std::string> shown;
-    std::transform(values.begin(), values.end(), std::back_inserter(shown), Shown);
-    return fmt::format("{} has {}{}", set.variables[index], fmt::join(shown, ", "),
-                       variables[index].values.HasMore() ? " and others" : "");
+    std::transform(values.Values().begin(), values.Values().end(), std::back_inserter(shown),
+                   [](const auto& entry) { return Shown(entry.first); });
+    return fmt::format("{} has {}{}", name, fmt::join(shown, ", "), values.Others() > 0 ? " and others" : "");
   }
   return "its variables have no values";
 }
@@ -55,20 +68,16 @@ std::string List(const std::vector<std::string>& names) {
   return names.size() > kMaxNamesShown ? fmt::format("{} and {} more", list, names.size() - kMaxNamesShown) : list;
 }
 
-std::optional<std::string> HintOn(const SetTally& tally) {
-  const StoredSet& set = tally.set;
+std::optional<std::string> HintOn(Dataset& dataset, const StoredSet& set) {
   std::vector<std::string> neverChosen;
-  for (std::size_t index = 0; index < tally.variables.size(); ++index) {
-    if (!tally.variables[index].isChosen) {
-      neverChosen.push_back(set.variables[index]);
-    }
-  }
+  std::copy_if(set.variables.begin(), set.variables.end(), std::back_inserter(neverChosen),
+               [&](const std::string& name) { return !HasChosen(dataset, name, set.countedValue); });
   if (neverChosen.empty()) {
     return std::nullopt;
   }
   if (neverChosen.size() == set.variables.size()) {
     return fmt::format("no case has the counted value {} of {}: {}", set.countedValue, set.name,
-                       ValuesOf(set, tally.variables));
+                       ValuesOf(dataset, set));
   }
   return fmt::format("no case has chosen {} of {}", List(neverChosen), set.name);
 }
@@ -96,53 +105,32 @@ std::vector<const StoredSet*> SetsMade(const SetList& before, const SetList& aft
   return made;
 }
 
-bool IsOfVariablesThatAre(const SetTally& tally) {
-  return std::all_of(tally.variables.begin(), tally.variables.end(),
-                     [](const VariableTally& variable) { return variable.position >= 0; });
+bool HasItsVariables(Dataset& dataset, const StoredSet& set) {
+  return std::all_of(set.variables.begin(), set.variables.end(),
+                     [&dataset](const std::string& name) { return dataset.FindVariable(name) >= 0; });
 }
 
-std::vector<SetTally> TalliesOf(Dataset& dataset, const std::vector<const StoredSet*>& sets) {
-  std::vector<SetTally> tallies;
-  for (const StoredSet* set : sets) {
-    if (set->type == SetType::kDichotomy && set->variables.size() <= kMaxVariables) {
-      SetTally tally(dataset, *set);
-      if (IsOfVariablesThatAre(tally)) {
-        tallies.push_back(std::move(tally));
-      }
-    }
-  }
-  return tallies;
-}
-
-std::vector<std::string> HintsOn(const std::vector<SetTally>& tallies) {
+std::vector<std::string> HintsOnCases(Dataset& dataset, const std::vector<const StoredSet*>& sets) {
   std::vector<std::string> hints;
-  for (const SetTally& tally : tallies) {
-    if (std::optional<std::string> hint = HintOn(tally)) {
+  for (const StoredSet* set : sets) {
+    if (set->type != SetType::kDichotomy || !HasItsVariables(dataset, *set) || dataset.BlockCount() == 0) {
+      continue;
+    }
+    if (std::optional<std::string> hint = HintOn(dataset, *set)) {
       hints.push_back(std::move(*hint));
     }
   }
   return hints;
 }
 
-/// The label of a value; null where it has none.
-const std::string* LabelOf(const Variable& variable, const std::string& value) {
-  const std::optional<double> number = NumberValue(value);
-  const auto isLabelled = [&](const ValueLabel& entry) {
-    return variable.width == 0 ? number && NumberValue(entry.value) == number : entry.value == value;
-  };
-  const auto found = std::find_if(variable.valueLabels.begin(), variable.valueLabels.end(), isLabelled);
-  return found == variable.valueLabels.end() ? nullptr : &found->label;
-}
-
 /// Whether each variable has a label for the counted value, and another one than the others.
 bool HasAnswersAsLabels(Dataset& dataset, const StoredSet& set) {
   std::unordered_set<std::string> labels;
-  return set.variables.size() <= kMaxVariables &&
-         std::all_of(set.variables.begin(), set.variables.end(), [&](const std::string& name) {
-           const int position = dataset.FindVariable(name);
-           const std::string* label = position < 0 ? nullptr : LabelOf(dataset.VariableAt(position), set.countedValue);
-           return label != nullptr && labels.insert(ToUpper(*label)).second;
-         });
+  return std::all_of(set.variables.begin(), set.variables.end(), [&](const std::string& name) {
+    const Variable* variable = dataset.VariableNamed(name);
+    const std::string* label = variable == nullptr ? nullptr : LabelOf(*variable, set.countedValue);
+    return label != nullptr && labels.insert(ToUpper(*label)).second;
+  });
 }
 
 /// The module warns once for each variable; what to do about it is said once for the set.
@@ -161,35 +149,16 @@ std::vector<std::string> HintsOnLabels(Dataset& dataset, const std::vector<const
 
 }  // namespace
 
-std::vector<std::string> ChoiceHints::HintsOnChange(const SetList& before, const SetList& after) {
-  std::vector<std::string> hints;
+std::vector<std::string> HintsOnChoices(Dataset& dataset, const SetList& before, const SetList& after) {
   try {
     const std::vector<const StoredSet*> made = SetsMade(before, after);
-    hints = HintsOnLabels(fDataset, made);
-    std::vector<SetTally> tallies = TalliesOf(fDataset, made);
-    if (!tallies.empty() && fDataset.VariableCount() <= kMaxInDictionary && Tally(tallies)) {
-      const std::vector<std::string> onCases = HintsOn(tallies);
-      hints.insert(hints.end(), onCases.begin(), onCases.end());
-    }
+    std::vector<std::string> hints = HintsOnLabels(dataset, made);
+    const std::vector<std::string> onCases = HintsOnCases(dataset, made);
+    hints.insert(hints.end(), onCases.begin(), onCases.end());
+    return hints;
   } catch (const Error&) {
-    hints.clear();  // no hint is worth a failed command
+    return {};  // no hint is worth a failed command
   }
-  return hints;
-}
-
-bool ChoiceHints::Tally(std::vector<SetTally>& tallies) {
-  if (const std::uint64_t revision = fDataset.Revision(); revision != fRevision) {
-    fRevision = revision;
-    fHasRead = false;
-    fValues = CaseValues();
-  }
-  const bool isRepeated = std::exchange(fHasRead, true);
-  auto answer = CaseValues::Answer::kUnknown;
-  if (isRepeated && fDataset.VariableCount() <= kMaxWithValues) {
-    answer = fValues.Tally(fDataset, tallies, fBytesLeft);
-  }
-  return answer == CaseValues::Answer::kUnknown ? TallyCases(fDataset, tallies, fBytesLeft)
-                                                : answer == CaseValues::Answer::kGood;
 }
 
 }  // namespace standalone

@@ -1,5 +1,7 @@
 #include "standalone/hints/vanished_name.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <variant>
 #include <vector>
@@ -49,22 +51,31 @@ bool Complains(const CommandResult& result) {
                      [](const Item& item) { return std::holds_alternative<Message>(item); });
 }
 
-bool LacksName(const std::string& command) {
-  try {
-    const std::vector<Token> tokens = Tokenize(command);
-    return tokens.size() > 1 && LacksName(tokens, FirstGap(tokens));
-  } catch (const TokenizerError&) {
-    return false;
+constexpr const char* kShellReplaces = "a shell replaces $names in a command that is not in single quotes";
+
+std::optional<std::string> HintOn(const std::vector<Token>& tokens) {
+  if (NamesKeyword(tokens[0], kTabulateCommand)) {
+    const bool lacksSet = tokens[1].type == TokenSequenceBase::kEnd || IsSymbol(tokens[1], kSlashSymbol);
+    return lacksSet ? std::make_optional(fmt::format("no set is named after TABULATE: {}", kShellReplaces))
+                    : std::nullopt;
   }
+  return LacksName(tokens, FirstGap(tokens))
+             ? std::make_optional(fmt::format("no name comes after NAME=: {}", kShellReplaces))
+             : std::nullopt;
 }
 
 }  // namespace
 
 std::optional<std::string> HintOnVanishedName(const CommandResult& result) {
-  if (!Complains(result) || !LacksName(result.text)) {
+  if (!Complains(result)) {
     return std::nullopt;
   }
-  return "no name comes after NAME=: a shell replaces $names in a command that is not in single quotes";
+  try {
+    const std::vector<Token> tokens = Tokenize(result.text);
+    return tokens.size() > 1 ? HintOn(tokens) : std::nullopt;
+  } catch (const TokenizerError&) {
+    return std::nullopt;
+  }
 }
 
 }  // namespace standalone

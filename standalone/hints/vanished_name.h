@@ -8,8 +8,8 @@
 
 namespace standalone {
 
-/// The hint on a command that came as an argument and complained, where no name comes after a NAME=: a shell replaces
-/// $names that are not in single quotes, mostly by nothing. Without a final period.
+/// The hint on a command that came as an argument and complained, where no name comes after a NAME= or TABULATE: a
+/// shell replaces $names that are not in single quotes, mostly by nothing. Without a final period.
 std::optional<std::string> HintOnVanishedName(const CommandResult& result);
 
 }  // namespace standalone

@@ -1,12 +1,9 @@
 #include "host/dictionary.h"
 
-#include <cstdlib>
-
 #include "standalone/host/command_context.h"
 #include "standalone/host/records.h"
 
 using standalone::CommandContext;
-using standalone::ValueLabel;
 using standalone::Variable;
 using standalone::VariableRecord;
 
@@ -20,14 +17,10 @@ CommandContext& ContextOf(void* record) {
   return *static_cast<CommandContext*>(record);
 }
 
-template <typename IsValue>
-const char* FindLabel(const void* record, IsValue isValue) {
-  for (const ValueLabel& entry : static_cast<const Variable*>(record)->valueLabels) {
-    if (isValue(entry.value)) {
-      return entry.label.c_str();
-    }
-  }
-  return nullptr;
+template <typename Value>
+const char* FindLabel(const void* variable, const Value& value) {
+  const std::string* label = LabelOf(*static_cast<const Variable*>(variable), value);
+  return label == nullptr ? nullptr : label->c_str();
 }
 
 }  // namespace
@@ -60,11 +53,11 @@ ZEVA_ValueLabelMap::~ZEVA_ValueLabelMap() = default;
 void ZEVA_ValueLabelMap::Reset() {}
 
 const char* ZEVA_ValueLabelMap::GetLabel(const double& value) const {
-  return FindLabel(fRecord, [&](const std::string& text) { return std::strtod(text.c_str(), nullptr) == value; });
+  return FindLabel(fRecord, value);
 }
 
 const char* ZEVA_ValueLabelMap::GetLabel(const std::string& value) const {
-  return FindLabel(fRecord, [&](const std::string& text) { return text == value; });
+  return FindLabel(fRecord, value);
 }
 
 ZEVA_DataSource::ZEVA_DataSource(void* record) : fRecord(record) {}

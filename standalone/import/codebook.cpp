@@ -89,6 +89,12 @@ Json ParseJson(const std::string& path) {
   }
 }
 
+// Null where the member is absent or null.
+const Json* Member(const Json& object, const char* key) {
+  const auto found = object.find(key);
+  return found == object.end() || found->is_null() ? nullptr : &*found;
+}
+
 /// Reads one field's object; failures name the field.
 class FieldReader {
  public:
@@ -103,7 +109,6 @@ class FieldReader {
     throw Error(fmt::format("{}, {}: {}.", fPath, fPlace, what));
   }
 
-  const Json* Member(const Json& object, const char* key) const;
   std::string TextOf(const Json& value, const std::string& what) const;
   void ReadName();
   void ReadType();
@@ -112,9 +117,11 @@ class FieldReader {
   void ReadCategories();
   void ReadMissingValues();
   void ReadBooleans();
+  std::string WhichAreDefaults() const;
   void ReadNumberForm();
   const Json* MemberOfTypes(const char* key, std::initializer_list<FieldType> types) const;
-  std::vector<std::string> TextsIn(const Json& array, const char* key) const;
+  const Json& ArrayIn(const Json* member, const char* key) const;
+  std::vector<std::string> TextsIn(const Json* member, const char* key) const;
   std::string CharacterIn(const char* key, const Json& value) const;
   void SettleType(const Json& categories);
   ValueLabel ReadCategory(const Json& category) const;
@@ -143,12 +150,6 @@ CodebookField FieldReader::Read() {
   ReadMissingValues();
   ReadNumberForm();
   return std::move(fField);
-}
-
-// Null where the member is absent or null.
-const Json* FieldReader::Member(const Json& object, const char* key) const {
-  const auto found = object.find(key);
-  return found == object.end() || found->is_null() ? nullptr : &*found;
 }
 
 std::string FieldReader::TextOf(const Json& value, const std::string& what) const {
@@ -184,7 +185,7 @@ void FieldReader::ReadType() {
                      fTypeName));
   }
   if (known == kTypes.end()) {
-    Fail(fmt::format("the type \"{}\" is none of string, integer, number, boolean and year", fTypeName));
+    Fail(fmt::format("the type \"{}\" is not one of string, integer, number, boolean, year and any", fTypeName));
   }
   fField.type = known->second;
 }
@@ -220,7 +221,7 @@ void FieldReader::ReadMaxLength() {
 }
 
 const Json& ValueOf(const Json& category) {
-  return category.is_object() && category.contains("value") ? category["value"] : category;
+  return category.contains("value") ? category["value"] : category;
 }
 
 void FieldReader::SettleType(const Json& categories) {
@@ -238,12 +239,7 @@ void FieldReader::SettleType(const Json& categories) {
 }
 
 void FieldReader::ReadCategories() {
-  const Json* member = Member(fJson, "categories");
-  const Json none = Json::array();
-  const Json& categories = member == nullptr ? none : *member;
-  if (!categories.is_array()) {
-    Fail("its categories are not a JSON array");
-  }
+  const Json& categories = ArrayIn(Member(fJson, "categories"), "categories");
   SettleType(categories);
   std::unordered_set<std::string> values;
   for (const Json& category : categories) {
@@ -258,18 +254,36 @@ void FieldReader::ReadCategories() {
 /// Those of the field take the place of those of the whole codebook.
 void FieldReader::ReadMissingValues() {
   const Json* own = Member(fJson, "missingValues");
-  if (const Json* values = own == nullptr ? fMissingValues : own) {
-    fField.missingValues = TextsIn(*values, "missingValues");
-  }
+  fField.missingValues = TextsIn(own == nullptr ? fMissingValues : own, "missingValues");
 }
 
 void FieldReader::ReadBooleans() {
+  if (fField.type == FieldType::kBoolean) {
+    fField.trueValues = {"1", "true", "True", "TRUE"};
+    fField.falseValues = {"0", "false", "False", "FALSE"};
+  }
   if (const Json* values = MemberOfTypes("trueValues", {FieldType::kBoolean})) {
-    fField.trueValues = TextsIn(*values, "trueValues");
+    fField.trueValues = TextsIn(values, "trueValues");
   }
   if (const Json* values = MemberOfTypes("falseValues", {FieldType::kBoolean})) {
-    fField.falseValues = TextsIn(*values, "falseValues");
+    fField.falseValues = TextsIn(values, "falseValues");
   }
+  for (const std::string& text : fField.trueValues) {
+    if (std::find(fField.falseValues.begin(), fField.falseValues.end(), text) != fField.falseValues.end()) {
+      Fail(fmt::format("the text \"{}\" is in both its trueValues and its falseValues{}", Shortened(text),
+                       WhichAreDefaults()));
+    }
+  }
+}
+
+/// A field that gives only one of the two has the other as Table Schema sets it.
+std::string FieldReader::WhichAreDefaults() const {
+  for (const char* key : {"trueValues", "falseValues"}) {
+    if (Member(fJson, key) == nullptr) {
+      return fmt::format("; without {} it has the default", key);
+    }
+  }
+  return "";
 }
 
 void FieldReader::ReadNumberForm() {
@@ -298,13 +312,19 @@ const Json* FieldReader::MemberOfTypes(const char* key, std::initializer_list<Fi
   return member;
 }
 
-/// Each entry is a text, or an object with a text "value".
-std::vector<std::string> FieldReader::TextsIn(const Json& array, const char* key) const {
-  if (!array.is_array()) {
+/// The array that a member is; an empty one where it is absent.
+const Json& FieldReader::ArrayIn(const Json* member, const char* key) const {
+  static const Json kNone = Json::array();
+  if (member != nullptr && !member->is_array()) {
     Fail(fmt::format("its {} are not a JSON array", key));
   }
+  return member == nullptr ? kNone : *member;
+}
+
+/// Each entry is a text, or an object with a text "value".
+std::vector<std::string> FieldReader::TextsIn(const Json* member, const char* key) const {
   std::vector<std::string> texts;
-  for (const Json& entry : array) {
+  for (const Json& entry : ArrayIn(member, key)) {
     texts.push_back(TextOf(ValueOf(entry), fmt::format("an entry of its {}", key)));
   }
   return texts;
@@ -323,7 +343,7 @@ ValueLabel FieldReader::ReadCategory(const Json& category) const {
     Fail("one of its categories has no value");
   }
   const std::string value = CategoryValue(ValueOf(category));
-  const Json* label = category.is_object() ? Member(category, "label") : nullptr;
+  const Json* label = Member(category, "label");
   return {value, label == nullptr ? value : TextOf(*label, "the label of a category")};
 }
 
@@ -369,7 +389,7 @@ void FieldReader::FailToFit(const Json& value) const {
 }
 
 Json& FieldsOf(Json& codebook, const std::string& path) {
-  if (!codebook.is_object() || !codebook.contains("fields") || !codebook["fields"].is_array()) {
+  if (!codebook.contains("fields") || !codebook["fields"].is_array()) {
     throw Error(path + " is not a Table Schema: it has no array \"fields\".");
   }
   return codebook["fields"];
@@ -381,8 +401,7 @@ std::vector<CodebookField> ReadCodebook(const std::string& path) {
   Json codebook = ParseJson(path);
   std::vector<CodebookField> fields;
   std::unordered_set<std::string> names;
-  const auto found = codebook.is_object() ? codebook.find("missingValues") : codebook.end();
-  const Json* missingValues = found == codebook.end() || found->is_null() ? nullptr : &*found;
+  const Json* missingValues = Member(codebook, "missingValues");
   for (Json& json : FieldsOf(codebook, path)) {
     fields.push_back(FieldReader(path, json, fields.size() + 1, missingValues).Read());
     json = nullptr;  // read, and large where there are many

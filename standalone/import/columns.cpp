@@ -29,10 +29,6 @@ bool IsWhole(std::string_view number) {
   return value && *value == std::floor(*value);
 }
 
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
-}
-
 std::string Quoted(std::string_view text) {
   return fmt::format("\"{}\"", Shortened(text));
 }
@@ -57,11 +53,15 @@ std::unordered_map<std::string, std::size_t> IndexNames(const std::vector<std::s
 
 }  // namespace
 
-Column::Column(CodebookField field) : fField(std::move(field)) {}
+Column::Column(CodebookField field)
+    : fField(std::move(field)),
+      fHasPlainForm(fField.decimalChar == "." && fField.groupChar.empty() &&
+                    std::all_of(fField.missingValues.begin(), fField.missingValues.end(),
+                                [](const std::string& one) { return one.empty(); })) {}
 
-void Column::Learn(std::string_view cell) {
+void Column::LearnFrom(std::string_view cell) {
   const std::string_view text = Trimmed(cell, kCellBlanks);
-  if (IsSettled() || text.empty() || IsMissing(cell)) {
+  if (text.empty() || IsMissing(cell)) {
     return;
   }
   fHasNumber = true;
@@ -100,7 +100,7 @@ bool Column::IsStringForFewCells() const {
   constexpr std::size_t kFew = 3;
   constexpr std::size_t kShare = 20;
   const bool isFew = fOdd.count <= std::max(kFew, (fOdd.count + fOdd.numbers) / kShare);
-  return fOdd.count > 0 && isFew && fOdd.numbers >= 3 * fOdd.count;
+  return fOdd.count > 0 && isFew && fOdd.numbers >= 2 * fOdd.count;
 }
 
 /// Ends where the column is one of texts, as most are.
@@ -112,14 +112,17 @@ void Column::CountOdd(std::string_view cell, std::size_t line) {
   }
   if (IsJsonNumber(text)) {
     ++fOdd.numbers;
-  } else if (fOdd.count++ == 0) {
-    fOdd.line = line;
-    fOdd.text = Shortened(text);
+  } else {
+    fOdd.inOtherForm += JsonNumber(text, fScratch) ? 1 : 0;
+    if (fOdd.count++ == 0) {
+      fOdd.line = line;
+      fOdd.text = Shortened(text);
+    }
   }
   fIsStringByData = fOdd.count <= kMaxOdd + fOdd.numbers;
 }
 
-std::optional<std::string> Column::Convert(std::string_view& cell, std::size_t line) {
+std::optional<std::string> Column::ConvertFrom(std::string_view& cell, std::size_t line) {
   if (!fField.missingValues.empty() && IsMissing(cell)) {
     cell = {};
     return std::nullopt;

@@ -11,12 +11,13 @@
 
 namespace standalone {
 
-/// Cells that are not numbers in a column of numbers.
+/// Cells that keep a column of numbers from being numeric.
 struct OddCells {
   std::size_t count = 0;
-  std::size_t numbers = 0;  ///< the other cells, without missing ones
-  std::size_t line = 0;     ///< of the first
-  std::string text;         ///< of the first
+  std::size_t inOtherForm = 0;  ///< of these, numbers that would not stay as they are written, such as 007
+  std::size_t numbers = 0;      ///< the other cells, without missing ones
+  std::size_t line = 0;         ///< of the first
+  std::string text;             ///< of the first
 };
 
 /// One column of the data, which becomes one variable.
@@ -25,7 +26,11 @@ class Column {
   explicit Column(CodebookField field);
 
   /// Learns from a cell; only of use while the type comes from the data.
-  void Learn(std::string_view cell);
+  void Learn(std::string_view cell) {
+    if (!IsSettled() && !(fHasNumber && IsPlainNumber(cell))) {
+      LearnFrom(cell);
+    }
+  }
 
   /// Whether no more cells need be learned from.
   bool IsSettled() const { return fField.type != FieldType::kFromData; }
@@ -37,15 +42,23 @@ class Column {
   /// The variable; of a string without maxLength, with the width of its longest value.
   Variable ToVariable() const;
 
-  /// Where the type came from the data and it became a string although most cells are numbers: how many are not.
+  /// Where the type came from the data and it became a string although most cells are numbers: how many keep it from
+  /// that.
   const OddCells& Odd() const { return fOdd; }
   bool IsStringForFewCells() const;
 
   /// Turns a cell into what DatasetWriter::AddCase() takes, valid until the next call. Otherwise says what is wrong
   /// with it, as the end of a sentence. Only after the type is settled. `line` is where the cell stands.
-  std::optional<std::string> Convert(std::string_view& cell, std::size_t line);
+  std::optional<std::string> Convert(std::string_view& cell, std::size_t line) {
+    return fField.type == FieldType::kNumber && IsPlainNumber(cell) ? std::nullopt : ConvertFrom(cell, line);
+  }
 
  private:
+  /// Whether the cell is one of the most usual ones of a column of numbers, which need no conversion: empty, or up to
+  /// fifteen digits without a zero before them, and without or with a point between them.
+  bool IsPlainNumber(std::string_view cell) const;
+  void LearnFrom(std::string_view cell);
+  std::optional<std::string> ConvertFrom(std::string_view& cell, std::size_t line);
   bool IsMissing(std::string_view cell) const;
   void CountOdd(std::string_view cell, std::size_t line);
   std::optional<std::string> ConvertString(std::string_view cell) const;
@@ -54,12 +67,34 @@ class Column {
   std::optional<std::string> ConvertBoolean(std::string_view& cell) const;
 
   CodebookField fField;
+  bool fHasPlainForm;  // neither missing values nor marks of its own
   bool fHasNumber = false;
   bool fIsStringByData = false;
   OddCells fOdd;
   std::string fPlain;
   std::string fScratch;
 };
+
+inline bool Column::IsPlainNumber(std::string_view cell) const {
+  constexpr std::size_t kMost = 16;
+  if (!fHasPlainForm || cell.size() > kMost) {
+    return false;
+  }
+  const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+  if (cell.size() <= 1) {
+    return cell.empty() || isDigit(cell[0]);
+  }
+  bool hasPoint = false;
+  for (const char c : cell) {
+    if (!isDigit(c)) {
+      if (c != '.' || hasPoint) {
+        return false;
+      }
+      hasPoint = true;
+    }
+  }
+  return isDigit(cell.back()) && cell[0] != '.' && (cell[0] != '0' || cell[1] == '.');
+}
 
 /// The columns of a header in its order, with what the codebook says of them. Throws Error when a name is invalid
 /// or occurs twice, or the codebook names a column that is not there.

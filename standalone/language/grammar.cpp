@@ -196,6 +196,11 @@ bool NamesKeyword(std::string_view upperCaseToken, std::string_view keyword) {
          (upperCaseToken.size() >= kShortestAbbreviation && keyword.substr(0, upperCaseToken.size()) == upperCaseToken);
 }
 
+bool NamesCommand(std::string_view upperCaseWord) {
+  return std::any_of(kCommands.begin(), kCommands.end(),
+                     [=](std::string_view command) { return NamesKeyword(upperCaseWord, command); });
+}
+
 bool NamesKeyword(const Token& token, std::string_view keyword) {
   return IsWord(token) && NamesKeyword(ToUpper(token.text), keyword);
 }

@@ -1,6 +1,7 @@
 #ifndef STANDALONE_LANGUAGE_GRAMMAR_H
 #define STANDALONE_LANGUAGE_GRAMMAR_H
 
+#include <array>
 #include <cstddef>
 #include <optional>
 #include <string_view>
@@ -14,6 +15,11 @@ namespace standalone {
 // module says.
 
 inline constexpr std::string_view kMrsetCommand = "MRSET";
+
+/// The other command, whose grammar is in tabulation/.
+inline constexpr std::string_view kTabulateCommand = "TABULATE";
+
+inline constexpr std::array<std::string_view, 2> kCommands = {kMrsetCommand, kTabulateCommand};
 
 /// What comes after a keyword and its "=".
 enum class ValueKind {
@@ -68,6 +74,9 @@ Expectation ExpectedAfter(const std::vector<Token>& tokens, std::size_t count);
 
 /// Whether an upper-case token names a keyword: the whole of it, or its first letters, three at least.
 bool NamesKeyword(std::string_view upperCaseToken, std::string_view keyword);
+
+/// Whether an upper-case word names a command.
+bool NamesCommand(std::string_view upperCaseWord);
 
 /// Whether the token is a word that names the keyword.
 bool NamesKeyword(const Token& token, std::string_view keyword);

@@ -1,12 +1,11 @@
 #include "standalone/language/tokenizer.h"
 
-#include <locale.h>
-#include <stdlib.h>
-
+#include <cstdlib>
 #include <utility>
 
 #include "standalone/language/comments.h"
 #include "standalone/text/names.h"
+#include "standalone/text/number_text.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {
@@ -21,7 +20,7 @@ bool IsSign(char c) {
 }
 
 std::size_t EndOfDigits(std::string_view text, std::size_t offset) {
-  while (CharAt(text, offset) >= '0' && CharAt(text, offset) <= '9') {
+  while (IsDigit(CharAt(text, offset))) {
     ++offset;
   }
   return offset;
@@ -50,14 +49,6 @@ std::size_t EndOfNumber(std::string_view text, std::size_t offset) {
   const std::size_t begin = IsSign(text[offset]) ? offset + 1 : offset;
   const std::size_t end = EndOfFraction(text, EndOfDigits(text, begin));
   return end == begin ? offset : EndOfExponent(text, end);
-}
-
-/// The value of a number as written, whatever the locale; infinite when it is too large.
-double ValueOf(const std::string& number) {
-  const locale_t classic = newlocale(LC_ALL_MASK, "C", nullptr);
-  const double value = strtod_l(number.c_str(), nullptr, classic);
-  freelocale(classic);
-  return value;
 }
 
 int CodeOfSymbol(std::string_view text, std::size_t offset) {
@@ -131,7 +122,7 @@ void Tokenizer::ReadToken() {
     AddWord(EndOfName(fText, fOffset));
   } else if (numberEnd > fOffset) {
     Token& token = AddAsWritten(TokenSequenceBase::kNumber, numberEnd);
-    token.number = ValueOf(token.text);
+    token.number = std::strtod(token.text.c_str(), nullptr);  // infinite when it is too large
   } else if (c == '\'' || c == '"') {
     ReadString();
   } else {

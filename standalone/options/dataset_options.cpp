@@ -9,8 +9,9 @@
 #include <string>
 
 #include "standalone/options/value_type.h"
-#include "standalone/options/whole_number.h"
 #include "standalone/text/notice.h"
+#include "standalone/text/number_text.h"
+#include "standalone/text/visible.h"
 
 namespace standalone {
 namespace {
@@ -20,9 +21,8 @@ std::string SecondsComplaint(const std::string& seconds) {
   if (WholeNumber(seconds)) {
     return {};
   }
-  const bool isNumber = !seconds.empty() && seconds.find_first_not_of("0123456789") == std::string::npos;
-  return seconds + (isNumber ? " has more than nine digits; 999999999 seconds is the longest wait"
-                             : " is not a whole number of seconds");
+  return ShownValue(seconds) + (IsDigits(seconds) ? " has more than nine digits; 999999999 seconds is the longest wait"
+                                                  : " is not a whole number of seconds");
 }
 
 }  // namespace

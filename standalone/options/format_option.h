@@ -2,36 +2,21 @@
 #define STANDALONE_OPTIONS_FORMAT_OPTION_H
 
 #include <CLI/App.hpp>
-#include <algorithm>
 #include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "standalone/output/plain/paint.h"
+#include "standalone/output/formats.h"
 
 namespace standalone {
 
 /// How a subcommand's results are written, as the user gave it.
 struct FormatOptions {
-  std::string format;
-  std::string colour;
+  std::string format = kTextFormat;
+  std::string colour = "auto";
   std::optional<std::size_t> width;
 };
-
-/// The names of formats, structs with a member `name`.
-template <typename Formats>
-std::vector<std::string> FormatNames(const Formats& formats) {
-  std::vector<std::string> names(formats.size());
-  std::transform(formats.begin(), formats.end(), names.begin(), [](const auto& format) { return format.name; });
-  return names;
-}
-
-/// The format of that name, which is there.
-template <typename Formats>
-const auto& FormatNamed(const Formats& formats, const std::string& name) {
-  return *std::find_if(formats.begin(), formats.end(), [&](const auto& format) { return name == format.name; });
-}
 
 /// Adds --format, one of `names`, the first unless the user says otherwise.
 void AddFormatOption(CLI::App& app, const std::vector<std::string>& names, std::string& format);
@@ -42,9 +27,12 @@ void AddWidthOption(CLI::App& app, std::optional<std::size_t>& width);
 /// Adds --format, as above, --color and --width.
 void AddFormatOptions(CLI::App& app, const std::vector<std::string>& names, FormatOptions& options);
 
-/// The colour of text output: unless --color says otherwise, where it goes to a terminal that knows colours and
-/// NO_COLOR is not set to anything.
-Colour ChosenColour(const FormatOptions& options, bool isTerminal);
+/// How text looks in a file. The colour: unless --color says otherwise, where text goes to a terminal that knows
+/// colours and NO_COLOR is not set to anything.
+OutputLook LookOfFile(const FormatOptions& options);
+
+/// The same on standard output.
+OutputLook LookOfOutput(const FormatOptions& options);
 
 }  // namespace standalone
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "standalone/language/place.h"
+#include "standalone/tabulation/tabulation.h"
 
 namespace standalone {
 
@@ -41,7 +42,7 @@ struct Table {
   std::vector<TableRow> rows;
 };
 
-using Item = std::variant<Message, Table>;
+using Item = std::variant<Message, Table, Tabulation>;
 
 /// Whether the item is a message at error level.
 inline bool IsErrorMessage(const Item& item) {

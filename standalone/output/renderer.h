@@ -1,13 +1,10 @@
 #ifndef STANDALONE_OUTPUT_RENDERER_H
 #define STANDALONE_OUTPUT_RENDERER_H
 
-#include <cstddef>
 #include <iosfwd>
 #include <memory>
-#include <string>
 
 #include "standalone/output/items.h"
-#include "standalone/output/plain/paint.h"
 #include "standalone/output/table_writer.h"
 
 namespace standalone {
@@ -24,31 +21,24 @@ class Renderer {
 
 // The streams must outlive the renderer.
 
-/// Whether the commands are shown with their results.
-enum class Echo { kCommands, kNothing };
-
-/// For people: messages, and tables that fit `width` terminal columns.
-std::unique_ptr<Renderer> MakeTextRenderer(std::ostream& stream, std::size_t width, Colour colour = Colour::kNone,
-                                           Echo echo = Echo::kCommands);
+/// For people: messages, and tables that fit the look's width.
+std::unique_ptr<Renderer> MakeTextRenderer(std::ostream& stream, const OutputLook& look);
 
 /// For programs: one JSON object a line.
-std::unique_ptr<Renderer> MakeJsonRenderer(std::ostream& stream);
-
-/// What a page says of the whole run.
-struct PageHeading {
-  std::string dataset;    ///< its name
-  bool isDryRun = false;  ///< nothing was saved
-};
+std::unique_ptr<Renderer> MakeJsonRenderer(std::ostream& stream, const OutputLook& look);
 
 /// For people: one self-contained HTML page with a summary at the top. Nothing is written before Finish(); until then
 /// the page waits on the disk. Throws std::runtime_error with one sentence where that cannot be.
-std::unique_ptr<Renderer> MakeHtmlRenderer(std::ostream& stream, const PageHeading& heading);
+std::unique_ptr<Renderer> MakeHtmlRenderer(std::ostream& stream, const OutputLook& look);
 
 /// For documents: GitHub Flavored Markdown.
-std::unique_ptr<Renderer> MakeMarkdownRenderer(std::ostream& stream);
+std::unique_ptr<Renderer> MakeMarkdownRenderer(std::ostream& stream, const OutputLook& look);
 
-/// For spreadsheets and programs: the rows of all tables as CSV with a header row; messages go to `messages`.
-std::unique_ptr<Renderer> MakeCsvRenderer(std::ostream& stream, std::ostream& messages, CsvCharacters characters);
+/// For spreadsheets and programs: the rows of all tables as CSV with a header row; messages go to the look's stream.
+std::unique_ptr<Renderer> MakeCsvRenderer(std::ostream& stream, const OutputLook& look);
+
+/// For spreadsheets: a workbook with a sheet for each table, and one for the messages. Written as a page is.
+std::unique_ptr<Renderer> MakeXlsxRenderer(std::ostream& stream, const OutputLook& look);
 
 }  // namespace standalone
 

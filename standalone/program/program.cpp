@@ -31,10 +31,11 @@
 namespace standalone {
 namespace {
 
-constexpr std::array<Subcommand, 11> kSubcommands = {{
+constexpr std::array<Subcommand, 12> kSubcommands = {{
     {"import", "Read a survey from CSV into a dataset", DeclareImport},
     {"run", "Run commands on a dataset", DeclareRun},
     {"shell", "Type commands on a dataset, with help and completion", DeclareShell},
+    {"tabulate", "Count multiple response sets in tables", DeclareTabulate},
     {"sets", "List a dataset's multiple response sets", DeclareSets},
     {"variables", "List a dataset's variables", DeclareVariables},
     {"log", "List the changes of a dataset's sets, and its imports", DeclareLog},
@@ -128,8 +129,8 @@ int ParseAndPerform(int argc, const char* const* argv) {
 }  // namespace
 
 std::unique_ptr<CLI::App> DeclareProgram(Action& chosen) {
-  auto app = std::make_unique<CLI::App>("mrset defines, displays and deletes the multiple response sets of a survey.",
-                                        "mrset");
+  auto app =
+      std::make_unique<CLI::App>("mrset defines, displays and counts the multiple response sets of a survey.", "mrset");
   app->set_version_flag("--version", "mrset " + Version(), "Show the version");
   app->formatter(std::make_shared<HelpFormatter>());
   app->set_help_flag("-h,--help", "Show this help");

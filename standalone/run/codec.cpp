@@ -47,6 +47,50 @@ void serialize(Archive& archive, Table& table) {
 }
 
 template <typename Archive>
+void serialize(Archive& archive, TabulationFigures& figures) {
+  archive(figures.count, figures.percentOfCases, figures.percentOfResponses, figures.standardError, figures.interval);
+}
+
+template <typename Archive>
+void serialize(Archive& archive, TabulatedCases& cases) {
+  archive(cases.all, cases.answered, cases.noneChosen, cases.missing, cases.base);
+}
+
+template <typename Archive>
+void serialize(Archive& archive, TabulationColumn& column) {
+  archive(column.by, column.values, column.labels, column.cases, column.weightedBase, column.effectiveBase,
+          column.responses, column.responsesPerCase);
+}
+
+template <typename Archive>
+void serialize(Archive& archive, TabulationCell& cell) {
+  archive(cell.cases, cell.count, cell.percentOfCases, cell.percentOfResponses, cell.standardError, cell.low, cell.high,
+          cell.designEffect);
+}
+
+template <typename Archive>
+void serialize(Archive& archive, TabulationRow& row) {
+  archive(row.member, row.label, row.isNet, row.cells);
+}
+
+template <typename Archive>
+void serialize(Archive& archive, MemberTest& test) {
+  archive(test.member, test.byMember, test.statistic, test.degreesOfFreedom, test.p, test.adjustedP);
+}
+
+template <typename Archive>
+void serialize(Archive& archive, TabulationTest& test) {
+  archive(test.by, test.statistic, test.corrected, test.degreesOfFreedom, test.p, test.members);
+}
+
+template <typename Archive>
+void serialize(Archive& archive, Tabulation& tabulation) {
+  archive(tabulation.set, tabulation.label, tabulation.base, tabulation.weight, tabulation.where, tabulation.hasErrors,
+          tabulation.hasTests, tabulation.figures, tabulation.confidence, tabulation.minBase, tabulation.decimals,
+          tabulation.columns, tabulation.rows, tabulation.tests, tabulation.notes);
+}
+
+template <typename Archive>
 void serialize(Archive& archive, ProcedureOpened& event) {
   archive(event.title);
 }

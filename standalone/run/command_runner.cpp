@@ -7,6 +7,7 @@
 
 #include "standalone/dataset/retry.h"
 #include "standalone/hints/adviser.h"
+#include "standalone/hints/choice_hints.h"
 #include "standalone/language/grammar.h"
 #include "standalone/language/nearest_name.h"
 #include "standalone/language/place.h"
@@ -20,26 +21,17 @@
 namespace standalone {
 namespace {
 
-constexpr const char* kMrset = "MRSET";
-
-bool NamesMrset(const Token& token) {
-  return NamesKeyword(token, kMrset);
-}
-
 Place PlaceIn(const ScriptCommand& command, std::size_t offset, std::size_t size) {
   return PlaceFinder(command.text, command.line, command.before).At(offset, size);
 }
 
 Message NotACommand(const ScriptCommand& command, const Token& token) {
-  Message message{
-      Level::kError,
-      fmt::format("Line {}: {} is not a command. The command here is {}.", command.line, Shortened(token.text), kMrset),
-      PlaceIn(command, token.offset, token.length)};
-  if (IsWord(token) && MeantWord(token.text, {kMrset})) {
-    message.hint = DidYouMean(kMrset);
-  } else {
-    message.hint = HintOnBeginning(command.text);
-  }
+  Message message{Level::kError,
+                  fmt::format("Line {}: {} is not a command. The commands here are {}.", command.line,
+                              Shortened(token.text), fmt::join(kCommands, " and ")),
+                  PlaceIn(command, token.offset, token.length)};
+  const auto meant = IsWord(token) ? MeantWord(token.text, {kCommands.begin(), kCommands.end()}) : std::nullopt;
+  message.hint = meant ? DidYouMean(*meant) : HintOnBeginning(command.text);
   return message;
 }
 
@@ -51,8 +43,12 @@ Message Unreadable(const ScriptCommand& command, const TokenizerError& error) {
 
 }  // namespace
 
-CommandRunner::CommandRunner(const std::string& datasetPath, bool dryRun, Tell tell, const DatasetOptions& options)
-    : fDataset(datasetPath, options), fDryRun(dryRun), fTell(std::move(tell)) {
+CommandRunner::CommandRunner(const std::string& datasetPath, bool dryRun, Tell tell, const DatasetOptions& options,
+                             BeginCounting beginCounting)
+    : fDataset(datasetPath, options),
+      fDryRun(dryRun),
+      fTell(std::move(tell)),
+      fBeginCounting(std::move(beginCounting)) {
   fSink.procedure = [this](const std::string& title) { fTell(ProcedureOpened{title}); };
   fSink.item = [this](const Item& item) { std::visit(fTell, item); };
 }
@@ -63,17 +59,21 @@ bool CommandRunner::Run(const ScriptCommand& command) {
   }
   try {
     const std::vector<Token> tokens = Tokenize(command.text);
-    if (NamesMrset(tokens.front())) {
-      return RunTokens(command, tokens);
+    if (NamesKeyword(tokens.front(), kMrsetCommand)) {
+      return RunMrset(command, tokens);
     }
-    fTell(NotACommand(command, tokens.front()));
+    if (NamesKeyword(tokens.front(), kTabulateCommand)) {
+      Tabulate(command, tokens);
+    } else {
+      fTell(NotACommand(command, tokens.front()));
+    }
   } catch (const TokenizerError& error) {
     fTell(Unreadable(command, error));
   }
   return false;
 }
 
-bool CommandRunner::RunTokens(const ScriptCommand& command, const std::vector<Token>& tokens) {
+bool CommandRunner::RunMrset(const ScriptCommand& command, const std::vector<Token>& tokens) {
   if (fMrset == nullptr) {
     fMrset = LoadMrsetModule();
   }
@@ -112,9 +112,21 @@ Dataset::Saved CommandRunner::TryRun(const ScriptCommand& command, const std::ve
   return fDataset.SaveSets(*context.SavedSets(), command.text);
 }
 
+/// The dataset is let go before the tables are told.
+void CommandRunner::Tabulate(const ScriptCommand& command, const std::vector<Token>& tokens) {
+  fTell(ProcedureOpened{kTabulateProcedure});
+  fDataset.BeginTransaction(Access::kShared);
+  const SetList sets = fDryRunSets ? *fDryRunSets : fDataset.SharedSets();
+  const std::vector<Item> items = RunTabulate(command, tokens, fDataset, sets, fBeginCounting);
+  fDataset.EndTransaction();
+  for (const Item& item : items) {
+    std::visit(fTell, item);
+  }
+}
+
 /// From the state of the dataset that the command itself saw.
 void CommandRunner::GiveHints(const SetList& before, const SetList& after) {
-  for (const std::string& hint : fChoiceHints.HintsOnChange(before, after)) {
+  for (const std::string& hint : HintsOnChoices(fDataset, before, after)) {
     fTell(HintGiven{hint});
   }
 }

@@ -6,12 +6,12 @@
 #include <vector>
 
 #include "standalone/dataset/dataset.h"
-#include "standalone/hints/choice_hints.h"
 #include "standalone/host/command_context.h"
 #include "standalone/host/set_exchange.h"
 #include "standalone/language/script.h"
 #include "standalone/run/events.h"
 #include "standalone/run/module.h"
+#include "standalone/run/tabulate_run.h"
 
 namespace standalone {
 
@@ -20,13 +20,15 @@ class CommandRunner {
  public:
   /// Opens the dataset. In a dry run nothing is written, and each command finds the sets that the one before it left.
   /// Throws Error.
-  CommandRunner(const std::string& datasetPath, bool dryRun, Tell tell, const DatasetOptions& options = {});
+  CommandRunner(const std::string& datasetPath, bool dryRun, Tell tell, const DatasetOptions& options = {},
+                BeginCounting beginCounting = {});
 
   /// Runs one command, telling all that it puts out. Whether it changed the dataset. Throws Error.
   bool Run(const ScriptCommand& command);
 
  private:
-  bool RunTokens(const ScriptCommand& command, const std::vector<Token>& tokens);
+  bool RunMrset(const ScriptCommand& command, const std::vector<Token>& tokens);
+  void Tabulate(const ScriptCommand& command, const std::vector<Token>& tokens);
   Dataset::Saved TryRun(const ScriptCommand& command, const std::vector<Token>& tokens, Access access);
   void GiveHints(const SetList& before, const SetList& after);
 
@@ -35,8 +37,8 @@ class CommandRunner {
   std::optional<SetList> fDryRunSets;  // none before a command saved
   SetExchange fExchange;
   Tell fTell;
+  BeginCounting fBeginCounting;
   OutputSink fSink;
-  ChoiceHints fChoiceHints{fDataset};
   CommandEntry fMrset = nullptr;  // loaded by the first command that needs it
 };
 

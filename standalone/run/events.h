@@ -31,7 +31,8 @@ struct SaveBegun {};
 /// The command starts over: what it has told so far does not count.
 struct CommandRestarted {};
 
-using Event = std::variant<ProcedureOpened, Message, Table, HintGiven, DryRunTold, SaveBegun, CommandRestarted>;
+using Event =
+    std::variant<ProcedureOpened, Message, Table, Tabulation, HintGiven, DryRunTold, SaveBegun, CommandRestarted>;
 
 using Tell = std::function<void(const Event& event)>;
 

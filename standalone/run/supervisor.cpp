@@ -18,7 +18,13 @@ const char* SentenceOnSaved(std::optional<bool> hasChanged) {
   if (!hasChanged) {
     return " Whether its change was saved is not known.";
   }
-  return *hasChanged ? " The change of the command is saved all the same." : "";
+  return *hasChanged ? " The change of the command is saved nevertheless." : "";
+}
+
+/// Of a process that ended before its command did.
+std::string SentenceOnEnd(const Worker& worker) {
+  return worker.HasGivenUp() ? "There is not enough memory, or another resource, to run the command."
+                             : worker.LastWords();
 }
 
 void Take(Event event, CommandResult& result) {
@@ -30,6 +36,8 @@ void Take(Event event, CommandResult& result) {
     result.items.emplace_back(std::move(*message));
   } else if (auto* table = std::get_if<Table>(&event)) {
     result.items.emplace_back(std::move(*table));
+  } else if (auto* tabulation = std::get_if<Tabulation>(&event)) {
+    result.items.emplace_back(std::move(*tabulation));
   } else if (auto* given = std::get_if<HintGiven>(&event)) {
     result.hints.push_back(std::move(given->hint));
   } else if (auto* told = std::get_if<DryRunTold>(&event)) {
@@ -66,14 +74,17 @@ void Supervisor::StartWorker() {
         notify(sentence);
       }
     };
-    const auto runner = std::make_shared<CommandRunner>(fRequest.datasetPath, fRequest.dryRun, tell, options);
+    const auto runner =
+        std::make_shared<CommandRunner>(fRequest.datasetPath, fRequest.dryRun, tell, options, fRequest.beginCounting);
     return [told, runner](const ScriptCommand& command) {
       told->clear();
       return runner->Run(command);
     };
   });
   for (const ScriptCommand& command : fRehearsed) {
-    fWorker->Run(command);
+    if (!fWorker->Run(command)) {
+      throw Error(SentenceOnEnd(*fWorker));
+    }
   }
 }
 
@@ -112,11 +123,10 @@ CommandResult Supervisor::Result(const ScriptCommand& command, const Worker& wor
 void Supervisor::Abort(CommandResult& result) {
   const std::unique_ptr<Worker> ended = std::move(fWorker);
   if (ended->HasGivenUp()) {
-    throw Error(std::string("There is not enough memory, or another resource, to run the command.") +
-                (result.isSaveOpen ? " Whether its change was saved is not known." : ""));
+    throw Error(SentenceOnEnd(*ended) + (result.isSaveOpen ? SentenceOnSaved(std::nullopt) : ""));
   }
   result.status = Status::kAborted;
-  result.items.emplace_back(Message{Level::kFatal, ended->LastWords()});
+  result.items.emplace_back(Message{Level::kFatal, SentenceOnEnd(*ended)});
   if (std::optional<std::string> hint = HintOnAbort(result.text)) {
     result.hints.push_back(std::move(*hint));
   }

@@ -8,6 +8,7 @@
 
 #include "standalone/language/script.h"
 #include "standalone/output/items.h"
+#include "standalone/run/tabulate_run.h"
 #include "standalone/run/worker.h"
 #include "standalone/storage/dataset_options.h"
 #include "standalone/text/error.h"
@@ -18,6 +19,7 @@ struct RunRequest {
   std::string datasetPath;
   bool dryRun = false;
   DatasetOptions datasetOptions = {};  ///< what is to be told of goes to standard error
+  BeginCounting beginCounting = {};    ///< is called in the process of the commands
 };
 
 /// Runs commands in a process of their own, which is replaced when a command ends it; so that costs exactly that

@@ -10,6 +10,8 @@
 #include "standalone/language/variable_list.h"
 #include "standalone/shell/help.h"
 #include "standalone/shell/shell_word.h"
+#include "standalone/shell/tabulate_candidates.h"
+#include "standalone/text/number_text.h"
 #include "standalone/text/unicode.h"
 #include "standalone/text/visible.h"
 
@@ -83,9 +85,7 @@ bool EndsInComment(std::string_view text, std::size_t offset) {
 /// The value as it stands in a command: quoted, or a whole number as it is. Nothing for one that cannot stand there.
 std::string AsCountedValue(const Variable& variable, const std::string& value) {
   if (variable.width == 0) {
-    const std::size_t digits = value[0] == '-' ? 1 : 0;
-    const bool isWhole = value.size() > digits && value.find_first_not_of("0123456789", digits) == std::string::npos;
-    return isWhole ? value : "";
+    return IsDigits(std::string_view(value).substr(value[0] == '-' ? 1 : 0)) ? value : "";
   }
   return Quoted(value);
 }
@@ -111,6 +111,7 @@ class Completer {
   void BeginWordAt(std::size_t offset);
 
   void AddFor(const Expectation& expectation);
+  void AddForTabulate();
   void AddCommands();
   void AddKeywords(const Expectation& expectation);
   void AddFirstOfValue(const Expectation& expectation);
@@ -158,13 +159,13 @@ Completion Completer::Complete() {
 /// Completes the argument of a command to the shell; false where there is no such command.
 bool Completer::CompleteShellCommand() {
   const std::optional<ShellCommand> command = ReadShellCommand(fText);
-  if (!command || (command->argument.empty() && !IsBlank(fText.back()))) {
+  if (!command || command->withValues || (command->argument.empty() && !IsBlank(fText.back()))) {
     return false;
   }
   BeginWordAt(command->argument.empty() ? fText.size() : fText.rfind(command->argument));
   fIsInLowerCase = !HasLetter(fWord) || fIsInLowerCase;
   if (command->rule->kind == ShellCommandKind::kHelp) {
-    for (const std::string_view topic : HelpTopics()) {
+    for (const std::string_view topic : ShellTopics()) {
       AddKeyword(topic);
     }
   } else if (command->rule->kind == ShellCommandKind::kVariables) {
@@ -189,6 +190,9 @@ void Completer::CompleteCommand() {
     return;  // the quote may be the first of a doubled one
   } else {
     BeginWordAt(fText.size());
+  }
+  if (!fTokens.empty() && NamesKeyword(fTokens[0], kTabulateCommand)) {
+    return AddForTabulate();
   }
   const Expectation expectation = ExpectedAfter(fTokens, fTokens.size());
   const bool isCountedValue =
@@ -229,9 +233,32 @@ void Completer::AddFor(const Expectation& expectation) {
   }
 }
 
+void Completer::AddForTabulate() {
+  const TabulateExpectation expectation = ExpectedInTabulate(fTokens, fTokens.size(), fText);
+  const TabulateCandidates candidates = CandidatesFor(expectation, fTokens, fSource);
+  for (const std::string& keyword : candidates.keywords) {
+    AddKeyword(keyword);
+  }
+  for (const std::string& symbol : candidates.symbols) {
+    Add(symbol);
+  }
+  SortByName();
+  for (const std::string& value : candidates.values) {
+    Add(value);
+  }
+  if (candidates.offersSets) {
+    AddSetNames(std::max<std::size_t>(expectation.valueBegin, 1), "");
+  }
+  if (candidates.offersVariables) {
+    AddVariables({}, 0);
+  }
+}
+
 /// The shell's own commands only stand on a line of their own.
 void Completer::AddCommands() {
-  AddKeyword(kMrsetCommand);
+  for (const std::string_view command : kCommands) {
+    AddKeyword(command);
+  }
   const std::string_view before = fText.substr(0, fCompletion.begin);
   if (!std::all_of(before.begin(), before.end(), IsBlank)) {
     return;
@@ -407,7 +434,7 @@ void Completer::SortByName() {
 std::string Completer::Insertion() const {
   if (fCompletion.candidates.size() == 1 && !fCompletion.isCut) {
     const std::string& only = fCompletion.candidates.front();
-    const bool goesOn = only.back() == '=' || only.back() == '[' || only == "$";
+    const bool goesOn = std::string_view("=[(/").find(only.back()) != std::string_view::npos || only == "$";
     return only + (goesOn ? "" : " ");
   }
   return fCommon && ToUpper(*fCommon).size() > fWord.size() ? *fCommon : "";

@@ -3,10 +3,12 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "standalone/dataset/stored_set.h"
 #include "standalone/dataset/variable.h"
 
 namespace standalone {
@@ -20,6 +22,9 @@ class CompletionSource {
   virtual ~CompletionSource() = default;
 
   virtual std::vector<std::string> SetNames() = 0;
+
+  /// The set of that name without regard to case.
+  virtual std::optional<StoredSet> FindSet(const std::string& name) = 0;
 
   /// Visits the variables from position `from` on whose upper-case names begin so, until `visit` returns false.
   virtual void VisitVariables(std::string_view beginning, int from, const VisitName& visit) = 0;

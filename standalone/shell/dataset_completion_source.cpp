@@ -1,6 +1,9 @@
 #include "standalone/shell/dataset_completion_source.h"
 
 #include <chrono>
+#include <utility>
+
+#include "standalone/text/unicode.h"
 
 namespace standalone {
 
@@ -10,6 +13,15 @@ std::vector<std::string> DatasetCompletionSource::SetNames() {
     names.push_back(set.name);
   }
   return names;
+}
+
+std::optional<StoredSet> DatasetCompletionSource::FindSet(const std::string& name) {
+  for (StoredSet& set : Opened().Sets()) {
+    if (CompareNoCase(set.name, name) == 0) {
+      return std::move(set);
+    }
+  }
+  return std::nullopt;
 }
 
 void DatasetCompletionSource::VisitVariables(std::string_view beginning, int from, const VisitName& visit) {

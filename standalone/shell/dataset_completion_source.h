@@ -18,6 +18,7 @@ class DatasetCompletionSource : public CompletionSource {
   explicit DatasetCompletionSource(std::string path) : fPath(std::move(path)) {}
 
   std::vector<std::string> SetNames() override;
+  std::optional<StoredSet> FindSet(const std::string& name) override;
   void VisitVariables(std::string_view beginning, int from, const VisitName& visit) override;
   int FindVariable(const std::string& name) override;
   const Variable& VariableAt(int position) override;

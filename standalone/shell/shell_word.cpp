@@ -8,6 +8,7 @@
 #include "standalone/language/comments.h"
 #include "standalone/language/grammar.h"
 #include "standalone/language/nearest_name.h"
+#include "standalone/language/slips.h"
 #include "standalone/text/trim.h"
 #include "standalone/text/unicode.h"
 
@@ -28,8 +29,19 @@ std::string FirstWord(std::string_view text) {
   return {text.begin(), end};
 }
 
+/// Whether the text ended in that word, in any case, which is then no longer in it.
+bool TakeLastWord(std::string_view word, std::string_view& text) {
+  const auto last = std::find_if(text.rbegin(), text.rend(), IsBlank).base();
+  const auto begin = static_cast<std::size_t>(last - text.begin());
+  if (CompareNoCase(text.substr(begin), word) != 0) {
+    return false;
+  }
+  text = Trimmed(text.substr(0, begin), kBlanks);
+  return true;
+}
+
 std::vector<std::string> AllCommands() {
-  std::vector<std::string> names = {std::string(kMrsetCommand)};
+  std::vector<std::string> names(kCommands.begin(), kCommands.end());
   for (const ShellCommandRule& rule : ShellCommands()) {
     names.emplace_back(rule.name);
   }
@@ -41,12 +53,13 @@ std::vector<std::string> AllCommands() {
 const std::vector<ShellCommandRule>& ShellCommands() {
   static const std::vector<ShellCommandRule> kRules = {
       {"exit", ShellCommandKind::kQuit, "", "the same as quit"},
-      {"help", ShellCommandKind::kHelp, "[TOPIC]", "this list; or on MRSET, MDGROUP, MCGROUP, DISPLAY, DELETE"},
+      {"help", ShellCommandKind::kHelp, "[TOPIC]", "this list; or a topic: undo, MDGROUP, TABULATE, ..."},
       {"log", ShellCommandKind::kLog, "", "the changes of the sets, the last one first"},
       {"quit", ShellCommandKind::kQuit, "", "leave the shell; so does Ctrl-D on an empty line"},
       {"sets", ShellCommandKind::kSets, "", "the dataset's sets"},
       {"undo", ShellCommandKind::kUndo, "[N]", "take back the last change, or all after N; twice restores"},
-      {"variables", ShellCommandKind::kVariables, "[PATTERN]", "the variables, or those with names such as q*"},
+      {"variables", ShellCommandKind::kVariables, "[PATTERN]",
+       "the variables, or such as q*; --values: what they hold"},
   };
   return kRules;
 }
@@ -61,7 +74,9 @@ std::optional<ShellCommand> ReadShellCommand(std::string_view line) {
   if (rule == rules.end()) {
     return std::nullopt;
   }
-  return ShellCommand{&*rule, std::string(Trimmed(line.substr(wordEnd), kBlanks))};
+  std::string_view argument = Trimmed(line.substr(wordEnd), kBlanks);
+  const bool withValues = rule->kind == ShellCommandKind::kVariables && TakeLastWord("--values", argument);
+  return ShellCommand{&*rule, std::string(argument), withValues};
 }
 
 bool ShellCommand::IsAsMeant() const {
@@ -70,14 +85,20 @@ bool ShellCommand::IsAsMeant() const {
 
 std::optional<std::string> RefusalOfUnknownCommand(std::string_view openText) {
   const std::string word = FirstWord(openText);
-  if (word[0] == '*' || NamesKeyword(ToUpper(word), kMrsetCommand)) {
+  if (word[0] == '*' || NamesCommand(ToUpper(word))) {
     return std::nullopt;
   }
   const std::string quoted = Shortened(word);
   const std::optional<std::string> meant = MeantWord(word, AllCommands());
-  return meant ? fmt::format("There is no command {}; did you mean {}?", quoted, *meant)
-               : fmt::format("There is no command {}; one begins with MRSET, or is one of those that help shows.",
-                             quoted);
+  if (CompareNoCase(word, "redo") == 0) {
+    return "There is no command redo; undo right after an undo restores the sets.";
+  }
+  if (meant) {
+    return fmt::format("There is no command {}; did you mean {}?", quoted, *meant);
+  }
+  return fmt::format(
+      "There is no command {}; {}.", quoted,
+      HintOnBeginning(openText).value_or("type MRSET or TABULATE, or one of the commands that help lists"));
 }
 
 }  // namespace standalone

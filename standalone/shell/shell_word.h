@@ -24,7 +24,8 @@ const std::vector<ShellCommandRule>& ShellCommands();
 
 struct ShellCommand {
   const ShellCommandRule* rule;
-  std::string argument;  ///< the rest of the line without the blanks around it and the final period
+  std::string argument;     ///< the rest of the line without the blanks around it and the final period
+  bool withValues = false;  ///< of variables: --values was the last word, which is not in the argument
 
   /// Whether it has what may follow it, at most one word.
   bool IsAsMeant() const;
@@ -33,8 +34,8 @@ struct ShellCommand {
 /// The shell's command that the first word of the line names, in any case; nothing for any other line.
 std::optional<ShellCommand> ReadShellCommand(std::string_view line);
 
-/// What to say where the command that begins so is neither MRSET nor a comment, and can never run: one sentence, with
-/// the command that was meant where one is near. Nothing where it may run.
+/// What to say where the command that begins so is neither MRSET, TABULATE nor a comment, and can never run: one
+/// sentence, with the command that was meant where one is near. Nothing where it may run.
 std::optional<std::string> RefusalOfUnknownCommand(std::string_view openText);
 
 }  // namespace standalone

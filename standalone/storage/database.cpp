@@ -214,7 +214,7 @@ void Database::Implementation::Fail(int result) const {
     case SQLITE_NOMEM:
       throw Error(fName + " cannot be used: there is not enough memory.");
     case SQLITE_TOOBIG:
-      throw Error(fName + " cannot be written: a case or text is longer than 1,000,000,000 bytes.");
+      throw Error(fName + " cannot be written: a block of cases or a text is longer than 1,000,000,000 bytes.");
     default:  // what is left comes of a schema or a value that this program does not write
       if (IsFaultOfSystem(number)) {
         throw Error(SystemFailure(number));
@@ -271,24 +271,6 @@ std::optional<std::string> Database::Commit() {
 void Database::LimitWork(bool isLimited) {
   constexpr int kWorkOfSoundFile = 3;  // thousands of SQLite's steps: a schema of ten rows takes some hundred
   fImplementation->fWorkLeft = isLimited ? std::make_optional(kWorkOfSoundFile) : std::nullopt;
-}
-
-// From a second connection: one that holds the right to write cannot be copied from. The file is not read past SQLite,
-// since closing a descriptor of it would release this process's locks.
-void Database::CopyInto(const std::string& path) const {
-  const Database source(fImplementation->fPath, fImplementation->fName);
-  const Database copy(path, path);
-  const Implementation& target = *copy.fImplementation;
-  // Without a journal, which would be a second file to remove where the copying is cut off.
-  target.Check(sqlite3_exec(target.fConnection, "PRAGMA journal_mode = MEMORY; PRAGMA synchronous = OFF", nullptr,
-                            nullptr, nullptr));
-  sqlite3_backup* backup = sqlite3_backup_init(target.fConnection, "main", source.fImplementation->fConnection, "main");
-  if (backup == nullptr) {
-    target.Check(sqlite3_errcode(target.fConnection));
-  }
-  const int stepped = sqlite3_backup_step(backup, -1);
-  target.Check(sqlite3_backup_finish(backup));
-  target.Check(stepped);
 }
 
 void Database::FailIfMoved() const {
@@ -354,6 +336,12 @@ Query& Query::Bind(std::string_view value) {
   return *this;
 }
 
+Query& Query::BindBlob(std::string_view value) {
+  const char* data = value.data() == nullptr ? "" : value.data();
+  fDatabase.fImplementation->Check(sqlite3_bind_blob64(fStatement, ++fBound, data, value.size(), SQLITE_STATIC));
+  return *this;
+}
+
 Query& Query::BindNull() {
   fDatabase.fImplementation->Check(sqlite3_bind_null(fStatement, ++fBound));
   return *this;
@@ -394,6 +382,18 @@ std::string Query::Text(int column) {
     fDatabase.FailAsDamaged();
   }
   return value;
+}
+
+std::string_view Query::Blob(int column) {
+  if (sqlite3_column_type(fStatement, column) != SQLITE_BLOB) {
+    fDatabase.FailAsDamaged();
+  }
+  const void* bytes = sqlite3_column_blob(fStatement, column);
+  const auto size = static_cast<std::size_t>(sqlite3_column_bytes(fStatement, column));
+  if (bytes == nullptr && size != 0) {
+    fDatabase.fImplementation->Check(SQLITE_NOMEM);
+  }
+  return {static_cast<const char*>(bytes), size};
 }
 
 bool Query::IsNull(int column) {

@@ -40,10 +40,6 @@ class Database {
   /// Adds another file under a schema's name.
   void Attach(const std::string& path, const char* schema);
 
-  /// Copies the file as it was last committed into the empty file at `path`, page by page. The connection may hold the
-  /// right to write, but must not have written.
-  void CopyInto(const std::string& path) const;
-
   /// Throws the sentence of a file that is no longer the one at its path.
   void FailIfMoved() const;
 
@@ -80,6 +76,7 @@ class Query {
   /// Gives the next parameter its value, from the first on. A text must live until the run ends.
   Query& Bind(std::int64_t value);
   Query& Bind(std::string_view value);
+  Query& BindBlob(std::string_view value);
   Query& BindNull();
 
   /// Whether there is a next row.
@@ -89,9 +86,10 @@ class Query {
   void Run();
 
   // Values of the current row by column, from 0. A value of another type than asked for, a text that is not UTF-8 or
-  // one with a NUL is the mark of a damaged file.
+  // one with a NUL is the mark of a damaged file. A BLOB is valid until the next step.
   std::int64_t Integer(int column);
   std::string Text(int column);
+  std::string_view Blob(int column);
   bool IsNull(int column);
 
  private:

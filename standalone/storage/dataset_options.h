@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace standalone {
@@ -14,9 +15,14 @@ struct DatasetOptions {
   /// Saves do not wait until they are on the disk: what ends the process costs nothing, but a power failure can cost
   /// the dataset.
   bool relaxed = false;
-  /// Gets a sentence, as it happens, where a user should know: a long wait for a lock, a file that is migrated. May be
-  /// empty.
+  /// Gets a sentence, as it happens, where a user should know: a long wait for a lock. May be empty.
   std::function<void(const std::string& sentence)> notify;
+
+  void Notify(const std::optional<std::string>& sentence) const {
+    if (sentence && notify) {
+      notify(*sentence);
+    }
+  }
 };
 
 }  // namespace standalone

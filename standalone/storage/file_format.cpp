@@ -24,9 +24,10 @@ namespace {
 constexpr std::int64_t kApplicationId = 0x6d727374;  // "mrst"
 constexpr std::size_t kApplicationIdOffset = 68;     // in SQLite's header, big-endian
 
-// The cells of a case are one JSON array in dictionary order: a number or null (missing) of a numeric variable, a
-// string of a string variable. `generation` counts the transactions that wrote. The positions of sets give their order
-// and may leave gaps. The keys are the upper-case forms of the names.
+// A row of `block` is the cells of one variable in consecutive cases, as cases/block_codec.h has them; its id is the
+// number of the block, from 0, times 2^32, plus the variable's position. All variables have the same blocks, so an
+// import appends. `generation` counts the transactions that wrote. The positions of sets give their order and may leave
+// gaps. The keys are the upper-case forms of the names.
 //
 // A row of `history` is a change of the sets. Its rows of `history_set` tell how each set that it touched was before:
 // of one that was defined nothing but its name, of one that was only moved its position. `kind` is a ChangeKind;
@@ -74,9 +75,10 @@ constexpr const char* kSetVariable = R"(CREATE TABLE mr_set_variable(
   PRIMARY KEY (set_id, ordinal)
 ) STRICT, WITHOUT ROWID)";
 
-constexpr const char* kCases = R"(CREATE TABLE cases(
-  position INTEGER PRIMARY KEY,
-  cells TEXT NOT NULL
+constexpr const char* kBlock = R"(CREATE TABLE block(
+  id INTEGER PRIMARY KEY CHECK (id >= 0),
+  head BLOB NOT NULL,
+  cells BLOB NOT NULL
 ) STRICT)";
 
 constexpr const char* kHistory = R"(CREATE TABLE history(
@@ -148,20 +150,19 @@ bool IsIndexOfTable(const std::string& type, const std::string& name) {
               fmt::format("{} is damaged: the {} {} does not belong to a dataset.", path, type, name));
 }
 
-const TableDefinition* FindTable(const std::string& name, std::int64_t version) {
-  const auto found = std::find_if(Tables().begin(), Tables().end(), [&](const TableDefinition& table) {
-    return table.name == name && table.since <= version;
-  });
+const TableDefinition* FindTable(const std::string& name) {
+  const auto found =
+      std::find_if(Tables().begin(), Tables().end(), [&](const TableDefinition& table) { return table.name == name; });
   return found == Tables().end() ? nullptr : &*found;
 }
 
-void CheckSchemaRow(Query& row, const std::string& path, std::int64_t version) {
+void CheckSchemaRow(Query& row, const std::string& path) {
   const std::string type = row.Text(0);
   const std::string name = row.Text(1);
   if (IsIndexOfTable(type, name) && row.IsNull(2)) {
     return;
   }
-  const TableDefinition* table = type == "table" ? FindTable(name, version) : nullptr;
+  const TableDefinition* table = type == "table" ? FindTable(name) : nullptr;
   if (table == nullptr) {
     FailAsForeign(path, type, name);
   }
@@ -174,18 +175,15 @@ void CheckSchemaRow(Query& row, const std::string& path, std::int64_t version) {
 // Word for word: a CHECK or a generated column of a stranger computes what it likes, for as long as it likes.
 void CheckSchema(Database& database, const std::string& path) {
   database.LimitWork(true);
-  database.Execute("BEGIN");  // version and tables are those of one state
-  const std::int64_t version = FormatVersion(database);
+  database.Execute("BEGIN");
   std::set<std::string> missing;
   for (const TableDefinition& table : Tables()) {
-    if (table.since <= version) {
-      missing.insert(table.name);
-    }
+    missing.insert(table.name);
   }
   {
     Query rows(database, "SELECT type, name, sql FROM sqlite_schema");
     while (rows.Step()) {
-      CheckSchemaRow(rows, path, version);
+      CheckSchemaRow(rows, path);
       missing.erase(rows.Text(1));
     }
   }
@@ -204,13 +202,29 @@ void CheckEncoding(Database& database) {
   }
 }
 
+// Once there is a version after this one, here is where files of this one are let in, to be read as they are. The
+// transactions that write, those of Dataset::WriteLocked() and of DatasetWriter, would bring them to the new one.
+void CheckVersion(Database& database, const std::string& path) {
+  const std::int64_t version = IntegerOf(database, "PRAGMA user_version");
+  if (version > kFormatVersion) {
+    throw Error(path + " was made by a newer version of the program.");
+  }
+  if (version < 1) {
+    database.FailAsDamaged();
+  }
+  if (version < kFormatVersion) {
+    throw Error(
+        fmt::format("{} is of format {}, which this program no longer reads; import the survey again, and carry"
+                    " its sets over with `mrset script` of the build that made the file.",
+                    path, version));
+  }
+}
+
 void CheckFormat(Database& database, const std::string& path) {
   if (IntegerOf(database, "PRAGMA application_id") != kApplicationId) {
     throw Error(ErrorKind::kNotADataset, path + " is not a dataset.", path);
   }
-  if (IntegerOf(database, "PRAGMA user_version") > kFormatVersion) {
-    throw Error(path + " was made by a newer version of the program.");
-  }
+  CheckVersion(database, path);
   CheckSchema(database, path);
   CheckEncoding(database);
   if (database.ForbidsWriting()) {
@@ -243,27 +257,19 @@ bool IsDatasetFile(const std::string& path) {
 
 const std::vector<TableDefinition>& Tables() {
   static const std::vector<TableDefinition> tables = {
-      {"meta", 1, kMeta},       {"variable", 1, kVariable},           {"value_label", 1, kValueLabel},
-      {"mr_set", 1, kSet},      {"mr_set_variable", 1, kSetVariable}, {"cases", 1, kCases},
-      {"history", 2, kHistory}, {"history_set", 2, kHistorySet},      {"imported", 2, kImported}};
+      {"meta", kMeta},       {"variable", kVariable},           {"value_label", kValueLabel},
+      {"mr_set", kSet},      {"mr_set_variable", kSetVariable}, {"block", kBlock},
+      {"history", kHistory}, {"history_set", kHistorySet},      {"imported", kImported}};
   return tables;
 }
 
 void CreateSchema(Database& database) {
-  static_assert(kApplicationId == 1836217204 && kFormatVersion == 2, "the pragmas are written out");
-  database.Execute("PRAGMA application_id = 1836217204; PRAGMA user_version = 2");
+  static_assert(kApplicationId == 1836217204 && kFormatVersion == 3, "the pragmas are written out");
+  database.Execute("PRAGMA application_id = 1836217204; PRAGMA user_version = 3");
   for (const TableDefinition& table : Tables()) {
     database.Execute(table.sql);
   }
   database.Execute("INSERT INTO meta VALUES (1, 0, 0, 1)");
-}
-
-std::int64_t FormatVersion(Database& database) {
-  const std::int64_t version = IntegerOf(database, "PRAGMA user_version");
-  if (version < 1 || version > kFormatVersion) {
-    database.FailAsDamaged();
-  }
-  return version;
 }
 
 std::unique_ptr<Database> OpenDataset(const std::string& path, const DatasetOptions& options) {

@@ -11,13 +11,12 @@
 
 namespace standalone {
 
-/// The format that this program writes. Version 1 had no history.
-inline constexpr std::int64_t kFormatVersion = 2;
+/// The format that this program reads and writes, the first that was released.
+inline constexpr std::int64_t kFormatVersion = 3;
 
 struct TableDefinition {
   const char* name;
-  std::int64_t since;  ///< the first format version that has it
-  const char* sql;     ///< word for word what the file's schema holds
+  const char* sql;  ///< word for word what the file's schema holds
 };
 
 /// Every table of a dataset.
@@ -25,9 +24,6 @@ const std::vector<TableDefinition>& Tables();
 
 /// Makes the tables of a dataset without variables, cases and sets in an empty file.
 void CreateSchema(Database& database);
-
-/// The format version of an open dataset, 1 to kFormatVersion.
-std::int64_t FormatVersion(Database& database);
 
 /// Throws Error for the empty path.
 void FailIfNameless(const std::string& path);
@@ -37,7 +33,7 @@ void FailIfNameless(const std::string& path);
 bool IsDatasetFile(const std::string& path);
 
 /// Opens a dataset that exists: what is committed is on the disk, unless the options are relaxed. Throws one sentence
-/// where the path is not a file that can be read, is not a dataset, is damaged, was made by a newer version, or has
+/// where the path is not a file that can be read, is not a dataset, is damaged, is of another format version, or has
 /// other tables, or anything else in its schema, than this program makes: nothing of the file is read before that.
 std::unique_ptr<Database> OpenDataset(const std::string& path, const DatasetOptions& options = {});
 

@@ -18,10 +18,6 @@ struct NumberParts {
   std::string_view exponent;  // with its "e" and sign
 };
 
-bool IsDigit(char character) {
-  return character >= '0' && character <= '9';
-}
-
 /// Takes what is left of a text piece by piece.
 class Scanner {
  public:
@@ -132,6 +128,16 @@ bool IsJsonNumber(std::string_view text) {
 
 std::optional<double> NumberValue(std::string_view text) {
   return ScanNumber(text) ? ConvertToDouble(text) : std::nullopt;
+}
+
+bool IsDigits(std::string_view text) {
+  return !text.empty() && std::all_of(text.begin(), text.end(), IsDigit);
+}
+
+std::optional<std::int64_t> WholeNumber(std::string_view text) {
+  constexpr std::size_t kMaxDigits = 9;  // a double holds these numbers exactly
+  const std::optional<double> number = text.size() <= kMaxDigits && IsDigits(text) ? NumberValue(text) : std::nullopt;
+  return number ? std::optional(static_cast<std::int64_t>(*number)) : std::nullopt;
 }
 
 std::string ShortestNumber(double number) {

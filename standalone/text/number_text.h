@@ -1,6 +1,7 @@
 #ifndef STANDALONE_TEXT_NUMBER_TEXT_H
 #define STANDALONE_TEXT_NUMBER_TEXT_H
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -19,6 +20,17 @@ bool IsJsonNumber(std::string_view text);
 
 /// The value of a number's text; nothing when it is none.
 std::optional<double> NumberValue(std::string_view text);
+
+inline bool IsDigit(char character) {
+  return character >= '0' && character <= '9';
+}
+
+/// Whether the text is digits, one at least, and nothing else.
+bool IsDigits(std::string_view text);
+
+/// The number that digits alone stand for, up to 999,999,999; nothing for any other text. So are numbers of options
+/// written.
+std::optional<std::int64_t> WholeNumber(std::string_view text);
 
 /// The shortest text that gives the number again.
 std::string ShortestNumber(double number);

@@ -32,8 +32,12 @@ deny 'SQLite is included outside its file' \
   < <(includes backend host standalone | grep -E ':sqlite3' | grep -vE '^standalone/storage/database(_files)?\.(h|cpp):' || true)
 deny 'the CSV library is included outside its file' \
   < <(includes backend host standalone | grep -E ':csv\.h$' | grep -v '^standalone/import/csv.cpp:' || true)
+deny 'the library of checksums is included outside its file' \
+  < <(includes backend host standalone | grep -E ':xxhash\.h$' | grep -v '^standalone/cases/checksum.cpp:' || true)
 deny 'the serialiser is included outside its file' \
   < <(includes backend host standalone | grep -E ':cereal/' | grep -v '^standalone/run/codec.cpp:' || true)
+deny 'the writer of workbooks is included outside its file' \
+  < <(includes backend host standalone | grep -E ':xlsxwriter' | grep -v '^standalone/output/xlsx/workbook.cpp:' || true)
 deny 'the line editor is included outside its file' \
   < <(includes backend host standalone | grep -E ':(histedit\.h|editline/)' | grep -v '^standalone/shell/line_editor.cpp:' || true)
 deny 'Boost is included outside its file' \

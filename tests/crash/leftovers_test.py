@@ -57,7 +57,7 @@ def stale_log(program: Program, place: Path) -> bytes:
     program.must(folder, ["import", WAVE_2, DATASET])
     connection = sqlite3.connect(folder / DATASET, isolation_level=None)
     connection.execute("PRAGMA journal_mode = WAL")
-    connection.execute("UPDATE cases SET cells = '[]'")
+    connection.execute("UPDATE block SET cells = x'00'")
     log = (folder / LOG).read_bytes()
     connection.close()
     if not log:

@@ -12,7 +12,7 @@ OUTPUT = "results.json"
 
 FILES = {
     SURVEY: "q1,q2,q3,n1,t1,t2\n1,0,1,7,red,blue\n0,1,0,8,,green\n",
-    WAVE_2: "q1,q2,q4,t1,t2\n" + "1,0,1,red,blue\n" * 150,
+    WAVE_2: "q1,q2,q4,t1,t2\n" + "".join(f"1,0,1,{'red' * 20}{row},blue\n" for row in range(150)),
     OUTPUT: "what stood there before\n",
 }
 
@@ -39,10 +39,6 @@ def many_sets() -> str:
 IMPORT = ["import", SURVEY, DATASET]
 IMPORT_OTHER = ["import", SURVEY, OTHER]
 
-# A dataset as the first version of the format had it.
-AS_VERSION_1 = "DROP TABLE history; DROP TABLE history_set; DROP TABLE imported; PRAGMA user_version = 1;"
-COPIES_OF_VERSION_1 = DATASET + ".v1.bak*"
-
 
 @dataclass(frozen=True)
 class Scenario:
@@ -52,12 +48,10 @@ class Scenario:
     least: int
     arguments: list[str]
     prepare: list[list[str]] = field(default_factory=lambda: [IMPORT])
-    prepare_sql: Optional[str] = None  # then done to the dataset by hand
     script: Optional[list[str]] = None  # the commands of arguments that hold SCRIPT
     outputs: tuple[str, ...] = ()  # files that are complete or as before
     order_alone: bool = False  # what it saves is the order of the sets, which need not be kept
     without_flags: bool = False  # on a file system that cannot rename without replacing, so that links must do
-    set_aside: Optional[str] = None  # pattern of copies of the dataset before the run, complete or absent
 
 
 def script(name: str, least: int, commands: list[str], **others) -> Scenario:
@@ -102,22 +96,6 @@ SCENARIOS = [
         prepare=[IMPORT, run(define("kept")), IMPORT_OTHER, run(define("copied", "too"), OTHER)],
     ),
     Scenario("undo", 30, ["undo", DATASET], prepare=[IMPORT, run(define("kept")), run(define("undone"))]),
-    script(
-        "migrate",
-        72,
-        [define("first"), define("second")],
-        prepare=[IMPORT, run(define("old"))],
-        prepare_sql=AS_VERSION_1,
-        set_aside=COPIES_OF_VERSION_1,
-    ),
-    Scenario(
-        "migrate and replace",
-        72,
-        ["import", "--replace", WAVE_2, DATASET],
-        prepare=[IMPORT, run(define("old"))],
-        prepare_sql=AS_VERSION_1,
-        set_aside=COPIES_OF_VERSION_1,
-    ),
 ]
 
 # Runs that only read. No operation on a file changes anything, so that there is nothing to kill them at.
@@ -151,8 +129,6 @@ LEAST_FAULTS = {
     "output": 530,
     "copy": 470,
     "undo": 330,
-    "migrate": 900,
-    "migrate and replace": 970,
     "shell": 420,
     "import by links": 240,
     "sets": 100,

@@ -124,10 +124,10 @@ void CheckSent(const standalone::Event& event) {
 
 void CheckRenderers(const standalone::CommandResult& result, std::size_t width) {
   std::ostringstream text;
-  standalone::MakeTextRenderer(text, width)->Write(result);
+  standalone::MakeTextRenderer(text, {width})->Write(result);
   Check(!ActsOnTerminal(text.str()), "what is shown does not act on a terminal");
   std::ostringstream json;
-  standalone::MakeJsonRenderer(json)->Write(result);
+  standalone::MakeJsonRenderer(json, {})->Write(result);
   Check(Json::parse(json.str()).is_object(), "a result is an object");
   Check(!ActsOnTerminal(json.str()), "JSON does not act on a terminal");
 }
@@ -135,7 +135,10 @@ void CheckRenderers(const standalone::CommandResult& result, std::size_t width) 
 /// A page links nothing but its own places and has neither pictures nor scripts, whatever texts stand in it.
 void CheckPage(const standalone::CommandResult& result) {
   std::ostringstream stream;
-  const auto renderer = standalone::MakeHtmlRenderer(stream, {result.text, true});
+  standalone::OutputLook look;
+  look.dataset = result.text;
+  look.isDryRun = true;
+  const auto renderer = standalone::MakeHtmlRenderer(stream, look);
   renderer->Write(result);
   renderer->Finish();
   const std::string page = stream.str();
@@ -150,23 +153,25 @@ void CheckPage(const standalone::CommandResult& result) {
 
 void CheckMarkdown(const standalone::CommandResult& result) {
   std::ostringstream stream;
-  standalone::MakeMarkdownRenderer(stream)->Write(result);
+  standalone::MakeMarkdownRenderer(stream, {})->Write(result);
   Check(!ActsOnTerminal(stream.str()), "Markdown does not act on a terminal");
 }
 
 /// A row for each of the table's, all as long as the header.
-void CheckCsv(const standalone::CommandResult& result, const standalone::Table& table,
-              standalone::CsvCharacters characters) {
+void CheckCsv(const standalone::CommandResult& result, const standalone::Table& table, bool isTerminal) {
   std::ostringstream stream;
   std::ostringstream messages;
-  standalone::MakeCsvRenderer(stream, messages, characters)->Write(result);
+  standalone::OutputLook look;
+  look.isTerminal = isTerminal;
+  look.messages = &messages;
+  standalone::MakeCsvRenderer(stream, look)->Write(result);
   const std::optional<Rows> rows = ReadPlainCsv(stream.str());
   Check(rows && rows->size() == 1 + table.rows.size(), "a row of CSV for each of a table");
   for (const std::vector<std::string>& row : *rows) {
     Check(row.size() == rows->front().size(), "rows of CSV are as long as their header");
   }
   Check(!ActsOnTerminal(messages.str()), "messages do not act on a terminal");
-  if (characters == standalone::CsvCharacters::kVisible) {
+  if (isTerminal) {
     std::string text = stream.str();
     text.erase(std::remove(text.begin(), text.end(), '\r'), text.end());
     Check(!ActsOnTerminal(text), "CSV for a terminal does not act on it");
@@ -216,8 +221,8 @@ void CheckOutput(std::string_view text, std::size_t width) {
   CheckRenderers(result, width);
   CheckPage(result);
   CheckMarkdown(result);
-  CheckCsv(result, table, standalone::CsvCharacters::kAsTheyAre);
-  CheckCsv(result, table, standalone::CsvCharacters::kVisible);
+  CheckCsv(result, table, false);
+  CheckCsv(result, table, true);
 }
 
 }  // namespace fuzz

@@ -20,10 +20,10 @@ The schema:
   $ damaged 'CREATE VIEW v AS SELECT 1'
   mrset: s.mrset is damaged: the view v does not belong to a dataset.
   [2]
-  $ damaged 'CREATE TRIGGER g AFTER INSERT ON cases BEGIN SELECT 1; END'
+  $ damaged 'CREATE TRIGGER g AFTER INSERT ON block BEGIN SELECT 1; END'
   mrset: s.mrset is damaged: the trigger g does not belong to a dataset.
   [2]
-  $ damaged 'CREATE INDEX i ON cases(cells)'
+  $ damaged 'CREATE INDEX i ON block(cells)'
   mrset: s.mrset is damaged: the index i does not belong to a dataset.
   [2]
   $ damaged "PRAGMA writable_schema = 1; INSERT INTO sqlite_schema VALUES ('table', 'virtual', 'virtual', 0, 'CREATE VIRTUAL TABLE virtual USING fts5(x)')"
@@ -32,7 +32,7 @@ The schema:
   $ damaged 'ANALYZE'
   mrset: s.mrset is damaged: the table sqlite_stat1 does not belong to a dataset.
   [2]
-  $ damaged "PRAGMA writable_schema = 1; UPDATE sqlite_schema SET sql = 'CREATE TABLE' WHERE name = 'cases'"
+  $ damaged "PRAGMA writable_schema = 1; UPDATE sqlite_schema SET sql = 'CREATE TABLE' WHERE name = 'block'"
   mrset: s.mrset is damaged.
   [2]
 
@@ -45,16 +45,16 @@ What a stranger's schema computes is never run, so it cannot go on for ever:
   mrset: s.mrset is damaged: the table mr_set is not defined as it should be.
   mrset: s.mrset is damaged: the table mr_set is not defined as it should be.
   [2]
-  $ rm -f s.mrset; breakfast s.mrset; sqlite3 s.mrset "PRAGMA writable_schema = 1; UPDATE sqlite_schema SET sql = replace(sql, 'cells TEXT NOT NULL', 'cells TEXT NOT NULL CHECK (length(replace(hex(zeroblob(900000000)), ''00'', cells)) > 0)') WHERE name = 'cases'"
+  $ rm -f s.mrset; breakfast s.mrset; sqlite3 s.mrset "PRAGMA writable_schema = 1; UPDATE sqlite_schema SET sql = replace(sql, 'cells BLOB NOT NULL', 'cells BLOB NOT NULL CHECK (length(replace(hex(zeroblob(900000000)), ''00'', cells)) > 0)') WHERE name = 'block'"
   $ timeout 10 mrset check s.mrset
-  mrset: s.mrset is damaged: the table cases is not defined as it should be.
+  mrset: s.mrset is damaged: the table block is not defined as it should be.
   [2]
 
   $ rm -f s.mrset; small s.mrset; sqlite3 s.mrset "PRAGMA writable_schema = 1; WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 100000) INSERT INTO sqlite_schema SELECT 'table', 't' || i, 't' || i, 2, 'CREATE TABLE t' || i || '(a)' FROM n"
   $ timeout 10 mrset sets s.mrset
   mrset: s.mrset is damaged.
   [2]
-  $ rm -f s.mrset; small s.mrset; { echo 'PRAGMA encoding = "UTF-16le"; PRAGMA application_id = 1836217204; PRAGMA user_version = 2;'; sqlite3 s.mrset .dump; } | sqlite3 wide.mrset; mrset sets wide.mrset
+  $ rm -f s.mrset; small s.mrset; { echo 'PRAGMA encoding = "UTF-16le"; PRAGMA application_id = 1836217204; PRAGMA user_version = 3;'; sqlite3 s.mrset .dump; } | sqlite3 wide.mrset; mrset sets wide.mrset
   mrset: wide.mrset is damaged.
   [2]
 
@@ -66,7 +66,7 @@ The header and the dictionary:
   s.mrset: 2 findings.
   [1]
   $ damaged "UPDATE variable SET name = '1st' WHERE position = 0"
-  The variable at position 0 has a name that is not valid: 1st.
+  The variable at position 0 has an invalid name: 1st.
   The variable 1st is kept under the key Q1.
   s.mrset: 2 findings.
   [1]
@@ -83,12 +83,12 @@ The header and the dictionary:
   The position of a variable is 4 instead of 3.
   The position of a variable is 5 instead of 4.
   The position of a variable is 9 instead of 5.
-  The case at position 0 is not sound: cell 4 is a number, its variable a string.
-  The case at position 1 is not sound: cell 4 is a number, its variable a string.
+  Block 0 of the variable at position 3 holds numbers; the variable is a string.
+  Block 0 of the variable at position 5 holds texts; the variable is numeric.
   s.mrset: 5 findings.
   [1]
   $ damaged "UPDATE variable SET label = CAST(X'C3' AS TEXT) WHERE position = 1"
-  The variable at position 1 has a value that cannot be.
+  The variable at position 1 has an invalid value.
   s.mrset: 1 finding.
   [1]
   $ damaged 'UPDATE value_label SET variable = 77 WHERE variable = 2'
@@ -127,16 +127,16 @@ The sets:
   $ damaged 'UPDATE mr_set SET type = 3'
   The file is not sound: CHECK constraint failed in mr_set.
   The file is not sound: CHECK constraint failed in mr_set.
-  The set with the number 2 has a value that cannot be.
-  The set with the number 3 has a value that cannot be.
+  The set with the number 2 has an invalid value.
+  The set with the number 3 has an invalid value.
   The history cannot be read to the end.
   s.mrset: 5 findings.
   [1]
   $ damaged 'UPDATE mr_set SET label_from_variable = 2'
   The file is not sound: CHECK constraint failed in mr_set.
   The file is not sound: CHECK constraint failed in mr_set.
-  The set $a has a mark that is neither on nor off.
-  The set $b has a mark that is neither on nor off.
+  The set $a has a flag that is neither 0 nor 1.
+  The set $b has a flag that is neither 0 nor 1.
   The set $a takes its label from a variable but not its category labels from the counted value.
   The set $b is a category set with label options that only a dichotomy set can have.
   s.mrset: 6 findings.
@@ -181,38 +181,49 @@ What no command makes:
   s.mrset: 1 finding.
   [1]
 
-The cases:
+The cases, whose blocks have the number of the block and the position of the variable in their id:
 
-  $ damaged "UPDATE cases SET cells = '[1,2'"
-  The case at position 0 is not sound: it is not a JSON array.
-  The case at position 1 is not sound: it is not a JSON array.
+  $ damaged "UPDATE block SET cells = x'01' WHERE id = 0; UPDATE block SET head = CAST(x'00' || substr(head, 2) AS BLOB) WHERE id = 1"
+  Block 0 of the variable at position 0 is not sound: the checksum of its cells is wrong.
+  Block 0 of the variable at position 1 is not sound: the checksum of its head is wrong.
   s.mrset: 2 findings.
   [1]
-  $ damaged "UPDATE cases SET cells = '{}' WHERE position = 0; UPDATE cases SET cells = '7' WHERE position = 1"
-  The case at position 0 is not sound: it is not a JSON array.
-  The case at position 1 is not sound: it is not a JSON array.
-  s.mrset: 2 findings.
-  [1]
-  $ damaged "UPDATE cases SET cells = '[1,0,1,7,\"red\"]' WHERE position = 1"
-  The case at position 1 is not sound: it has 5 cells and the dictionary 6 variables.
+  $ damaged "UPDATE block SET head = x'', cells = zeroblob(100000) WHERE id = 5"
+  Block 0 of the variable at position 5 is not sound: it is too short.
   s.mrset: 1 finding.
   [1]
-  $ damaged "UPDATE cases SET cells = '[1,0,1,7,\"red\",\"blue\",null]' WHERE position = 1"
-  The case at position 1 is not sound: it has more cells than the dictionary variables (6).
+  $ damaged "UPDATE block SET head = (SELECT head FROM block WHERE id = 4), cells = (SELECT cells FROM block WHERE id = 4) WHERE id = 1"
+  Block 0 of the variable at position 1 holds texts; the variable is numeric.
   s.mrset: 1 finding.
   [1]
-  $ damaged "UPDATE cases SET cells = '[1,0,\"1\",7,\"red\",null]' WHERE position = 0; UPDATE cases SET cells = '[1,0,1,7,\"red\",null]' WHERE position = 1"
-  The case at position 0 is not sound: cell 3 is a string, its variable a numeric one.
-  The case at position 1 is not sound: cell 6 is null, its variable a string.
+  $ damaged "DELETE FROM block WHERE id IN (2, 3)"
+  Block 0 of the cases has 4 of 6 variables.
+  s.mrset: 1 finding.
+  [1]
+  $ damaged "UPDATE block SET id = id + 10 WHERE id = 5"
+  There is a block of cases of a variable at position 15, which does not exist.
+  Block 0 of the cases has 5 of 6 variables.
   s.mrset: 2 findings.
   [1]
-  $ damaged "UPDATE cases SET cells = '[1,0,true,7,\"red\",\"\"]' WHERE position = 0; UPDATE cases SET cells = '[1,0,[1],7,\"red\",\"\"]' WHERE position = 1"
-  The case at position 0 is not sound: cell 3 is true or false, its variable a numeric one.
-  The case at position 1 is not sound: cell 3 is an array, its variable a numeric one.
-  s.mrset: 2 findings.
+  $ damaged "UPDATE block SET id = id + 5 * (1 << 32)"
+  The number of a block of cases is 5 instead of 0.
+  s.mrset: 1 finding.
   [1]
-  $ damaged 'UPDATE cases SET position = 5 WHERE position = 1'
-  The position of a case is 5 instead of 1.
+  $ damaged "INSERT INTO block SELECT id + (1 << 32), head, cells FROM block"
+  The header counts 2 cases; there are 4.
+  s.mrset: 1 finding.
+  [1]
+  $ damaged "UPDATE meta SET case_count = 9"
+  The header counts 9 cases; there are 2.
+  s.mrset: 1 finding.
+  [1]
+  $ damaged "DELETE FROM block"
+  The header counts 2 cases; there are 0.
+  s.mrset: 1 finding.
+  [1]
+  $ rm -f many.mrset; { echo q1; seq 1 3; } | mrset import - many.mrset; damaged "ATTACH 'many.mrset' AS many; UPDATE block SET head = (SELECT head FROM many.block), cells = (SELECT cells FROM many.block) WHERE id = 1"
+  many.mrset: 1 variable, 3 cases
+  Block 0 of the variable at position 1 has 3 cases; those of other variables have 2.
   s.mrset: 1 finding.
   [1]
 
@@ -221,36 +232,25 @@ Of one kind the first ten are told, and how many others there are:
   $ rm s.mrset; make > /dev/null; { echo q1,q2; seq -f '%g,0' 14; } > many.csv; mrset import --replace many.csv s.mrset
   s.mrset: 2 variables, 14 cases
   mrset: The set $b has the variable q3, which no longer exists.
-  $ sqlite3 s.mrset "UPDATE cases SET position = position + 100 WHERE position >= 3; UPDATE cases SET cells = '[' WHERE position >= 103"
+  $ rm s.mrset; make > /dev/null; { seq -f 'q%g' -s, 14; seq -s, 14; } | mrset import --replace - s.mrset
+  s.mrset: 14 variables, 1 case
+  $ sqlite3 s.mrset "UPDATE block SET cells = x'01' WHERE id >= 3"
   $ mrset check s.mrset
-  Remark: The set $b has the variable q3, which no longer exists.
-  The position of a case is 103 instead of 3.
-  The position of a case is 104 instead of 4.
-  The position of a case is 105 instead of 5.
-  The position of a case is 106 instead of 6.
-  The position of a case is 107 instead of 7.
-  The position of a case is 108 instead of 8.
-  The position of a case is 109 instead of 9.
-  The position of a case is 110 instead of 10.
-  The position of a case is 111 instead of 11.
-  The position of a case is 112 instead of 12.
+  Block 0 of the variable at position 3 is not sound: the checksum of its cells is wrong.
+  Block 0 of the variable at position 4 is not sound: the checksum of its cells is wrong.
+  Block 0 of the variable at position 5 is not sound: the checksum of its cells is wrong.
+  Block 0 of the variable at position 6 is not sound: the checksum of its cells is wrong.
+  Block 0 of the variable at position 7 is not sound: the checksum of its cells is wrong.
+  Block 0 of the variable at position 8 is not sound: the checksum of its cells is wrong.
+  Block 0 of the variable at position 9 is not sound: the checksum of its cells is wrong.
+  Block 0 of the variable at position 10 is not sound: the checksum of its cells is wrong.
+  Block 0 of the variable at position 11 is not sound: the checksum of its cells is wrong.
+  Block 0 of the variable at position 12 is not sound: the checksum of its cells is wrong.
   ... and 1 more such finding.
-  The case at position 103 is not sound: it is not a JSON array.
-  The case at position 104 is not sound: it is not a JSON array.
-  The case at position 105 is not sound: it is not a JSON array.
-  The case at position 106 is not sound: it is not a JSON array.
-  The case at position 107 is not sound: it is not a JSON array.
-  The case at position 108 is not sound: it is not a JSON array.
-  The case at position 109 is not sound: it is not a JSON array.
-  The case at position 110 is not sound: it is not a JSON array.
-  The case at position 111 is not sound: it is not a JSON array.
-  The case at position 112 is not sound: it is not a JSON array.
-  ... and 1 more such finding.
-  s.mrset: 22 findings.
+  s.mrset: 11 findings.
   [1]
-  $ sqlite3 s.mrset "DELETE FROM cases; UPDATE meta SET case_count = 0; INSERT INTO mr_set_variable SELECT id, 3 + value, 'v' || value FROM generate_series(0, 11), mr_set WHERE name = '\$b'"
+  $ sqlite3 s.mrset "DELETE FROM block; UPDATE meta SET case_count = 0; INSERT INTO mr_set_variable SELECT id, 3 + value, 'v' || value FROM generate_series(0, 11), mr_set WHERE name = '\$b'"
   $ mrset check s.mrset
-  Remark: The set $b has the variable q3, which no longer exists.
   Remark: The set $b has the variable v0, which no longer exists.
   Remark: The set $b has the variable v1, which no longer exists.
   Remark: The set $b has the variable v2, which no longer exists.
@@ -260,7 +260,8 @@ Of one kind the first ten are told, and how many others there are:
   Remark: The set $b has the variable v6, which no longer exists.
   Remark: The set $b has the variable v7, which no longer exists.
   Remark: The set $b has the variable v8, which no longer exists.
-  Remark: ... and 3 more such remarks.
+  Remark: The set $b has the variable v9, which no longer exists.
+  Remark: ... and 2 more such remarks.
   s.mrset is sound.
 
 The history:
@@ -292,18 +293,18 @@ The history:
   s.mrset: 1 finding.
   [1]
   $ damaged "UPDATE history SET time = 'noon' WHERE number = 1"
-  Change 1 has the time noon, which is none.
+  Change 1 has the invalid time noon.
   s.mrset: 1 finding.
   [1]
 
   $ damaged "UPDATE history_set SET name = 'no name' WHERE history = 2; UPDATE history_set SET name = '1' WHERE history = 3"
-  Change 2 names a set no name, which is not a valid name.
-  Change 3 names a set 1, which is not a valid name.
+  Change 2 has a set with the invalid name no name.
+  Change 3 has a set with the invalid name 1.
   s.mrset: 2 findings.
   [1]
   $ damaged "UPDATE history_set SET label = printf('%300s', 'x'), variables = '[\"q1\"]' WHERE history = 2"
-  Before change 2 the history has a set that cannot be: $b has a label of 300 bytes; the limit is 255.
-  Before change 2 the history has a set that cannot be: $b has only one variable.
+  Before change 2 the history has an invalid set: $b has a label of 300 bytes; the limit is 255.
+  Before change 2 the history has an invalid set: $b has only one variable.
   s.mrset: 2 findings.
   [1]
 
@@ -373,12 +374,12 @@ A set may have a variable that an import took away or changed: that is worth a r
 
 The file itself:
 
-  $ rm s.mrset; make > /dev/null; page=$(sqlite3 s.mrset "SELECT rootpage FROM sqlite_schema WHERE name = 'cases'")
+  $ rm s.mrset; make > /dev/null; page=$(sqlite3 s.mrset "SELECT rootpage FROM sqlite_schema WHERE name = 'block'")
   $ printf '\377\377\377\377' | dd of=s.mrset bs=1 seek=$(( (page - 1) * 4096 )) conv=notrunc status=none
   $ mrset check s.mrset > found; echo $?; grep -c 'The file is not sound' found; tail -1 found
   1
   1
-  s.mrset: 3 findings.
+  s.mrset: 2 findings.
 
 What is no dataset:
 
@@ -397,6 +398,6 @@ What is no dataset:
   To create a dataset from a CSV survey:
     mrset import survey.csv survey.mrset
   [2]
-  $ make > /dev/null 2>&1; sqlite3 s.mrset 'PRAGMA user_version = 3'; mrset check s.mrset
+  $ make > /dev/null 2>&1; sqlite3 s.mrset 'PRAGMA user_version = 4'; mrset check s.mrset
   mrset: s.mrset was made by a newer version of the program.
   [2]

@@ -6,7 +6,7 @@ this program left it.
 
 `cut_off DATASET` begins to write a dataset and is killed in the middle: a journal stays, which takes the write back.
 
-  $ cut_off() { (sqlite3 "$1" 'PRAGMA cache_size = 1; BEGIN; UPDATE mr_set SET label = '"'half written'"'; UPDATE cases SET cells = cells || zeroblob(20000); INSERT INTO history VALUES (99, 0, printf('"'%.*c'"', 90000, 0), 0);' '.shell kill -9 $PPID'; true) > /dev/null 2>&1; test -s "$1-journal"; }
+  $ cut_off() { (sqlite3 "$1" 'PRAGMA cache_size = 1; BEGIN; UPDATE mr_set SET label = '"'half written'"'; UPDATE block SET cells = zeroblob(20000); INSERT INTO history VALUES (99, 0, printf('"'%.*c'"', 90000, 0), 0);' '.shell kill -9 $PPID'; true) > /dev/null 2>&1; test -s "$1-journal"; }
   $ small s.mrset && define s.mrset '$old' && cut_off s.mrset
   $ mrset check s.mrset; ls s.mrset*
   s.mrset is sound.

@@ -126,7 +126,7 @@ Whoever runs this, it is done by somebody without rights, in a place that everyb
 One that was left in the middle of a write cannot: whoever may write it puts it right by opening it.
 
   $ chmod u+w "$place/data" "$place/data/s.mrset"; cp "$place/data/s.mrset" sound.mrset
-  $ sqlite3 "$place/data/s.mrset" 'PRAGMA cache_size = 1' 'BEGIN' 'UPDATE cases SET cells = hex(zeroblob(100000))' '.shell cp -r '"$place"'/data '"$place"'/hot' 'ROLLBACK' > /dev/null
+  $ sqlite3 "$place/data/s.mrset" 'PRAGMA cache_size = 1' 'BEGIN' 'UPDATE block SET cells = zeroblob(100000)' '.shell cp -r '"$place"'/data '"$place"'/hot' 'ROLLBACK' > /dev/null
   $ ls "$place/hot"; cp -r "$place/hot" mine; chmod a-w "$place/hot/s.mrset" "$place/hot"
   s.mrset
   s.mrset-journal

@@ -55,7 +55,7 @@ Markdown.
   FREQUENCIES q1
   ```
   
-  **Error:** Line 4: FREQUENCIES is not a command. The command here is MRSET.
+  **Error:** Line 4: FREQUENCIES is not a command. The commands here are MRSET and TABULATE.
   
   all.script, line 4, column 1:
   
@@ -100,7 +100,7 @@ apostrophe in front.
 
   $ mrset run s.mrset all.script --format csv --output sets.csv 2>&1 | numberless
   all.script, line 2, column 55: Warning: One or more of the sets specified do not exist... $none
-  all.script, line 4, column 1: Error: Line 4: FREQUENCIES is not a command. The command here is MRSET.
+  all.script, line 4, column 1: Error: Line 4: FREQUENCIES is not a command. The commands here are MRSET and TABULATE.
   all.script, line 5: Fatal: mrset: backend/mrset/mrsetapply.cpp:LINE: void DeleteMRSets(const MRSetSubcommand&, VARIABLESETS&): Assertion `(*namesIter)[0] == '$'' failed.
   hint: names of sets begin with $; x does not
   all.script, line 5: The command was aborted; the dataset is as it was before it.
@@ -156,7 +156,7 @@ An HTML page says at its top what failed.
   <nav aria-labelledby="failures">
   <h2 id="failures">What failed</h2>
   <ul>
-  <li><a href="#command-3">3&ensp;<code>FREQUENCIES q1</code></a> <span class="reason">Line 4: FREQUENCIES is not a command. The command here is MRSET.</span></li>
+  <li><a href="#command-3">3&ensp;<code>FREQUENCIES q1</code></a> <span class="reason">Line 4: FREQUENCIES is not a command. The commands here are MRSET and TABULATE.</span></li>
   <li><a href="#command-4">4&ensp;<code>MRSET /DELETE NAME=[x]</code></a> <span class="reason">mrset: backend/mrset/mrsetapply.cpp:LINE: void DeleteMRSets(const MRSetSubcommand&amp;, VARIABLESETS&amp;): Assertion `(*namesIter)[0] == &#39;$&#39;&#39; failed.</span></li>
   </ul>
   </nav>
@@ -203,7 +203,7 @@ An HTML page says at its top what failed.
   <h2 id="command-3-heading"><span class="position">3</span> <code>FREQUENCIES q1</code></h2>
   <p class="facts"><span class="status error">Error</span> all.script, line 4</p>
   <ul class="messages">
-  <li class="error"><p><strong>Error:</strong> Line 4: FREQUENCIES is not a command. The command here is MRSET.</p><p class="place">all.script, line 4, column 1</p><pre class="excerpt"><mark>FREQUENCIES</mark> q1.</pre></li>
+  <li class="error"><p><strong>Error:</strong> Line 4: FREQUENCIES is not a command. The commands here are MRSET and TABULATE.</p><p class="place">all.script, line 4, column 1</p><pre class="excerpt"><mark>FREQUENCIES</mark> q1.</pre></li>
   </ul>
   </section>
   <section class="command" id="command-4" aria-labelledby="command-4-heading">
@@ -248,12 +248,51 @@ It is complete or absent, also on standard output.
   sets.html
   [2]
 
-A terminal is no place for a page. There CSV is shown without what would act on it.
+A workbook has a sheet for each table, and one for the messages. It is complete or absent, too.
+
+  $ mrset run s.mrset all.script --output sets.xlsx
+  [3]
+  $ python3 "$TESTDIR/../standalone/output/read_workbook.py" sets.xlsx | numberless
+  'Multiple Response Sets', frozen at B3
+    A1 'Multiple Response Sets'
+    A2 'Name', B2 'Label', C2 'Coded As', D2 'Counted Value', E2 'Data Type', F2 'Elementary Variables'
+    A3 '$drinks', B3 'Tea & <coffee>', C3 'Dichotomies', D3 '1 [a]', E3 'Numeric', F3 'q1\nq2\nq3'
+    A5 '[a] Using variable value labels'
+  'Multiple Response Sets (2)', frozen at B3
+    A1 'Multiple Response Sets'
+    A2 'Name', B2 'Label', C2 'Coded As', D2 'Counted Value', E2 'Data Type', F2 'Elementary Variables'
+    A3 '$colours', B3 '=1+1', C3 'Categories', D3 'N/A', E3 'String', F3 'First colour\nt2'
+  'Messages', frozen at B3
+    A1 'Messages'
+    A2 'Command', B2 'Place', C2 'Level', D2 'Text', E2 'Hint'
+    A3 '1', B3 'all.script, line 2, column 55', C3 'Warning', D3 'One or more of the sets specified do not exist... $none'
+    A4 '3', B4 'all.script, line 4, column 1', C4 'Error', D4 'Line 4: FREQUENCIES is not a command. The command here is MRSET.'
+    A5 '4', B5 'all.script, line 5', C5 'Fatal', D5 "mrset: backend/mrset/mrsetapply.cpp:LINE: void DeleteMRSets(const MRSetSubcommand&, VARIABLESETS&): Assertion `(*namesIter)[0] == '$'' failed."
+    A6 '4', B6 'all.script, line 5', C6 'Hint', D6 'names of sets begin with $; x does not'
+    A7 '4', B7 'all.script, line 5', C7 'Aborted', D7 'The command was aborted; the dataset is as it was before it.'
+  $ mrset run s.mrset -c 'MRSET /DISPLAY NAME=ALL' --format xlsx > piped.xlsx
+  $ python3 "$TESTDIR/../standalone/output/read_workbook.py" piped.xlsx | grep "^'"
+  'Multiple Response Sets', frozen at B3
+  $ mrset run no.mrset all.script --output none.xlsx 2> /dev/null
+  [2]
+  $ TMPDIR=/proc mrset run s.mrset all.script --output none.xlsx
+  mrset: The output cannot be kept in /proc: No such file or directory.
+  [2]
+  $ (trap '' XFSZ; ulimit -f 4; TMPDIR=. mrset run s.mrset long.script --output none.xlsx)
+  mrset: The output cannot be kept in .: File too large.
+  [2]
+  $ ls none.xlsx .*.tmp mrset-* 2> /dev/null
+  [2]
+
+A terminal is no place for a page or a workbook. There CSV is shown without what would act on it.
 
   $ terminal() { script --quiet --return --command "$1" /dev/null < /dev/null | tr -d '\r'; }
   $ export TERM=xterm
   $ terminal "mrset run s.mrset -c 'MRSET /DISPLAY NAME=ALL' --format html"
   mrset: A page is for a browser: give --output FILE, or send standard output to a file.
+  [2]
+  $ terminal "mrset run s.mrset -c 'MRSET /DISPLAY NAME=ALL' --format xlsx"
+  mrset: A workbook is for a spreadsheet: give --output FILE, or send standard output to a file.
   [2]
   $ printf '{"fields": [{"name": "q1", "title": "a\\u001b[31mb\\u202ec\\nd"}]}' > hostile.json
   $ printf 'q1\n1\n' | mrset import --schema hostile.json /dev/stdin h.mrset
@@ -291,7 +330,7 @@ Colour is for terminals.
                                                          t2
   
   \x1b[1m2> FREQUENCIES\x1b[0m (esc)
-  \x1b[1;31mError:\x1b[0m Line 1: FREQUENCIES is not a command. The command here is MRSET. (esc)
+  \x1b[1;31mError:\x1b[0m Line 1: FREQUENCIES is not a command. The commands here are MRSET and TABULATE. (esc)
     -c 2, line 1, column 1:
       FREQUENCIES
       \x1b[1;31m^^^^^^^^^^^\x1b[0m (esc)

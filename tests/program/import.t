@@ -92,7 +92,7 @@ From standard input, named so; from where it stands.
   rest.mrset: 4 variables, 2 cases
   $ { echo a line before; cat plain.csv; } > behind.csv; { read -r; mrset import - behind.mrset; } < behind.csv
   behind.mrset: 4 variables, 2 cases
-  $ for name in piped stood rest behind; do for table in variable cases; do sqlite3 $name.mrset "SELECT * FROM $table" | cmp - <(sqlite3 p.mrset "SELECT * FROM $table"); done; done
+  $ for name in piped stood rest behind; do for table in variable block; do sqlite3 $name.mrset "SELECT * FROM $table" | cmp - <(sqlite3 p.mrset "SELECT * FROM $table"); done; done
   $ printf 'a,b\n1\n' | mrset import - x.mrset
   mrset: standard input, line 2: 1 cell where the header has 2.
   [2]

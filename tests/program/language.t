@@ -19,7 +19,7 @@ Keywords, the command name too, in any case and by their first letters, three at
   [a] Using variable value labels
   $ mrset run s.mrset -c 'MR /DISPLAY NAME=ALL' -c 'MRSET /DI NAME=ALL' -c 'MRSETS /DISPLAY NAME=ALL'
   1> MR /DISPLAY NAME=ALL
-  Error: Line 1: MR is not a command. The command here is MRSET.
+  Error: Line 1: MR is not a command. The commands here are MRSET and TABULATE.
     -c 1, line 1, column 1:
       MR /DISPLAY NAME=ALL
       ^^
@@ -33,7 +33,7 @@ Keywords, the command name too, in any case and by their first letters, three at
   hint: did you mean DISPLAY?
   
   3> MRSETS /DISPLAY NAME=ALL
-  Error: Line 1: MRSETS is not a command. The command here is MRSET.
+  Error: Line 1: MRSETS is not a command. The commands here are MRSET and TABULATE.
     -c 3, line 1, column 1:
       MRSETS /DISPLAY NAME=ALL
       ^^^^^^
@@ -241,13 +241,13 @@ What is no command is an error with its line, and the next one runs.
                           ^
   
   4> /DISPLAY NAME=ALL
-  Error: Line 7: / is not a command. The command here is MRSET.
+  Error: Line 7: / is not a command. The commands here are MRSET and TABULATE.
     bad.script, line 7, column 1:
       /DISPLAY NAME=ALL.
       ^
   
   5> 5
-  Error: Line 8: 5 is not a command. The command here is MRSET.
+  Error: Line 8: 5 is not a command. The commands here are MRSET and TABULATE.
     bad.script, line 8, column 1:
       5.
       ^

@@ -17,7 +17,7 @@ It is loaded by the first command that needs it.
 
   $ MRSET_MODULE=/no/such/module.so mrset run s.mrset -c 'OTHER'
   1> OTHER
-  Error: Line 1: OTHER is not a command. The command here is MRSET.
+  Error: Line 1: OTHER is not a command. The commands here are MRSET and TABULATE.
     -c 1, line 1, column 1:
       OTHER
       ^^^^^

@@ -156,7 +156,7 @@ What is wrong with the pages is told a line each.
   The history cannot be read to the end.
   x.mrset: 102 findings.
 
-  $ answers cases
+  $ answers block
   sets: 0
   variables: 0
   log: 0
@@ -170,9 +170,8 @@ What is wrong with the pages is told a line each.
   mrset: x.mrset is damaged.
   check: 1
   ... and 90 more such findings.
-  The header cannot be read to the end.
   The cases cannot be read to the end.
-  x.mrset: 102 findings.
+  x.mrset: 101 findings.
 
   $ answers history
   sets: 0

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "standalone/output/csv/csv_table_writer.h"
+#include "standalone/output/csv/csv_tabulation.h"
 #include "standalone/output/message_text.h"
 #include "standalone/output/plain/excerpt.h"
 #include "standalone/output/renderer.h"
@@ -14,14 +15,16 @@ namespace {
 
 class CsvRenderer final : public Renderer {
  public:
-  CsvRenderer(std::ostream& stream, std::ostream& messages, CsvCharacters characters)
-      : fTables(stream, characters), fMessages(messages) {}
+  CsvRenderer(std::ostream& stream, const OutputLook& look)
+      : fTables(stream, look), fMessages(*look.messages), fShowsCommands(look.showsCommands) {}
 
   void Write(const CommandResult& result) override {
     std::size_t table = 0;
     for (const Item& item : result.items) {
       if (const auto* message = std::get_if<Message>(&item)) {
         Tell(result, *message);
+      } else if (const auto* tabulation = std::get_if<Tabulation>(&item)) {
+        WriteTabulation(result, *tabulation);
       } else {
         WriteTable(result.number, ++table, std::get<Table>(item));
       }
@@ -43,6 +46,16 @@ class CsvRenderer final : public Renderer {
     fTables.Write(table);
   }
 
+  void WriteTabulation(const CommandResult& result, const Tabulation& tabulation) {
+    fTables.Place({}, {});
+    for (const Table& table : CsvTables(tabulation)) {
+      fTables.Write(table);
+    }
+    for (const std::string& note : tabulation.notes) {
+      Tell(fShowsCommands ? CommandInWords(result) + ": " + tabulation.set : tabulation.set, note);
+    }
+  }
+
   void Tell(const CommandResult& result, const Message& message) {
     Tell(message.place ? PlaceInWords(result, *message.place) : CommandInWords(result),
          fmt::format("{}: {}", LevelName(message.level), TrimmedText(message)));
@@ -60,12 +73,13 @@ class CsvRenderer final : public Renderer {
 
   CsvTableWriter fTables;
   std::ostream& fMessages;
+  bool fShowsCommands;
 };
 
 }  // namespace
 
-std::unique_ptr<Renderer> MakeCsvRenderer(std::ostream& stream, std::ostream& messages, CsvCharacters characters) {
-  return std::make_unique<CsvRenderer>(stream, messages, characters);
+std::unique_ptr<Renderer> MakeCsvRenderer(std::ostream& stream, const OutputLook& look) {
+  return std::make_unique<CsvRenderer>(stream, look);
 }
 
 }  // namespace standalone

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "standalone/output/csv/csv_text.h"
+#include "standalone/text/notice.h"
 #include "standalone/text/unicode.h"
 #include "standalone/text/visible.h"
 
@@ -68,10 +69,16 @@ void CsvTableWriter::Add(const TableRow& row) {
   WriteRecord(texts);
 }
 
+void CsvTableWriter::WriteNotes(const std::vector<std::string>& notes) {
+  for (const std::string& note : notes) {
+    fMessages << NoticeLine(note);
+  }
+}
+
 void CsvTableWriter::WriteRecord(const std::vector<std::string>& texts) {
   std::vector<std::string> cells;
   for (const std::string& text : texts) {
-    const std::string valid = fCharacters == CsvCharacters::kVisible ? Visible(text) : ReplaceInvalidUtf8(text);
+    const std::string valid = fIsTerminal ? Visible(text) : ReplaceInvalidUtf8(text);
     cells.push_back(HarmlessInSpreadsheets(valid));
   }
   WriteCsvRecord(fStream, cells);
@@ -88,8 +95,8 @@ std::string CsvTableWriter::NotesOf(const TableRow& row) const {
   return Joined(notes);
 }
 
-std::unique_ptr<TableWriter> MakeCsvTableWriter(std::ostream& stream, CsvCharacters characters) {
-  return std::make_unique<CsvTableWriter>(stream, characters);
+std::unique_ptr<TableWriter> MakeCsvTableWriter(std::ostream& stream, const OutputLook& look) {
+  return std::make_unique<CsvTableWriter>(stream, look);
 }
 
 }  // namespace standalone

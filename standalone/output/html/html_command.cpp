@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "standalone/output/html/html_table.h"
+#include "standalone/output/html/html_tabulation.h"
 #include "standalone/output/html/html_text.h"
 #include "standalone/output/message_text.h"
 #include "standalone/output/plain/excerpt.h"
@@ -91,6 +92,7 @@ class ItemsHtml {
  private:
   void Add(const Message& message);
   void Add(const Table& table);
+  void Add(const Tabulation& tabulation);
   std::string AdditionsHtml(const Message& message) const;
   void AddToMessages(std::string_view className, const std::string& html);
   void EndMessages();
@@ -129,6 +131,12 @@ void ItemsHtml::Add(const Table& table) {
   EndMessages();
   fLastMessage.Forget();
   fHtml += HtmlTable(table, fmt::format("{}-table-{}", fId, ++fTables));
+}
+
+void ItemsHtml::Add(const Tabulation& tabulation) {
+  EndMessages();
+  fLastMessage.Forget();
+  fHtml += HtmlTabulation(tabulation, fmt::format("{}-table-{}", fId, ++fTables));
 }
 
 void ItemsHtml::EndMessages() {

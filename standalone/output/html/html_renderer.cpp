@@ -11,6 +11,7 @@
 #include "standalone/output/html/html_text.h"
 #include "standalone/output/message_text.h"
 #include "standalone/output/renderer.h"
+#include "standalone/text/counted.h"
 
 namespace standalone {
 namespace {
@@ -54,15 +55,15 @@ std::string CountHtml(std::size_t number, std::string_view what, std::string_vie
                      number == 0 ? std::string() : fmt::format(" class=\"{}\"", className), what, number);
 }
 
-std::string Title(const PageHeading& heading, const Counts& counts) {
+std::string Title(const std::string& dataset, const Counts& counts) {
   const std::size_t failures = counts.failed + counts.aborted;
-  return fmt::format("{}: {} command{}, {}", heading.dataset, counts.commands, counts.commands == 1 ? "" : "s",
+  return fmt::format("{}: {}, {}", dataset, Counted(counts.commands, "command"),
                      failures == 0 ? "no failure" : fmt::format("{} failed", failures));
 }
 
 class HtmlRenderer final : public Renderer {
  public:
-  HtmlRenderer(std::ostream& stream, PageHeading heading) : fStream(stream), fHeading(std::move(heading)) {}
+  HtmlRenderer(std::ostream& stream, OutputLook look) : fStream(stream), fLook(std::move(look)) {}
 
   void Write(const CommandResult& result) override;
   void Finish() override;
@@ -74,7 +75,7 @@ class HtmlRenderer final : public Renderer {
   void WriteFailures();
 
   std::ostream& fStream;
-  PageHeading fHeading;
+  OutputLook fLook;
   Counts fCounts;
   std::vector<std::string> fFailures;  // links to those that are linked to
   Spool fCommands;
@@ -113,15 +114,15 @@ void HtmlRenderer::WriteHead() {
              "base-uri 'none'; form-action 'none'\">\n"
              "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
              "<meta name=\"color-scheme\" content=\"light dark\">\n"
-          << "<title>" << HtmlText(Title(fHeading, fCounts)) << "</title>\n"
+          << "<title>" << HtmlText(Title(fLook.dataset, fCounts)) << "</title>\n"
           << "<style>\n"
           << kPageStyle << "</style>\n</head>\n<body>\n";
 }
 
 void HtmlRenderer::WriteSummary() {
-  fStream << "<header>\n<p class=\"kind\">Multiple response sets</p>\n<h1 dir=\"auto\">" << HtmlText(fHeading.dataset)
+  fStream << "<header>\n<p class=\"kind\">Multiple response sets</p>\n<h1 dir=\"auto\">" << HtmlText(fLook.dataset)
           << "</h1>\n";
-  if (fHeading.isDryRun) {
+  if (fLook.isDryRun) {
     fStream << "<p class=\"dry-run\">A dry run: the dataset was left as it was.</p>\n";
   }
   fStream << "<dl class=\"counts\">\n"
@@ -147,8 +148,8 @@ void HtmlRenderer::WriteFailures() {
 
 }  // namespace
 
-std::unique_ptr<Renderer> MakeHtmlRenderer(std::ostream& stream, const PageHeading& heading) {
-  return std::make_unique<HtmlRenderer>(stream, heading);
+std::unique_ptr<Renderer> MakeHtmlRenderer(std::ostream& stream, const OutputLook& look) {
+  return std::make_unique<HtmlRenderer>(stream, look);
 }
 
 }  // namespace standalone

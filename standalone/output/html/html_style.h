@@ -19,6 +19,8 @@ inline constexpr std::string_view kPageStyle = R"css(:root {
   --warning: #7a4d00;
   --warning-panel: #fdf6e6;
   --ok: #22683c;
+  --bar: #0072b2; --bar-1: #bd8300; --bar-2: #1d96db; --bar-3: #009e73; --bar-4: #9c920c; --bar-5: #0072b2;
+  --bar-6: #d55e00; --bar-7: #ca73a3;
 }
 @media (prefers-color-scheme: dark) {
   :root {
@@ -33,6 +35,8 @@ inline constexpr std::string_view kPageStyle = R"css(:root {
     --warning: #ecc46c;
     --warning-panel: #302817;
     --ok: #84cf9f;
+    --bar: #56b4e9; --bar-1: #e69f00; --bar-2: #56b4e9; --bar-3: #009e73; --bar-4: #f0e442; --bar-5: #0072b2;
+    --bar-6: #d55e00; --bar-7: #cc79a7;
   }
 }
 * { box-sizing: border-box; }
@@ -113,6 +117,26 @@ td li { padding-inline-start: 1em; text-indent: -1em; }
 td.number { text-align: right; font-variant-numeric: tabular-nums; }
 th.number { text-align: right; }
 td.none { color: var(--soft); }
+tfoot { color: var(--soft); }
+tbody + tfoot { border-top: 2px solid var(--line); }
+tfoot th { font-weight: 400; }
+.net th, .net td { font-style: italic; }
+.scope { display: block; color: var(--soft); font-weight: 400; }
+.tabulation { display: flex; flex-wrap: wrap; align-items: flex-start; gap: 1.5rem 2.5rem; }
+.tabulation > .scroll { max-width: 100%; }
+.tabulation > .chart { flex: 1 1 25rem; min-width: min(25rem, 100%); max-width: 44rem; }
+.chart-title { margin-bottom: 0.5rem; font-size: 0.9375rem; font-weight: 650; }
+.chart svg { display: block; min-width: 25rem; }
+.chart text { fill: var(--ink); font-size: 14px; font-variant-numeric: tabular-nums; }
+.chart .member { font-weight: 600; }
+.bar { fill: var(--bar); }
+.bar-1 { fill: var(--bar-1); }
+.bar-2 { fill: var(--bar-2); }
+.bar-3 { fill: var(--bar-3); }
+.bar-4 { fill: var(--bar-4); }
+.bar-5 { fill: var(--bar-5); }
+.bar-6 { fill: var(--bar-6); }
+.bar-7 { fill: var(--bar-7); }
 sup { position: relative; top: -0.4em; margin-left: 0.2em; font-size: 0.75em; line-height: 0; vertical-align: baseline; }
 td.number sup { position: absolute; top: auto; margin-top: -0.1em; line-height: 1.5; }
 .command > .notes { margin-top: 0.625rem; color: var(--soft); font-size: 0.875rem; }
@@ -126,11 +150,16 @@ td.number sup { position: absolute; top: auto; margin-top: -0.1em; line-height: 
   .counts { gap: 0.75rem 1.5rem; grid-template-columns: repeat(2, max-content); }
   .command h2 code, .command-text { white-space: pre-line; }
 }
+@media (forced-colors: active) {
+  .chart text { fill: CanvasText; }
+}
 @media print {
   :root {
     color-scheme: light;
     --page: #ffffff; --panel: #ffffff; --line: #999999; --ink: #000000; --soft: #333333; --link: #000000;
     --error: #8a0f0a; --error-panel: #ffffff; --warning: #5e3b00; --warning-panel: #ffffff; --ok: #000000;
+    --bar: #0072b2; --bar-1: #bd8300; --bar-2: #1d96db; --bar-3: #009e73; --bar-4: #9c920c; --bar-5: #0072b2;
+    --bar-6: #d55e00; --bar-7: #ca73a3;
   }
   @page { margin: 18mm 16mm; }
   body { max-width: none; padding: 0; font-size: 10pt; }
@@ -139,6 +168,8 @@ td.number sup { position: absolute; top: auto; margin-top: -0.1em; line-height: 
   .scroll { overflow: visible; background: none; }
   table { font-size: 9pt; }
   th, td { min-width: 8em; padding-right: 1em; overflow-wrap: anywhere; }
+  .tabulation th, .tabulation td { min-width: 0; }
+  .tabulation > .chart { break-inside: avoid; }
   h2, .facts, caption { break-after: avoid; }
   tr, .messages li { break-inside: avoid; }
 }

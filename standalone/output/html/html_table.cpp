@@ -16,9 +16,10 @@ namespace {
 
 constexpr std::string_view kNotApplicable = "N/A";
 
+/// A number, or "<" and a number.
 bool IsNumber(const Cell& cell) {
   const auto* text = std::get_if<std::string>(&cell.value);
-  return text != nullptr && NumberValue(*text).has_value();
+  return text != nullptr && NumberValue(text->substr(text->find_first_not_of('<') == 1 ? 1 : 0)).has_value();
 }
 
 bool MayStandAmongNumbers(const Cell& cell) {

@@ -18,7 +18,7 @@ class JsonRenderer final : public Renderer {
 
 }  // namespace
 
-std::unique_ptr<Renderer> MakeJsonRenderer(std::ostream& stream) {
+std::unique_ptr<Renderer> MakeJsonRenderer(std::ostream& stream, const OutputLook& /*look*/) {
   return std::make_unique<JsonRenderer>(stream);
 }
 

@@ -5,6 +5,7 @@
 #include <iterator>
 #include <utility>
 
+#include "standalone/output/json/tabulation_json.h"
 #include "standalone/text/visible.h"
 
 namespace standalone {
@@ -83,6 +84,9 @@ Json TableToJson(const Table& table) {
 Json ToJson(const Item& item) {
   if (const auto* message = std::get_if<Message>(&item)) {
     return MessageToJson(*message);
+  }
+  if (const auto* tabulation = std::get_if<Tabulation>(&item)) {
+    return ToJson(*tabulation);
   }
   return TableToJson(std::get<Table>(item));
 }

@@ -2,7 +2,9 @@
 
 #include <memory>
 #include <ostream>
+#include <utility>
 
+#include "standalone/output/markdown/markdown_tabulation.h"
 #include "standalone/output/markdown/markdown_text.h"
 #include "standalone/output/message_text.h"
 #include "standalone/output/plain/excerpt.h"
@@ -17,14 +19,17 @@ constexpr std::size_t kExcerptWidth = 100;
 
 class MarkdownRenderer final : public Renderer {
  public:
-  explicit MarkdownRenderer(std::ostream& stream) : fStream(stream), fTables(MakeMarkdownTableWriter(stream)) {}
+  MarkdownRenderer(std::ostream& stream, bool showsCommands)
+      : fStream(stream), fShowsCommands(showsCommands), fTables(MakeMarkdownTableWriter(stream, {})) {}
 
   void Write(const CommandResult& result) override {
-    fStream << fmt::format("{}## Command {}\n\n{}", fIsFirst ? "" : "\n", result.number, MarkdownCode(result.text));
-    fIsFirst = false;
+    if (fShowsCommands) {
+      SetApart();
+      fStream << fmt::format("## Command {}\n\n{}", result.number, MarkdownCode(result.text));
+    }
     fLastMessage.Forget();
     for (const Item& item : result.items) {
-      fStream << '\n';
+      SetApart();
       std::visit([&](const auto& one) { WriteItem(result, one); }, item);
     }
     for (const std::string& hint : result.hints) {
@@ -39,6 +44,12 @@ class MarkdownRenderer final : public Renderer {
   }
 
  private:
+  void SetApart() {
+    if (!std::exchange(fIsFirst, false)) {
+      fStream << '\n';
+    }
+  }
+
   void WriteItem(const CommandResult& result, const Message& message) {
     fStream << fmt::format("**{}:** {}\n", LevelName(message.level), MarkdownText(TrimmedText(message)));
     if (!fLastMessage.IsRepeatedBy(message)) {
@@ -60,6 +71,11 @@ class MarkdownRenderer final : public Renderer {
     fLastMessage.Forget();
   }
 
+  void WriteItem(const CommandResult& /*result*/, const Tabulation& tabulation) {
+    WriteMarkdown(fStream, tabulation, *fTables);
+    fLastMessage.Forget();
+  }
+
   void WritePlace(const CommandResult& result, const Place& place) {
     const Excerpt excerpt = ExcerptAt(result, place, kExcerptWidth);
     const std::string marked =
@@ -70,6 +86,7 @@ class MarkdownRenderer final : public Renderer {
   void WriteHint(const std::string& hint) { fStream << "\n*hint:* " << MarkdownText(hint) << '\n'; }
 
   std::ostream& fStream;
+  bool fShowsCommands;
   std::unique_ptr<TableWriter> fTables;
   bool fIsFirst = true;
   LastMessage fLastMessage;
@@ -77,8 +94,8 @@ class MarkdownRenderer final : public Renderer {
 
 }  // namespace
 
-std::unique_ptr<Renderer> MakeMarkdownRenderer(std::ostream& stream) {
-  return std::make_unique<MarkdownRenderer>(stream);
+std::unique_ptr<Renderer> MakeMarkdownRenderer(std::ostream& stream, const OutputLook& look) {
+  return std::make_unique<MarkdownRenderer>(stream, look.showsCommands);
 }
 
 }  // namespace standalone

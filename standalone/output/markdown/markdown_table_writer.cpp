@@ -28,6 +28,7 @@ class MarkdownTableWriter final : public TableWriter {
   void Begin(const Table& heading) override;
   void Add(const TableRow& row) override;
   void End() override;
+  void WriteNotes(const std::vector<std::string>& notes) override;
 
  private:
   std::string TextWithMarker(const Cell& cell);
@@ -77,9 +78,15 @@ void MarkdownTableWriter::End() {
   }
 }
 
+void MarkdownTableWriter::WriteNotes(const std::vector<std::string>& notes) {
+  for (const std::string& note : notes) {
+    fStream << '\n' << MarkdownText(note) << '\n';
+  }
+}
+
 }  // namespace
 
-std::unique_ptr<TableWriter> MakeMarkdownTableWriter(std::ostream& stream) {
+std::unique_ptr<TableWriter> MakeMarkdownTableWriter(std::ostream& stream, const OutputLook& /*look*/) {
   return std::make_unique<MarkdownTableWriter>(stream);
 }
 

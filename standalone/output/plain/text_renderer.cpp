@@ -9,6 +9,7 @@
 #include "standalone/output/message_text.h"
 #include "standalone/output/plain/excerpt.h"
 #include "standalone/output/plain/paint.h"
+#include "standalone/output/plain/text_tabulation.h"
 #include "standalone/output/renderer.h"
 #include "standalone/output/table_writer.h"
 #include "standalone/text/trim.h"
@@ -22,12 +23,13 @@ constexpr std::string_view kBlanks = " \t\v\f";
 
 class TextRenderer final : public Renderer {
  public:
-  TextRenderer(std::ostream& stream, std::size_t width, Colour colour, Echo echo)
+  TextRenderer(std::ostream& stream, const OutputLook& look)
       : fStream(stream),
-        fWidth(width),
-        fColour(colour),
-        fEcho(echo),
-        fTables(MakeTextTableWriter(stream, width, colour)) {}
+        fWidth(look.width),
+        fColour(look.colour),
+        fChart(look.chart),
+        fShowsCommands(look.showsCommands),
+        fTables(MakeTextTableWriter(stream, look)) {}
 
   void Write(const CommandResult& result) override;
 
@@ -36,6 +38,7 @@ class TextRenderer final : public Renderer {
   void WriteCommandLine(const std::string& mark, std::string_view line);
   void WriteItem(const CommandResult& result, const Message& message);
   void WriteItem(const CommandResult& result, const Table& table);
+  void WriteItem(const CommandResult& result, const Tabulation& tabulation);
   void WriteAdditions(const CommandResult& result, const Message& message);
   void WritePlace(const CommandResult& result, const Message& message);
   void WriteHint(const std::string& hint);
@@ -44,7 +47,8 @@ class TextRenderer final : public Renderer {
   std::ostream& fStream;
   std::size_t fWidth;
   Colour fColour;
-  Echo fEcho;
+  Chart fChart;
+  bool fShowsCommands;
   std::unique_ptr<TableWriter> fTables;
   bool fIsFirst = true;
   bool fFollowsTable = false;
@@ -54,7 +58,7 @@ class TextRenderer final : public Renderer {
 void TextRenderer::Write(const CommandResult& result) {
   SetApart(!fIsFirst);
   fIsFirst = false;
-  if (fEcho == Echo::kCommands) {
+  if (fShowsCommands) {
     WriteCommand(result.number, result.text);
   }
   fLastMessage.Forget();
@@ -130,6 +134,13 @@ void TextRenderer::WriteItem(const CommandResult& /*result*/, const Table& table
   fLastMessage.Forget();
 }
 
+void TextRenderer::WriteItem(const CommandResult& /*result*/, const Tabulation& tabulation) {
+  SetApart(true);
+  fStream << TextTabulation(tabulation, fWidth, fColour, fChart);
+  fFollowsTable = true;
+  fLastMessage.Forget();
+}
+
 void TextRenderer::SetApart(bool fromLineBefore) {
   if (fromLineBefore) {
     fStream << '\n';
@@ -139,8 +150,8 @@ void TextRenderer::SetApart(bool fromLineBefore) {
 
 }  // namespace
 
-std::unique_ptr<Renderer> MakeTextRenderer(std::ostream& stream, std::size_t width, Colour colour, Echo echo) {
-  return std::make_unique<TextRenderer>(stream, width, colour, echo);
+std::unique_ptr<Renderer> MakeTextRenderer(std::ostream& stream, const OutputLook& look) {
+  return std::make_unique<TextRenderer>(stream, look);
 }
 
 }  // namespace standalone

@@ -1,17 +1,21 @@
+#include <fmt/format.h>
+
 #include <ostream>
 #include <string>
 #include <string_view>
 
 #include "standalone/output/plain/text_table.h"
+#include "standalone/output/plain/wrap.h"
 #include "standalone/output/table_writer.h"
+#include "standalone/text/visible.h"
 
 namespace standalone {
 namespace {
 
 class TextTableWriter final : public TableWriter {
  public:
-  TextTableWriter(std::ostream& stream, std::size_t width, Colour colour)
-      : fStream(stream), fWidth(width), fColour(colour) {}
+  TextTableWriter(std::ostream& stream, const OutputLook& look)
+      : fStream(stream), fWidth(look.width), fColour(look.colour) {}
 
   void Begin(const Table& heading) override {
     fTable = {heading.title, heading.rowDimension, heading.columnDimension, heading.columns, {}};
@@ -32,6 +36,13 @@ class TextTableWriter final : public TableWriter {
             << std::string_view(text).substr(titleEnd);
   }
 
+  void WriteNotes(const std::vector<std::string>& notes) override {
+    fStream << (notes.empty() ? "" : "\n");
+    for (const std::string& note : notes) {
+      fStream << fmt::format("{}\n", fmt::join(WrapText(Visible(note), fWidth), "\n"));
+    }
+  }
+
  private:
   std::ostream& fStream;
   std::size_t fWidth;
@@ -41,8 +52,8 @@ class TextTableWriter final : public TableWriter {
 
 }  // namespace
 
-std::unique_ptr<TableWriter> MakeTextTableWriter(std::ostream& stream, std::size_t width, Colour colour) {
-  return std::make_unique<TextTableWriter>(stream, width, colour);
+std::unique_ptr<TableWriter> MakeTextTableWriter(std::ostream& stream, const OutputLook& look) {
+  return std::make_unique<TextTableWriter>(stream, look);
 }
 
 }  // namespace standalone

@@ -15,6 +15,7 @@
 #include "standalone/storage/database.h"
 #include "standalone/storage/file_format.h"
 #include "standalone/storage/interrupt.h"
+#include "tests/standalone/stored_cases.h"
 #include "tests/standalone/temporary_folder.h"
 
 namespace standalone {
@@ -188,19 +189,58 @@ TEST_F(DatasetTest, AStringVariableHasItsWidthOrThatOfItsLongestValue) {
   EXPECT_EQ(dataset.VariableAt(4).width, 0);
 }
 
-TEST_F(DatasetTest, CasesAreJsonArrays) {
+TEST_F(DatasetTest, CasesAreReadAsTheyWereWritten) {
   DatasetWriter writer(kFile, false);
   writer.SetVariables({{"n", 0, std::nullopt, {}}, {"s", 1, std::nullopt, {}}});
   writer.AddCase({"-1.50", "a \"quoted\" \\ text\n\x01\xC3\xB6"});
   writer.AddCase({"", ""});
+  writer.AddCase({"9007199254740993", " "});
   writer.Commit();
-  Database database(kFile, kFile);
-  Query rows(database, "SELECT cells FROM cases ORDER BY position");
-  ASSERT_TRUE(rows.Step());
-  EXPECT_EQ(rows.Text(0), "[-1.50,\"a \\\"quoted\\\" \\\\ text\\u000a\\u0001\xC3\xB6\"]");
-  ASSERT_TRUE(rows.Step());
-  EXPECT_EQ(rows.Text(0), "[null,\"\"]");
-  EXPECT_FALSE(rows.Step());
+  EXPECT_THAT(StoredCases(kFile),
+              ElementsAre(nlohmann::json({-1.5, "a \"quoted\" \\ text\n\x01\xC3\xB6"}),
+                          nlohmann::json({nullptr, nullptr}), nlohmann::json({9007199254740992.0, " "})));
+  Dataset dataset(kFile);
+  EXPECT_EQ(dataset.BlockCount(), 1U);
+  EXPECT_EQ(dataset.CasesOfBlock(0), 3U);
+  EXPECT_EQ(dataset.ReadHead(0, 0).missing, 1U);
+  EXPECT_EQ(SentenceOf([&] { dataset.ReadHead(0, 1); }), "survey.mrs is damaged.");
+}
+
+TEST_F(DatasetTest, CasesAreCutIntoBlocksThatAreTheSameForAllVariables) {
+  DatasetWriter writer(kFile, false);
+  writer.SetVariables({{"n", 0, std::nullopt, {}}, {"s", 1, std::nullopt, {}}});
+  for (int number = 0; number < 70'000; ++number) {
+    writer.AddCase({std::to_string(number % 300), number % 2 == 0 ? "a" : ""});
+  }
+  writer.Commit();
+  Dataset dataset(kFile);
+  ASSERT_EQ(dataset.BlockCount(), 2U);
+  EXPECT_EQ(dataset.CasesOfBlock(0), 65'536U);
+  EXPECT_EQ(dataset.CasesOfBlock(1), 70'000U - 65'536U);
+  EXPECT_EQ(dataset.ReadHead(1, 0).counts, std::vector<std::size_t>({32'768}));
+  const std::vector<nlohmann::json> cases = StoredCases(dataset);
+  for (std::size_t number = 0; number < cases.size(); ++number) {
+    const nlohmann::json text = number % 2 == 0 ? nlohmann::json("a") : nlohmann::json();
+    ASSERT_EQ(cases[number], nlohmann::json({static_cast<double>(number % 300), text})) << number;
+  }
+}
+
+TEST_F(DatasetTest, LongCellsMakeShorterBlocks) {
+  DatasetWriter writer(kFile, false);
+  writer.SetVariables({{"n", 0, std::nullopt, {}}, {"s", kWidthOfLongestValue, std::nullopt, {}}});
+  constexpr std::size_t kCases = 80;
+  for (std::size_t number = 0; number < kCases; ++number) {
+    writer.AddCase({"1", std::to_string(number) + std::string(1'000'000, 'x')});
+  }
+  writer.Commit();
+  Dataset dataset(kFile);
+  EXPECT_GE(dataset.BlockCount(), 2U);
+  EXPECT_LE(dataset.BlockCount(), 8U);
+  std::size_t cases = 0;
+  for (std::size_t number = 0; number < dataset.BlockCount(); ++number) {
+    cases += dataset.CasesOfBlock(number);
+  }
+  EXPECT_EQ(cases, kCases);
 }
 
 TEST_F(DatasetTest, SetsAreReadAsSavedAndInTheirOrder) {
@@ -273,16 +313,38 @@ TEST_F(DatasetTest, SetsAtOnePositionComeApartWhenOneIsPutBetweenThem) {
   EXPECT_EQ(NamesOf(Dataset(kFile).Sets()), (std::vector<std::string>{"$a", "$x", "$b"}));
 }
 
-TEST_F(DatasetTest, TheEpochTellsOfWritesElsewhere) {
+TEST_F(DatasetTest, CasesThatAnotherProcessReplacedAreReadAnew) {
   MakeDataset(kFile);
   Dataset dataset(kFile);
-  const std::uint64_t revision = dataset.Revision();
+  EXPECT_EQ(dataset.BlockCount(), 1U);
   dataset.EndTransaction();
-  ASSERT_EQ(dataset.SaveSets({SetOf("$own")}, kCommand), Dataset::Saved::kDone);
-  EXPECT_EQ(dataset.Revision(), revision);
-  dataset.EndTransaction();
-  SaveSets({SetOf("$other")});
-  EXPECT_NE(dataset.Revision(), revision);
+  DatasetWriter writer(kFile, true);
+  writer.SetVariables(ThreeVariables());
+  writer.Commit();
+  EXPECT_EQ(dataset.BlockCount(), 0U);
+}
+
+TEST_F(DatasetTest, BlocksThatDoNotFitTogetherAreDamage) {
+  struct Row {
+    const char* damage;
+    const char* what;
+  };
+  const std::vector<Row> rows = {
+      {"UPDATE block SET cells = x'00'", "cells"},
+      {"UPDATE block SET head = x'00'", "head"},
+      {"DELETE FROM block WHERE id = 0", "the first variable's block"},
+      {"UPDATE block SET head = (SELECT head FROM block WHERE id = 2), cells = (SELECT cells FROM block WHERE id = 2)"
+       " WHERE id = 0",
+       "of another type"},
+      {"UPDATE block SET id = id + (1 << 32)", "of another number"},
+      {"DELETE FROM block WHERE id = 1", "a block"},
+  };
+  for (const Row& row : rows) {
+    std::filesystem::remove(kFile);
+    MakeDataset(kFile);
+    Tamper(row.damage);
+    EXPECT_EQ(SentenceOf([] { StoredCases(kFile); }), "survey.mrs is damaged.") << row.what;
+  }
 }
 
 TEST_F(DatasetTest, EveryWriteRaisesTheGeneration) {
@@ -393,7 +455,7 @@ TEST_F(DatasetTest, AnEditDuringAReplacingImportIsKept) {
   EXPECT_EQ(dataset.VariableCount(), 1);
   EXPECT_THAT(NamesOf(dataset.Sets()), ElementsAre("$meanwhile"));
   EXPECT_EQ(NumberOf("SELECT case_count FROM meta"), 0);
-  EXPECT_EQ(NumberOf("SELECT count(*) FROM cases"), 0);
+  EXPECT_EQ(NumberOf("SELECT count(*) FROM block"), 0);
 }
 
 TEST_F(DatasetTest, ALockThatIsNotReleasedIsOneSentence) {
@@ -438,8 +500,17 @@ TEST_F(DatasetTest, AnotherKindOfDatabaseIsRefused) {
 
 TEST_F(DatasetTest, ANewerVersionIsRefused) {
   MakeDataset(kFile);
-  Tamper("PRAGMA user_version = 3");
+  Tamper("PRAGMA user_version = 4");
   EXPECT_EQ(SentenceOfReading(), "survey.mrs was made by a newer version of the program.");
+}
+
+TEST_F(DatasetTest, AnOlderFormatIsRefusedWithWhatToDo) {
+  MakeDataset(kFile);
+  Tamper("PRAGMA user_version = 2; DROP TABLE block; CREATE TABLE cases(position INTEGER PRIMARY KEY)");
+  EXPECT_EQ(SentenceOfReading(),
+            "survey.mrs is of format 2, which this program no longer reads; import the survey again, and carry its sets"
+            " over with `mrset script` of the build that made the file.");
+  EXPECT_EQ(SentenceOf([] { DatasetWriter(kFile, true); }), SentenceOfReading());
 }
 
 TEST_F(DatasetTest, AFileThatLooksLikeAUriIsAFile) {
@@ -486,7 +557,6 @@ TEST_F(DatasetTest, AForeignSchemaIsRefusedByName) {
        "the view meta does not belong to a dataset."},
       {"DROP TABLE variable; CREATE TABLE variable(position, name, name_key, width, label)",
        "the table variable is not defined as it should be."},
-      {"PRAGMA user_version = 1", "the table history does not belong to a dataset."},
       {"CREATE UNIQUE INDEX sqlit ON variable(name)", "the index sqlit does not belong to a dataset."},
       {"CREATE TRIGGER t AFTER INSERT ON mr_set BEGIN UPDATE mr_set SET name = '$hijacked'; END",
        "the trigger t does not belong to a dataset."}};

@@ -47,8 +47,8 @@ using MessagesOfTheHost = Rows;
 
 TEST_F(MessagesOfTheHost, StandAtTheirCulprit) {
   Expect({
-      {"<FREQUENCIES> q1", "Line 1: FREQUENCIES is not a command. The command here is MRSET."},
-      {"</>DISPLAY", "Line 1: / is not a command. The command here is MRSET."},
+      {"<FREQUENCIES> q1", "Line 1: FREQUENCIES is not a command. The commands here are MRSET and TABULATE."},
+      {"</>DISPLAY", "Line 1: / is not a command. The commands here are MRSET and TABULATE."},
       {"MRSET /DELETE NAME=[<\xFF>]", "Line 1: The command is not valid UTF-8."},
       {"MRSET\n /MCGROUP LABEL=<'a''b> \n NAME=$a", "Line 2: A string is not closed on its line."},
       {std::string("MRSET <\0>", 9), "Line 1: The command holds a NUL character."},

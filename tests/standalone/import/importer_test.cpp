@@ -8,6 +8,7 @@
 #include "standalone/dataset/dataset.h"
 #include "standalone/files/input_file.h"
 #include "standalone/storage/database.h"
+#include "tests/standalone/stored_cases.h"
 #include "tests/standalone/temporary_folder.h"
 
 namespace standalone {
@@ -39,15 +40,7 @@ class ImporterTest : public TemporaryFolderTest {
     return variables;
   }
 
-  static std::vector<std::string> Cases() {
-    Database database(kDataset, kDataset);
-    Query rows(database, "SELECT cells FROM cases ORDER BY position");
-    std::vector<std::string> cases;
-    while (rows.Step()) {
-      cases.push_back(rows.Text(0));
-    }
-    return cases;
-  }
+  static std::vector<std::string> Cases() { return StoredCaseTexts(kDataset); }
 
   static std::string SentenceOfImport(std::string_view csv, const std::string& fields = "") {
     Write(kData, csv);
@@ -65,8 +58,8 @@ TEST_F(ImporterTest, TheFormOfValuesIsTheCodebooks) {
       {"name": "d", "type": "string"}, {"name": "e"}, {"name": "f", "type": "integer", "groupChar": "'"}]})");
   Import(kCodebook);
   EXPECT_THAT(Variables(), ElementsAre("a:0", "b:0", "c:0", "d:1", "e:0", "f:0"));
-  EXPECT_THAT(Cases(), ElementsAre(R"([null,1234.5,1,"x",null,12000])", R"([-9.5,-0.5,0,"",7,null])",
-                                   R"([3,null,null,"",null,123])"));
+  EXPECT_THAT(Cases(), ElementsAre(R"([null,1234.5,1,"x",null,12000])", R"([-9.5,-0.5,0,null,7,null])",
+                                   R"([3,null,null,null,null,123])"));
 }
 
 TEST_F(ImporterTest, ANumberOfAnotherFormIsRefused) {
@@ -83,7 +76,8 @@ TEST_F(ImporterTest, ANumberOfAnotherFormIsRefused) {
 TEST_F(ImporterTest, AColumnThatIsAStringForFewCellsIsNamed) {
   struct Row {
     std::string cells;
-    std::size_t notNumbers;
+    std::size_t count;
+    std::size_t inOtherForm;
     std::size_t line;
     std::string text;
   };
@@ -91,14 +85,19 @@ TEST_F(ImporterTest, AColumnThatIsAStringForFewCellsIsNamed) {
   for (int number = 0; number < 100; ++number) {
     hundred += "," + std::to_string(number);
   }
-  const std::vector<Row> rows = {{"x,1,2,3", 1, 2, "x"},
-                                 {"1,, x ,3,4", 1, 4, "x"},
-                                 {"1,2,3,4,5,6,7,8,9,007,x,y", 3, 11, "007"},
-                                 {"a,b,c,d,e" + hundred, 5, 2, "a"},
-                                 {"x,1,2", 0, 0, ""},
-                                 {"a,b,c,d,e,f" + hundred, 0, 0, ""},
-                                 {"a,b,c", 0, 0, ""},
-                                 {"1,2,3", 0, 0, ""}};
+  const std::vector<Row> rows = {{"x,1,2,3", 1, 0, 2, "x"},
+                                 {"1,, x ,3,4", 1, 0, 4, "x"},
+                                 {"1,x,2", 1, 0, 3, "x"},
+                                 {"1,2,3,4,5,6,7,8,9,007,x,y", 3, 1, 11, "007"},
+                                 {"98052,01234,10001,00501,33109,60601", 2, 2, 3, "01234"},
+                                 {"+5,1,.5,2,3,4,5", 2, 2, 2, "+5"},
+                                 {"a,b,c,d,e" + hundred, 5, 0, 2, "a"},
+                                 {"01,02,3", 0, 0, 0, ""},
+                                 {"x,1", 0, 0, 0, ""},
+                                 {"x,y,1,2,3", 0, 0, 0, ""},
+                                 {"a,b,c,d,e,f" + hundred, 0, 0, 0, ""},
+                                 {"a,b,c", 0, 0, 0, ""},
+                                 {"1,2,3", 0, 0, 0, ""}};
   for (const Row& row : rows) {
     std::string data = "q,other\n";
     for (std::size_t begin = 0; begin <= row.cells.size();) {
@@ -109,12 +108,13 @@ TEST_F(ImporterTest, AColumnThatIsAStringForFewCellsIsNamed) {
     std::filesystem::remove(kDataset);
     Write(kData, data);
     const std::vector<NearlyNumericColumn> named = Import().nearlyNumeric;
-    ASSERT_EQ(named.size(), row.notNumbers == 0 ? 0U : 1U) << row.cells;
+    ASSERT_EQ(named.size(), row.count == 0 ? 0U : 1U) << row.cells;
     if (!named.empty()) {
       EXPECT_EQ(named[0].name, "q");
-      EXPECT_EQ(named[0].notNumbers, row.notNumbers) << row.cells;
-      EXPECT_EQ(named[0].line, row.line) << row.cells;
-      EXPECT_EQ(named[0].text, row.text) << row.cells;
+      EXPECT_EQ(named[0].odd.count, row.count) << row.cells;
+      EXPECT_EQ(named[0].odd.inOtherForm, row.inOtherForm) << row.cells;
+      EXPECT_EQ(named[0].odd.line, row.line) << row.cells;
+      EXPECT_EQ(named[0].odd.text, row.text) << row.cells;
     }
   }
   std::filesystem::remove(kDataset);
@@ -131,9 +131,9 @@ TEST_F(ImporterTest, WithoutACodebookTypesAndWidthsComeFromTheData) {
   EXPECT_EQ(summary.variables, 8U);
   EXPECT_EQ(summary.cases, 3U);
   EXPECT_THAT(Variables(), ElementsAre("num:0", "text:3", "mixed:1", "none:1", "code:3", "plus:2", "dec:0", "yes:5"));
-  EXPECT_THAT(Cases(), ElementsAre(R"([1,"Tea","1","","007","+1",1.5,"true"])",
-                                   "[null,\"\xC3\xB6l\",\"x\",\"\",\"010\",\"2\",-2e3,\"false\"]",
-                                   R"([3,"","","","1","3",0,""])"));
+  EXPECT_THAT(Cases(), ElementsAre(R"([1,"Tea","1",null,"007","+1",1.5,"true"])",
+                                   "[null,\"\xC3\xB6l\",\"x\",null,\"010\",\"2\",-2000,\"false\"]",
+                                   R"([3,null,null,null,"1","3",0,null])"));
 }
 
 TEST_F(ImporterTest, TheCodebookGivesTypesWidthsAndLabels) {
@@ -145,8 +145,8 @@ TEST_F(ImporterTest, TheCodebookGivesTypesWidthsAndLabels) {
          {"name": "e", "type": "string", "constraints": {"maxLength": 3}})");
   Import(kCodebook);
   EXPECT_THAT(Variables(), ElementsAre("A:0", "b:0", "c:0", "d:0", "e:3", "f:1"));
-  EXPECT_THAT(Cases(), ElementsAre(R"([1,7,1,1999,"abc",""])", R"([null,0.5,0,null,"",""])",
-                                   "[2.0,3,0,2001,\"\xC3\xB6\xC3\xB6\xC3\xB6\",\"x\"]"));
+  EXPECT_THAT(Cases(), ElementsAre(R"([1,7,1,1999,"abc",null])", R"([null,0.5,0,null,null,null])",
+                                   "[2,3,0,2001,\"\xC3\xB6\xC3\xB6\xC3\xB6\",\"x\"]"));
   Dataset dataset(kDataset);
   EXPECT_EQ(dataset.VariableAt(0).label, "An A");
   ASSERT_EQ(dataset.VariableAt(0).valueLabels.size(), 2U);

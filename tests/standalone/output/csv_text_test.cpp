@@ -57,10 +57,13 @@ struct Written {
   std::string messages;
 };
 
-Written Csv(const std::vector<CommandResult>& results, CsvCharacters characters = CsvCharacters::kAsTheyAre) {
+Written Csv(const std::vector<CommandResult>& results, bool isTerminal = false) {
   std::ostringstream stream;
   std::ostringstream messages;
-  const std::unique_ptr<Renderer> renderer = MakeCsvRenderer(stream, messages, characters);
+  OutputLook look;
+  look.isTerminal = isTerminal;
+  look.messages = &messages;
+  const std::unique_ptr<Renderer> renderer = MakeCsvRenderer(stream, look);
   for (std::size_t i = 0; i < results.size(); ++i) {
     CommandResult result = results[i];
     result.number = i + 1;
@@ -119,12 +122,12 @@ TEST(CsvRenderer, KeepsCharactersForProgramsAndShowsThemOnTerminals) {
   Table table = TwoSets();
   table.columns = {"Label"};
   table.rows = {{"=a", {{std::string("x\ny\x1b\xFF\u202E"), {}}}}};
-  const auto row = [&](CsvCharacters characters) {
-    const std::string text = Csv({Result("A", {table})}, characters).table;
+  const auto row = [&](bool isTerminal) {
+    const std::string text = Csv({Result("A", {table})}, isTerminal).table;
     return text.substr(text.find("1,1"));
   };
-  EXPECT_EQ(row(CsvCharacters::kAsTheyAre), "1,1,Multiple Response Sets,'=a,\"x\ny\x1b\uFFFD\u202E\",\r\n");
-  EXPECT_EQ(row(CsvCharacters::kVisible), "1,1,Multiple Response Sets,'=a,x\\ny\\x1b\uFFFD\\u202e,\r\n");
+  EXPECT_EQ(row(false), "1,1,Multiple Response Sets,'=a,\"x\ny\x1b\uFFFD\u202E\",\r\n");
+  EXPECT_EQ(row(true), "1,1,Multiple Response Sets,'=a,x\\ny\\x1b\uFFFD\\u202e,\r\n");
 }
 
 TEST(CsvRenderer, KeepsAnEntryOfAListOnItsLine) {
@@ -137,7 +140,7 @@ TEST(CsvRenderer, KeepsAnEntryOfAListOnItsLine) {
 
 TEST(CsvTableWriter, WritesAPlainTableWithoutPlaceAndNotes) {
   std::ostringstream stream;
-  MakeCsvTableWriter(stream, CsvCharacters::kAsTheyAre)->Write(TwoSets());
+  MakeCsvTableWriter(stream, {})->Write(TwoSets());
   EXPECT_EQ(stream.str(),
             "Name,Label,Counted Value,Elementary Variables\r\n"
             "$likes,Likes,1,\"Tea\nCoffee\"\r\n"

@@ -199,7 +199,10 @@ TEST(CommandHtml, ALongCommandStandsBelowItsHeading) {
 
 std::string Page(const std::vector<CommandResult>& results, bool isDryRun = false) {
   std::ostringstream stream;
-  const std::unique_ptr<Renderer> renderer = MakeHtmlRenderer(stream, {"a<b>.mrset", isDryRun});
+  OutputLook look;
+  look.dataset = "a<b>.mrset";
+  look.isDryRun = isDryRun;
+  const std::unique_ptr<Renderer> renderer = MakeHtmlRenderer(stream, look);
   for (std::size_t i = 0; i < results.size(); ++i) {
     CommandResult result = results[i];
     result.number = i + 1;

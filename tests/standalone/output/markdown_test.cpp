@@ -44,7 +44,7 @@ TEST(MarkdownCode, CannotBeLeft) {
 
 std::string Markdown(const std::vector<CommandResult>& results) {
   std::ostringstream stream;
-  const std::unique_ptr<Renderer> renderer = MakeMarkdownRenderer(stream);
+  const std::unique_ptr<Renderer> renderer = MakeMarkdownRenderer(stream, {});
   for (std::size_t i = 0; i < results.size(); ++i) {
     CommandResult result = results[i];
     result.number = i + 1;
@@ -121,7 +121,7 @@ TEST(MarkdownRenderer, ShowsThePlaceOfARepeatedMessageOnce) {
 
 TEST(MarkdownTableWriter, CountsTheNotesOfEachTableAnewAndTellsOfNoRows) {
   std::ostringstream stream;
-  const std::unique_ptr<TableWriter> writer = MakeMarkdownTableWriter(stream);
+  const std::unique_ptr<TableWriter> writer = MakeMarkdownTableWriter(stream, {});
   Table table = TwoSets();
   table.columns = {"L|M"};
   table.rows = {{"$a\nb", {{"A", {"x<y"}}}}};

@@ -29,7 +29,7 @@ const std::string kOneSet =
 
 std::string Text(const std::vector<CommandResult>& results) {
   std::ostringstream stream;
-  const std::unique_ptr<Renderer> renderer = MakeTextRenderer(stream, 80);
+  const std::unique_ptr<Renderer> renderer = MakeTextRenderer(stream, {});
   std::size_t number = 0;
   for (CommandResult result : results) {
     result.number = ++number;
@@ -156,7 +156,7 @@ TEST(TextRenderer, KeepsTablesWithinTheWidth) {
   std::ostringstream stream;
   Table table = OneSet();
   table.rows[0].cells[0].value = "What you like";
-  MakeTextRenderer(stream, 16)->Write(Result("A", {table}));
+  MakeTextRenderer(stream, {16})->Write(Result("A", {table}));
   EXPECT_EQ(stream.str(),
             "1> A\n"
             "\n"
@@ -174,7 +174,7 @@ TEST(TextRenderer, ColoursHeadingsLevelsCaretsAndHints) {
   CommandResult result = Result("MRSET\n/FOO", {Message{Level::kWarning, "w"}, OneSet()}, Status::kAborted);
   result.items.emplace_back(Message{Level::kError, "e", Place{2, 2, 3, 7, 3}, "h"});
   result.items.emplace_back(Message{Level::kFatal, "f"});
-  MakeTextRenderer(stream, 80, Colour::kAnsi)->Write(result);
+  MakeTextRenderer(stream, {80, Colour::kAnsi})->Write(result);
   EXPECT_EQ(stream.str(),
             "\x1b[1m1> MRSET\x1b[0m\n"
             "\x1b[1m   /FOO\x1b[0m\n"
@@ -196,13 +196,13 @@ TEST(TextRenderer, AnEmptyTitleHasNoColour) {
   std::ostringstream stream;
   Table table = OneSet();
   table.title.clear();
-  MakeTextTableWriter(stream, 80, Colour::kAnsi)->Write(table);
+  MakeTextTableWriter(stream, {80, Colour::kAnsi})->Write(table);
   EXPECT_EQ(stream.str(), kOneSet.substr(kOneSet.find('\n')));
 }
 
 TEST(JsonRenderer, WritesOneObjectALine) {
   std::ostringstream stream;
-  const std::unique_ptr<Renderer> renderer = MakeJsonRenderer(stream);
+  const std::unique_ptr<Renderer> renderer = MakeJsonRenderer(stream, {});
   CommandResult second = Result("B\nC", {Message{Level::kError, "\xFF"}}, Status::kError);
   second.number = 2;
   second.line = 7;

@@ -6,7 +6,10 @@
 #include <string_view>
 #include <vector>
 
+#include "standalone/output/json/result_json.h"
+#include "standalone/output/plain/text_tabulation.h"
 #include "standalone/text/error.h"
+#include "tests/standalone/output/tabulations.h"
 
 namespace standalone {
 namespace {
@@ -75,6 +78,20 @@ TEST(Codec, ATableArrivesWithEveryMember) {
   for (const Table& table : {OneOfEverything(), Table{}, Table{"no rows", "r", "c", {"x"}, {}}}) {
     ExpectSame(std::get<Table>(Sent(table)), table);
   }
+}
+
+TEST(Codec, ATabulationArrivesWithEveryMember) {
+  Tabulation tabulation = WeightedDrinks();
+  tabulation.confidence = 99.5;
+  tabulation.minBase = 30;
+  tabulation.tests.front().members.front().byMember = "food1";
+  const auto arrived = std::get<Tabulation>(Sent(tabulation));
+  EXPECT_EQ(OneLine(ToJson(Item(arrived))), OneLine(ToJson(Item(tabulation))));
+  EXPECT_EQ(TextTabulation(arrived, 80), TextTabulation(tabulation, 80));
+  EXPECT_EQ(arrived.tests.front().members.front().byMember, "food1");
+  EXPECT_EQ(arrived.columns.back().values, tabulation.columns.back().values);
+  EXPECT_EQ(arrived.minBase, 30);
+  EXPECT_EQ(arrived.confidence, 99.5);
 }
 
 TEST(Codec, EveryKindOfEventArrives) {

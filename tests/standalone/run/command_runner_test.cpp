@@ -8,6 +8,8 @@
 
 #include "standalone/dataset/dataset_writer.h"
 #include "standalone/language/tokenizer.h"
+#include "standalone/storage/interrupt.h"
+#include "standalone/text/error.h"
 #include "tests/standalone/elsewhere.h"
 #include "tests/standalone/temporary_folder.h"
 
@@ -22,6 +24,7 @@ class CommandRunnerTest : public TemporaryFolderTest {
     setenv("MRSET_MODULE", MRSET_TEST_MODULE, 1);
     DatasetWriter writer(kFile, false);
     writer.SetVariables({{"q1", 0, std::nullopt, {}}, {"q2", 0, std::nullopt, {}}});
+    writer.AddCase({"1", "0"});
     writer.Commit();
   }
 
@@ -42,7 +45,8 @@ class CommandRunnerTest : public TemporaryFolderTest {
 };
 
 std::string KindOf(const Event& event) {
-  constexpr const char* kKinds[] = {"procedure", "message", "table", "hint", "dry run", "saves", "restarted"};
+  constexpr const char* kKinds[] = {"procedure", "message", "table", "tabulation",
+                                    "hint",      "dry run", "saves", "restarted"};
   return kKinds[event.index()];
 }
 
@@ -93,6 +97,68 @@ TEST_F(CommandRunnerTest, ADryRunKeepsItsSetsToItself) {
   EXPECT_EQ(StoredNames(), Kinds{});
 }
 
+TEST_F(CommandRunnerTest, TabulateNeedsNoModuleAndSavesNothing) {
+  Dataset(kFile).SaveSets({{"$a", SetType::kDichotomy, "", "1", false, false, {"q1", "q2"}}}, "set-up");
+  setenv("MRSET_MODULE", "/nowhere", 1);
+  Kinds told;
+  CommandRunner runner(kFile, false, [&](const Event& event) { told.push_back(KindOf(event)); });
+  EXPECT_FALSE(runner.Run({"tab $a $A", 1}));
+  EXPECT_FALSE(runner.Run({"TABULATE $b", 1}));
+  EXPECT_EQ(told, (Kinds{"procedure", "tabulation", "tabulation", "procedure", "message"}));
+}
+
+TEST_F(CommandRunnerTest, TabulateCountsTheSetsOfADryRun) {
+  std::vector<std::string> sets;
+  CommandRunner runner(kFile, true, [&](const Event& event) {
+    if (const auto* tabulation = std::get_if<Tabulation>(&event)) {
+      sets.push_back(tabulation->set);
+    }
+  });
+  EXPECT_FALSE(runner.Run({"MRSET /MCGROUP NAME=$a VARIABLES=q1 q2", 1}));
+  EXPECT_FALSE(runner.Run({"TABULATE $A", 1}));
+  EXPECT_EQ(sets, Kinds{"$a"});
+  EXPECT_EQ(StoredNames(), Kinds{});
+}
+
+TEST_F(CommandRunnerTest, AnInterruptionEndsATabulate) {
+  Dataset(kFile).SaveSets({{"$a", SetType::kDichotomy, "", "1", false, false, {"q1", "q2"}}}, "set-up");
+  CommandRunner runner(
+      kFile, false, [](const Event& event) { isInterruptRequested = std::holds_alternative<ProcedureOpened>(event); });
+  EXPECT_THROW(runner.Run({"TABULATE $a", 1}), Error);
+  isInterruptRequested = false;
+}
+
+TEST_F(CommandRunnerTest, AnErrorOfTabulateHasItsPlaceAndAHint) {
+  Dataset(kFile).SaveSets({{"$drinks", SetType::kDichotomy, "", "1", false, false, {"q1", "q2"}}}, "set-up");
+  struct Row {
+    std::string command;
+    std::string place;
+    std::string hint;
+  };
+  const std::vector<Row> rows = {
+      {"TABULATE $drniks", "$drniks", "did you mean $drinks?"},
+      {"TABULATE $drinks /WEIHGT=q1", "WEIHGT", "did you mean WEIGHT?"},
+      {"TABULATE $drinks /BY=q1, q2", ",", "separate names and keywords by blanks, not commas"},
+      {"TABULATE $drinks /WHERE=q1 IN (1, x)", "x", ""},
+      {"TABULATE $drinks /BY=q1\nMRSET /DISPLAY NAME=ALL", "DISPLAY", "line 1 has no period at its end"},
+      {"TABULATE $drinks /BY=q1\nTABULATE $drinks", "TABULATE", "line 1 has no period at its end"},
+      {"TABULATE $drinks /NET=a\nb: c", "c", ""},
+  };
+  for (const Row& row : rows) {
+    std::vector<Message> messages;
+    CommandRunner runner(kFile, false, [&](const Event& event) {
+      if (const auto* message = std::get_if<Message>(&event)) {
+        messages.push_back(*message);
+      }
+    });
+    runner.Run({row.command, 1});
+    ASSERT_EQ(messages.size(), 1U) << row.command;
+    EXPECT_EQ(messages[0].level, Level::kError);
+    EXPECT_EQ(row.command.substr(messages[0].place->offset, messages[0].place->size), row.place) << row.command;
+    EXPECT_EQ(messages[0].hint.value_or(""), row.hint) << row.command;
+  }
+}
+
 TEST_F(CommandRunnerTest, TheLineOfAnErrorIsThatOfTheScript) {
   Kinds items;
   CommandRunner runner(kFile, false, [&](const Event& event) {
@@ -103,7 +169,8 @@ TEST_F(CommandRunnerTest, TheLineOfAnErrorIsThatOfTheScript) {
   EXPECT_FALSE(runner.Run({"MRSET\n /MCGROUP\n LABEL='open", 7}));
   EXPECT_FALSE(runner.Run({std::string(100, 'X'), 3}));
   EXPECT_EQ(items, (Kinds{"Line 9: " + SentenceOf([] { Tokenize("'open"); }),
-                          "Line 3: " + std::string(60, 'X') + "... is not a command. The command here is MRSET."}));
+                          "Line 3: " + std::string(60, 'X') +
+                              "... is not a command. The commands here are MRSET and TABULATE."}));
 }
 
 }  // namespace

@@ -32,7 +32,17 @@ class MemorySource : public CompletionSource {
   Texts sets = {"$toppings", "$Drinks", "$dry"};
   std::size_t visited = 0;
 
-  std::vector<std::string> SetNames() override { return sets; }
+  Texts SetNames() override { return sets; }
+
+  std::optional<StoredSet> FindSet(const std::string& name) override {
+    if (CompareNoCase(name, "$Drinks") == 0) {
+      return StoredSet{"$Drinks", SetType::kDichotomy, "", "1", false, false, {"drink1", "Drink2"}};
+    }
+    return CompareNoCase(name, "$toppings") == 0
+               ? std::make_optional(
+                     StoredSet{"$toppings", SetType::kCategory, "", "", false, false, {"drink1", "colour"}})
+               : std::nullopt;
+  }
 
   void VisitVariables(std::string_view beginning, int from, const VisitName& visit) override {
     const std::string first = ToUpper(beginning);
@@ -80,7 +90,7 @@ void ExpectCompletions(const std::vector<Row>& rows) {
   }
 }
 
-const Texts kCommands = {"exit", "help", "log", "MRSET", "quit", "sets", "undo", "variables"};
+const Texts kCommands = {"exit", "help", "log", "MRSET", "quit", "sets", "TABULATE", "undo", "variables"};
 const Texts kVariables = {"drink1", "Drink2", "drink3", "total", "colour", "Größe", "name"};
 
 TEST(Completer, CompletesTheCommand) {
@@ -94,7 +104,8 @@ TEST(Completer, CompletesTheCommand) {
       {"MRSETS", {}, "MRSETS"},
       {"s", {"sets"}, "sets "},
       {"V", {"VARIABLES"}, "VARIABLES "},
-      {"/* first */ ", {"MRSET"}, "/* first */ MRSET "},
+      {"/* first */ ", {"MRSET", "TABULATE"}, "/* first */ "},
+      {"ta", {"tabulate"}, "tabulate "},
       {"FREQ ", {}, "FREQ "},
       {"* MRSET ", {}, "* MRSET "},
   });
@@ -102,13 +113,58 @@ TEST(Completer, CompletesTheCommand) {
 
 TEST(Completer, CompletesWhatFollowsACommandOfTheShell) {
   ExpectCompletions({
-      {"help ", {"delete", "display", "mcgroup", "mdgroup", "mrset"}, "help "},
+      {"help ",
+       {"delete", "display", "mcgroup", "mdgroup", "mrset", "tabulate", "exit", "help", "log", "quit", "sets", "undo",
+        "variables"},
+       "help "},
+      {"help u", {"undo"}, "help undo "},
       {"help md", {"mdgroup"}, "help mdgroup "},
       {"HELP MD", {"MDGROUP"}, "HELP MDGROUP "},
       {"variables dr", {"drink1", "Drink2", "drink3"}, "variables drink"},
       {"variables ", kVariables, "variables "},
       {"sets ", {}, "sets "},
       {"quit x", {}, "quit x"},
+  });
+}
+
+TEST(Completer, CompletesTabulate) {
+  const Texts subcommands = {"BASE=", "BY=",   "CONFIDENCE=", "DECIMALS=", "LAST=",   "MINBASE=", "NET=",
+                             "NONE=", "SHOW=", "SORT=",       "TEST",      "WEIGHT=", "WHERE="};
+  Texts columns = {"$Drinks", "$dry", "$toppings"};
+  columns.insert(columns.end(), kVariables.begin(), kVariables.end());
+  Texts conditions = {"$Drinks", "$dry", "$toppings", "MISSING(", "NOT"};
+  conditions.insert(conditions.end(), kVariables.begin(), kVariables.end());
+  ExpectCompletions({
+      {"TABULATE ", {"$Drinks", "$dry", "$toppings"}, "TABULATE $"},
+      {"tab $t", {"$toppings"}, "tab $toppings "},
+      {"TABULATE $drinks ", {"$dry", "$toppings", "/"}, "TABULATE $drinks "},
+      {"TABULATE $drinks /", subcommands, "TABULATE $drinks /"},
+      {"TABULATE $drinks /we", {"weight="}, "TABULATE $drinks /weight="},
+      {"TABULATE $drinks /TEST /T", {}, "TABULATE $drinks /TEST /T"},
+      {"TABULATE $drinks /BY", {"BY="}, "TABULATE $drinks /BY="},
+      {"TABULATE $drinks /BY=", columns, "TABULATE $drinks /BY="},
+      {"TABULATE $drinks /BY=col", {"colour"}, "TABULATE $drinks /BY=colour "},
+      {"TABULATE $drinks /BY=$toppings $t", {}, "TABULATE $drinks /BY=$toppings $t"},
+      {"TABULATE $drinks /BY=colour*", kVariables, "TABULATE $drinks /BY=colour*"},
+      {"TABULATE $drinks /WEIGHT=to", {"total"}, "TABULATE $drinks /WEIGHT=total "},
+      {"TABULATE $drinks /BASE=", {"ALL", "ANSWERED", "ASKED", "COMPLETE"}, "TABULATE $drinks /BASE="},
+      {"TABULATE $drinks /BASE=all", {"all"}, "TABULATE $drinks /BASE=all "},
+      {"TABULATE $drinks /SHOW=COUNT CASES E", {"ERROR"}, "TABULATE $drinks /SHOW=COUNT CASES ERROR "},
+      {"TABULATE $drinks /LAST=", {"drink1", "Drink2"}, "TABULATE $drinks /LAST=drink"},
+      {"TABULATE $toppings /NET='x': r", {}, "TABULATE $toppings /NET='x': r"},
+      {"TABULATE $toppings /NONE=", {"0", "1", "'red'", "\"it's\""}, "TABULATE $toppings /NONE="},
+      {"TABULATE $drinks /WHERE=", conditions, "TABULATE $drinks /WHERE="},
+      {"TABULATE $drinks /WHERE=mis", {"missing("}, "TABULATE $drinks /WHERE=missing("},
+      {"TABULATE $drinks /WHERE=drink1 ", {"<", "<=", "<>", "=", ">", ">=", "IN"}, "TABULATE $drinks /WHERE=drink1 "},
+      {"TABULATE $drinks /WHERE=drink1=", {"0", "1"}, "TABULATE $drinks /WHERE=drink1="},
+      {"TABULATE $drinks /WHERE=colour IN ('red', ",
+       {"'red'", "\"it's\""},
+       "TABULATE $drinks /WHERE=colour IN ('red', "},
+      {"TABULATE $drinks /WHERE=drink1=1 ", {"AND", "OR"}, "TABULATE $drinks /WHERE=drink1=1 "},
+      {"TABULATE $drinks /WHERE=$Drinks ", {"HAS"}, "TABULATE $drinks /WHERE=$Drinks HAS "},
+      {"TABULATE $drinks /WHERE=$Drinks HAS ", {"drink1", "Drink2"}, "TABULATE $drinks /WHERE=$Drinks HAS drink"},
+      {"TABULATE $drinks /MINBASE=", {}, "TABULATE $drinks /MINBASE="},
+      {"TABULATE drinks /", {}, "TABULATE drinks /"},
   });
 }
 

@@ -11,6 +11,7 @@
 #include "standalone/language/tokenizer.h"
 #include "standalone/run/supervisor.h"
 #include "standalone/shell/dataset_completion_source.h"
+#include "standalone/tabulation/tabulate_grammar.h"
 #include "standalone/text/unicode.h"
 #include "tests/standalone/shell/shell_dataset.h"
 
@@ -62,6 +63,11 @@ class CompletionPropertyTest : public ShellDatasetTest {
         keywords.insert(keyword.options.begin(), keyword.options.end());
       }
     }
+    for (const TabulateSubcommand& subcommand : TabulateSubcommands()) {
+      keywords.insert(std::string(subcommand.name) + (IsValueOptional(subcommand) ? "" : "="));
+      keywords.insert(subcommand.words.begin(), subcommand.words.end());
+    }
+    keywords.insert({"NOT", "MISSING(", "IN", "HAS", "AND", "OR"});
     return keywords.count(ToUpper(candidate)) != 0;
   }
 
@@ -102,12 +108,26 @@ TEST_F(CompletionPropertyTest, WhateverIsCutOffCommandsTheModuleReadsTheKeywords
   EXPECT_GT(KeywordsChecked(), 300U);
 }
 
+TEST_F(CompletionPropertyTest, WhateverIsCutOffATabulateItsKeywordsAreRead) {
+  const std::vector<std::string> commands = {
+      "TABULATE $first $second /BY=q1 colour*q2 $second /WEIGHT=q1 /BASE=ASKED /NONE=1 /NET='x y': q1 q2 /SHOW=COUNT "
+      "CASES /SORT=NONE /LAST=q1 /CONFIDENCE=95 /TEST=HOLM /MINBASE=3 /DECIMALS=2",
+      "tab $FIRST whe=not (q1 in (1, 2) or mis(colour)) and colour<>'red' and $second has q1 /tes /bas=all",
+  };
+  for (const std::string& command : commands) {
+    for (std::size_t size = 0; size <= command.size(); ++size) {
+      Check(command.substr(0, size));
+    }
+  }
+  EXPECT_GT(KeywordsChecked(), 250U);
+}
+
 TEST_F(CompletionPropertyTest, CommandsThatAreMadeOfCandidatesAreReadAsFarAsTheyGo) {
   constexpr int kCommands = 150;
   constexpr int kSteps = 14;
   std::mt19937 random(20240501);
   for (int command = 0; command < kCommands; ++command) {
-    std::string text = "MRSET ";
+    std::string text = command % 3 == 0 ? "TABULATE $first " : "MRSET ";
     for (int step = 0; step < kSteps; ++step) {
       Check(text);
       const Completion completion = CompletionOf(text);

@@ -87,15 +87,12 @@ TEST_F(OrderedKeysTest, EveryScanStopsWhereRowsAreOutOfOrder) {
     Scan scan;
   };
   const std::vector<Row> rows = {
-      {"variable", 0, [](Dataset& dataset) { dataset.VisitVariableNames([](std::string_view) {}); }},
       {"history", 0, log},
       {"variable", 1,
        [](Dataset& dataset) { dataset.VisitVariables("", 0, [](int, const std::string&) { return true; }); }},
       {"sqlite_autoindex_variable_1", 1,
        [](Dataset& dataset) { dataset.VisitVariables("q", 0, [](int, const std::string&) { return true; }); }},
       {"value_label", 0, [](Dataset& dataset) { dataset.VariableAt(0); }},
-      {"cases", 0,
-       [](Dataset& dataset) { dataset.VisitCases(0, [](std::int64_t, std::string_view) { return true; }); }},
       {"mr_set", 0, sets},
       {"mr_set_variable", 0, sets},
       {"history_set", 0, [](Dataset& dataset) { dataset.SetsOfVersion(0); }}};

@@ -33,6 +33,21 @@ TEST(NumberText, OfManyDigitsIsANumberUpToTheRangeOfADouble) {
   EXPECT_FALSE(NumberValue(std::string(400, '9')).has_value());
 }
 
+TEST(NumberText, OfOptionsIsNineDigitsAtMostAndNothingElse) {
+  struct {
+    const char* text;
+    std::optional<std::int64_t> number;
+    bool isDigits;
+  } const rows[] = {{"0", 0, true},           {"007", 7, true},         {"999999999", 999'999'999, true},
+                    {"1000000000", {}, true}, {"0000000001", {}, true}, {"", {}, false},
+                    {"-1", {}, false},        {"+1", {}, false},        {"1.5", {}, false},
+                    {"1e3", {}, false},       {" 1", {}, false},        {"1x", {}, false}};
+  for (const auto& row : rows) {
+    EXPECT_EQ(WholeNumber(row.text), row.number) << row.text;
+    EXPECT_EQ(IsDigits(row.text), row.isDigits) << row.text;
+  }
+}
+
 TEST(NumberText, IsTheShortestThatGivesTheNumberAgain) {
   EXPECT_EQ(ShortestNumber(1), "1");
   EXPECT_EQ(ShortestNumber(-0.0), "0");

@@ -1,0 +1,14 @@
+#ifndef STANDALONE_CASES_CHECKSUM_H
+#define STANDALONE_CASES_CHECKSUM_H
+
+#include <cstdint>
+#include <string_view>
+
+namespace standalone {
+
+/// XXH3 with 64 bits.
+std::uint64_t Checksum(std::string_view bytes);
+
+}  // namespace standalone
+
+#endif  // STANDALONE_CASES_CHECKSUM_H

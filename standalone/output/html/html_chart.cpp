@@ -1,0 +1,154 @@
+#include "standalone/output/html/html_chart.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <string_view>
+#include <vector>
+
+#include "standalone/output/html/html_text.h"
+#include "standalone/output/plain/wrap.h"
+#include "standalone/output/tabulation_words.h"
+#include "standalone/text/unicode.h"
+#include "standalone/text/visible.h"
+
+namespace standalone {
+namespace {
+
+constexpr std::size_t kMostBars = 200;
+constexpr std::size_t kColours = 7;
+constexpr int kMostDecimals = 2;
+
+// Places in percent of the chart's width, which the style sheet keeps at 400 pixels or more; heights in pixels.
+constexpr double kBarsBegin = 44;
+constexpr double kLongestBar = 44;
+constexpr std::size_t kLineHeight = 18;
+constexpr std::size_t kBarHeight = 14;
+constexpr std::size_t kBaseline = 12;
+constexpr std::size_t kGap = 4;
+
+/// A room for text: columns at which it is wrapped, and its width in pixels.
+struct Room {
+  std::size_t columns;
+  std::size_t pixels;
+};
+
+constexpr Room kLabelRoom = {20, 174};
+constexpr Room kWholeWidth = {48, 392};
+
+/// About how wide the text is; more than it is in most typefaces.
+std::size_t PixelsOf(std::string_view text) {
+  constexpr std::string_view kWide = "ABCDEFGHIJKLMNOPQRSTUVWXYZmw@%&";
+  std::size_t pixels = 0;
+  for (std::size_t offset = 0; offset < text.size(); offset += CharacterLength(text, offset)) {
+    const std::string_view character = text.substr(offset, CharacterLength(text, offset));
+    const bool isWide = kWide.find(character) != std::string_view::npos || DisplayWidth(character) > 1;
+    pixels += isWide ? 14 : character.size() > 1 ? 10 : 8;
+  }
+  return pixels;
+}
+
+/// Writes the bars from the top down.
+class BarChart {
+ public:
+  BarChart(const Tabulation& tabulation, const ColumnGroup& group);
+
+  std::string Html(const std::string& id);
+
+ private:
+  bool HasOneSeries() const { return fGroup.end - fGroup.begin == 1; }
+  void AddMember(const TabulationRow& row);
+  void AddBar(const std::string& label, const Figure& percentage, const std::string& className);
+  std::size_t AddText(const std::string& text, const Room& room, std::string_view className);
+  std::string Title() const;
+  std::string Description() const;
+
+  const Tabulation& fTabulation;
+  const ColumnGroup& fGroup;
+  double fLargest = 0;
+  std::string fBody;
+  std::size_t fTop = 0;
+};
+
+BarChart::BarChart(const Tabulation& tabulation, const ColumnGroup& group) : fTabulation(tabulation), fGroup(group) {
+  for (const TabulationRow& row : tabulation.rows) {
+    for (std::size_t column = group.begin; column < group.end; ++column) {
+      fLargest = std::max(fLargest, row.cells[column].percentOfCases.value_or(0));
+    }
+  }
+}
+
+std::string BarChart::Html(const std::string& id) {
+  for (const TabulationRow& row : fTabulation.rows) {
+    AddMember(row);
+  }
+  return fmt::format(
+      "<div class=\"scroll chart\" role=\"group\" aria-labelledby=\"{0}\" tabindex=\"0\">\n"
+      "<p id=\"{0}\" class=\"chart-title\" dir=\"auto\">{2}</p>\n"
+      "<svg role=\"img\" aria-labelledby=\"{0}-title {0}-desc\" width=\"100%\" height=\"{1}\">\n"
+      "<title id=\"{0}-title\">{3}: {2}</title>\n<desc id=\"{0}-desc\">{4}</desc>\n{5}</svg>\n</div>\n",
+      id, fTop, HtmlText(Title()), HtmlText(TitleOf(fTabulation)), Description(), fBody);
+}
+
+/// "% of cases", "% of cases by region", or "% of cases by region: North" where there is no other column.
+std::string BarChart::Title() const {
+  const std::string by = fGroup.by.empty() ? "" : " by " + fGroup.by;
+  const std::string column =
+      fGroup.by.empty() || !HasOneSeries() ? "" : ": " + LabelOf(fTabulation.columns[fGroup.begin]);
+  return "% of cases" + by + column;
+}
+
+std::string BarChart::Description() const {
+  return fmt::format("Bars of the percentages that the table shows. The longest one stands for {}%.",
+                     FigureText(fLargest, std::min(fTabulation.decimals, kMostDecimals)));
+}
+
+/// One bar beside the member's label, or a bar for each column below it.
+void BarChart::AddMember(const TabulationRow& row) {
+  if (HasOneSeries()) {
+    AddBar(LabelOf(row), row.cells[fGroup.begin].percentOfCases, "bar");
+    return;
+  }
+  fTop += fTop == 0 ? 0 : 2 * kGap;
+  fTop += AddText(LabelOf(row), kWholeWidth, "member");
+  const bool areColoured = fGroup.end - fGroup.begin <= kColours;
+  for (std::size_t column = fGroup.begin; column < fGroup.end; ++column) {
+    AddBar(LabelOf(fTabulation.columns[column]), row.cells[column].percentOfCases,
+           areColoured ? fmt::format("bar bar-{}", column - fGroup.begin + 1) : "bar");
+  }
+}
+
+void BarChart::AddBar(const std::string& label, const Figure& percentage, const std::string& className) {
+  const std::size_t height = AddText(label, kLabelRoom, "label");
+  const double length = fLargest > 0 ? percentage.value_or(0) / fLargest * kLongestBar : 0;
+  fBody += fmt::format(
+      "<rect class=\"{}\" x=\"{:.2f}%\" y=\"{}\" width=\"{:.2f}%\" height=\"{}\"/>"
+      "<text x=\"{:.2f}%\" dx=\"6\" y=\"{}\">{}</text>\n",
+      className, kBarsBegin, fTop, length, kBarHeight, kBarsBegin + length, fTop + kBaseline,
+      FigureText(percentage, std::min(fTabulation.decimals, kMostDecimals)));
+  fTop += height + kGap;
+}
+
+/// Writes the lines of a text from the top on, each no wider than its room, and returns their height.
+std::size_t BarChart::AddText(const std::string& text, const Room& room, std::string_view className) {
+  std::size_t height = 0;
+  for (const std::string& line : WrapText(Visible(text), room.columns)) {
+    const bool isTooWide = PixelsOf(line) > room.pixels;
+    const std::string squeezed =
+        isTooWide ? fmt::format(" textLength=\"{}\" lengthAdjust=\"spacingAndGlyphs\"", room.pixels) : "";
+    fBody += fmt::format("<text class=\"{}\" x=\"0\" y=\"{}\"{}>{}</text>\n", className, fTop + kBaseline + height,
+                         squeezed, HtmlText(line));
+    height += kLineHeight;
+  }
+  return height;
+}
+
+}  // namespace
+
+std::string HtmlChart(const Tabulation& tabulation, const ColumnGroup& group, const std::string& id) {
+  const std::size_t bars = tabulation.rows.size() * (group.end - group.begin);
+  return bars == 0 || bars > kMostBars ? std::string() : BarChart(tabulation, group).Html(id);
+}
+
+}  // namespace standalone

@@ -1,0 +1,162 @@
+#include "standalone/output/plain/text_tabulation.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "standalone/output/plain/split_table.h"
+#include "standalone/output/plain/wrap.h"
+#include "standalone/output/tabulation_view.h"
+#include "standalone/output/tabulation_words.h"
+#include "standalone/text/visible.h"
+
+namespace standalone {
+namespace {
+
+constexpr std::size_t kLeastBar = 10;
+constexpr std::size_t kMostBar = 40;
+
+Strip FigureStrip(const Tabulation& tabulation, std::size_t column, const ShownFigure& figure) {
+  Strip strip{column, figure.heading, {}, 0, false};
+  for (const TabulationRow& row : tabulation.rows) {
+    strip.cells.push_back(FigureText(figure.of(row.cells[column]), figure.decimals));
+  }
+  return strip;
+}
+
+/// Makes the table of a tabulation: a column's first strip holds its bases. With one column the bases are told in
+/// sentences.
+SplitTable TableOf(const Tabulation& tabulation) {
+  const std::vector<ShownFigure> figures = ShownFigures(tabulation);
+  const std::vector<BaseRow> bases = tabulation.columns.size() > 1 ? BaseRows(tabulation) : std::vector<BaseRow>();
+  SplitTable table;
+  for (const TabulationRow& row : tabulation.rows) {
+    table.labels.push_back(LabelOf(row));
+  }
+  table.footBegin = table.labels.size();
+  for (const BaseRow& base : bases) {
+    table.labels.push_back(base.label);
+  }
+  for (std::size_t column = 0; column < tabulation.columns.size(); ++column) {
+    table.columns.push_back({tabulation.columns[column].by, LabelOf(tabulation.columns[column])});
+    const std::size_t first = table.strips.size();
+    for (const ShownFigure& figure : figures) {
+      table.strips.push_back(FigureStrip(tabulation, column, figure));
+    }
+    for (const BaseRow& base : bases) {
+      table.strips[first].cells.push_back(FigureText(base.figures[column], base.decimals));
+    }
+  }
+  for (Strip& strip : table.strips) {
+    strip.cells.resize(table.labels.size());
+  }
+  return table;
+}
+
+/// The largest percentage of cases, which the longest bar stands for.
+double LargestPercentage(const Tabulation& tabulation) {
+  double largest = 0;
+  for (const TabulationRow& row : tabulation.rows) {
+    for (const TabulationCell& cell : row.cells) {
+      largest = std::max(largest, cell.percentOfCases.value_or(0));
+    }
+  }
+  return largest;
+}
+
+/// Adds bars after the other strips of each column.
+void AddBars(SplitTable& table, const Tabulation& tabulation, Chart chart, std::size_t width) {
+  const double largest = LargestPercentage(tabulation);
+  const std::size_t figures = table.strips.size() / tabulation.columns.size();
+  for (std::size_t column = 0; column < tabulation.columns.size(); ++column) {
+    Strip strip{column, "", {}, width, true};
+    for (const TabulationRow& row : tabulation.rows) {
+      const double percentage = row.cells[column].percentOfCases.value_or(0);
+      strip.cells.push_back(percentage > 0 ? TextBar(percentage / largest, width, chart) : "");
+    }
+    strip.cells.resize(table.labels.size());
+    const std::size_t place = (column + 1) * figures + column;
+    table.strips.insert(table.strips.begin() + static_cast<std::ptrdiff_t>(place), std::move(strip));
+  }
+}
+
+/// Bars of one column take what room there is beside labels of two fifths of the width.
+std::size_t BarWidth(const SplitTable& table, std::size_t width) {
+  if (table.columns.size() > 1) {
+    return kLeastBar;
+  }
+  const std::size_t others = width * 2 / 5 + WidthOf(table.strips) + 2 * kStripGap;
+  return std::clamp(width - std::min(width, others), kLeastBar, kMostBar);
+}
+
+std::string MembersText(const Tabulation& tabulation, std::size_t width, Chart chart) {
+  SplitTable table = TableOf(tabulation);
+  AlignStrips(table);
+  if (chart != Chart::kNone) {
+    AddBars(table, tabulation, chart, BarWidth(table, width));
+  }
+  return SplitTableText(table, width);
+}
+
+void AddWrapped(std::string& text, const std::string& sentence, std::size_t width) {
+  for (const std::string& line : WrapText(Visible(sentence), width)) {
+    text += line + '\n';
+  }
+}
+
+/// Sentences below an empty line, where there are any.
+void AddSentences(std::string& text, const std::vector<std::string>& sentences, std::size_t width) {
+  text += sentences.empty() ? "" : "\n";
+  for (const std::string& sentence : sentences) {
+    AddWrapped(text, sentence, width);
+  }
+}
+
+void AddTest(std::string& text, const Tabulation& tabulation, const TabulationTest& test, std::size_t width) {
+  const Table texts = TestTable(tabulation, test);
+  const std::size_t labels = IsSet(test.by) ? 1 : 0;  // that stand beside the member's
+  SplitTable table;
+  table.footBegin = texts.rows.size();
+  for (std::size_t column = labels; column < texts.columns.size(); ++column) {
+    table.columns.emplace_back();
+    table.strips.push_back({column - labels, texts.columns[column], {}, 0, false});
+  }
+  for (const TableRow& row : texts.rows) {
+    const auto textAt = [&](std::size_t column) {
+      const auto* cell = std::get_if<std::string>(&row.cells[column].value);
+      return cell == nullptr ? std::string() : *cell;
+    };
+    const std::string byLabel = labels == 0 ? "" : textAt(0);
+    table.labels.push_back(byLabel.empty() ? row.name : row.name + ", " + byLabel);
+    for (std::size_t column = labels; column < texts.columns.size(); ++column) {
+      table.strips[column - labels].cells.push_back(textAt(column));
+    }
+  }
+  AlignStrips(table);
+  text += '\n';
+  AddWrapped(text, texts.title, width);
+  text += '\n' + SplitTableText(table, width);
+}
+
+}  // namespace
+
+std::string TextTabulation(const Tabulation& tabulation, std::size_t width, Colour colour, Chart chart) {
+  std::string text;
+  for (const std::string& line : WrapText(Visible(TitleOf(tabulation)), width)) {
+    text += Painted(line, Style::kHeading, colour) + '\n';
+  }
+  for (const std::string& line : ScopeOf(tabulation)) {
+    AddWrapped(text, line, width);
+  }
+  text += '\n' + MembersText(tabulation, width, chart);
+  if (tabulation.columns.size() == 1) {
+    AddSentences(text, BaseSentences(tabulation), width);
+  }
+  for (const TabulationTest& test : tabulation.tests) {
+    AddTest(text, tabulation, test, width);
+  }
+  AddSentences(text, tabulation.notes, width);
+  return text;
+}
+
+}  // namespace standalone

@@ -164,9 +164,7 @@ void Dataset::WriteLocked(const SetList& sets, const std::string* command) {
   ++fGeneration;
   try {
     std::move(write).ApplyTo(*fSets);
-    if (unconfirmed && fOptions.notify) {
-      fOptions.notify(*unconfirmed);
-    }
+    fOptions.Notify(unconfirmed);
   } catch (const std::bad_alloc&) {
     fSets.reset();  // the change stands: to keep its result is no part of it
   }
@@ -225,14 +223,9 @@ int Dataset::FindVariable(std::string_view name) {
   return fPositions.emplace(key, position).first->second;
 }
 
-void Dataset::VisitVariableNames(const std::function<void(std::string_view name)>& visit) {
-  BeginIfNone();
-  Query row(*fDatabase, "SELECT position, name FROM variable ORDER BY position");
-  OrderedKeys<std::int64_t> positions(*fDatabase);
-  while (row.Step()) {
-    positions.Next(row.Integer(0));
-    visit(row.Text(1));
-  }
+const Variable* Dataset::VariableNamed(std::string_view name) {
+  const int position = FindVariable(name);
+  return position < 0 ? nullptr : &VariableAt(position);
 }
 
 CaseBlocks& Dataset::Blocks() {

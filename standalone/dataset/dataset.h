@@ -63,8 +63,8 @@ class Dataset {
   /// Position of the variable of that name without regard to case, -1 when there is none.
   int FindVariable(std::string_view name);
 
-  /// Hands over the variables' names in dictionary order, without keeping what it reads.
-  void VisitVariableNames(const std::function<void(std::string_view name)>& visit);
+  /// The variable itself, as VariableAt() gives it; null when there is none.
+  const Variable* VariableNamed(std::string_view name);
 
   /// The cases, in blocks that are the same for all variables. What is read is verified.
   std::size_t BlockCount();

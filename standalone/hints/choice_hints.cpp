@@ -127,8 +127,8 @@ std::vector<std::string> HintsOnCases(Dataset& dataset, const std::vector<const 
 bool HasAnswersAsLabels(Dataset& dataset, const StoredSet& set) {
   std::unordered_set<std::string> labels;
   return std::all_of(set.variables.begin(), set.variables.end(), [&](const std::string& name) {
-    const int position = dataset.FindVariable(name);
-    const std::string* label = position < 0 ? nullptr : LabelOf(dataset.VariableAt(position), set.countedValue);
+    const Variable* variable = dataset.VariableNamed(name);
+    const std::string* label = variable == nullptr ? nullptr : LabelOf(*variable, set.countedValue);
     return label != nullptr && labels.insert(ToUpper(*label)).second;
   });
 }

@@ -66,28 +66,28 @@ std::uint64_t FullWordOf(const Code* codes, Code code) {
 #endif
 
 template <class Code>
-void Find(const Code* codes, std::size_t cases, Code code, Bits& bits) {
+void Keep(const Code* codes, std::size_t cases, Code code, Bits& bits) {
   const auto repeated = Repeated(code);
   const std::size_t fullWords = cases / kCasesOfWord;
   for (std::size_t word = 0; word < fullWords; ++word) {
-    bits[word] = FullWordOf(codes + word * kCasesOfWord, repeated);
-  }
-  for (std::size_t word = fullWords; word < kChunkWords; ++word) {
-    bits[word] = 0;
+    __builtin_prefetch(codes + word * kCasesOfWord + kChunkCases);  // of the next chunk
+    if (bits[word] != 0) {
+      bits[word] &= FullWordOf(codes + word * kCasesOfWord, repeated);
+    }
   }
   if (cases % kCasesOfWord != 0) {
-    bits[fullWords] = WordOf(codes + fullWords * kCasesOfWord, cases % kCasesOfWord, code);
+    bits[fullWords] &= WordOf(codes + fullWords * kCasesOfWord, cases % kCasesOfWord, code);
   }
 }
 
 }  // namespace
 
-void FindCode(const std::uint8_t* codes, std::size_t cases, std::uint8_t code, Bits& bits) {
-  Find(codes, cases, code, bits);
+void KeepCode(const std::uint8_t* codes, std::size_t cases, std::uint8_t code, Bits& bits) {
+  Keep(codes, cases, code, bits);
 }
 
-void FindCode(const std::uint16_t* codes, std::size_t cases, std::uint16_t code, Bits& bits) {
-  Find(codes, cases, code, bits);
+void KeepCode(const std::uint16_t* codes, std::size_t cases, std::uint16_t code, Bits& bits) {
+  Keep(codes, cases, code, bits);
 }
 
 }  // namespace standalone

@@ -8,9 +8,10 @@
 
 namespace standalone {
 
-/// The cases, `cases` of them from `codes` on, that have the code.
-void FindCode(const std::uint8_t* codes, std::size_t cases, std::uint8_t code, Bits& bits);
-void FindCode(const std::uint16_t* codes, std::size_t cases, std::uint16_t code, Bits& bits);
+/// Keeps those of the cases that have the code. The codes of the chunk's cases are `cases` from `codes` on; where no
+/// case is left they are not looked at.
+void KeepCode(const std::uint8_t* codes, std::size_t cases, std::uint8_t code, Bits& bits);
+void KeepCode(const std::uint16_t* codes, std::size_t cases, std::uint16_t code, Bits& bits);
 
 }  // namespace standalone
 

@@ -5,7 +5,8 @@
 #include "standalone/text/unicode.h"
 
 namespace standalone {
-DichotomyReader::DichotomyReader(CountedSet set, Columns& columns) : SetReader(std::move(set)) {
+DichotomyReader::DichotomyReader(CountedSet set, bool needsComplete, Columns& columns)
+    : SetReader(std::move(set)), fNeedsComplete(needsComplete) {
   for (const int variable : fSet.variables) {
     const Block& block = columns.Need(variable);
     fCounted.emplace_back(block, TestOfValue(fSet.countedValue, fSet.isNumeric));
@@ -24,22 +25,28 @@ void DichotomyReader::Read(const Chunk& chunk, const Bits& cases) {
   fAnswers.chosen.resize(fCounted.size());
   fAnswers.answered.fill(0);
   fAnswers.missing = cases;
-  fAnswers.complete = cases;
   std::size_t used = 0;
-  Bits missing;
   for (std::size_t member = 0; member < fCounted.size(); ++member) {
     CaseGroup& group = fAnswers.chosen[used];
     group.index = member;
-    fCounted[member].Read(chunk, group.cases);
-    KeepIn(group.cases, cases);
+    group.cases = cases;
+    fCounted[member].Keep(chunk, group.cases);
     AddTo(fAnswers.answered, group.cases);
     used += HasCases(group.cases) ? 1 : 0;
-    fMissing[member].Read(chunk, missing);
-    KeepIn(fAnswers.missing, missing);
-    TakeOut(fAnswers.complete, missing);
+    fMissing[member].Keep(chunk, fAnswers.missing);
   }
   fAnswers.chosen.resize(used);
   fAnswers.noneChosen = Without(Without(cases, fAnswers.missing), fAnswers.answered);
+  ReadComplete(chunk, cases);
+}
+
+void DichotomyReader::ReadComplete(const Chunk& chunk, const Bits& cases) {
+  fAnswers.complete = cases;
+  for (std::size_t member = 0; member < fMissing.size() && fNeedsComplete; ++member) {
+    Bits missing = fAnswers.complete;
+    fMissing[member].Keep(chunk, missing);
+    TakeOut(fAnswers.complete, missing);
+  }
 }
 
 std::optional<std::size_t> DichotomyReader::Find(const std::string& written) {

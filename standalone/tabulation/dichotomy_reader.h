@@ -12,7 +12,7 @@ namespace standalone {
 /// The members of a dichotomy set are its variables.
 class DichotomyReader : public SetReader {
  public:
-  DichotomyReader(CountedSet set, Columns& columns);
+  DichotomyReader(CountedSet set, bool needsComplete, Columns& columns);
 
   void StartBlock() override;
   void Read(const Chunk& chunk, const Bits& cases) override;
@@ -22,6 +22,9 @@ class DichotomyReader : public SetReader {
   std::vector<Member> Members() const override;
 
  private:
+  void ReadComplete(const Chunk& chunk, const Bits& cases);
+
+  bool fNeedsComplete;
   std::vector<TestedColumn> fCounted;
   std::vector<TestedColumn> fMissing;
 };

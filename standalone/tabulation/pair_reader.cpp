@@ -58,9 +58,9 @@ std::uint32_t PairReader::ColumnOf(std::uint32_t first, std::uint32_t second) {
 }
 
 /// A value is only looked at in a case that has both, so that there are never more values than pairs.
-void PairReader::Read(const Chunk& chunk, const Bits& cases) {
-  Bits missing;
-  fSecondMissing.Read(chunk, missing);
+void PairReader::ReadColumns(const Chunk& chunk, const Bits& cases) {
+  Bits missing = cases;
+  fSecondMissing.Keep(chunk, missing);
   fFirst.Read(chunk, Without(cases, missing));
   fColumns.present = fFirst.Current().present;
   fSecond.Read(chunk, fColumns.present);

@@ -5,11 +5,11 @@
 
 namespace standalone {
 
-std::unique_ptr<SetReader> MakeSetReader(CountedSet set, const std::optional<Spoken>& none, Columns& columns) {
+std::unique_ptr<SetReader> MakeSetReader(CountedSet set, const TabulationRequest& request, Columns& columns) {
   if (set.isCategory) {
-    return std::make_unique<CategoryReader>(std::move(set), none, columns);
+    return std::make_unique<CategoryReader>(std::move(set), request.none, columns);
   }
-  return std::make_unique<DichotomyReader>(std::move(set), columns);
+  return std::make_unique<DichotomyReader>(std::move(set), request.base == TabulationBase::kComplete, columns);
 }
 
 }  // namespace standalone

@@ -28,7 +28,7 @@ struct Answers {
   Bits answered{};
   Bits noneChosen{};
   Bits missing{};
-  Bits complete{};
+  Bits complete{};  ///< of a dichotomy set, only where this is the base
 };
 
 struct Member {
@@ -72,7 +72,7 @@ class SetReader {
   std::int64_t fCombinedCases = 0;  // NOLINT(*-non-private-*)
 };
 
-std::unique_ptr<SetReader> MakeSetReader(CountedSet set, const std::optional<Spoken>& none, Columns& columns);
+std::unique_ptr<SetReader> MakeSetReader(CountedSet set, const TabulationRequest& request, Columns& columns);
 
 }  // namespace standalone
 

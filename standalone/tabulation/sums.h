@@ -48,8 +48,10 @@ class Sums {
   using Cells = std::vector<CountedCell>;  // of a row: the cases that are present where columns overlap, the columns
 
   Cells& CellsOf(const RowOfChunk& row, std::size_t columns);
-  void AddByGroup(const RowOfChunk& row, const ByReader& by, const Weights* weights);
-  void AddByCase(const RowOfChunk& row, ByReader& by, const Weights* weights);
+  void AddCases(const RowOfChunk& row, const ByReader& by);
+  void AddCasesOneByOne(const RowOfChunk& row, ByReader& by);
+  void AddWeights(const RowOfChunk& row, const ByReader& by, const Weights& weights);
+  void AddWeightsOneByOne(const RowOfChunk& row, ByReader& by, const Weights& weights);
 
   bool fIsWeighted = false;
   bool fHasOverlaps = false;

@@ -70,7 +70,7 @@ Tabulator::Tabulator(const TabulationRequest& request, TabulationSource& source)
     fWeight.emplace(*request.weight, source, fColumns);
   }
   if (request.where) {
-    fWhere.emplace(*request.where, request.none, source, fColumns);
+    fWhere.emplace(*request.where, request, source, fColumns);
   }
   RequireFittingNone();
   for (SetReader* set : counted) {
@@ -87,7 +87,7 @@ SetReader& Tabulator::ReaderOf(const Spoken& name) {
   if (same != fSets.end()) {
     return **same;
   }
-  fSets.push_back(MakeSetReader(std::move(set), fRequest.none, fColumns));
+  fSets.push_back(MakeSetReader(std::move(set), fRequest, fColumns));
   return *fSets.back();
 }
 

@@ -36,49 +36,55 @@ void TestedColumn::StartBlock() {
 }
 
 template <class Code>
-void TestedColumn::ReadCodes(const Code* codes, std::size_t cases, Bits& bits) const {
+void TestedColumn::KeepCodes(const Code* codes, std::size_t cases, Bits& bits) const {
   if (fMeant.size() == 1) {
-    FindCode(codes, cases, static_cast<Code>(fMeant[0]), bits);
+    KeepCode(codes, cases, static_cast<Code>(fMeant[0]), bits);
     return;
   }
-  bits.fill(0);
+  Bits kept{};
   if (fMeant.size() <= kMostSearches) {
-    Bits found;
     for (const std::uint16_t code : fMeant) {
-      FindCode(codes, cases, static_cast<Code>(code), found);
-      AddTo(bits, found);
+      Bits found = bits;
+      KeepCode(codes, cases, static_cast<Code>(code), found);
+      AddTo(kept, found);
     }
-    return;
+  } else {
+    for (std::size_t place = 0; place < cases; ++place) {
+      kept[place / kCasesOfWord] |= std::uint64_t{fIsMeant[codes[place]]} << (place % kCasesOfWord);
+    }
   }
-  for (std::size_t place = 0; place < cases; ++place) {
-    bits[place / kCasesOfWord] |= std::uint64_t{fIsMeant[codes[place]]} << (place % kCasesOfWord);
-  }
+  KeepIn(bits, kept);
 }
 
 template <class Cell>
-void TestedColumn::ReadCells(const Cell* cells, std::size_t cases, Bits& bits) const {
-  bits.fill(0);
-  for (std::size_t place = 0; place < cases; ++place) {
-    bits[place / kCasesOfWord] |= std::uint64_t{fTest.Holds(cells[place]) ? 1U : 0U} << (place % kCasesOfWord);
-  }
+void TestedColumn::KeepCells(const Cell* cells, Bits& bits) const {
+  Bits kept{};
+  ForEachCase(bits, [&](std::size_t place) {
+    if (fTest.Holds(cells[place])) {
+      AddCase(kept, place);
+    }
+  });
+  bits = kept;
 }
 
-void TestedColumn::Read(const Chunk& chunk, Bits& bits) const {
+void TestedColumn::Keep(const Chunk& chunk, Bits& bits) const {
   switch (fBlock->form) {
     case BlockForm::kConstant:
-      bits = FirstCases(fIsMeant.back() != 0 ? chunk.cases : 0);
+      if (fIsMeant.back() == 0) {
+        bits.fill(0);
+      }
       return;
     case BlockForm::kByteCodes:
-      ReadCodes(fBlock->byteCodes.data() + chunk.begin, chunk.cases, bits);
+      KeepCodes(fBlock->byteCodes.data() + chunk.begin, chunk.cases, bits);
       return;
     case BlockForm::kWordCodes:
-      ReadCodes(fBlock->wordCodes.data() + chunk.begin, chunk.cases, bits);
+      KeepCodes(fBlock->wordCodes.data() + chunk.begin, chunk.cases, bits);
       return;
     case BlockForm::kNumbers:
-      ReadCells(fBlock->cellNumbers.data() + chunk.begin, chunk.cases, bits);
+      KeepCells(fBlock->cellNumbers.data() + chunk.begin, bits);
       return;
     case BlockForm::kTexts:
-      ReadCells(fBlock->cellTexts.data() + chunk.begin, chunk.cases, bits);
+      KeepCells(fBlock->cellTexts.data() + chunk.begin, bits);
       return;
   }
 }

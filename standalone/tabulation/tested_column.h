@@ -21,14 +21,15 @@ class TestedColumn {
   /// To be called when the block was read: its values are looked at once.
   void StartBlock();
 
-  void Read(const Chunk& chunk, Bits& bits) const;
+  /// Keeps those of the chunk's cases.
+  void Keep(const Chunk& chunk, Bits& bits) const;
 
  private:
   bool IsMeant(std::size_t code) const;
   template <class Code>
-  void ReadCodes(const Code* codes, std::size_t cases, Bits& bits) const;
+  void KeepCodes(const Code* codes, std::size_t cases, Bits& bits) const;
   template <class Cell>
-  void ReadCells(const Cell* cells, std::size_t cases, Bits& bits) const;
+  void KeepCells(const Cell* cells, Bits& bits) const;
 
   const Block* fBlock;
   ValueTest fTest;

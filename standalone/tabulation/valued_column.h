@@ -54,12 +54,12 @@ class ValuedColumn {
 template <class Code, class OnBits, class OnCase>
 void ValuedColumn::ReadCodes(const Code* codes, const Chunk& chunk, const Bits& cases, OnBits onBits, OnCase onCase) {
   constexpr std::size_t kCasesOfSearch = 80;  // so many one by one take as long as the search for one code
-  Bits found;
-  FindCode(codes, chunk.cases, Code{0}, found);
-  const Bits present = Without(cases, found);
+  Bits missing = cases;
+  KeepCode(codes, chunk.cases, Code{0}, missing);
+  Bits rest = Without(cases, missing);
   const std::size_t values = fMeanings.size() - 1;
-  if (static_cast<std::size_t>(CountOf(present)) < values * kCasesOfSearch) {
-    ForEachCase(present, [&](std::size_t place) {
+  if (static_cast<std::size_t>(CountOf(rest)) < values * kCasesOfSearch) {
+    ForEachCase(rest, [&](std::size_t place) {
       if (const std::size_t meaning = Meaning(codes[place]); meaning != kMissing) {
         onCase(meaning, place);
       }
@@ -67,10 +67,11 @@ void ValuedColumn::ReadCodes(const Code* codes, const Chunk& chunk, const Bits& 
     return;
   }
   for (std::size_t code = 1; code <= values; ++code) {
-    FindCode(codes, chunk.cases, static_cast<Code>(code), found);
-    KeepIn(found, present);
+    Bits found = rest;
+    KeepCode(codes, chunk.cases, static_cast<Code>(code), found);
     if (HasCases(found) && Meaning(code) != kMissing) {
       onBits(Meaning(code), found);
+      TakeOut(rest, found);
     }
   }
 }

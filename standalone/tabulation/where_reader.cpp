@@ -49,14 +49,14 @@ ValueTest TestOf(const Condition& condition, const Variable& variable) {
 }
 
 /// The columns of which one must hold what makes a case choose the member.
-std::vector<TestedColumn> ColumnsOfMember(const Condition& condition, const std::optional<Spoken>& none,
+std::vector<TestedColumn> ColumnsOfMember(const Condition& condition, const TabulationRequest& request,
                                           TabulationSource& source, Columns& columns) {
   const Spoken& member = condition.values.front();
   Columns unread(source);
-  const std::unique_ptr<SetReader> reader = MakeSetReader(FindCountedSet(condition.name, source), none, unread);
+  const std::unique_ptr<SetReader> reader = MakeSetReader(FindCountedSet(condition.name, source), request, unread);
   const CountedSet& set = reader->Set();
   const std::optional<std::size_t> found = reader->Find(member.text);
-  if (!found || (set.isCategory && none && reader->Find(none->text) == found)) {
+  if (!found || (set.isCategory && request.none && reader->Find(request.none->text) == found)) {
     throw UnknownMember(member, {reader.get()});
   }
   if (!set.isCategory) {
@@ -71,14 +71,14 @@ std::vector<TestedColumn> ColumnsOfMember(const Condition& condition, const std:
 
 }  // namespace
 
-WhereReader::WhereReader(const Condition& condition, const std::optional<Spoken>& none, TabulationSource& source,
+WhereReader::WhereReader(const Condition& condition, const TabulationRequest& request, TabulationSource& source,
                          Columns& columns)
     : fKind(condition.kind) {
   for (const Condition& part : condition.parts) {
-    fParts.emplace_back(part, none, source, columns);
+    fParts.emplace_back(part, request, source, columns);
   }
   if (fKind == Condition::Kind::kHas) {
-    fColumns = ColumnsOfMember(condition, none, source, columns);
+    fColumns = ColumnsOfMember(condition, request, source, columns);
   } else if (condition.parts.empty()) {
     const int variable = FindVariable(condition.name, source);
     ValueTest test = TestOf(condition, source.VariableAt(variable));
@@ -102,9 +102,9 @@ Bits WhereReader::Read(const Chunk& chunk) const {
     return bits;
   }
   std::for_each(fParts.begin(), fParts.end(), [&](const WhereReader& part) { AddTo(bits, part.Read(chunk)); });
-  Bits found;
   for (const TestedColumn& column : fColumns) {
-    column.Read(chunk, found);
+    Bits found = FirstCases(chunk.cases);
+    column.Keep(chunk, found);
     AddTo(bits, found);
   }
   return bits;

@@ -15,9 +15,8 @@ namespace standalone {
 /// The cases that fulfil a condition.
 class WhereReader {
  public:
-  /// Throws TabulationError where the condition does not fit the dataset. `none` is the value that is no member.
-  WhereReader(const Condition& condition, const std::optional<Spoken>& none, TabulationSource& source,
-              Columns& columns);
+  /// Throws TabulationError where the condition does not fit the dataset. A value of the request's NONE is no member.
+  WhereReader(const Condition& condition, const TabulationRequest& request, TabulationSource& source, Columns& columns);
 
   /// To be called when a block was read.
   void StartBlock();

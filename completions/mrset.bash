@@ -2,7 +2,8 @@
 # The target "generate" of CMake writes what stands between "generated" and "end".
 
 # generated: subcommands
-_mrset_subcommands='import run shell sets variables log undo check script diff copy'
+_mrset_subcommands='import run shell sets variables log undo check script diff copy help'
+_mrset_topics='import run shell sets variables log undo check script diff copy DELETE DISPLAY MCGROUP MDGROUP MRSET'
 # end: subcommands
 
 # The options of a subcommand; of the program itself where there is none.
@@ -188,6 +189,8 @@ _mrset() {
     _mrset_words $(_mrset_options "$subcommand")
   elif [[ ${#words[@]} -eq 1 ]]; then
     _mrset_words $_mrset_subcommands
+  elif [[ $subcommand == help ]]; then
+    [[ ${#words[@]} -gt 2 ]] || _mrset_words $_mrset_topics
   elif [[ ${words[-1]} != -?* ]] || ! _mrset_values "$subcommand:${words[-1]}"; then
     _mrset_values "$subcommand:$((${#operands[@]} + 1))"
   fi

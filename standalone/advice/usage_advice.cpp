@@ -10,7 +10,10 @@
 #include <utility>
 #include <vector>
 
+#include "standalone/options/value_type.h"
 #include "standalone/storage/file_format.h"
+#include "standalone/text/unicode.h"
+#include "standalone/text/visible.h"
 
 namespace standalone {
 namespace {
@@ -86,8 +89,12 @@ NextSteps StepsOnUnknownSubcommand(const CLI::App& app, const std::string& word)
   if (IsPieceOfCommand(word)) {
     return StepsToQuote("survey.mrset");
   }
-  NextSteps steps =
-      LooksLikeOption(word) ? StepsOnUnknownOption(app, WithoutValue(word)) : StepsToNearest(word, SubcommandsOf(app));
+  if (CompareNoCase(word, "redo") == 0) {
+    return {"Undoing is itself a change; to take back an undo, undo again:", "  mrset undo survey.mrset"};
+  }
+  std::vector<std::string> words = SubcommandsOf(app);
+  words.emplace_back("help");
+  NextSteps steps = LooksLikeOption(word) ? StepsOnUnknownOption(app, WithoutValue(word)) : StepsToNearest(word, words);
   steps.push_back(StepToHelp(""));
   return steps;
 }
@@ -115,7 +122,7 @@ NextSteps StepsOnExtra(const CLI::App& subcommand, const std::string& word) {
 
 std::string SentenceOnExtra(const std::string& word, const char* kindOfOperand) {
   return LooksLikeOption(word) ? fmt::format("Unknown option: {}.", WithoutValue(word))
-                               : fmt::format("{}: {}.", kindOfOperand, word);
+                               : fmt::format("{}: {}.", kindOfOperand, ShownValue(word));
 }
 
 /// A state of an option for which CLI11 throws an error of that kind.

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "standalone/check/case_check.h"
+#include "standalone/check/counted_value_check.h"
 #include "standalone/check/set_rules.h"
 #include "standalone/dataset/history.h"
 #include "standalone/dataset/import_log.h"
@@ -64,6 +65,7 @@ class Checker {
   void SetRow(std::int64_t id);
   void SetVariables();
   void SetRules();
+  void CountedValue(const StoredSet& set, bool isNumeric);
   void Cases();
   void History();
   void ChangeNumbers(const VersionRange& versions);
@@ -86,6 +88,7 @@ class Checker {
   void Generation();
   std::int64_t IntegerOf(std::string_view sql);
   std::int64_t CountOf(std::string_view sqlOfKeys);
+  std::optional<std::size_t> FindPosition(const std::string& name);
   std::optional<Variable> FindVariable(const std::string& name, bool withLabels);
 
   Database& fDatabase;
@@ -96,6 +99,7 @@ class Checker {
   std::int64_t fCaseCount = 0;
   std::unordered_set<std::string> fLabelledValues;  // of the variable whose value labels are read
   std::map<std::int64_t, StoredSet> fSets;          // by id, those that can be read
+  CountedValueCheck fCountedValues;
 };
 
 void Checker::Run() {
@@ -134,7 +138,7 @@ void Checker::Row(const char* what, std::int64_t number, Check check) {
     check();
   } catch (const Error& error) {
     RethrowUnless(error, ErrorKind::kDamaged);
-    fReport.finding(what, fmt::format("{} {} has a value that cannot be.", what, number));
+    fReport.finding(what, fmt::format("{} {} has an invalid value.", what, number));
   }
 }
 
@@ -227,7 +231,7 @@ void Checker::VariableRow(Query& row, std::int64_t expected) {
   }
   const std::string name = row.Text(1);
   if (!IsValidVariableName(name)) {
-    Finding("The variable at position {} has a name that is not valid: {}.", position, name);
+    Finding("The variable at position {} has an invalid name: {}.", position, name);
   }
   if (row.Text(2) != ToUpper(name)) {
     Finding("The variable {} is kept under the key {}.", name, row.Text(2));
@@ -315,9 +319,18 @@ void Checker::SetRow(std::int64_t id) {
     Finding("The set {} is kept under the key {}.", set.name, row.Text(1));
   }
   if (row.Integer(6) < 0 || row.Integer(6) > 1 || row.Integer(7) < 0 || row.Integer(7) > 1) {
-    Finding("The set {} has a mark that is neither on nor off.", set.name);
+    Finding("The set {} has a flag that is neither 0 nor 1.", set.name);
   }
   fSets.emplace(id, std::move(set));
+}
+
+std::optional<std::size_t> Checker::FindPosition(const std::string& name) {
+  const std::string key = ToUpper(name);
+  Query row(fDatabase, "SELECT position FROM variable WHERE name_key = ?");
+  if (!row.Bind(key).Step() || row.Integer(0) < 0) {
+    return std::nullopt;
+  }
+  return static_cast<std::size_t>(row.Integer(0));
 }
 
 std::optional<Variable> Checker::FindVariable(const std::string& name, bool withLabels) {
@@ -372,10 +385,28 @@ void Checker::SetRules() {
       fReport.finding(fault.kind, Sentence(set, fault));
     }
     const auto find = [this](const std::string& name, bool withLabels) { return FindVariable(name, withLabels); };
-    for (const SetProblem& misfit : MisfitsOf(set, find)) {
+    const std::vector<SetProblem> misfits = MisfitsOf(set, find);
+    for (const SetProblem& misfit : misfits) {
       fReport.remark(misfit.kind, Sentence(set, misfit));
     }
+    if (const auto areNumeric = AreNumeric(set, find); areNumeric && misfits.empty()) {
+      CountedValue(set, *areNumeric);
+    }
   }
+}
+
+// A set fits variables that became strings as "yes" and "no", and counts nothing in them.
+void Checker::CountedValue(const StoredSet& set, bool isNumeric) {
+  if (set.type != SetType::kDichotomy || set.countedValue.empty()) {
+    return;
+  }
+  std::vector<std::size_t> positions;
+  for (const std::string& name : set.variables) {
+    if (const auto position = FindPosition(name)) {
+      positions.push_back(*position);
+    }
+  }
+  fCountedValues.Add(set, isNumeric, positions);
 }
 
 void Checker::Cases() {
@@ -390,10 +421,16 @@ void Checker::Cases() {
       Finding("The position of a case is {} instead of {}.", rows.Integer(0), expected);
     }
     Row("The case at position", rows.Integer(0), [&] {
-      if (const auto wrong = WhatIsWrongWithCells(rows.Text(1), fIsNumeric)) {
+      const std::string cells = rows.Text(1);
+      if (const auto wrong = WhatIsWrongWithCells(cells, fIsNumeric)) {
         Finding("The case at position {} is not sound: {}.", rows.Integer(0), *wrong);
+      } else {
+        fCountedValues.Look(cells);
       }
     });
+  }
+  for (const std::string& sentence : fCountedValues.Sentences()) {
+    fReport.remark("counted value", sentence);
   }
 }
 
@@ -451,7 +488,7 @@ void Checker::Changes(const VersionRange& versions) {
     Row("Change", number, [&] {
       const std::optional<Change> change = ChangeBefore(fDatabase, number + 1);
       if (change && !IsTimeOfChange(change->time)) {
-        Finding("Change {} has the time {}, which is none.", number, change->time);
+        Finding("Change {} has the invalid time {}.", number, change->time);
       }
       if (change) {
         ChangedNames(*change);
@@ -466,7 +503,7 @@ void Checker::Changes(const VersionRange& versions) {
 void Checker::ChangedNames(const Change& change) {
   for (const ChangedSet& set : change.sets) {
     if (!IsValidSetName(set.name)) {
-      Finding("Change {} names a set {}, which is not a valid name.", change.number, set.name);
+      Finding("Change {} has a set with the invalid name {}.", change.number, set.name);
     }
   }
 }
@@ -475,7 +512,7 @@ void Checker::ChangedNames(const Change& change) {
 void Checker::KeptForm(std::int64_t number, const StoredSet& before) {
   for (const SetProblem& fault : FaultsOf(before)) {
     if (fault.kind != kSetNameProblem) {
-      Finding("Before change {} the history has a set that cannot be: {} {}.", number, before.name, fault.text);
+      Finding("Before change {} the history has an invalid set: {} {}.", number, before.name, fault.text);
     }
   }
 }
@@ -484,7 +521,7 @@ void Checker::Imports() {
   const std::int64_t last = KeptVersions(fDatabase).last;
   for (const LoggedImport& import : LoadImports(fDatabase)) {
     if (!IsTimeOfChange(import.time)) {
-      Finding("An import has the time {}, which is none.", import.time);
+      Finding("An import has the invalid time {}.", import.time);
     }
     if (import.afterChange > last) {
       Finding("An import came after change {}, which does not exist.", import.afterChange);

@@ -127,7 +127,7 @@ class Fitting {
                                             fSet.countedValue, variable.name));
     } else if (!fLabels.insert(ToUpper(*label)).second) {
       Add(kSameValueLabelProblem, fmt::format("takes its category labels from the counted value {}, whose label in the"
-                                              " variable {} another one has, too",
+                                              " variable {} is the same as in another variable",
                                               fSet.countedValue, variable.name));
     }
   }
@@ -163,6 +163,18 @@ std::vector<SetProblem> FaultsOf(const StoredSet& set) {
 
 std::vector<SetProblem> MisfitsOf(const StoredSet& set, const FindVariable& find) {
   return Fitting(set, find).Take();
+}
+
+std::optional<bool> AreNumeric(const StoredSet& set, const FindVariable& find) {
+  std::optional<bool> areNumeric;
+  for (const std::string& name : set.variables) {
+    const std::optional<Variable> variable = find(name, false);
+    if (variable && areNumeric.value_or(variable->width == 0) != (variable->width == 0)) {
+      return std::nullopt;
+    }
+    areNumeric = variable ? variable->width == 0 : areNumeric;
+  }
+  return areNumeric;
 }
 
 std::string Sentence(const StoredSet& set, const SetProblem& problem) {

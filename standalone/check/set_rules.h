@@ -44,6 +44,9 @@ using FindVariable = std::function<std::optional<Variable>(const std::string& na
 /// The rules by which a set fits the dictionary. An import may replace the variables, so that a set no longer does.
 std::vector<SetProblem> MisfitsOf(const StoredSet& set, const FindVariable& find);
 
+/// Whether the variables of the set that exist are numeric; nothing where their types differ or none exists.
+std::optional<bool> AreNumeric(const StoredSet& set, const FindVariable& find);
+
 /// The sentence of a problem.
 std::string Sentence(const StoredSet& set, const SetProblem& problem);
 

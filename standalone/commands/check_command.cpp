@@ -72,7 +72,7 @@ void Sentences::Write(const char* mark, const char* what) const {
       std::cout << mark << Visible(sentence) << '\n';
     }
     if (kind.others > 0) {
-      std::cout << fmt::format("{}... and {} more such {}{}.\n", mark, kind.others, what, kind.others == 1 ? "" : "s");
+      std::cout << fmt::format("{}... and {}.\n", mark, Counted(kind.others, std::string("more such ") + what));
     }
   }
 }

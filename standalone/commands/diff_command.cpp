@@ -48,7 +48,7 @@ Action DeclareDiff(CLI::App& app) {
   const auto options = std::make_shared<DiffOptions>();
   AddDatasetArgument(app, options->a,
                      "Dataset file, or DATASET@N: its sets as change N left them; 0 is before the first", "A");
-  AddDatasetArgument(app, options->b, "Dataset file to compare with it, likewise", "B");
+  AddDatasetArgument(app, options->b, "Dataset file to compare with A, likewise", "B");
   AddFormatOption(app, {kTextFormat, kJsonFormat}, options->format);
   AddLockTimeoutOption(app, options->datasetOptions);
   app.footer(

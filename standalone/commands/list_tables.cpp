@@ -50,8 +50,7 @@ TableRow VariableRow(const Variable& variable) {
   for (const ValueLabel& entry : variable.valueLabels) {
     valueLabels.push_back(fmt::format("{} = {}", entry.value, entry.label));
   }
-  const std::string type =
-      variable.width == 0 ? "numeric" : "string, " + Counted(static_cast<std::size_t>(variable.width), "byte");
+  const std::string type = variable.width == 0 ? "numeric" : "string, " + Counted(variable.width, "byte");
   return {variable.name, {TextCell(type), TextCell(variable.label.value_or("")), ListCell(std::move(valueLabels))}};
 }
 

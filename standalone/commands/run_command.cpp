@@ -102,6 +102,7 @@ std::unique_ptr<Renderer> MakeRenderer(const OutputFormat& format, const RunOpti
 struct Outcome {
   ExitStatus status = kSuccess;
   std::size_t saved = 0;  ///< how many commands changed the dataset
+  std::size_t told = 0;   ///< of how many of these the result was written
 };
 
 /// What is to be run, and how.
@@ -131,20 +132,24 @@ void RunAndRender(const Job& job, const Target& target, Outcome& outcome) {
   progress.Begin({"Running", "commands", commands.size()});
   Supervisor supervisor({options.datasetPath, options.dryRun, options.datasetOptions});
   for (std::size_t index = 0; index < commands.size() && target.stream; ++index) {
-    const CommandResult result = WithShellHint(supervisor.Run(commands[index]), index >= job.list.fromScript);
+    CommandResult result = supervisor.Run(commands[index]);
     outcome.saved += result.isSaved ? 1 : 0;
+    result = WithShellHint(std::move(result), index >= job.list.fromScript);
     outcome.status = std::max(outcome.status, StatusOf(result));
     progress.Update(index + 1);
     if (format.isTablesAlone) {
       progress.Clear();  // messages go to standard error
     }
     renderer->Write(result);
+    // What a terminal cannot show is written as a whole, at its end.
+    outcome.told = format.refusalOfTerminal != nullptr ? 0 : outcome.saved;
     if (options.stopOnError && result.status != Status::kOk) {
       break;
     }
   }
   supervisor.Finish();
   renderer->Finish();
+  outcome.told = outcome.saved;
 }
 
 void RunIntoFile(const Job& job, Outcome& outcome) {
@@ -173,9 +178,9 @@ ExitStatus Run(const RunOptions& options) {
   try {
     (options.outputPath ? RunIntoFile : RunOnStandardOutput)({options, list}, outcome);
   } catch (...) {
-    const bool areResultsLost = options.outputPath || !std::cout.flush();
-    if (areResultsLost && outcome.saved > 0) {
-      SayAtEnd(SentenceOfSaved(outcome.saved));
+    const bool areAllLost = options.outputPath || !std::cout.flush();
+    if (const std::size_t lost = outcome.saved - (areAllLost ? 0 : outcome.told); lost > 0) {
+      SayAtEnd(SentenceOfSaved(lost));
     }
     throw;
   }
@@ -199,7 +204,7 @@ Action DeclareRun(CLI::App& app) {
                "Faster, but a power failure or a crash of the system can damage the dataset beyond repair");
   AddLockTimeoutOption(app, options->datasetOptions);
   app.footer(
-      "json is an object a command, a line each (JSON Lines). Exit status: 0 no error,\n"
+      "json writes a line for each command (JSON Lines). Exit status: 0 no error,\n"
       "1 an error message, 2 wrong usage or an unusable file, 3 an aborted command.\n"
       "Example:\n"
       "  mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'\n");

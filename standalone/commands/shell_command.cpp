@@ -21,6 +21,8 @@
 #include "standalone/console/terminal.h"
 #include "standalone/dataset/dataset_operand.h"
 #include "standalone/files/output_file.h"
+#include "standalone/language/comments.h"
+#include "standalone/language/nearest_name.h"
 #include "standalone/options/dataset_options.h"
 #include "standalone/options/format_option.h"
 #include "standalone/run/supervisor.h"
@@ -34,6 +36,7 @@
 #include "standalone/text/error.h"
 #include "standalone/text/notice.h"
 #include "standalone/text/number_text.h"
+#include "standalone/text/trim.h"
 #include "standalone/text/visible.h"
 
 namespace standalone {
@@ -80,7 +83,7 @@ class DatasetActions : public ShellActions {
   // to be locked as long as it is.
   ExitStatus ShowSets(Dataset& dataset);
   ExitStatus ShowVariables(Dataset& dataset, const std::string& pattern);
-  ExitStatus Undo(const std::string& number);
+  ExitStatus Undo(const std::string& argument);
   void EnsureIsRead();
   void Take(ExitStatus status) { fStatus = std::max(fStatus, status); }
   void Complain(ExitStatus status, const std::exception& error);
@@ -170,10 +173,13 @@ ExitStatus DatasetActions::Do(const ShellCommand& command) {
 }
 
 ExitStatus DatasetActions::ShowHelp(const std::string& topic) {
-  const std::optional<std::string> help = HelpOn(topic);
+  const std::optional<std::string> help = HelpInShell(topic);
   if (!help) {
+    const std::vector<std::string_view> topics = ShellTopics();
+    const std::optional<std::string> meant = MeantWord(topic, {topics.begin(), topics.end()});
     throw Error(ErrorKind::kUsage,
-                fmt::format("There is no help on {}; there is on {}.", topic, fmt::join(HelpTopics(), ", ")));
+                meant ? fmt::format("There is no help on {}; did you mean {}?", topic, *meant)
+                      : fmt::format("There is no help on {}; there is on {}.", topic, fmt::join(topics, ", ")));
   }
   std::cout << *help;
   return kSuccess;
@@ -211,7 +217,16 @@ ExitStatus DatasetActions::ShowVariables(Dataset& dataset, const std::string& pa
   return kSuccess;
 }
 
-ExitStatus DatasetActions::Undo(const std::string& number) {
+/// Takes what the subcommand undo takes: N, --to N or --to=N.
+ExitStatus DatasetActions::Undo(const std::string& argument) {
+  constexpr std::string_view kOption = "--to";
+  const std::string_view rest = std::string_view(argument).substr(std::min(argument.size(), kOption.size()));
+  const bool hasOption =
+      argument.substr(0, kOption.size()) == kOption && (rest.empty() || rest[0] == '=' || IsBlank(rest[0]));
+  if (hasOption && rest.size() < 2) {
+    throw Error(ErrorKind::kUsage, "--to needs the number of a version.");
+  }
+  const std::string number(hasOption ? Trimmed(rest.substr(1), kBlanks) : argument);
   if (const std::string complaint = number.empty() ? "" : VersionComplaint(number); !complaint.empty()) {
     throw Error(ErrorKind::kUsage, complaint + ".");
   }

@@ -45,20 +45,18 @@ void AddPart(const char* verb, const std::vector<std::string>& names, std::vecto
   }
 }
 
-template <typename Sets, typename NameOf>
-std::vector<std::string> NamesOf(const Sets& sets, NameOf nameOf) {
-  std::vector<std::string> names;
-  std::transform(sets.begin(), sets.end(), std::back_inserter(names), nameOf);
-  return names;
-}
-
 /// What became of the sets from the version that is there again to the one that was undone.
 std::string WhatWasUndone(const SetsDifference& difference) {
-  const auto name = [](const StoredSet& set) { return set.name; };
+  std::vector<std::string> changed;
+  std::transform(difference.changed.begin(), difference.changed.end(), std::back_inserter(changed),
+                 [](const DifferingSet& set) { return set.a.name; });
   std::vector<std::string> parts;
-  AddPart("defined", NamesOf(difference.onlyInB, name), parts);
-  AddPart("changed", NamesOf(difference.changed, [](const DifferingSet& set) { return set.a.name; }), parts);
-  AddPart("deleted", NamesOf(difference.onlyInA, name), parts);
+  AddPart("defined", difference.names.onlyInB, parts);
+  AddPart("changed", changed, parts);
+  AddPart("deleted", difference.names.onlyInA, parts);
+  if (difference.names.reordered) {
+    parts.emplace_back("changed the order of the sets");
+  }
   return Listed(parts);
 }
 

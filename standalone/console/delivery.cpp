@@ -28,7 +28,7 @@ void OutliveReader() {
 }
 
 std::string SentenceOfSaved(std::size_t count) {
-  return fmt::format("{} changed the dataset all the same, and that is saved; mrset log lists it.",
+  return fmt::format("The dataset was changed by {} and is saved; mrset log lists the changes.",
                      Counted(count, "command"));
 }
 
@@ -49,8 +49,7 @@ void EndDelivery() {
 void EnsureToldOf(const std::string& change) {
   std::cout.flush();
   if (!std::cout) {
-    throw Error(ErrorKind::kOutput,
-                "Standard output cannot be written; the change is made all the same: " + change + ".");
+    throw Error(ErrorKind::kOutput, "Standard output cannot be written, but the change is saved: " + change + ".");
   }
 }
 

@@ -170,9 +170,7 @@ void Dataset::WriteLocked(const SetList& sets, const std::string* command) {
   try {
     std::move(write).ApplyTo(*fSets);
     for (const std::optional<std::string>& sentence : {migrated, unconfirmed}) {
-      if (sentence && fOptions.notify) {
-        fOptions.notify(*sentence);
-      }
+      fOptions.Notify(sentence);
     }
   } catch (const std::bad_alloc&) {
     fSets.reset();  // the change stands: to keep its result is no part of it
@@ -236,14 +234,9 @@ int Dataset::FindVariable(std::string_view name) {
   return fPositions.emplace(key, position).first->second;
 }
 
-void Dataset::VisitVariableNames(const std::function<void(std::string_view name)>& visit) {
-  BeginIfNone();
-  Query row(*fDatabase, "SELECT position, name FROM variable ORDER BY position");
-  OrderedKeys<std::int64_t> positions(*fDatabase);
-  while (row.Step()) {
-    positions.Next(row.Integer(0));
-    visit(row.Text(1));
-  }
+const Variable* Dataset::VariableNamed(std::string_view name) {
+  const int position = FindVariable(name);
+  return position < 0 ? nullptr : &VariableAt(position);
 }
 
 void Dataset::VisitCases(std::int64_t from, const VisitCase& visit) {

@@ -62,8 +62,8 @@ class Dataset {
   /// Position of the variable of that name without regard to case, -1 when there is none.
   int FindVariable(std::string_view name);
 
-  /// Hands over the variables' names in dictionary order, without keeping what it reads.
-  void VisitVariableNames(const std::function<void(std::string_view name)>& visit);
+  /// The variable itself, as VariableAt() gives it; null when there is none.
+  const Variable* VariableNamed(std::string_view name);
 
   using VisitCase = std::function<bool(std::int64_t position, std::string_view cells)>;
 

@@ -5,11 +5,12 @@
 #include <system_error>
 
 #include "standalone/text/number_text.h"
+#include "standalone/text/visible.h"
 
 namespace standalone {
 
 std::string VersionComplaint(const std::string& text) {
-  return WholeNumber(text) ? std::string() : text + " is not a version number";
+  return WholeNumber(text) ? std::string() : ShownValue(text) + " is not a version number";
 }
 
 DatasetOperand ReadDatasetOperand(const std::string& text) {

@@ -1,7 +1,6 @@
 #include "standalone/dataset/dataset_writer.h"
 
 #include <fmt/format.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -27,11 +26,6 @@
 namespace standalone {
 
 namespace {
-
-bool Exists(const std::string& path) {
-  struct stat status = {};
-  return lstat(path.c_str(), &status) == 0;
-}
 
 /// A dataset needs names for its companions, too.
 void CheckNameFits(const std::string& path) {
@@ -71,7 +65,7 @@ const std::string& CheckedDestination(const std::string& path, bool replace, con
   if (const std::optional<std::string> complaint = ComplaintOnReservedName(path)) {
     throw Error(*complaint);
   }
-  if (Exists(path)) {
+  if (IsThere(path)) {
     CheckReplaced(path, replace, options);
   } else {
     CheckNameFits(path);
@@ -89,12 +83,6 @@ void WriteVariable(Database& database, std::int64_t position, const Variable& va
   std::int64_t ordinal = 0;
   for (const ValueLabel& valueLabel : variable.valueLabels) {
     label.Bind(position).Bind(ordinal++).Bind(valueLabel.value).Bind(valueLabel.label).Run();
-  }
-}
-
-void Tell(const DatasetOptions& options, const std::optional<std::string>& sentence) {
-  if (sentence && options.notify) {
-    options.notify(*sentence);
   }
 }
 
@@ -118,8 +106,8 @@ void ReplaceContents(const std::string& path, const std::string& newContents, co
       "UPDATE main.meta SET generation = generation + 1, (variable_count, case_count) ="
       " (SELECT variable_count, case_count FROM new.meta) WHERE id = 1");
   AddReplacingImport(*database);
-  Tell(options, CommitGeneration(*database, generation));
-  Tell(options, migrated);
+  options.Notify(CommitGeneration(*database, generation));
+  options.Notify(migrated);
 }
 
 }  // namespace
@@ -186,11 +174,11 @@ void DatasetWriter::FinishFile() {
 
 void DatasetWriter::Commit() {
   FinishFile();
-  if (fReplace && Exists(fPath)) {
+  if (fReplace && IsThere(fPath)) {
     ReplaceContents(fPath, fFile.Path(), fOptions);
   } else {
     CheckIsAlone(fPath);
-    Tell(fOptions, fFile.PutInPlace());
+    fOptions.Notify(fFile.PutInPlace());
   }
 }
 

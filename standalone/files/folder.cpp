@@ -1,6 +1,7 @@
 #include "standalone/files/folder.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -12,6 +13,11 @@ namespace standalone {
 std::string FolderOf(const std::string& path) {
   const std::size_t slash = path.rfind('/');
   return slash == std::string::npos ? "./" : path.substr(0, slash + 1);
+}
+
+bool IsThere(const std::string& path) {
+  struct stat status = {};
+  return lstat(path.c_str(), &status) == 0;
 }
 
 int SyncFolderOf(const std::string& path) {

@@ -8,6 +8,9 @@ namespace standalone {
 /// The folder part of a path, with the slash at its end; "./" where it has none.
 std::string FolderOf(const std::string& path);
 
+/// Whether the path's folder has an entry of that name, be it a link that leads nowhere.
+bool IsThere(const std::string& path);
+
 /// Puts the entries of the path's folder on the disk. 0, or the error number where that failed; a file system that
 /// cannot synchronise folders has nothing to be done.
 int SyncFolderOf(const std::string& path);

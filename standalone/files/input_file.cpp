@@ -67,7 +67,7 @@ void InputFile::AllowRewind(const std::string& neighbour) {
   const TemporaryFile file(neighbour);  // its name goes at once, the open file stays
   fCopy = OpenFile(file.Path(), O_RDWR);
   if (fCopy.Number() < 0) {
-    Fail(std::string("cannot be copied aside: ") + std::strerror(errno));
+    Fail(std::string("cannot be copied to a temporary file: ") + std::strerror(errno));
   }
   fCopying = true;
 }
@@ -90,7 +90,7 @@ std::size_t InputFile::ReadFrom(const Descriptor& file, char* buffer, std::size_
 
 void InputFile::CopyAside(const char* data, std::size_t size) {
   if (!WriteAll(fCopy.Number(), {data, size})) {
-    Fail(std::string("cannot be copied aside: ") + std::strerror(errno));
+    Fail(std::string("cannot be copied to a temporary file: ") + std::strerror(errno));
   }
 }
 

@@ -79,6 +79,9 @@ OutputFile::OutputFile(const std::string& path, const ComplaintOn& complaintOn) 
 void OutputFile::OpenBesideIt(const std::string& target) {
   fTemporary = std::make_unique<TemporaryFile>(target, NameOf(fPath));
   fFile.open(fTemporary->Path(), std::ios::binary);
+  if (!fFile) {
+    FailToWrite(NameOf(fPath), errno);
+  }
 }
 
 void OutputFile::OpenAsItIs() {

@@ -198,7 +198,10 @@ std::optional<std::string> Adviser::NearestVariable(const std::string& name) {
     return std::nullopt;
   }
   NearestName nearest(name);
-  fDataset.VisitVariableNames([&](std::string_view candidate) { nearest.Offer(candidate); });
+  fDataset.VisitVariables("", 0, [&](int /*position*/, const std::string& candidate) {
+    nearest.Offer(candidate);
+    return true;
+  });
   return nearest.Result();
 }
 

@@ -129,8 +129,8 @@ bool HasAnswersAsLabels(Dataset& dataset, const StoredSet& set) {
   std::unordered_set<std::string> labels;
   return set.variables.size() <= kMaxVariables &&
          std::all_of(set.variables.begin(), set.variables.end(), [&](const std::string& name) {
-           const int position = dataset.FindVariable(name);
-           const std::string* label = position < 0 ? nullptr : LabelOf(dataset.VariableAt(position), set.countedValue);
+           const Variable* variable = dataset.VariableNamed(name);
+           const std::string* label = variable == nullptr ? nullptr : LabelOf(*variable, set.countedValue);
            return label != nullptr && labels.insert(ToUpper(*label)).second;
          });
 }

@@ -88,6 +88,18 @@ std::size_t CommandReading::EndOfSubcommand(std::size_t keyword) const {
   return std::min(end, fTokens.size() - 1);
 }
 
+std::optional<std::size_t> CommandReading::EndOfCheckedSubcommand() const {
+  const std::optional<std::size_t> current = CurrentToken();
+  if (fHasEnded || !current || !fCursor->wentBack) {
+    return std::nullopt;
+  }
+  const std::size_t keyword = SubcommandOf(*current);
+  if (!fLastEnd || fLastEnd->first != keyword) {
+    fLastEnd = {keyword, EndOfSubcommand(keyword)};
+  }
+  return fLastEnd->second;
+}
+
 /// The module takes a quoted "/" for a symbol, but where a value is expected.
 bool CommandReading::BeginsSubcommand(std::size_t token) const {
   const bool isQuoted = fTokens[token].type == TokenSequenceBase::kQuotedString;

@@ -70,6 +70,9 @@ class CommandReading {
   /// The end of the subcommand whose keyword the token is: the "/" after it, or the end of the command.
   std::size_t EndOfSubcommand(std::size_t keyword) const;
 
+  /// The end of the subcommand that the module has read and checks as a whole; nothing where it does not.
+  std::optional<std::size_t> EndOfCheckedSubcommand() const;
+
   /// The keyword of the subcommand, without any keyword of its own, for which the module gave up the command and said
   /// nothing. Nothing where it had another reason, or did not give up.
   std::optional<std::size_t> EmptySubcommand() const;
@@ -101,6 +104,7 @@ class CommandReading {
   // Many messages may be about one subcommand, so what they look up is kept.
   mutable std::unordered_map<std::string, std::vector<std::size_t>> fTokensByKey;
   mutable std::optional<std::pair<std::size_t, std::size_t>> fLastSubcommand;  // a token, the keyword
+  mutable std::optional<std::pair<std::size_t, std::size_t>> fLastEnd;         // a keyword, the end
 };
 
 }  // namespace standalone

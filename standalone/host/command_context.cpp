@@ -72,14 +72,23 @@ void CommandContext::IssueMessage(Level level, const std::string& text, const st
   if (const std::optional<std::size_t> token = fReading.TokenOfMessage(quoted.empty() ? "" : quoted.front())) {
     message.place = PlaceOf(*token);
   }
-  if (const std::optional<std::size_t> token = fReading.TokenJustRead()) {
-    message.hint = HintOnSlip(fCommand, Tokens(), *token);
-  }
-  if (!message.hint) {
-    message.hint = fAdviser.HintOnMessage(quoted);
-  }
+  message.hint = HintOnMessage(quoted);
   fReading.NoteMessage();
   Issue(message);
+}
+
+std::optional<std::string> CommandContext::HintOnMessage(const std::vector<std::string>& quoted) {
+  const std::optional<std::size_t> token = fReading.TokenJustRead();
+  std::optional<std::string> hint;
+  if (token) {
+    hint = HintOnSlip(fCommand, Tokens(), *token);
+  } else if (const std::optional<std::size_t> end = fReading.EndOfCheckedSubcommand()) {
+    hint = HintOnEndOfSubcommand(Tokens(), *end);
+  }
+  if (!hint) {
+    hint = fAdviser.HintOnMessage(quoted);
+  }
+  return hint || !token ? hint : HintOnHashWord(Tokens(), *token);
 }
 
 void CommandContext::IssueProblem(const ListProblem& problem, const ListTokens& list) {
@@ -87,6 +96,9 @@ void CommandContext::IssueProblem(const ListProblem& problem, const ListTokens& 
   message.hint = HintOnSlip(fCommand, Tokens(), problem.token);
   if (!message.hint && problem.isUnknown) {
     message.hint = fAdviser.HintOnUnknownVariable(problem.token, list);
+  }
+  if (!message.hint) {
+    message.hint = HintOnHashWord(Tokens(), problem.token);
   }
   fReading.NoteMessage();
   Issue(message);

@@ -76,6 +76,7 @@ class CommandContext {
 
  private:
   Place PlaceOf(std::size_t token);
+  std::optional<std::string> HintOnMessage(const std::vector<std::string>& quoted);
 
   Dataset& fDataset;
   const ScriptCommand& fCommand;

@@ -117,6 +117,7 @@ class FieldReader {
   void ReadCategories();
   void ReadMissingValues();
   void ReadBooleans();
+  std::string WhichAreDefaults() const;
   void ReadNumberForm();
   const Json* MemberOfTypes(const char* key, std::initializer_list<FieldType> types) const;
   const Json& ArrayIn(const Json* member, const char* key) const;
@@ -184,7 +185,7 @@ void FieldReader::ReadType() {
                      fTypeName));
   }
   if (known == kTypes.end()) {
-    Fail(fmt::format("the type \"{}\" is none of string, integer, number, boolean and year", fTypeName));
+    Fail(fmt::format("the type \"{}\" is not one of string, integer, number, boolean, year and any", fTypeName));
   }
   fField.type = known->second;
 }
@@ -263,6 +264,22 @@ void FieldReader::ReadBooleans() {
   if (const Json* values = MemberOfTypes("falseValues", {FieldType::kBoolean})) {
     fField.falseValues = TextsIn(values, "falseValues");
   }
+  for (const std::string& text : fField.trueValues) {
+    if (std::find(fField.falseValues.begin(), fField.falseValues.end(), text) != fField.falseValues.end()) {
+      Fail(fmt::format("the text \"{}\" is in both its trueValues and its falseValues{}", Shortened(text),
+                       WhichAreDefaults()));
+    }
+  }
+}
+
+/// A field that gives only one of the two has the other as Table Schema sets it.
+std::string FieldReader::WhichAreDefaults() const {
+  for (const char* key : {"trueValues", "falseValues"}) {
+    if (Member(fJson, key) == nullptr) {
+      return fmt::format("; without {} it has the default", key);
+    }
+  }
+  return "";
 }
 
 void FieldReader::ReadNumberForm() {

@@ -96,7 +96,7 @@ bool Column::IsStringForFewCells() const {
   constexpr std::size_t kFew = 3;
   constexpr std::size_t kShare = 20;
   const bool isFew = fOdd.count <= std::max(kFew, (fOdd.count + fOdd.numbers) / kShare);
-  return fOdd.count > 0 && isFew && fOdd.numbers >= 3 * fOdd.count;
+  return fOdd.count > 0 && isFew && fOdd.numbers >= 2 * fOdd.count;
 }
 
 /// Ends where the column is one of texts, as most are.
@@ -108,9 +108,12 @@ void Column::CountOdd(std::string_view cell, std::size_t line) {
   }
   if (IsJsonNumber(text)) {
     ++fOdd.numbers;
-  } else if (fOdd.count++ == 0) {
-    fOdd.line = line;
-    fOdd.text = Shortened(text);
+  } else {
+    fOdd.inOtherForm += JsonNumber(text, fScratch) ? 1 : 0;
+    if (fOdd.count++ == 0) {
+      fOdd.line = line;
+      fOdd.text = Shortened(text);
+    }
   }
   fIsStringByData = fOdd.count <= kMaxOdd + fOdd.numbers;
 }

@@ -11,12 +11,13 @@
 
 namespace standalone {
 
-/// Cells that are not numbers in a column of numbers.
+/// Cells that keep a column of numbers from being numeric.
 struct OddCells {
   std::size_t count = 0;
-  std::size_t numbers = 0;  ///< the other cells, without missing ones
-  std::size_t line = 0;     ///< of the first
-  std::string text;         ///< of the first
+  std::size_t inOtherForm = 0;  ///< of these, numbers that would not stay as they are written, such as 007
+  std::size_t numbers = 0;      ///< the other cells, without missing ones
+  std::size_t line = 0;         ///< of the first
+  std::string text;             ///< of the first
 };
 
 /// One column of the data, which becomes one variable.
@@ -37,7 +38,8 @@ class Column {
   /// The variable; of a string without maxLength, with the width of its longest value.
   Variable ToVariable() const;
 
-  /// Where the type came from the data and it became a string although most cells are numbers: how many are not.
+  /// Where the type came from the data and it became a string although most cells are numbers: how many keep it from
+  /// that.
   const OddCells& Odd() const { return fOdd; }
   bool IsStringForFewCells() const;
 

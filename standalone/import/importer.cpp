@@ -92,9 +92,8 @@ std::vector<NearlyNumericColumn> StringsForFewCells(const std::vector<std::strin
                                                     const std::vector<Column>& columns) {
   std::vector<NearlyNumericColumn> found;
   for (std::size_t index = 0; index < columns.size(); ++index) {
-    const OddCells& odd = columns[index].Odd();
     if (columns[index].IsStringForFewCells()) {
-      found.push_back({header[index], odd.count, odd.count + odd.numbers, odd.line, odd.text});
+      found.push_back({header[index], columns[index].Odd()});
     }
   }
   return found;
@@ -133,6 +132,9 @@ ImportSummary ImportSurvey(const ImportRequest& request) {
   WriteVariables(columns, writer);
   const std::size_t cases = WriteCases(*reader, columns, file.Path(), writer, AdvanceOf(request, file, false));
   writer.SetCommand(CommandOf(request));
+  if (request.beforeWriting) {
+    request.beforeWriting();
+  }
   writer.Commit();
   return {columns.size(), cases, StringsForFewCells(reader->Header(), columns)};
 }

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "standalone/import/columns.h"
 #include "standalone/storage/dataset_options.h"
 
 namespace standalone {
@@ -26,15 +27,13 @@ struct ImportRequest {
   bool replace = false;  ///< replace variables and cases of a dataset that exists, keep its sets
   DatasetOptions datasetOptions = {};
   std::function<void(const ImportProgress&)> progress = {};  ///< called for each case; may be empty
+  std::function<void()> beforeWriting = {};  ///< called when only the dataset is left to write; may be empty
 };
 
-/// A column that became a string for the sake of few cells that are not numbers.
+/// A column that became a string because of few cells.
 struct NearlyNumericColumn {
   std::string name;
-  std::size_t notNumbers = 0;
-  std::size_t cells = 0;  ///< that are not missing
-  std::size_t line = 0;   ///< of the first that is not a number
-  std::string text;       ///< and its beginning
+  OddCells odd;
 };
 
 struct ImportSummary {

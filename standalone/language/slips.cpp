@@ -12,7 +12,10 @@
 namespace standalone {
 namespace {
 
-constexpr const char* kHowToComment = "a comment starts with * and ends with a period, or goes between /* and */";
+constexpr const char* kHowToComment =
+    "a comment starts with * and ends with a period, or goes between /* and */ on one line";
+
+constexpr const char* kEndWithoutComment = "there is no /* on the line of this */: a comment ends with its line";
 
 constexpr const char* kWherePeriodEnds = "a period ends a command only at the end of a line";
 
@@ -34,6 +37,14 @@ std::string_view FirstWord(std::string_view text) {
 
 std::string_view After(std::string_view text, std::string_view word) {
   return text.substr(static_cast<std::size_t>(word.data() - text.data()) + word.size());
+}
+
+/// Whether the token is one character and the next, directly after it, another.
+bool IsPair(const std::vector<Token>& tokens, std::size_t token, const char* first, const char* second) {
+  const Token& one = tokens[token];
+  return one.type == TokenSequenceBase::kSymbol && one.text == first && token + 1 < tokens.size() &&
+         tokens[token + 1].type == TokenSequenceBase::kSymbol && tokens[token + 1].text == second &&
+         tokens[token + 1].offset == one.offset + one.length;
 }
 
 /// Looks at one token of a command.
@@ -59,8 +70,16 @@ class Slip {
     return IsFirstOnLine() && (isComment || (IsWord(At()) && BeginCommand(At().text, Next().text)));
   }
 
-  bool IsDoubleSlash() const {
-    return At().symbol == kSlashSymbol && Next().symbol == kSlashSymbol && Next().offset == At().offset + 1;
+  /// Whether the line before is the beginning of a comment that ends on a later line.
+  bool IsInsideComment() const {
+    const std::size_t begin = EndOfFormer();
+    const std::string_view between = std::string_view(fCommand.text).substr(begin, At().offset - begin);
+    const std::size_t comment = between.rfind("/*");
+    if (comment == std::string_view::npos || between.find("*/", comment + 2) != std::string_view::npos) {
+      return false;
+    }
+    const std::string_view rest = std::string_view(fCommand.text).substr(At().offset);
+    return rest.substr(0, rest.find("/*")).find("*/") != std::string_view::npos;
   }
 
   std::string MissingPeriod() const {
@@ -75,10 +94,13 @@ class Slip {
 };
 
 std::optional<std::string> Slip::Hint() const {
+  if (IsPair(fTokens, fToken, "*", "/") || IsInsideComment()) {
+    return kEndWithoutComment;
+  }
   if (BeginsAnother()) {
     return MissingPeriod();
   }
-  if (IsDoubleSlash()) {
+  if (IsPair(fTokens, fToken, "/", "/")) {
     return kHowToComment;
   }
   if (IsWord(At()) && At().text.back() == '.') {  // no name ends so
@@ -112,7 +134,7 @@ std::string_view OddQuoteIn(std::string_view text) {
 
 std::optional<std::string> HintOnSlip(const ScriptCommand& command, const std::vector<Token>& tokens,
                                       std::size_t token) {
-  if (token < tokens.size() && tokens[token].text[0] == '#' && IsWord(tokens[token])) {
+  if (token < tokens.size() && tokens[token].text == "#" && IsWord(tokens[token])) {
     return kHowToComment;
   }
   for (const std::size_t candidate : {token, token + 1, token - std::min<std::size_t>(token, 1)}) {
@@ -124,6 +146,16 @@ std::optional<std::string> HintOnSlip(const ScriptCommand& command, const std::v
     }
   }
   return std::nullopt;
+}
+
+std::optional<std::string> HintOnEndOfSubcommand(const std::vector<Token>& tokens, std::size_t end) {
+  return IsPair(tokens, end, "/", "/") ? std::make_optional(kHowToComment) : std::nullopt;
+}
+
+std::optional<std::string> HintOnHashWord(const std::vector<Token>& tokens, std::size_t token) {
+  const bool isHashWord = IsWord(tokens[token]) && tokens[token].text[0] == '#';
+  const bool mayBeComment = isHashWord && token > 0 && tokens[token - 1].symbol != kEqualsSymbol;
+  return mayBeComment ? std::make_optional(kHowToComment) : std::nullopt;
 }
 
 std::optional<std::string> HintOnBeginning(std::string_view command) {

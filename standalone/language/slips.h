@@ -19,7 +19,13 @@ namespace standalone {
 std::optional<std::string> HintOnSlip(const ScriptCommand& command, const std::vector<Token>& tokens,
                                       std::size_t token);
 
-/// The same for what a command begins with that is no command.
+/// The same for a message about a subcommand as a whole, where `end` is the token after it: a "//" ended it.
+std::optional<std::string> HintOnEndOfSubcommand(const std::vector<Token>& tokens, std::size_t end);
+
+/// The same for a word that begins with "#", which may be a name that is misspelt: where no name is near.
+std::optional<std::string> HintOnHashWord(const std::vector<Token>& tokens, std::size_t token);
+
+/// The same for a command that begins with something other than its name.
 std::optional<std::string> HintOnBeginning(std::string_view command);
 
 /// The same for a string that is not closed.

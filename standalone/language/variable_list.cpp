@@ -52,7 +52,7 @@ Problem ListReader::Read() {
 Problem ListReader::ReadItem() {
   const std::string& name = fTokens[fNext].text;
   if (!IsWord(fNext)) {
-    return ListProblem{fmt::format("{} cannot stand in a list of variables.", name), fNext};
+    return ListProblem{fmt::format("{} is not allowed in a list of variables.", name), fNext};
   }
   if (IsTo(fNext)) {
     return ListProblem{RangeWithoutBeginning(), fNext};

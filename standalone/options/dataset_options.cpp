@@ -11,6 +11,7 @@
 #include "standalone/options/value_type.h"
 #include "standalone/text/notice.h"
 #include "standalone/text/number_text.h"
+#include "standalone/text/visible.h"
 
 namespace standalone {
 namespace {
@@ -20,8 +21,8 @@ std::string SecondsComplaint(const std::string& seconds) {
   if (WholeNumber(seconds)) {
     return {};
   }
-  return seconds + (IsDigits(seconds) ? " has more than nine digits; 999999999 seconds is the longest wait"
-                                      : " is not a whole number of seconds");
+  return ShownValue(seconds) + (IsDigits(seconds) ? " has more than nine digits; 999999999 seconds is the longest wait"
+                                                  : " is not a whole number of seconds");
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include "standalone/console/terminal.h"
 #include "standalone/options/value_type.h"
 #include "standalone/text/number_text.h"
+#include "standalone/text/visible.h"
 
 namespace standalone {
 namespace {
@@ -30,7 +31,7 @@ void AddChoice(CLI::App& app, const char* name, const std::vector<std::string>& 
   value = choices.front();
   const auto isKnown = [choices](const std::string& given) {
     const bool found = std::find(choices.begin(), choices.end(), given) != choices.end();
-    return found ? std::string() : fmt::format("{} is not one of {}", given, fmt::join(choices, ", "));
+    return found ? std::string() : fmt::format("{} is not one of {}", ShownValue(given), fmt::join(choices, ", "));
   };
   app.add_option(name, value, description)->check(isKnown)->type_name(ChoiceType(typeName, choices));
 }
@@ -50,7 +51,8 @@ std::string WidthComplaint(const std::string& value) {
   constexpr std::int64_t kMaxWidth = 10'000;
   const std::optional<std::int64_t> width = WholeNumber(value);
   const bool isUsable = width && *width >= kMinWidth && *width <= kMaxWidth;
-  return isUsable ? std::string() : fmt::format("{} is not a whole number from {} to {}", value, kMinWidth, kMaxWidth);
+  return isUsable ? std::string()
+                  : fmt::format("{} is not a whole number from {} to {}", ShownValue(value), kMinWidth, kMaxWidth);
 }
 
 Colour ChosenColour(const FormatOptions& options, bool isTerminal) {

@@ -41,7 +41,7 @@ class TableWriter {
   /// A whole table.
   virtual void Write(const Table& table);
 
-  /// Sentences for people, below a table; nothing in a form for programs.
+  /// Sentences for people, below a table; of CSV among the messages.
   virtual void WriteNotes(const std::vector<std::string>& /*notes*/) {}
 };
 

@@ -41,6 +41,7 @@ void PrepareForSignals() {
     }
   }
   signal(SIGXFSZ, SIG_IGN);
+  signal(SIGCHLD, SIG_DFL);  // else nobody could be told how a child ended
 }
 
 }  // namespace standalone

@@ -18,7 +18,13 @@ const char* SentenceOnSaved(std::optional<bool> hasChanged) {
   if (!hasChanged) {
     return " Whether its change was saved is not known.";
   }
-  return *hasChanged ? " The change of the command is saved all the same." : "";
+  return *hasChanged ? " The change of the command is saved nevertheless." : "";
+}
+
+/// Of a process that ended before its command did.
+std::string SentenceOnEnd(const Worker& worker) {
+  return worker.HasGivenUp() ? "There is not enough memory, or another resource, to run the command."
+                             : worker.LastWords();
 }
 
 void Take(Event event, CommandResult& result) {
@@ -75,7 +81,9 @@ void Supervisor::StartWorker() {
     };
   });
   for (const ScriptCommand& command : fRehearsed) {
-    fWorker->Run(command);
+    if (!fWorker->Run(command)) {
+      throw Error(SentenceOnEnd(*fWorker));
+    }
   }
 }
 
@@ -114,11 +122,10 @@ CommandResult Supervisor::Result(const ScriptCommand& command, const Worker& wor
 void Supervisor::Abort(CommandResult& result) {
   const std::unique_ptr<Worker> ended = std::move(fWorker);
   if (ended->HasGivenUp()) {
-    throw Error(std::string("There is not enough memory, or another resource, to run the command.") +
-                (result.isSaveOpen ? " Whether its change was saved is not known." : ""));
+    throw Error(SentenceOnEnd(*ended) + (result.isSaveOpen ? SentenceOnSaved(std::nullopt) : ""));
   }
   result.status = Status::kAborted;
-  result.items.emplace_back(Message{Level::kFatal, ended->LastWords()});
+  result.items.emplace_back(Message{Level::kFatal, SentenceOnEnd(*ended)});
   if (std::optional<std::string> hint = HintOnAbort(result.text)) {
     result.hints.push_back(std::move(*hint));
   }

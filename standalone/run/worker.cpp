@@ -31,6 +31,8 @@ namespace {
 /// How a command came to its end; an Error follows kFailed.
 enum Outcome : char { kUnchanged = 'u', kChanged = 'c', kFailed = 'f' };
 
+constexpr const char* kSavedOrNot = "Whether its change was saved is not known.";
+
 [[noreturn]] void FailToStart() {
   const int number = errno;
   throw Error(fmt::format("The process that runs commands cannot be started: {}.", std::strerror(number)));
@@ -63,7 +65,8 @@ class Child {
   Child(const Descriptor& channel, const Descriptor& output, int console)
       : fChannel(channel), fOutput(output), fConsole(console) {}
 
-  [[noreturn]] void Work(const Worker::Begin& begin) const {
+  /// Nothing may leave it: the stack below is the parent's, whose files and output are not this process's to end.
+  [[noreturn]] void Work(const Worker::Begin& begin) const noexcept {
     try {
       const Worker::RunCommand run =
           begin([this](const Event& event) { Keep(event); }, [this](const std::string& sentence) { Show(sentence); });
@@ -75,6 +78,8 @@ class Child {
       Fail(error);
     } catch (const std::exception& error) {
       Fail(Error(SentenceOf(error)));
+    } catch (...) {
+      std::abort();  // a module threw it: no more is known than of a failed assertion
     }
     std::fflush(nullptr);
     _exit(EXIT_SUCCESS);
@@ -224,7 +229,8 @@ void Worker::ThrowReceivedError() const {
   std::string bytes;
   AppendAll(fChannel.Number(), bytes);
   std::string_view received = bytes;
-  throw TakeError(received).value_or(Error("The command cannot be run: its process ended."));
+  throw TakeError(received).value_or(
+      Error(fmt::format("The command cannot be run: its process ended. {}", kSavedOrNot)));
 }
 
 /// A child that has ended is found out when its outcome is read.
@@ -290,8 +296,7 @@ void Worker::FailToReadResults() {
   fChannel.Close();
   kill(fChild, SIGINT);
   WaitForEnd();
-  throw Error(fmt::format("The results of a command cannot be read: {}. Whether its change was saved is not known.",
-                          std::strerror(number)));
+  throw Error(fmt::format("The results of a command cannot be read: {}. {}", std::strerror(number), kSavedOrNot));
 }
 
 }  // namespace standalone

@@ -4,22 +4,16 @@
 #include "standalone/text/unicode.h"
 
 namespace standalone {
-namespace {}  // namespace
 
 CopySide SideOf(Dataset& dataset, const std::string& name) {
-  return {[&dataset](const std::string& wanted) -> const Variable* {
-            const int position = dataset.FindVariable(wanted);
-            return position < 0 ? nullptr : &dataset.VariableAt(position);
-          },
-          name};
+  return {[&dataset](const std::string& wanted) { return dataset.VariableNamed(wanted); }, name};
 }
 
 VariablesByName::VariablesByName(Dataset& dataset, const std::vector<StoredSet>& sets) {
   for (const StoredSet& set : sets) {
     for (const std::string& name : set.variables) {
-      const int position = dataset.FindVariable(name);
-      if (position >= 0) {
-        fVariables.emplace(ToUpper(name), dataset.VariableAt(position));
+      if (const Variable* variable = dataset.VariableNamed(name)) {
+        fVariables.emplace(ToUpper(name), *variable);
       }
     }
   }

@@ -37,9 +37,8 @@ std::string HowMadeOtherwise(const StoredSet& set, const TrialOutcome& outcome) 
 /// Whether the first of the set's variables that is there is numeric.
 bool HasNumericVariables(Dataset& dataset, const StoredSet& set) {
   for (const std::string& name : set.variables) {
-    const int position = dataset.FindVariable(name);
-    if (position >= 0) {
-      return dataset.VariableAt(position).width == 0;
+    if (const Variable* variable = dataset.VariableNamed(name)) {
+      return variable->width == 0;
     }
   }
   return false;

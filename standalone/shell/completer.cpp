@@ -163,7 +163,7 @@ bool Completer::CompleteShellCommand() {
   BeginWordAt(command->argument.empty() ? fText.size() : fText.rfind(command->argument));
   fIsInLowerCase = !HasLetter(fWord) || fIsInLowerCase;
   if (command->rule->kind == ShellCommandKind::kHelp) {
-    for (const std::string_view topic : HelpTopics()) {
+    for (const std::string_view topic : ShellTopics()) {
       AddKeyword(topic);
     }
   } else if (command->rule->kind == ShellCommandKind::kVariables) {

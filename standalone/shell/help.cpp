@@ -14,7 +14,7 @@ struct Topic {
   std::string_view text;
 };
 
-const std::vector<Topic>& Topics() {
+const std::vector<Topic>& TopicsOfLanguage() {
   static const std::vector<Topic> kTopics = {
       {"DELETE",
        "DELETE removes sets from the dataset.\n"
@@ -66,11 +66,62 @@ const std::vector<Topic>& Topics() {
   return kTopics;
 }
 
+const std::vector<Topic>& TopicsOfShell() {
+  static const std::vector<Topic> kTopics = {
+      {"exit", "exit leaves the shell, as quit does.\n"},
+      {"help",
+       "help lists the commands of the shell; with a topic it explains one.\n"
+       "\n"
+       "  help MDGROUP\n"
+       "  help undo\n"},
+      {"log",
+       "log lists the changes of the sets, and the imports, the last one first. Each\n"
+       "change has a number, to which undo can go back.\n"},
+      {"quit",
+       "quit leaves the shell; so do exit, and Ctrl-D on an empty line. A command that\n"
+       "is not complete is not run.\n"},
+      {"sets", "sets lists the dataset's sets with their variables, in the order in which they\nare stored.\n"},
+      {"undo",
+       "undo takes back the last change of the sets. That is itself a change, so undoing\n"
+       "twice restores the sets. With a number it goes back to the sets as that change\n"
+       "left them; 0 is the beginning. log lists the numbers.\n"
+       "\n"
+       "  undo\n"
+       "  undo 3\n"
+       "  undo --to 3       the same\n"},
+      {"variables",
+       "variables lists the dataset's variables. With a pattern it lists those whose\n"
+       "names match: * stands for any characters, ? for one. Without * or ?, it lists\n"
+       "those whose names begin with the pattern.\n"
+       "\n"
+       "  variables\n"
+       "  variables q*\n"},
+  };
+  return kTopics;
+}
+
+std::vector<std::string_view> NamesOf(const std::vector<Topic>& topics) {
+  std::vector<std::string_view> names;
+  for (const Topic& topic : topics) {
+    names.push_back(topic.name);
+  }
+  return names;
+}
+
+std::optional<std::string> TextOn(std::string_view name, const std::vector<Topic>& topics) {
+  for (const Topic& topic : topics) {
+    if (NamesKeyword(ToUpper(name), ToUpper(topic.name))) {
+      return std::string(topic.text);
+    }
+  }
+  return std::nullopt;
+}
+
 std::string HelpOnTheShell() {
   std::string text =
       "MRSET commands go over as many lines as they need and end with a period at the\n"
       "end of a line. Tab completes, the arrow keys bring back earlier commands, Ctrl-R\n"
-      "searches them, Ctrl-C gives up what is being typed.\n"
+      "searches them, Ctrl-C discards what is being typed.\n"
       "\n";
   for (const ShellCommandRule& rule : ShellCommands()) {
     text += fmt::format("  {:<21}{}\n", fmt::format("{} {}", rule.name, rule.argument), rule.purpose);
@@ -80,24 +131,27 @@ std::string HelpOnTheShell() {
 
 }  // namespace
 
-std::vector<std::string_view> HelpTopics() {
-  std::vector<std::string_view> names;
-  for (const Topic& topic : Topics()) {
-    names.push_back(topic.name);
-  }
+std::vector<std::string_view> LanguageTopics() {
+  return NamesOf(TopicsOfLanguage());
+}
+
+std::vector<std::string_view> ShellTopics() {
+  std::vector<std::string_view> names = NamesOf(TopicsOfLanguage());
+  const std::vector<std::string_view> others = NamesOf(TopicsOfShell());
+  names.insert(names.end(), others.begin(), others.end());
   return names;
 }
 
 std::optional<std::string> HelpOn(std::string_view topic) {
+  return TextOn(topic, TopicsOfLanguage());
+}
+
+std::optional<std::string> HelpInShell(std::string_view topic) {
   if (topic.empty()) {
     return HelpOnTheShell();
   }
-  for (const Topic& one : Topics()) {
-    if (NamesKeyword(ToUpper(topic), one.name)) {
-      return std::string(one.text);
-    }
-  }
-  return std::nullopt;
+  const std::optional<std::string> help = HelpOn(topic);
+  return help ? help : TextOn(topic, TopicsOfShell());
 }
 
 }  // namespace standalone

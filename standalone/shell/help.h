@@ -8,12 +8,17 @@
 
 namespace standalone {
 
-/// What `help` can be asked about, by name.
-std::vector<std::string_view> HelpTopics();
+/// The topics of the command language, by name.
+std::vector<std::string_view> LanguageTopics();
 
-/// The help on a topic, which may be shortened as a keyword may, or on the shell as a whole for an empty one. Nothing
-/// for an unknown topic.
+/// What `help` in a shell can be asked about: those, then the shell's own commands.
+std::vector<std::string_view> ShellTopics();
+
+/// The help on a topic of the command language, which may be shortened as a keyword may. Nothing for any other.
 std::optional<std::string> HelpOn(std::string_view topic);
+
+/// The same for the topics of a shell, and on the shell as a whole for an empty one.
+std::optional<std::string> HelpInShell(std::string_view topic);
 
 }  // namespace standalone
 

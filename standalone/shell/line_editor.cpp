@@ -114,7 +114,7 @@ void LineEditor::Implementation::BindKeys() {
   el_set(fEditor, EL_SETTY, "-d", "-isig", nullptr);
   el_set(fEditor, EL_ADDFN, "mrset-complete", "Complete the word before the cursor", CompleteWord);
   el_set(fEditor, EL_ADDFN, "mrset-list", "List what was found for the word", ListCandidates);
-  el_set(fEditor, EL_ADDFN, "mrset-abandon", "Give up what was typed", Abandon);
+  el_set(fEditor, EL_ADDFN, "mrset-abandon", "Discard what was typed", Abandon);
   el_set(fEditor, EL_ADDFN, "mrset-stop", "Stop the shell until it is continued", Stop);
   el_set(fEditor, EL_BIND, "^I", "mrset-complete", nullptr);
   el_set(fEditor, EL_BIND, kListKeys, "mrset-list", nullptr);

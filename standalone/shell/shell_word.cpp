@@ -8,6 +8,7 @@
 #include "standalone/language/comments.h"
 #include "standalone/language/grammar.h"
 #include "standalone/language/nearest_name.h"
+#include "standalone/language/slips.h"
 #include "standalone/text/trim.h"
 #include "standalone/text/unicode.h"
 
@@ -41,7 +42,7 @@ std::vector<std::string> AllCommands() {
 const std::vector<ShellCommandRule>& ShellCommands() {
   static const std::vector<ShellCommandRule> kRules = {
       {"exit", ShellCommandKind::kQuit, "", "the same as quit"},
-      {"help", ShellCommandKind::kHelp, "[TOPIC]", "this list; or on MRSET, MDGROUP, MCGROUP, DISPLAY, DELETE"},
+      {"help", ShellCommandKind::kHelp, "[TOPIC]", "this list; or a topic: undo, MRSET, MDGROUP, ..."},
       {"log", ShellCommandKind::kLog, "", "the changes of the sets, the last one first"},
       {"quit", ShellCommandKind::kQuit, "", "leave the shell; so does Ctrl-D on an empty line"},
       {"sets", ShellCommandKind::kSets, "", "the dataset's sets"},
@@ -75,9 +76,14 @@ std::optional<std::string> RefusalOfUnknownCommand(std::string_view openText) {
   }
   const std::string quoted = Shortened(word);
   const std::optional<std::string> meant = MeantWord(word, AllCommands());
-  return meant ? fmt::format("There is no command {}; did you mean {}?", quoted, *meant)
-               : fmt::format("There is no command {}; one begins with MRSET, or is one of those that help shows.",
-                             quoted);
+  if (CompareNoCase(word, "redo") == 0) {
+    return "There is no command redo; undo right after an undo restores the sets.";
+  }
+  if (meant) {
+    return fmt::format("There is no command {}; did you mean {}?", quoted, *meant);
+  }
+  return fmt::format("There is no command {}; {}.", quoted,
+                     HintOnBeginning(openText).value_or("type MRSET, or one of the commands that help lists"));
 }
 
 }  // namespace standalone

@@ -12,7 +12,7 @@ std::optional<bool> IsThere(Database& database, std::int64_t generation) {
   try {
     database.Rollback();
     return GenerationOf(database) == generation;
-  } catch (const Error&) {
+  } catch (const std::exception&) {
     return database.HasJournal() ? std::make_optional(false) : std::nullopt;
   }
 }
@@ -30,19 +30,18 @@ std::int64_t GenerationOf(Database& database) {
 std::optional<std::string> CommitGeneration(Database& database, std::int64_t generation) {
   try {
     return database.Commit();
-  } catch (const Error& error) {
+  } catch (const std::exception& error) {
     if (database.InTransaction()) {
       throw;  // it waits for others, and nothing of it is in the file
     }
     const std::optional<bool> isThere = IsThere(database, generation);
     if (!isThere) {
-      throw Error(ErrorKind::kUnknownOutcome,
-                  std::string(error.what()) + " Whether the last change was saved is not known.");
+      throw Error(ErrorKind::kUnknownOutcome, SentenceOf(error) + " Whether the last change was saved is not known.");
     }
     if (!*isThere) {
       throw;
     }
-    return "The change is saved in spite of this: " + std::string(error.what());
+    return "The change is saved nevertheless: " + SentenceOf(error);
   }
 }
 

@@ -1,12 +1,12 @@
 #include "standalone/storage/companions.h"
 
 #include <fmt/format.h>
-#include <sys/stat.h>
 
 #include <algorithm>
 #include <array>
 #include <string_view>
 
+#include "standalone/files/folder.h"
 #include "standalone/files/temporary_file.h"
 #include "standalone/storage/file_format.h"
 
@@ -15,11 +15,6 @@ namespace standalone {
 namespace {
 
 constexpr std::array<std::string_view, 3> kEndings = {"-journal", "-wal", "-shm"};
-
-bool IsThere(const std::string& path) {
-  struct stat status = {};
-  return lstat(path.c_str(), &status) == 0;
-}
 
 }  // namespace
 

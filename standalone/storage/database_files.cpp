@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <new>
 #include <string_view>
 #include <utility>
 
@@ -27,7 +28,7 @@ constexpr std::string_view kByDescriptor = "/proc/self/./fd/";  // as nobody typ
 /// What the calls of this thread met. SQLite passes on no more than a number.
 struct Met {
   std::string refusal;
-  std::string unsynced;
+  int unsyncedError = 0;
   bool isOpenToWrite = false;
 };
 
@@ -99,8 +100,7 @@ int OpenDatabase(const char* path, sqlite3_file* file, int flags, int* outFlags)
   return Refuse(fmt::format(" cannot be read or written: {}.", std::strerror(number)));
 }
 
-int Open(sqlite3_vfs* /*self*/, const char* path, sqlite3_file* file, int flags, int* outFlags) {
-  file->pMethods = nullptr;  // nothing to close where it is refused
+int OpenUnlessRefused(const char* path, sqlite3_file* file, int flags, int* outFlags) {
   if ((flags & SQLITE_OPEN_WAL) != 0) {
     return RefuseWriteAheadLog(path);
   }
@@ -113,11 +113,27 @@ int Open(sqlite3_vfs* /*self*/, const char* path, sqlite3_file* file, int flags,
                                             : System()->xOpen(System(), path, file, flags, outFlags);
 }
 
+// SQLite calls the two functions below. No exception may pass through it.
+
+int Open(sqlite3_vfs* /*self*/, const char* path, sqlite3_file* file, int flags, int* outFlags) {
+  file->pMethods = nullptr;  // nothing to close where it is refused
+  try {
+    return OpenUnlessRefused(path, file, flags, outFlags);
+  } catch (const std::bad_alloc&) {
+    return SQLITE_NOMEM;
+  }
+}
+
+/// A journal that is gone is the point of no return: nothing fails any more.
 int Delete(sqlite3_vfs* /*self*/, const char* path, int syncFolder) {
   const int result = System()->xDelete(System(), path, 0);
   if (result == SQLITE_OK && syncFolder != 0) {
-    if (const int number = SyncFolderOf(path); number != 0) {
-      MetHere().unsynced = std::strerror(number);
+    try {
+      if (const int number = SyncFolderOf(path); number != 0) {
+        MetHere().unsyncedError = number;
+      }
+    } catch (const std::bad_alloc&) {
+      MetHere().unsyncedError = ENOMEM;
     }
   }
   return result;
@@ -187,7 +203,8 @@ bool WasOpenedToWrite() {
 }
 
 std::string TakeUnsyncedReason() {
-  return std::exchange(MetHere().unsynced, "");
+  const int number = std::exchange(MetHere().unsyncedError, 0);
+  return number == 0 ? std::string() : std::strerror(number);
 }
 
 DatabasePath::DatabasePath(const std::string& path) : fPath(AsFilePath(path)) {

@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace standalone {
@@ -17,6 +18,12 @@ struct DatasetOptions {
   /// Gets a sentence, as it happens, where a user should know: a long wait for a lock, a file that is migrated. May be
   /// empty.
   std::function<void(const std::string& sentence)> notify;
+
+  void Notify(const std::optional<std::string>& sentence) const {
+    if (sentence && notify) {
+      notify(*sentence);
+    }
+  }
 };
 
 }  // namespace standalone

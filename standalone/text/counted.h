@@ -8,7 +8,8 @@
 namespace standalone {
 
 /// A number of things, as in "1 case" and "2 cases".
-inline std::string Counted(std::size_t number, const std::string& thing) {
+template <typename Number>
+std::string Counted(Number number, const std::string& thing) {
   return std::to_string(number) + " " + thing + (number == 1 ? "" : "s");
 }
 

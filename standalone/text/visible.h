@@ -19,6 +19,11 @@ std::string VisibleJson(std::string json);
 /// The lines of the text, each in its visible form; at least one. A line ends with "\n", "\r\n" or "\r".
 std::vector<std::string> VisibleLines(std::string_view text);
 
+/// A value in the sentence on it: an empty one would not be seen.
+inline std::string ShownValue(const std::string& value) {
+  return value.empty() ? "\"\"" : value;
+}
+
 }  // namespace standalone
 
 #endif  // STANDALONE_TEXT_VISIBLE_H

@@ -1,12 +1,13 @@
 #!/usr/bin/env python3
 """Kills the program at everything it does to a file, and looks at what is left.
 
-  crash_test.py --program MRSET --shim LIBRARY [--kill group|process|power|end] [--long] [--every K]
+  crash_test.py --program MRSET --shim LIBRARY [--kill KIND...] [--long] [--every K [--from N]]
   crash_test.py --program MRSET --shim LIBRARY --kill KIND --scenario NAME --at N --moment before|middle|after [--seed S]
 
 The second form repeats one kill, shows it, and keeps the folder it left. docs/durability.md says what is held.
 
-With --kill end nothing is killed: the program ends by itself, and then power is lost; --at and --moment mean nothing.
+KIND: group, process, power or end. With end nothing is killed: the program ends by itself, and then power is lost; --at
+and --moment mean nothing.
 """
 
 import argparse
@@ -19,6 +20,7 @@ import sys
 import time
 from collections import Counter
 from fnmatch import fnmatch
+from functools import cached_property
 from pathlib import Path
 
 from program import KINDS, Failure, Kill, Program, copy, dump, scratch_folder
@@ -47,6 +49,14 @@ class Trial:
         self.whole = copy(self.ready, place / "whole")
         program.must(self.whole, scenario.arguments)
 
+    @cached_property
+    def points_of_no_return(self) -> "PointsOfNoReturn":
+        folder = copy(self.ready, self.place / "traced")
+        points = PointsOfNoReturn(self.program.operations(folder, self.scenario.arguments), folder.name)
+        if len(points.commits) != len(self.states_in_order()) - 1:
+            raise Failure(f"{points.commits} make the effects stand, which are {len(self.states_in_order()) - 1}")
+        return points
+
     def prepare(self) -> Path:
         folder = self.place / "ready"
         folder.mkdir(parents=True)
@@ -68,13 +78,6 @@ class Trial:
     def steps(self) -> int:
         """How many of the run's effects can be there or not, in their order."""
         return len(self.scenario.script) if self.scenario.script else 1
-
-    def points_of_no_return(self) -> "PointsOfNoReturn":
-        folder = copy(self.ready, self.place / "traced")
-        points = PointsOfNoReturn(self.program.operations(folder, self.scenario.arguments), folder.name)
-        if len(points.commits) != len(self.states_in_order()) - 1:
-            raise Failure(f"{points.commits} make the effects stand, which are {len(self.states_in_order()) - 1}")
-        return points
 
     def states_in_order(self) -> list:
         """Those that a run goes through."""
@@ -239,21 +242,18 @@ class Sweep:
         self.failures = 0
         self.operations = 0
 
-    def run(self) -> None:
-        with scratch_folder() as place:
-            trial = trial_of(self.options, self.scenario, Path(place).resolve())
-            self.points = trial.points_of_no_return()
-            at = 1
-            while self.sweep_operation(trial, at):
-                at += self.options.every
-                if at > MOST_OPERATIONS:
-                    raise Failure(f"{self.scenario.name}: the sweep does not end")
-            self.operations = at - 1
+    def run(self, trial: Trial) -> None:
+        at = self.options.first
+        while self.sweep_operation(trial, at):
+            at += self.options.every
+            if at > MOST_OPERATIONS:
+                raise Failure(f"{self.scenario.name}: the sweep does not end")
+        self.operations = at - 1
         if self.operations + self.options.every - 1 < self.scenario.least:
             raise Failure(f"{self.scenario.name}: only {self.operations} operations, at least {self.scenario.least}")
         # The commands that come after the one whose process was killed are run all the same.
         others = ("before", "between") if self.kind == "process" else ("before",)
-        if self.options.every == 1 and not (any(self.found[name] for name in others) and self.found["after"]):
+        if self.options.every < 4 and not (any(self.found[name] for name in others) and self.found["after"]):
             raise Failure(f"{self.scenario.name}: no kill left the state before, or none the state after")
 
     def sweep_operation(self, trial: Trial, at: int) -> bool:
@@ -291,8 +291,9 @@ class Sweep:
         """What stands is just what had come to stand when all of the program was killed."""
         if not outcome.killed or kill.kind == "process":
             return
-        most = self.points.passed(kill)
-        least = self.points.passed_for_good(kill) if kill.kind == "power" else most
+        points = trial.points_of_no_return
+        most = points.passed(kill)
+        least = points.passed_for_good(kill) if kill.kind == "power" else most
         if not least <= trial.progress() <= most:
             raise Failure(f"{trial.progress()} effects stand; by then at least {least} and at most {most} did")
 
@@ -315,11 +316,9 @@ class Sweep:
 class SweepAfterEnd(Sweep):
     """The program ends by itself, with success; then power is lost."""
 
-    def run(self) -> None:
-        with scratch_folder() as place:
-            trial = trial_of(self.options, self.scenario, Path(place).resolve())
-            for seed in range(0, 100 if self.options.long else SEEDS_AT_END, self.options.every):
-                self.lose_power(trial, Kill(0, END, "power", seed))
+    def run(self, trial: Trial) -> None:
+        for seed in range(0, 100 if self.options.long else SEEDS_AT_END, self.options.every):
+            self.lose_power(trial, Kill(0, END, "power", seed))
 
     def lose_power(self, trial: Trial, kill: Kill) -> None:
         outcome = trial.kill(kill)
@@ -338,9 +337,9 @@ def repeat_one(options) -> int:
     place = Path("crash-repeated").resolve()
     shutil.rmtree(place, ignore_errors=True)
     trial = trial_of(options, scenario, place)
-    is_end = options.kill == END
+    kind = options.kill[0]
     outcome = trial.kill(
-        Kill(0, END, "power", options.seed) if is_end else Kill(options.at, options.moment, options.kill, options.seed)
+        Kill(0, END, "power", options.seed) if kind == END else Kill(options.at, options.moment, kind, options.seed)
     )
     print(outcome)
     copy(trial.folder, place / "left")
@@ -349,19 +348,27 @@ def repeat_one(options) -> int:
     return 0
 
 
+def run_scenario(options, scenario: Scenario) -> list[Sweep]:
+    """A sweep for each way to kill, all on what was prepared once."""
+    sweeps = [(SweepAfterEnd if kind == END else Sweep)(options, scenario, kind) for kind in options.kill]
+    with scratch_folder() as place:
+        trial = trial_of(options, scenario, Path(place).resolve())
+        for sweep in sweeps:
+            try:
+                sweep.run(trial)
+            except Failure as failure:
+                sweep.failures += 1
+                print(f"FAILED {failure}")
+            print(sweep.summary(), flush=True)
+    return sweeps
+
+
 def run_suite(options) -> int:
     started = time.monotonic()
     sweeps = []
     for scenario in SCENARIOS:
         if options.scenario in (None, scenario.name):
-            sweep = (SweepAfterEnd if options.kill == END else Sweep)(options, scenario, options.kill)
-            try:
-                sweep.run()
-            except Failure as failure:
-                sweep.failures += 1
-                print(f"FAILED {failure}")
-            print(sweep.summary(), flush=True)
-            sweeps.append(sweep)
+            sweeps += run_scenario(options, scenario)
     kills = sum(sum(sweep.found.values()) + sweep.failures for sweep in sweeps)
     failures = sum(sweep.failures for sweep in sweeps)
     print(f"{kills} kills, {failures} failures, {time.monotonic() - started:.0f} s")
@@ -372,13 +379,14 @@ def main() -> int:
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--program", required=True)
     parser.add_argument("--shim", required=True)
-    parser.add_argument("--kill", choices=("group", "process", "power", END), default="group")
+    parser.add_argument("--kill", choices=("group", "process", "power", END), nargs="+", default=["group"])
     parser.add_argument("--scenario", choices=[scenario.name for scenario in SCENARIOS])
     parser.add_argument("--at", type=int)
     parser.add_argument("--moment", choices=("before", "middle", "after", END), default="before")
     parser.add_argument("--seed", type=int, default=0)
     parser.add_argument("--leftovers", action="store_true", help="beside temporary files of programs that ended")
     parser.add_argument("--every", type=int, default=1, metavar="K", help="only at each Kth operation")
+    parser.add_argument("--from", type=int, default=1, dest="first", metavar="N", help="the first of these operations")
     parser.add_argument("--long", action="store_true", help="all moments and 20 seeds where power is lost")
     options = parser.parse_args()
     return repeat_one(options) if options.at is not None else run_suite(options)

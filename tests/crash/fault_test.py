@@ -1,8 +1,10 @@
 #!/usr/bin/env python3
 """Lets each call to the system fail that the program makes, and looks at what it says and leaves.
 
-  fault_test.py --program MRSET --shim LIBRARY [--every K] [--memory BYTES] [--only KIND] [--long]
+  fault_test.py --program MRSET --shim LIBRARY [--every K] [--memory BYTES] [--only KIND] [--since KIND] [--long]
   fault_test.py --program MRSET --shim LIBRARY --scenario NAME --process P --at N --error EIO [--stays]
+
+With --since, runs that save: faults of the process that first makes a call of that kind, from there on.
 
 The second form repeats one fault, shows it, and keeps the folder it left. docs/durability.md says what is held.
 """
@@ -24,8 +26,8 @@ from faults import HALF, Call, Fault, FaultyProgram, FaultyRun
 from program import Failure, Program, copy, dump, scratch_folder
 from scenarios import DATASET, FILES, LEAST_FAULTS, READERS, SCENARIOS, SHELL, WITHOUT_FLAGS, Scenario
 
-PARTS = 4  # of each scenario, for as many processors
 TEMPORARY = ".mrset-*.tmp*"
+LEAST_SINCE = 700  # faults of all scenarios that save: allocations after the first commit
 UNUSABLE = 2  # exit status: a failure, told in a sentence
 
 # What a scenario's calls must be of, by what it does.
@@ -36,7 +38,7 @@ REPLACES = {"list", "rename"}
 
 RESULT = re.compile(r"\{.*\}")
 RESULT_IN_SHELL = re.compile(r"\d+> .*")
-DONE = re.compile(r"\bsaved\b|\bis done\b|\bdone;|all the same|could not be synchroni[sz]ed")
+DONE = re.compile(r"\bsaved\b|\bis done\b|\bdone;|nevertheless|could not be synchroni[sz]ed")
 FOLDER = re.compile(r"done; the folder could not be synchronised")
 NOT_DONE = re.compile(r"\b(not|nothing|nor|none|never)( \w+){0,2} saved\b|\bcannot be saved\b")
 NOT_KNOWN = re.compile(r'not known|"saved": ?"unknown"')
@@ -80,6 +82,7 @@ class FaultTrial(Trial):
     def __init__(self, options, scenario: Scenario, place: Path, thorough: bool):
         super().__init__(Program(options.program, options.shim), scenario, place)
         self.faulty = FaultyProgram(options.program, options.shim, options.memory, scenario.without_flags)
+        self.since = options.since
         self.thorough = thorough
         self.sound = set()
         plain = copy(self.ready, place / "plain")
@@ -88,7 +91,7 @@ class FaultTrial(Trial):
             raise Failure(f"{scenario.name}: without a fault, exit status {self.success.status}: {self.success}")
 
     def calls(self) -> list[Call]:
-        return self.faulty.calls(copy(self.ready, self.place / "traced"), self.scenario.arguments)
+        return self.faulty.calls(copy(self.ready, self.place / "traced"), self.scenario.arguments, self.since)
 
     def inject(self, fault: Fault) -> FaultyRun:
         self.folder = copy(self.ready, self.place / "faulty")
@@ -211,12 +214,12 @@ def same_files(one: Path, other: Path) -> bool:
     )
 
 
-def faults_at(call: Call) -> list[Fault]:
-    """Each error once and, but for an interruption, from then on."""
+def faults_at(call: Call, once: bool) -> list[Fault]:
+    """Each error once and, unless it is an interruption or `once`, from then on."""
     return [
         Fault(call.process, call.at, error, stays)
         for error in call.errors
-        for stays in ((False,) if error == "EINTR" else (False, True))
+        for stays in ((False,) if once or error == "EINTR" else (False, True))
     ]
 
 
@@ -253,22 +256,23 @@ def scenario_named(name: str) -> Scenario:
 
 def repeat(options, scenario: str, fault: Fault) -> str:
     memory = f" --memory {options.memory}" if options.memory else ""
+    since = f" --since {options.since}" if options.since else ""
     return (
-        f"python3 tests/crash/fault_test.py --program {options.program} --shim {options.shim}{memory}"
+        f"python3 tests/crash/fault_test.py --program {options.program} --shim {options.shim}{memory}{since}"
         f" --scenario '{scenario}' --process {fault.process} --at {fault.at} --error {fault.error}"
         + (" --stays" if fault.stays else "")
     )
 
 
-def run_part(options, name: str, part: int) -> Tally:
-    """Each PARTSth fault of a scenario."""
+def run_scenario(options, name: str) -> Tally:
     tally = Tally()
     with scratch_folder() as place:
         trial = trial_of(options, name, Path(place).resolve())
         calls = [call for call in trial.calls() if options.only in (None, call.kind)]
-        faults = [(call, fault) for call in calls for fault in faults_at(call)]
+        once = options.since is not None  # memory that stays away is gone for the process that tells, too
+        faults = [(call, fault) for call in calls for fault in faults_at(call, once)]
         tally.possible[name] = len(faults)
-        for fault in some_of(faults, options.every)[part::PARTS]:
+        for fault in some_of(faults, options.every):
             take(options, trial, fault, tally)
     return tally
 
@@ -302,26 +306,38 @@ def missing(options, tally: Tally) -> list[str]:
         needed = {options.only} if options.only else kinds_needed(scenario)
         if lost := needed - tally.kinds.get(name, set()):
             found.append(f"FAILED {name}: no call of the kind {sorted(lost)} was met")
-        least = 0 if options.only else LEAST_FAULTS[name]
+        least = 0 if options.only or options.since else LEAST_FAULTS[name]
         if possible < least or tally.of_scenario[name] * options.every * 2 < possible:
             of_all = f"{tally.of_scenario[name]} faults of {possible}"
             found.append(f"FAILED {name}: only {of_all}; there are at least {least}")
     faults = sum(tally.injected.values())
+    possible = sum(tally.possible.values())
+    if options.since and not options.scenario and possible < LEAST_SINCE:
+        found.append(f"FAILED only {possible} faults since the first {options.since}; there are at least {LEAST_SINCE}")
     if tally.unmet * 50 > faults:
         found.append(f"FAILED {tally.unmet} of {faults} faults were not met")
     return found
 
 
+def names_of(options) -> list[str]:
+    if options.scenario:
+        return [options.scenario]
+    return [scenario.name for scenario in all_scenarios() if not options.since or saves_by_run(scenario)]
+
+
+def saves_by_run(scenario: Scenario) -> bool:
+    return scenario in SCENARIOS and scenario.arguments[0] == "run"
+
+
 def run_suite(options) -> int:
     started = time.monotonic()
-    names = [options.scenario] if options.scenario else [scenario.name for scenario in all_scenarios()]
+    names = names_of(options)
     tally = Tally()
     with ProcessPoolExecutor(os.cpu_count()) as pool:
-        tasks = [pool.submit(run_part, options, name, part) for name in names for part in range(PARTS)]
-        for task in tasks:
-            part = task.result()
-            tally.add(part)
-            for failure in part.failures:
+        longest_first = sorted(names, key=LEAST_FAULTS.get, reverse=True)
+        for of_scenario in pool.map(run_scenario, [options] * len(names), longest_first):
+            tally.add(of_scenario)
+            for failure in of_scenario.failures:
                 print(failure, flush=True)
     tally.failures += (lost := missing(options, tally))
     print(*lost, sep="\n")
@@ -365,6 +381,7 @@ def main() -> int:
     parser.add_argument("--stays", action="store_true", help="fails from then on")
     parser.add_argument("--memory", type=int, default=0, metavar="BYTES", help="let allocations of this size fail, too")
     parser.add_argument("--only", metavar="KIND", help="only faults of calls of this kind")
+    parser.add_argument("--since", metavar="KIND", help="only faults from the first call of this kind on")
     parser.add_argument("--every", type=int, default=1, metavar="K", help="only each Kth fault")
     parser.add_argument("--long", action="store_true", help="the next command after each fault")
     options = parser.parse_args()

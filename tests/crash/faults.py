@@ -6,7 +6,9 @@ import signal
 import struct
 import subprocess
 from dataclasses import dataclass
+from itertools import dropwhile
 from pathlib import Path
+from typing import Optional
 
 from program import STATE_SIZE, standard_input
 
@@ -56,11 +58,15 @@ class FaultyProgram:
         self.memory = memory
         self.without_flags = without_flags
 
-    def calls(self, folder: Path, arguments: list[str]) -> list[Call]:
+    def calls(self, folder: Path, arguments: list[str], since: Optional[str]) -> list[Call]:
+        """Of all processes; with `since`, of the one that first makes a call of that kind, from there on."""
         trace = folder.parent / (folder.name + ".trace")
         trace.unlink(missing_ok=True)
         self.start(folder, arguments, {"MRSET_FAULT_TRACE": str(trace)})
         calls = [call_of(line) for line in trace.read_text().splitlines()]
+        if since:
+            later = list(dropwhile(lambda call: call.kind != since, calls))
+            calls = [call for call in later if call.process == later[0].process]
         return sorted(calls, key=lambda call: (call.process, call.at))
 
     def run(self, folder: Path, arguments: list[str], fault: Fault) -> FaultyRun:

@@ -17,6 +17,7 @@ from terminal import TAB, Terminal, ctrl  # noqa: E402
 
 FOLDER = os.path.join(ROOT, "completions")
 BASH_SCRIPT = os.path.join(FOLDER, "mrset.bash")
+TOPICS = ["DELETE", "DISPLAY", "MCGROUP", "MDGROUP", "MRSET"]
 SETS = ["$drinks", "$größe", "$Drivers"]
 
 ASK = """source "$1"; COMP_LINE=$2; COMP_POINT=${#COMP_LINE}; shift 2
@@ -62,9 +63,13 @@ class Bash(CompletionTest):
         return sorted(set(result.stdout.splitlines()))
 
     def test_subcommands(self):
-        self.assertEqual(self.replies("mrset "), sorted(subcommands()))
+        self.assertEqual(self.replies("mrset "), sorted([*subcommands(), "help"]))
         self.assertEqual(self.replies("mrset s"), ["script", "sets", "shell"])
         self.assertEqual(self.replies("mrset nonsense "), [])
+        self.assertEqual(self.replies("mrset help "), sorted([*subcommands(), *TOPICS]))
+        self.assertEqual(self.replies("mrset help MD"), ["MDGROUP"])
+        self.assertEqual(self.replies("mrset help run "), [])
+        self.assertEqual(self.replies("mrset help -"), [])
 
     def test_options(self):
         self.assertEqual(set(self.replies("mrset -")), options())
@@ -214,7 +219,9 @@ class ZshOnTerminal(TerminalTest):
         self.assert_completes("mrset sets s.mrset --format=ma", "mrset sets s.mrset --format=markdown ")
 
     def test_subcommands(self):
-        self.assertEqual(self.listed("mrset ", r"(?m)^(\w+) +--"), set(subcommands()))
+        self.assertEqual(self.listed("mrset ", r"(?m)^(\w+) +--"), {*subcommands(), "help"})
+        self.assertEqual(self.listed("mrset help ", r"\w+"), {*subcommands(), *TOPICS})
+        self.assert_completes("mrset help MD", "mrset help MDGROUP ")
 
     def test_options(self):
         self.assertEqual(self.listed("mrset -", r"(?<!\S)--?\w[\w-]*"), options())

@@ -48,6 +48,7 @@ class Command:
         self.operands = [option for option in declarations if option.is_operand]
         self.subcommands = [Command(subcommand) for subcommand in declared.get('subcommands', [])]
         if self.subcommands:
+            self.topics = [command.name for command in self.subcommands] + declared['topics']
             names = [{option.names for option in command.options} for command in self.subcommands]
             self.names_in_all = set.intersection(*names)
 
@@ -64,7 +65,8 @@ def bash(program):
         places += [place(command.name, option.names, option) for option in command.options if option.takes_value]
         places += [place(command.name, ['[0-9]*' if operand.repeats else number], operand)
                    for number, operand in enumerate(command.operands, 1)]
-    return {'subcommands': [f"_mrset_subcommands='{' '.join(command.name for command in program.subcommands)}'"],
+    return {'subcommands': [f"_mrset_subcommands='{' '.join(command.name for command in program.subcommands)} help'",
+                            f"_mrset_topics='{' '.join(program.topics)}'"],
             'options': [f"    {scope}) echo {' '.join(name for option in options for name in option.names)} ;;"
                         for scope, options in names.items()],
             'places': places}
@@ -93,8 +95,10 @@ def zsh(program):
         return ' \\\n        '.join(['_arguments', *map(argument, command.options), *operands])
 
     commands = program.subcommands
-    return {'subcommands': [f"    {quoted(f'{command.name}:{command.description}')}" for command in commands],
-            'arguments': [f'    {command.name})\n      {arguments(command)}\n      ;;' for command in commands],
+    help_on = ("    'help:Show the help on a subcommand or on the command language'",
+               f"    help)\n      _arguments '1:topic:({' '.join(program.topics)})'\n      ;;")
+    return {'subcommands': [*(f"    {quoted(f'{command.name}:{command.description}')}" for command in commands), help_on[0]],
+            'arguments': [*(f'    {command.name})\n      {arguments(command)}\n      ;;' for command in commands), help_on[1]],
             'options': [f'    {argument(option)}' for option in program.options]}
 
 

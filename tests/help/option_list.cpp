@@ -1,4 +1,4 @@
-// Prints what the program declares, its subcommands, options and operands, as JSON for generated.py.
+// Prints what the program declares, its subcommands, options, operands and topics of help, as JSON for generated.py.
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 
 #include "standalone/program/program.h"
+#include "standalone/shell/help.h"
 
 namespace {
 
@@ -33,5 +34,7 @@ Json Describe(const CLI::App& app) {
 
 int main() {
   standalone::Action chosen;
-  std::cout << Describe(*standalone::DeclareProgram(chosen)) << '\n';
+  Json description = Describe(*standalone::DeclareProgram(chosen));
+  description["topics"] = standalone::LanguageTopics();
+  std::cout << description << '\n';
 }

@@ -48,6 +48,10 @@ class Case:
         (self.folder / name).write_text(text)
         return name
 
+    def fixed(self, size: int) -> int:
+        """A size without a long form."""
+        return size // UNMEASURED_STEP if self.options.unmeasured else size
+
     def dataset(self, columns: int, rows: int = 2) -> None:
         """A new dataset of numeric variables v0, v1, ... that hold 0 and 1."""
         (self.folder / DATASET).unlink(missing_ok=True)
@@ -182,7 +186,7 @@ def report(case: Case, what: str, done: Measured, megabytes: float) -> None:
 
 def long_labels(case: Case) -> None:
     """Labels of a megabyte come back whole; that of a set is cut, with a warning."""
-    title, label = "T" * 1_000_000, "L \u20ac" * 200_000
+    title, label = "T" * case.fixed(1_000_000), "L \u20ac" * case.fixed(200_000)
     fields = [
         {"name": name, "type": "integer", "title": title + name, "categories": [{"value": 1, "label": label + name}]}
         for name in ("a", "b")
@@ -207,16 +211,17 @@ def long_labels(case: Case) -> None:
 def long_command(case: Case) -> None:
     """A command of ten megabytes: one long label, and many names."""
     case.dataset(2)
-    command = f"MRSET /MCGROUP NAME=$x LABEL='{'x' * 10_000_000}' VARIABLES=v0 v1.\n"
+    label = case.fixed(10_000_000)
+    command = f"MRSET /MCGROUP NAME=$x LABEL='{'x' * label}' VARIABLES=v0 v1.\n"
     done = case.program.run("run", DATASET, case.write("label.script", command))
-    report(case, "a label of 10 MB", done, 250)
+    report(case, f"a label of {label:,} bytes", done, 250)
 
     def parts(count: int) -> list[Part]:
         names = " ".join(f"$name{n}" for n in range(count))
         script = case.write("names.script", f"MRSET /DELETE NAME=[{names}].\n")
         return [Part("delete by names", case.program.run("run", DATASET, script))]
 
-    case.grow("names", case.size(200_000, 800_000), parts, 400)
+    case.grow("names", case.size(50_000, 800_000), parts, case.size(100, 400))
 
 
 def long_script(case: Case) -> None:
@@ -265,9 +270,9 @@ def long_stream(case: Case) -> None:
         case.must(f"{blocks * rows_in_block} cases" in done.errors, f"cases are missing: {done.errors}")
         return done
 
-    megabytes = case.size(5 if case.options.unmeasured else 40, 10_000)
+    megabytes = case.size(1 if case.options.unmeasured else 40, 10_000)
     report(case, f"{megabytes:,} MB with a codebook", stream(megabytes, "--schema", "schema.json"), 60)
-    twice = case.size(5 if case.options.unmeasured else 20, 1_000)
+    twice = case.size(1 if case.options.unmeasured else 20, 1_000)
     report(case, f"{twice:,} MB without, so read twice", stream(twice), 60)
     (case.folder / DATASET).unlink()
 

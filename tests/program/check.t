@@ -66,7 +66,7 @@ The header and the dictionary:
   s.mrset: 2 findings.
   [1]
   $ damaged "UPDATE variable SET name = '1st' WHERE position = 0"
-  The variable at position 0 has a name that is not valid: 1st.
+  The variable at position 0 has an invalid name: 1st.
   The variable 1st is kept under the key Q1.
   s.mrset: 2 findings.
   [1]
@@ -88,7 +88,7 @@ The header and the dictionary:
   s.mrset: 5 findings.
   [1]
   $ damaged "UPDATE variable SET label = CAST(X'C3' AS TEXT) WHERE position = 1"
-  The variable at position 1 has a value that cannot be.
+  The variable at position 1 has an invalid value.
   s.mrset: 1 finding.
   [1]
   $ damaged 'UPDATE value_label SET variable = 77 WHERE variable = 2'
@@ -127,16 +127,16 @@ The sets:
   $ damaged 'UPDATE mr_set SET type = 3'
   The file is not sound: CHECK constraint failed in mr_set.
   The file is not sound: CHECK constraint failed in mr_set.
-  The set with the number 2 has a value that cannot be.
-  The set with the number 3 has a value that cannot be.
+  The set with the number 2 has an invalid value.
+  The set with the number 3 has an invalid value.
   The history cannot be read to the end.
   s.mrset: 5 findings.
   [1]
   $ damaged 'UPDATE mr_set SET label_from_variable = 2'
   The file is not sound: CHECK constraint failed in mr_set.
   The file is not sound: CHECK constraint failed in mr_set.
-  The set $a has a mark that is neither on nor off.
-  The set $b has a mark that is neither on nor off.
+  The set $a has a flag that is neither 0 nor 1.
+  The set $b has a flag that is neither 0 nor 1.
   The set $a takes its label from a variable but not its category labels from the counted value.
   The set $b is a category set with label options that only a dichotomy set can have.
   s.mrset: 6 findings.
@@ -292,18 +292,18 @@ The history:
   s.mrset: 1 finding.
   [1]
   $ damaged "UPDATE history SET time = 'noon' WHERE number = 1"
-  Change 1 has the time noon, which is none.
+  Change 1 has the invalid time noon.
   s.mrset: 1 finding.
   [1]
 
   $ damaged "UPDATE history_set SET name = 'no name' WHERE history = 2; UPDATE history_set SET name = '1' WHERE history = 3"
-  Change 2 names a set no name, which is not a valid name.
-  Change 3 names a set 1, which is not a valid name.
+  Change 2 has a set with the invalid name no name.
+  Change 3 has a set with the invalid name 1.
   s.mrset: 2 findings.
   [1]
   $ damaged "UPDATE history_set SET label = printf('%300s', 'x'), variables = '[\"q1\"]' WHERE history = 2"
-  Before change 2 the history has a set that cannot be: $b has a label of 300 bytes; the limit is 255.
-  Before change 2 the history has a set that cannot be: $b has only one variable.
+  Before change 2 the history has an invalid set: $b has a label of 300 bytes; the limit is 255.
+  Before change 2 the history has an invalid set: $b has only one variable.
   s.mrset: 2 findings.
   [1]
 

@@ -142,7 +142,7 @@ A full standard output hides no change that was made.
   $ mrset sets to.mrset
   The dataset has no multiple response sets.
   $ mrset copy from.mrset to.mrset > /dev/full
-  mrset: Standard output cannot be written; the change is made all the same: the sets are copied into to.mrset.
+  mrset: Standard output cannot be written, but the change is saved: the sets are copied into to.mrset.
   [2]
   $ mrset diff from.mrset to.mrset
   The multiple response sets are the same.

@@ -9,12 +9,12 @@ Results that nobody gets: a full disk ...
 
   $ define 400 > many.script; mrset run s.mrset many.script > /dev/full 2> err
   [2]
-  $ sed -E 's/^mrset: [0-9]+ commands/mrset: N commands/' err; test "$(grep -oE '[0-9]+' err)" = "$(sets s.mrset)"
+  $ sed -E 's/by [0-9]+ commands/by N commands/' err; test "$(grep -oE '[0-9]+' err)" = "$(sets s.mrset)"
   mrset: Standard output cannot be written.
-  mrset: N commands changed the dataset all the same, and that is saved; mrset log lists it.
+  mrset: The dataset was changed by N commands and is saved; mrset log lists the changes.
   $ mrset run s.mrset -c 'MRSET /DELETE NAME=ALL' > /dev/full
   mrset: Standard output cannot be written.
-  mrset: 1 command changed the dataset all the same, and that is saved; mrset log lists it.
+  mrset: The dataset was changed by 1 command and is saved; mrset log lists the changes.
   [2]
   $ mrset run s.mrset -c 'MRSET /DISPLAY NAME=ALL' > /dev/full
   mrset: Standard output cannot be written.
@@ -28,16 +28,16 @@ Results that nobody gets: a full disk ...
 
   $ { mrset run s.mrset many.script 2> err; echo ${PIPESTATUS[0]} > status; } | true; cat status
   141
-  $ sed -E 's/^mrset: [0-9]+ commands/mrset: N commands/' err; test "$(grep -oE '[0-9]+' err)" = "$(sets s.mrset)"
+  $ sed -E 's/by [0-9]+ commands/by N commands/' err; test "$(grep -oE '[0-9]+' err)" = "$(sets s.mrset)"
   mrset: Standard output cannot be written.
-  mrset: N commands changed the dataset all the same, and that is saved; mrset log lists it.
+  mrset: The dataset was changed by N commands and is saved; mrset log lists the changes.
   $ rm status; { mrset run s.mrset -c 'MRSET /DISPLAY NAME=[$s1]' 2> err; echo $? > status; } | until [ -s status ]; do sleep 0.02; done; cat status err
   0
   $ to_nobody() { python3 -c 'import os, subprocess, sys; r, w = os.pipe(); os.close(r); subprocess.call(sys.argv[1:], stdout=w)' "$@"; }
   $ to_nobody sh -c 'mrset undo s.mrset; echo $? >&2' 2> err; tail -1 err; sed -i '$d' err
   141
   $ sed -E 's/version [0-9]+/version N/' err
-  mrset: Standard output cannot be written; the change is made all the same: the sets of s.mrset are those of version N again.
+  mrset: Standard output cannot be written, but the change is saved: the sets of s.mrset are those of version N again.
 
 ... a file that cannot be written ...
 
@@ -45,15 +45,28 @@ Results that nobody gets: a full disk ...
   [2]
   $ test "$(grep -oE '[0-9]+ commands?' err | grep -oE '[0-9]+')" = "$(sets s.mrset)" && sed -E '1s/^mrset: .+/mrset: WHY/; s/[0-9]+ commands/N commands/' err; ls out.txt
   mrset: WHY
-  mrset: N commands changed the dataset all the same, and that is saved; mrset log lists it.
+  mrset: The dataset was changed by N commands and is saved; mrset log lists the changes.
   ls: cannot access 'out.txt': No such file or directory
   [2]
+
+... a page, of which nothing is written before its end ...
+
+  $ small p.mrset; (ulimit -f 60; mrset run p.mrset many.script --format html > out.html) 2> err
+  [2]
+  $ test "$(grep -oE '[0-9]+ commands' err)" = "$(sets p.mrset) commands" && sed -E 's/[0-9]+ commands/N commands/' err; wc -c < out.html
+  mrset: p.mrset cannot be read or written: File too large.
+  mrset: The dataset was changed by N commands and is saved; mrset log lists the changes.
+  0
+  $ rm p.mrset; small p.mrset; (ulimit -f 60; mrset run p.mrset many.script > out.txt)
+  mrset: p.mrset cannot be read or written: File too large.
+  [2]
+  $ test "$(grep -c '^[0-9]*> ' out.txt)" = "$(sets p.mrset)"; rm out.txt
 
 ... and in the shell.
 
   $ mrset run s.mrset -c 'MRSET /DELETE NAME=ALL' > /dev/null; mrset shell s.mrset < many.script > /dev/full
   mrset: Standard output cannot be written.
-  mrset: 1 command changed the dataset all the same, and that is saved; mrset log lists it.
+  mrset: The dataset was changed by 1 command and is saved; mrset log lists the changes.
   [2]
   $ echo help | mrset shell s.mrset > /dev/full
   mrset: Standard output cannot be written.

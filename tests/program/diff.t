@@ -115,7 +115,7 @@ Help.
   Positionals:
     A                       Dataset file, or DATASET@N: its sets as change N left
                             them; 0 is before the first
-    B                       Dataset file to compare with it, likewise
+    B                       Dataset file to compare with A, likewise
   
   Options:
     -h,--help               Show this help

@@ -27,7 +27,7 @@ A file that may not grow any more.
   mrset: Standard output cannot be written.
   [2]
   $ (ulimit -f 128; mrset import /dev/stdin x.mrset < <(cat big.csv))
-  mrset: /dev/stdin cannot be copied aside: File too large.
+  mrset: /dev/stdin cannot be copied to a temporary file: File too large.
   [2]
   $ ls -A
   before.mrset

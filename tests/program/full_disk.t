@@ -14,7 +14,7 @@ A disk that is full: one sentence, exit status 2, and nothing is lost. It takes 
   mrset: disk/s.mrset cannot be written: the disk is full.
   [2]
   $ cat big.csv | mrset import /dev/stdin disk/x.mrset
-  mrset: /dev/stdin cannot be copied aside: No space left on device.
+  mrset: /dev/stdin cannot be copied to a temporary file: No space left on device.
   [2]
   $ mrset run disk/s.mrset many.script --dry-run --output disk/out.txt
   mrset: The output file disk/out.txt cannot be written: No space left on device.

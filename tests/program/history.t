@@ -104,7 +104,7 @@ There is no such version.
   Run "mrset undo --help" for its options.
   [2]
   $ mrset undo s.mrset --to ''
-  mrset: --to:  is not a version number.
+  mrset: --to: "" is not a version number.
   Example:
     mrset undo survey.mrset --to 3
   Run "mrset undo --help" for its options.
@@ -113,6 +113,17 @@ There is no such version.
   mrset: fresh.mrset has no version 1: its sets were not changed yet, and are version 0.
   [2]
   $ test "$(sha256sum s.mrset)" = "$before"
+
+An order that is undone is mentioned.
+
+  $ small o.mrset; mrset run o.mrset -c 'MRSET /MCGROUP NAME=$b VARIABLES=q1 q2 /MCGROUP NAME=$a VARIABLES=q1 q2' -c 'MRSET /DISPLAY NAME=ALL /MCGROUP NAME=$c VARIABLES=q1 q2' > /dev/null; names o.mrset
+  $a $b $c
+  $ mrset undo o.mrset; names o.mrset
+  Undone: change 2, which defined $c and changed the order of the sets. The sets are those of version 1 again, as change 3.
+  $b $a
+  $ mrset undo o.mrset; names o.mrset
+  Undone: change 3, which deleted $c and changed the order of the sets. The sets are those of version 2 again, as change 4.
+  $a $b $c
 
 An import that replaces the variables keeps the sets and their history.
 
@@ -143,7 +154,7 @@ Text that would act on a terminal is shown in a harmless form.
 A full standard output hides no change that was made.
 
   $ mrset undo t.mrset > /dev/full
-  mrset: Standard output cannot be written; the change is made all the same: the sets of t.mrset are those of version 0 again.
+  mrset: Standard output cannot be written, but the change is saved: the sets of t.mrset are those of version 0 again.
   [2]
   $ mrset sets t.mrset
   The dataset has no multiple response sets.

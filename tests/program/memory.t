@@ -27,3 +27,7 @@ Where there is not enough memory, or no descriptor is left, that is one sentence
   $ (exec 3>&- 4>&- 5>&- 6>&- 7>&- 8>&- 9>&-; ulimit -n 4; mrset run s.mrset -c 'MRSET /DISPLAY NAME=ALL')
   mrset: The process that runs commands cannot be started: Too many open files.
   [2]
+  $ (exec 3>&- 4>&- 5>&- 6>&- 7>&- 8>&- 9>&-; ulimit -n 4; mrset run s.mrset -c 'MRSET /DISPLAY NAME=ALL' --output out.txt); ls out.txt
+  mrset: The output file out.txt cannot be written: Too many open files.
+  ls: cannot access 'out.txt': No such file or directory
+  [2]

@@ -121,6 +121,28 @@ An import that replaces variables names each set that no longer fits them, and w
   Remark: The set $d has both numeric and string variables.
   r.mrset is sound.
 
+So it does where all of its variables changed their type, either way; that no case has its counted value, a check tells.
+
+  $ printf 'q1,q2,t1,t2\n1,0,red,blue\n' > before.csv; printf 'q1,q2,t1,t2\nyes,no,1,2\n' > after.csv
+  $ mrset import before.csv types.mrset
+  types.mrset: 4 variables, 1 case
+  $ mrset run types.mrset -c 'MRSET /MDGROUP NAME=$d VARIABLES=q1 q2 VALUE=1 /MCGROUP NAME=$c VARIABLES=t1 t2' > /dev/null
+  $ mrset import --replace after.csv types.mrset
+  types.mrset: 4 variables, 1 case
+  mrset: The variables of the set $d were numeric and are strings now; it counts the text 1.
+  mrset: The variables of the set $c were strings and are numeric now.
+  $ mrset check types.mrset
+  Remark: The set $d counts the text 1, which no case has in its variables.
+  types.mrset is sound.
+  $ mrset import --replace after.csv types.mrset
+  types.mrset: 4 variables, 1 case
+  $ mrset import --replace before.csv types.mrset
+  types.mrset: 4 variables, 1 case
+  mrset: The variables of the set $d were strings and are numeric now; it counts the number 1.
+  mrset: The variables of the set $c were numeric and are strings now.
+  $ mrset check types.mrset
+  types.mrset is sound.
+
 A column that is a string for the sake of few cells is named.
 
   $ { echo id,age,name; seq 1 30 | sed 's/.*/&,4&,n&/'; echo 31,x,n; echo 32,?,n; } > ages.csv
@@ -130,6 +152,21 @@ A column that is a string for the sake of few cells is named.
   $ mrset import - ages.mrset --replace < ages.csv
   ages.mrset: 3 variables, 32 cases
   mrset: standard input: age is a string variable because 2 of its 32 values are not numbers; the first is "x" in line 32.
+
+Codes such as 007 are numbers that would not stay as they are. Ten columns are named, at most.
+
+  $ printf 'zip,one,mixed\n98052,+1,1\n01234,2,007\n10001,3,x\n00501,4,4\n33109,5,5\n60601,6,6\n' > codes.csv
+  $ mrset import codes.csv codes.mrset
+  codes.mrset: 3 variables, 6 cases
+  mrset: codes.csv: zip is a string variable because 2 of its 6 values would change as numbers; the first is "01234" in line 3.
+  mrset: codes.csv: one is a string variable because 1 of its 6 values would change as a number; the first is "+1" in line 2.
+  mrset: codes.csv: mixed is a string variable because 2 of its 6 values are not numbers or would change as numbers; the first is "007" in line 3.
+  $ wide() { for row in "$(seq -s, -f 'v%g' "$1")" "$(seq -s, "$1")" "$(yes x | head -n "$1" | paste -sd,)" "$(seq -s, "$1")"; do echo "$row"; done; }
+  $ wide 11 > wide.csv; mrset import wide.csv wide.mrset 2>&1 | tail -n 2
+  mrset: wide.csv: v10 is a string variable because 1 of its 3 values is not a number; the first is "x" in line 3.
+  mrset: wide.csv: 1 more column is a string variable because of a few values.
+  $ wide 12 | mrset import --replace - wide.mrset 2>&1 | tail -n 1
+  mrset: standard input: 2 more columns are string variables because of a few values.
 
 A set that takes its labels from the counted value is not copied to where there are none.
 
@@ -233,19 +270,43 @@ Habits of word processors and of other languages.
   [1]
   $ printf '# note\nMRSET /DISPLAY NAME=ALL.\n' | mrset run w.mrset - | grep -E 'Error|hint'
   Error: Line 1: # is not a command. The command here is MRSET.
-  hint: a comment starts with * and ends with a period, or goes between /* and */
+  hint: a comment starts with * and ends with a period, or goes between /* and */ on one line
   [1]
   $ printf '// note\nMRSET /DISPLAY NAME=ALL.\n' | mrset run w.mrset - | grep -E 'Error|hint'
   Error: Line 1: / is not a command. The command here is MRSET.
-  hint: a comment starts with * and ends with a period, or goes between /* and */
+  hint: a comment starts with * and ends with a period, or goes between /* and */ on one line
   [1]
   $ printf 'MRSET /DISPLAY NAME=ALL // note\n  .\n' | mrset run w.mrset - | grep -E 'Error|hint'
   Error: Invalid MRSET subcommand. Found / ..
-  hint: a comment starts with * and ends with a period, or goes between /* and */
+  hint: a comment starts with * and ends with a period, or goes between /* and */ on one line
   [1]
   $ printf 'MRSET /MCGROUP NAME=$a VARIABLES=q1 q2 # note\n  .\n' | mrset run w.mrset - | grep -E 'Error|hint'
   Error: The variable # is not in the dataset.
-  hint: a comment starts with * and ends with a period, or goes between /* and */
+  hint: a comment starts with * and ends with a period, or goes between /* and */ on one line
+  [1]
+
+A name that begins with # may be misspelt; a comment that goes over two lines, and one with // after a list, are explained.
+
+  $ mrset run w.mrset -c 'MRSET /MCGROUP NAME=$a VARIABLES=#q1 q2' | grep -E 'Error|hint'
+  Error: The variable #q1 is not in the dataset.
+  [1]
+  $ small h.mrset; printf 'region1,region2\n1,0\n' | mrset import --replace - h.mrset 2> /dev/null
+  $ mrset run h.mrset -c 'MRSET /MCGROUP NAME=$a VARIABLES=#region1 region2' -c 'MRSET /MCGROUP NAME=#a VARIABLES=region1 region2' | grep -E 'Error|hint'
+  Error: The variable #region1 is not in the dataset.
+  hint: did you mean region1?
+  Error: The MRSET name #a must start with $.
+  [1]
+  $ mrset run h.mrset -c 'MRSET /DELETE #NAME=ALL' | grep -E 'Error|hint'
+  Error: Unexpected #NAME keyword in DELETE subcommand.
+  hint: did you mean NAME?
+  [1]
+  $ printf 'MRSET /MCGROUP NAME=$a /* two\n  lines */ VARIABLES=region1 region2.\n' | mrset run h.mrset - | grep -E 'Error|hint'
+  Error: Unexpected token * in this context
+  hint: there is no /* on the line of this */: a comment ends with its line
+  [1]
+  $ printf 'MRSET /MDGROUP NAME=$a VARIABLES=region1 region2 // regions\n  VALUE=1.\n' | mrset run h.mrset - | grep -E 'Error|hint'
+  Error: MDGROUP $a has no counted value.
+  hint: a comment starts with * and ends with a period, or goes between /* and */ on one line
   [1]
 
 An aborted command is explained.

@@ -22,7 +22,7 @@ A reader that goes away ends the run: nothing goes on behind its back, and nothi
   [141]
   $ sed -E 's/[0-9]+ command/N command/' err
   mrset: Standard output cannot be written.
-  mrset: N commands changed the dataset all the same, and that is saved; mrset log lists it.
+  mrset: The dataset was changed by N commands and is saved; mrset log lists the changes.
   $ sleep 1; before=$(mrset sets s.mrset | wc -l); sleep 1; test "$(mrset sets s.mrset | wc -l)" = "$before"
   $ timeout 10 mrset run s.mrset -c 'MRSET /DELETE NAME=ALL'
   1> MRSET /DELETE NAME=ALL
@@ -45,6 +45,15 @@ A run that is killed takes its process with it.
   $ timeout 10 mrset run s.mrset -c 'MRSET /DELETE NAME=ALL'
   1> MRSET /DELETE NAME=ALL
   $ exec 9>&-
+
+Whoever starts the program may ignore that its own children end: how a command's process ended is told all the same.
+
+  $ ignoring() { python3 -c 'import os, signal, sys; signal.signal(signal.SIGCHLD, signal.SIG_IGN); os.execvp(sys.argv[1], sys.argv[1:])' "$@"; }
+  $ MRSET_MODULE="$(dirname "$MRSET_PROGRAM")/../lib/ending_module.so" ignoring mrset run s.mrset -c 'MRSET'
+  1> MRSET
+  Fatal: The command's process was ended by signal 9 (Killed).
+  The command was aborted; the dataset is as it was before it.
+  [3]
 
 Standard descriptors that are closed take nothing in.
 

@@ -35,12 +35,15 @@ Sets that no command makes, in a file that something else has written. They are 
   The set \$b has no variables.
   $ mrset sets --format json s.mrset
   {"sets":[{"name":"$a","type":"dichotomy","label":"","countedValue":"x","labelFromVariable":false,"categoryLabelsFromCountedValue":false,"variables":["q1","q2"],"problems":["The set $a counts x in numeric variables, which is not a number."]},{"name":"$b","type":"category","label":"two\nlines","countedValue":"","labelFromVariable":false,"categoryLabelsFromCountedValue":false,"variables":[],"problems":["The set $b has a label with a line end.","The set $b has no variables."]}]}
-  $ mrset sets --format csv s.mrset | tr -d '\r'
+  $ mrset sets --format csv s.mrset 2>&1 | tr -d '\r'
   Name,Type,Label,Counted value,Variables
   $a,dichotomy,,x,"q1
   q2"
   $b,category,"two
   lines",,
+  mrset: The set $a counts x in numeric variables, which is not a number.
+  mrset: The set $b has a label with a line end.
+  mrset: The set $b has no variables.
 
 A sound set has no note, nor a member "problems":
 

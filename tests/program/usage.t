@@ -187,6 +187,21 @@ A word that is misspelt.
   Did you mean variables?
   Run "mrset --help" for the subcommands.
   [2]
+  $ mrset hlep
+  mrset: Unknown subcommand: hlep.
+  Did you mean help?
+  Run "mrset --help" for the subcommands.
+  [2]
+  $ mrset HELP run
+  mrset: Unknown subcommand: HELP.
+  Did you mean help?
+  Run "mrset --help" for the subcommands.
+  [2]
+  $ mrset redo tiny.mrset
+  mrset: Unknown subcommand: redo.
+  Undoing is itself a change; to take back an undo, undo again:
+    mrset undo survey.mrset
+  [2]
   $ mrset s tiny.mrset
   mrset: Unknown subcommand: s.
   Run "mrset --help" for the subcommands.
@@ -356,6 +371,12 @@ Arguments that are missing, too many or of no use.
   Example:
     mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
   Run "mrset run --help" for its options.
+  [2]
+  $ for option in --format --width --lock-timeout; do mrset run x.mrset $option '' -c MRSET 2>&1 | sed -n 1p; done; mrset '' 2>&1 | sed -n 1p
+  mrset: --format: "" is not one of text, json, html, markdown, csv.
+  mrset: --width: "" is not a whole number from 20 to 10000.
+  mrset: --lock-timeout: "" is not a whole number of seconds.
+  mrset: Unknown subcommand: "".
   [2]
   $ mrset run x.mrset --format
   mrset: --format needs a value.
@@ -529,7 +550,7 @@ Help and version are results.
                             can damage the dataset beyond repair
     --lock-timeout SECONDS  How long to wait for a locked dataset; 30 unless given
   
-  json is an object a command, a line each (JSON Lines). Exit status: 0 no error,
+  json writes a line for each command (JSON Lines). Exit status: 0 no error,
   1 an error message, 2 wrong usage or an unusable file, 3 an aborted command.
   Example:
     mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'

@@ -45,4 +45,4 @@ An output file whose place is taken while its commands run.
   $ cat err; ls -A results
   mrset: waiting for s.mrset, which another process has locked.
   mrset: The output file results cannot be written: Is a directory.
-  mrset: 1 command changed the dataset all the same, and that is saved; mrset log lists it.
+  mrset: The dataset was changed by 1 command and is saved; mrset log lists the changes.

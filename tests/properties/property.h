@@ -11,9 +11,8 @@
 
 namespace properties {
 
-/// The number of commands that are compared with the reference: 60,000 (20,000 under sanitizers or with
-/// measurement of coverage), or what MRSET_PROPERTY_CASES says. The counts
-/// of the other properties are parts of it.
+/// The number of commands that are compared with the reference: 60,000 (10,000 under sanitizers or with measurement of
+/// coverage), or what MRSET_PROPERTY_CASES says. The counts of the other properties are parts of it.
 std::size_t DifferentialCases();
 
 /// Prepares RapidCheck: the seed is a fixed one unless MRSET_PROPERTY_CASES or RC_PARAMS is set.

@@ -474,7 +474,9 @@ class Commands(ShellTest):
         for command, shown in (
             ("help", "  quit                 leave the shell"),
             ("help mdg.", "MDGROUP defines a dichotomy set"),
-            ("help me", "mrset: There is no help on me; there is on DELETE, DISPLAY, MCGROUP, MDGROUP, MRSET."),
+            ("help me", "mrset: There is no help on me; there is on DELETE, DISPLAY, MCGROUP, MDGROUP, MRSET, exit, help,"),
+            ("help vairables", "mrset: There is no help on vairables; did you mean variables?"),
+            ("help undo", "undo takes back the last change of the sets."),
             ("sets now", "mrset: sets must be alone on its line."),
             ("variables *2", "drink2  numeric  Coffee  1 = Yes"),
             ("variables x", "mrset: The dataset has no variable x."),
@@ -483,6 +485,10 @@ class Commands(ShellTest):
             ("log", "defined $new"),
             ("undo.", "Undone: change 1, which defined $new."),
             ("undo x", "mrset: x is not a version number."),
+            ("undo --to", "mrset: --to needs the number of a version."),
+            ("undo --to x", "mrset: x is not a version number."),
+            ("undo --to 1", "Undone: change 2, which deleted $new."),
+            ("undo --to=0.", "Undone: changes 1 to 3, which defined $new."),
         ):
             terminal.enter(command)
             terminal.wait_for(shown)
@@ -492,7 +498,7 @@ class Commands(ShellTest):
     def test_what_is_no_command_is_answered_at_once(self):
         terminal = self.shell(columns=120)
         for word, answer in (("set", "mrset: There is no command set; did you mean sets?"),
-                             ("foo now", "mrset: There is no command foo; one begins with MRSET")):
+                             ("foo now", "mrset: There is no command foo; type MRSET")):
             terminal.type(word + ENTER)
             terminal.wait_for(answer)
             terminal.wait_for_input(PROMPT)

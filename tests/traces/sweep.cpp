@@ -10,6 +10,9 @@ namespace {
 
 using scripted::FaultKind;
 
+/// The command runs again after each so many faults, and always after the last run of a sweep.
+constexpr std::size_t kRunAgainEvery = RUN_AGAIN_EVERY;
+
 bool BeginsWith(std::string_view text, std::string_view begin) {
   return text.substr(0, begin.size()) == begin;
 }
@@ -45,8 +48,7 @@ Sweep::Sweep(const Scenario& scenario, Lines trace)
   Prepare(fHost, scenario);
   RunCommand();
   fSetsAfter = fHost.StoredSets();
-  fHost.SetStoredSets(fScenario.setup.sets);
-  fHost.StartOver();
+  StartOver();
 }
 
 bool Sweep::Try(const FaultCase& fault, std::vector<std::string>& complaints) {
@@ -64,7 +66,10 @@ bool Sweep::Try(const FaultCase& fault, std::vector<std::string>& complaints) {
   }
   CheckRelease(run, complaints);
   CheckStoredSets(complaints);
-  RunAgain(complaints);
+  if (!fired || fault.number % kRunAgainEvery == 0) {
+    RunAgain(complaints);
+  }
+  StartOver();
   return fired;
 }
 
@@ -126,9 +131,13 @@ void Sweep::CheckStoredSets(std::vector<std::string>& complaints) const {
   }
 }
 
-void Sweep::RunAgain(std::vector<std::string>& complaints) {
+void Sweep::StartOver() {
   fHost.SetStoredSets(fScenario.setup.sets);
   fHost.StartOver();
+}
+
+void Sweep::RunAgain(std::vector<std::string>& complaints) {
+  StartOver();
   const CommandRun run = RunCommand();
   if (run.departure != Departure::kReturn) {
     complaints.push_back("afterwards " + ToText(run.departure, run.call) + " left the command");
@@ -140,8 +149,6 @@ void Sweep::RunAgain(std::vector<std::string>& complaints) {
   if (fHost.StoredSets() != fSetsAfter) {
     complaints.push_back("afterwards the stored sets differed");
   }
-  fHost.SetStoredSets(fScenario.setup.sets);
-  fHost.StartOver();
 }
 
 }  // namespace traces

@@ -31,7 +31,8 @@ class Sweep {
   /// `trace` is that of a run without a fault.
   Sweep(const Scenario& scenario, Lines trace);
 
-  /// Makes the fault happen; then runs again without. Returns whether it fired; `complaints` gets what was wrong.
+  /// Makes the fault happen; then mostly runs again without. Returns whether it fired; `complaints` gets what was
+  /// wrong.
   bool Try(const FaultCase& fault, std::vector<std::string>& complaints);
 
  private:
@@ -40,6 +41,7 @@ class Sweep {
   void CheckRelease(const CommandRun& run, std::vector<std::string>& complaints) const;
   void CheckTraceUpToTheFault(std::vector<std::string>& complaints) const;
   void CheckStoredSets(std::vector<std::string>& complaints) const;
+  void StartOver();
   void RunAgain(std::vector<std::string>& complaints);
 
   const Scenario& fScenario;

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "standalone/output/csv/csv_text.h"
+#include "standalone/text/notice.h"
 #include "standalone/text/unicode.h"
 #include "standalone/text/visible.h"
 
@@ -66,6 +67,12 @@ void CsvTableWriter::Add(const TableRow& row) {
     texts.push_back(NotesOf(row));
   }
   WriteRecord(texts);
+}
+
+void CsvTableWriter::WriteNotes(const std::vector<std::string>& notes) {
+  for (const std::string& note : notes) {
+    fMessages << NoticeLine(note);
+  }
 }
 
 void CsvTableWriter::WriteRecord(const std::vector<std::string>& texts) {

@@ -14,7 +14,8 @@ namespace standalone {
 /// where they are asked for. Tables with the same columns share one header. The stream must outlive the writer.
 class CsvTableWriter final : public TableWriter {
  public:
-  CsvTableWriter(std::ostream& stream, const OutputLook& look) : fStream(stream), fIsTerminal(look.isTerminal) {}
+  CsvTableWriter(std::ostream& stream, const OutputLook& look)
+      : fStream(stream), fMessages(*look.messages), fIsTerminal(look.isTerminal) {}
 
   /// What the rows of the tables to come have in front, and that they have their notes at the end.
   void Place(const std::vector<std::string>& headings, const std::vector<std::string>& cells);
@@ -22,12 +23,14 @@ class CsvTableWriter final : public TableWriter {
   void Begin(const Table& heading) override;
   void Add(const TableRow& row) override;
   void End() override {}
+  void WriteNotes(const std::vector<std::string>& notes) override;
 
  private:
   void WriteRecord(const std::vector<std::string>& texts);
   std::string NotesOf(const TableRow& row) const;
 
   std::ostream& fStream;
+  std::ostream& fMessages;
   bool fIsTerminal;
   std::vector<std::string> fPlaceHeadings;
   std::vector<std::string> fPlace;

@@ -11,6 +11,7 @@
 #include "standalone/output/html/html_text.h"
 #include "standalone/output/message_text.h"
 #include "standalone/output/renderer.h"
+#include "standalone/text/counted.h"
 
 namespace standalone {
 namespace {
@@ -56,7 +57,7 @@ std::string CountHtml(std::size_t number, std::string_view what, std::string_vie
 
 std::string Title(const std::string& dataset, const Counts& counts) {
   const std::size_t failures = counts.failed + counts.aborted;
-  return fmt::format("{}: {} command{}, {}", dataset, counts.commands, counts.commands == 1 ? "" : "s",
+  return fmt::format("{}: {}, {}", dataset, Counted(counts.commands, "command"),
                      failures == 0 ? "no failure" : fmt::format("{} failed", failures));
 }
 

@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "standalone/text/counted.h"
 #include "standalone/text/unicode.h"
 #include "standalone/text/visible.h"
 
@@ -105,10 +106,6 @@ std::string EntryText(const EntryHead& head, const std::string& command, std::si
   const std::string_view beginning = PrefixOfWholeCharacters(command, 64 * width);
   return fmt::format("{:>5}  {}  {}\n{:{}}{}\n", head.number, Visible(LocalTime(head.time)), Visible(head.what), "",
                      kIndent, CutToWidth(Visible(OnOneLine(beginning)), width > kIndent ? width - kIndent : 1));
-}
-
-std::string Counted(std::int64_t number, const char* thing) {
-  return fmt::format("{} {}{}", number, thing, number == 1 ? "" : "s");
 }
 
 }  // namespace

@@ -36,19 +36,22 @@ Lines Explained(const Notes& notes) {
   return lines;
 }
 
-void AppendLines(Lines& lines, const std::string& text) {
+/// All lines but the first begin with the indent.
+void AppendLines(Lines& lines, const std::string& text, std::string_view indent) {
+  bool isFirst = true;
   for (const std::string& line : VisibleLines(text)) {
-    lines.emplace_back(TrimmedEnd(line));
+    lines.emplace_back(TrimmedEnd(std::string(isFirst ? "" : indent) + line));
+    isFirst = false;
   }
 }
 
 Lines LinesOf(const Cell& cell) {
   Lines lines;
   if (const auto* text = std::get_if<std::string>(&cell.value)) {
-    AppendLines(lines, *text);
+    AppendLines(lines, *text, "");
   } else if (const auto* list = std::get_if<std::vector<std::string>>(&cell.value)) {
     for (const std::string& entry : *list) {
-      AppendLines(lines, entry);
+      AppendLines(lines, entry, kHangingIndent);
     }
   }
   return lines;

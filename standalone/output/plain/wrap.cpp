@@ -36,8 +36,6 @@ std::string_view WithoutLeadingBlanks(std::string_view text) {
   return text.substr(std::min(text.find_first_not_of(' '), text.size()));
 }
 
-constexpr std::string_view kHanging = "  ";
-
 /// All lines but the first begin with the indent.
 std::vector<std::string> Wrapped(std::string_view text, std::size_t width, std::string_view indent) {
   std::vector<std::string> lines;
@@ -62,7 +60,11 @@ std::vector<std::string> WrapText(std::string_view text, std::size_t width) {
 
 std::vector<std::string> WrapTextHanging(std::string_view text, std::size_t width) {
   constexpr std::size_t kMinHangingWidth = 8;
-  return Wrapped(text, width, width < kMinHangingWidth ? std::string_view() : kHanging);
+  if (width >= kMinHangingWidth) {
+    return Wrapped(text, width, kHangingIndent);
+  }
+  const bool isIndented = text.substr(0, kHangingIndent.size()) == kHangingIndent;
+  return WrapText(text.substr(isIndented ? kHangingIndent.size() : 0), width);
 }
 
 std::size_t WidestWord(std::string_view text) {
@@ -78,7 +80,7 @@ std::size_t WidestWord(std::string_view text) {
 std::size_t HangingWidth(std::string_view text) {
   const std::size_t end = std::min(text.find(' '), text.size());
   const std::size_t others = WidestWord(text.substr(end));
-  return std::max(DisplayWidth(text.substr(0, end)), others == 0 ? 0 : others + kHanging.size());
+  return std::max(DisplayWidth(text.substr(0, end)), others == 0 ? 0 : others + kHangingIndent.size());
 }
 
 }  // namespace standalone

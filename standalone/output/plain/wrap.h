@@ -13,7 +13,11 @@ namespace standalone {
 /// `width` has a line of its own.
 std::vector<std::string> WrapText(std::string_view text, std::size_t width);
 
-/// The same with a hanging indent: all lines but the first begin with two blanks, where `width` leaves room for that.
+/// What sets the further lines of an entry apart from the next entry.
+inline constexpr std::string_view kHangingIndent = "  ";
+
+/// The same with a hanging indent: all lines but the first begin with the indent, where `width` leaves room for that. A
+/// text that itself begins with the indent goes on an entry: without that room it loses it.
 std::vector<std::string> WrapTextHanging(std::string_view text, std::size_t width);
 
 /// The display width of the widest word of the text.

@@ -158,7 +158,7 @@ TEST(SetRules, EachMisfitIsASentence) {
                              set.categoryLabelsFromCountedValue = true;
                            }),
               ElementsAreArray(Texts{"The set $a takes its category labels from the counted value 1, whose label in the"
-                                     " variable q3 another one has, too."}));
+                                     " variable q3 is the same as in another variable."}));
   EXPECT_THAT(MisfitsAfter(Dichotomy(),
                            [](StoredSet& set) {
                              set.variables = {"t1", "t2", "t3"};

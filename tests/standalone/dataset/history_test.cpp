@@ -215,7 +215,7 @@ TEST_F(HistoryTest, ALogOfImportsThatCannotBeIsFound) {
   ImportAgain("import");
   const std::string sound = Read(kFile);
   const std::vector<std::pair<const char*, const char*>> rows = {
-      {"UPDATE imported SET time = 'noon'", "An import has the time noon, which is none."},
+      {"UPDATE imported SET time = 'noon'", "An import has the invalid time noon."},
       {"UPDATE imported SET after_change = 4", "An import came after change 4, which does not exist."},
       {"UPDATE imported SET command = CAST(x'FF' AS TEXT)", "The log of imports cannot be read to the end."},
       {"UPDATE imported SET case_count = 9223372036854775807", "The log of imports cannot be read to the end."}};

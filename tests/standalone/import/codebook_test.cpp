@@ -110,6 +110,12 @@ TEST_F(CodebookTest, WhatIsNotSupportedIsRefusedByName) {
       {R"("type": "number", "groupChar": 1)", "its groupChar is not a string"},
       {R"("missingValues": "x")", "its missingValues are not a JSON array"},
       {R"("missingValues": [-9])", "an entry of its missingValues is not a string"},
+      {R"("type": "boolean", "trueValues": ["ja", "x"], "falseValues": ["x"])",
+       R"(the text "x" is in both its trueValues and its falseValues)"},
+      {R"("type": "boolean", "trueValues": ["0"])",
+       R"(the text "0" is in both its trueValues and its falseValues; without falseValues it has the default)"},
+      {R"("type": "boolean", "falseValues": ["1", "no"])",
+       R"(the text "1" is in both its trueValues and its falseValues; without trueValues it has the default)"},
       {R"("type": "boolean", "trueValues": [1])", "an entry of its trueValues is not a string"}};
   for (const auto& [members, reason] : rows) {
     EXPECT_EQ(SentenceOfField(R"({"name": "q", )" + members + "}"), "codebook.json, field \"q\": " + reason + ".");
@@ -153,7 +159,7 @@ TEST_F(CodebookTest, ABadFieldIsOneSentenceThatNamesIt) {
       {R"({"name": 5})", "codebook.json, field 1: its name is not a string."},
       {R"({"name": "a\u0000"})", "codebook.json, field 1: its name contains a NUL character."},
       {R"({"name": "q", "type": "colour"})",
-       "codebook.json, field \"q\": the type \"colour\" is none of string, integer, number, boolean and year."},
+       "codebook.json, field \"q\": the type \"colour\" is not one of string, integer, number, boolean, year and any."},
       {R"({"name": "q", "type": 1})", "codebook.json, field \"q\": its type is not a string."},
       {R"({"name": "q", "title": ["x"]})", "codebook.json, field \"q\": its title is not a string."},
       {R"({"name": "q", "type": "integer", "categories": ["a\u0000b"]})",

@@ -83,7 +83,8 @@ TEST_F(ImporterTest, ANumberOfAnotherFormIsRefused) {
 TEST_F(ImporterTest, AColumnThatIsAStringForFewCellsIsNamed) {
   struct Row {
     std::string cells;
-    std::size_t notNumbers;
+    std::size_t count;
+    std::size_t inOtherForm;
     std::size_t line;
     std::string text;
   };
@@ -91,14 +92,19 @@ TEST_F(ImporterTest, AColumnThatIsAStringForFewCellsIsNamed) {
   for (int number = 0; number < 100; ++number) {
     hundred += "," + std::to_string(number);
   }
-  const std::vector<Row> rows = {{"x,1,2,3", 1, 2, "x"},
-                                 {"1,, x ,3,4", 1, 4, "x"},
-                                 {"1,2,3,4,5,6,7,8,9,007,x,y", 3, 11, "007"},
-                                 {"a,b,c,d,e" + hundred, 5, 2, "a"},
-                                 {"x,1,2", 0, 0, ""},
-                                 {"a,b,c,d,e,f" + hundred, 0, 0, ""},
-                                 {"a,b,c", 0, 0, ""},
-                                 {"1,2,3", 0, 0, ""}};
+  const std::vector<Row> rows = {{"x,1,2,3", 1, 0, 2, "x"},
+                                 {"1,, x ,3,4", 1, 0, 4, "x"},
+                                 {"1,x,2", 1, 0, 3, "x"},
+                                 {"1,2,3,4,5,6,7,8,9,007,x,y", 3, 1, 11, "007"},
+                                 {"98052,01234,10001,00501,33109,60601", 2, 2, 3, "01234"},
+                                 {"+5,1,.5,2,3,4,5", 2, 2, 2, "+5"},
+                                 {"a,b,c,d,e" + hundred, 5, 0, 2, "a"},
+                                 {"01,02,3", 0, 0, 0, ""},
+                                 {"x,1", 0, 0, 0, ""},
+                                 {"x,y,1,2,3", 0, 0, 0, ""},
+                                 {"a,b,c,d,e,f" + hundred, 0, 0, 0, ""},
+                                 {"a,b,c", 0, 0, 0, ""},
+                                 {"1,2,3", 0, 0, 0, ""}};
   for (const Row& row : rows) {
     std::string data = "q,other\n";
     for (std::size_t begin = 0; begin <= row.cells.size();) {
@@ -109,12 +115,13 @@ TEST_F(ImporterTest, AColumnThatIsAStringForFewCellsIsNamed) {
     std::filesystem::remove(kDataset);
     Write(kData, data);
     const std::vector<NearlyNumericColumn> named = Import().nearlyNumeric;
-    ASSERT_EQ(named.size(), row.notNumbers == 0 ? 0U : 1U) << row.cells;
+    ASSERT_EQ(named.size(), row.count == 0 ? 0U : 1U) << row.cells;
     if (!named.empty()) {
       EXPECT_EQ(named[0].name, "q");
-      EXPECT_EQ(named[0].notNumbers, row.notNumbers) << row.cells;
-      EXPECT_EQ(named[0].line, row.line) << row.cells;
-      EXPECT_EQ(named[0].text, row.text) << row.cells;
+      EXPECT_EQ(named[0].odd.count, row.count) << row.cells;
+      EXPECT_EQ(named[0].odd.inOtherForm, row.inOtherForm) << row.cells;
+      EXPECT_EQ(named[0].odd.line, row.line) << row.cells;
+      EXPECT_EQ(named[0].odd.text, row.text) << row.cells;
     }
   }
   std::filesystem::remove(kDataset);

@@ -8,7 +8,9 @@
 namespace standalone {
 namespace {
 
-constexpr const char* kComment = "a comment starts with * and ends with a period, or goes between /* and */";
+constexpr const char* kComment =
+    "a comment starts with * and ends with a period, or goes between /* and */ on one line";
+constexpr const char* kEnd = "there is no /* on the line of this */: a comment ends with its line";
 
 /// The hint on the first token with that text.
 std::string HintAt(const std::string& text, const std::string& token) {
@@ -46,6 +48,15 @@ TEST(Slips, HaveAHintAtTheirTokenOrBesideIt) {
       {"M NAME=ALL / / all", "/", ""},
       {"M NAME=ALL\n# all", "#", kComment},
       {"M NAME=ALL '#all'", "#all", ""},
+      {"M VARIABLES=#q1 q2", "#q1", ""},
+      {"M VARIABLES=q1\n*/ VALUE=1", "*", kEnd},
+      {"M NAME=ALL */", "/", kEnd},
+      {"M NAME=ALL * /", "*", ""},
+      {"M NAME=$a /* two\n lines */ VALUE=1", "lines", kEnd},
+      {"M NAME=$a /* two */ /* more\n lines */ VALUE=1", "lines", kEnd},
+      {"M NAME=$a /* one\n lines VALUE=1", "lines", ""},
+      {"M NAME=$a /* one */\n lines VALUE=1 /* two */", "lines", ""},
+      {"M NAME=$a /* one\n lines VALUE=1 /* two */", "lines", ""},
       {"M NAME=ALL '\u201C,;'", "\u201C,;", ""},
       {"M NAME=ALL ''", "", ""},
       {"M NAME=q1", "q1", ""},
@@ -53,6 +64,22 @@ TEST(Slips, HaveAHintAtTheirTokenOrBesideIt) {
   for (const Row& row : rows) {
     EXPECT_EQ(HintAt(row.command, row.token), row.hint) << row.command;
   }
+}
+
+TEST(Slips, AWordThatBeginsWithAHashMayBeACommentButNotAValue) {
+  const std::vector<Token> tokens = Tokenize("M NAME=#a #note '#b' #");
+  EXPECT_EQ(HintOnHashWord(tokens, 3), std::nullopt);
+  EXPECT_EQ(HintOnHashWord(tokens, 4), kComment);
+  EXPECT_EQ(HintOnHashWord(tokens, 5), std::nullopt);
+  EXPECT_EQ(HintOnHashWord(tokens, 2), std::nullopt);
+}
+
+TEST(Slips, ADoubleSlashEndsASubcommand) {
+  const std::vector<Token> tokens = Tokenize("M // a / / b /");
+  EXPECT_EQ(HintOnEndOfSubcommand(tokens, 1), kComment);
+  EXPECT_EQ(HintOnEndOfSubcommand(tokens, 4), std::nullopt);
+  EXPECT_EQ(HintOnEndOfSubcommand(tokens, 7), std::nullopt);
+  EXPECT_EQ(HintOnEndOfSubcommand(tokens, 8), std::nullopt);
 }
 
 TEST(Slips, HaveAHintAtTheBeginningOfACommandAndInAnOpenString) {

@@ -150,11 +150,11 @@ TEST(VariableList, AnOpenRangeIsAnErrorThatNamesIt) {
 
 TEST(VariableList, OtherTokensAreReportedAndDoNoHarm) {
   ExpectLists({
-      {"q1 = q2", "= cannot stand in a list of variables.", {0}},
-      {"ALL", "ALL cannot stand in a list of variables.", {}},
-      {"q1 5", "5 cannot stand in a list of variables.", {0}},
+      {"q1 = q2", "= is not allowed in a list of variables.", {0}},
+      {"ALL", "ALL is not allowed in a list of variables.", {}},
+      {"q1 5", "5 is not allowed in a list of variables.", {0}},
       {"q1 TO 5", "The range q1 TO has no end.", {}},
-      {"'TO'", "TO cannot stand in a list of variables.", {}},
+      {"'TO'", "TO is not allowed in a list of variables.", {}},
   });
 }
 
@@ -188,7 +188,7 @@ TEST(VariableList, AnEndAfterTheTokensDoesNoHarm) {
   std::vector<int> positions;
   const std::optional<ListProblem> problem = ReadVariableList(tokens, 0, 99, Dictionary(), positions);
   ASSERT_TRUE(problem);
-  EXPECT_EQ(problem->sentence, "end of command cannot stand in a list of variables.");
+  EXPECT_EQ(problem->sentence, "end of command is not allowed in a list of variables.");
   EXPECT_EQ(problem->token, 1U);
   EXPECT_EQ(positions, std::vector<int>{0});
 }

@@ -86,6 +86,45 @@ TEST(TextTable, WrapsHeadingsAndCellsToTheWidth) {
             "                                                             Coffee\n");
 }
 
+TEST(TextTable, AnEntryWithALineEndIsNotTakenForTwo) {
+  Table table;
+  table.title = "T";
+  table.rowDimension = "N";
+  table.columns = {"A"};
+  table.rows = {{"r", {{List{"one\ntwo three four", "\nfive"}, {}}}}};
+  EXPECT_EQ(TextTable(table, 80),
+            "T\n"
+            "\n"
+            "N  A\n"
+            "-  ----------------\n"
+            "r  one\n"
+            "     two three four\n"
+            "\n"
+            "     five\n");
+  EXPECT_EQ(TextTable(table, 13),
+            "T\n"
+            "\n"
+            "N   A\n"
+            "--  ---------\n"
+            "r   one\n"
+            "      two\n"
+            "      three\n"
+            "      four\n"
+            "\n"
+            "      five\n");
+  EXPECT_EQ(TextTable(table, 9),
+            "T\n"
+            "\n"
+            "N   A\n"
+            "--  -----\n"
+            "r   one\n"
+            "    two\n"
+            "    three\n"
+            "    four\n"
+            "\n"
+            "    five\n");
+}
+
 TEST(TextTable, SameNotesShareAMarker) {
   Table table;
   table.title = "T";
@@ -167,7 +206,7 @@ TEST(TextTable, ShowsCharactersThatWouldActOnATerminal) {
             "\n"
             "s     \\x7f\uFFFD\n"
             "      a\n"
-            "      b\n"
+            "        b\n"
             "\n"
             "[a] n\\u2066\\n\n");
 }

@@ -93,6 +93,20 @@ TEST_F(SupervisorTest, RehearsesWhatADryRunHasComeTo) {
   EXPECT_EQ(SetCount(), 0U);
 }
 
+TEST_F(SupervisorTest, RunsNoCommandOfADryRunWhereTheOnesBeforeItCannotBeRehearsed) {
+  Supervisor dry(RunRequest{kFile, true, {}});
+  dry.Run({kDefine, 1});
+  dry.Run({kAborts, 2});
+  setenv("MRSET_MODULE", MRSET_ENDING_MODULE, 1);
+  EXPECT_EQ(SentenceOf([&] {
+              dry.Run({"MRSET /DISPLAY NAME=ALL", 3});
+            }),
+            "The command's process was ended by signal 9 (Killed).");
+  setenv("MRSET_MODULE", MRSET_TEST_MODULE, 1);
+  const CommandResult result = dry.Run({"MRSET /DISPLAY NAME=ALL", 3});
+  EXPECT_EQ(std::get<Table>(result.items.at(0)).rows.at(0).name, "$a");
+}
+
 TEST_F(SupervisorTest, KeepsNobodyFromSavingBetweenItsCommands) {
   DatasetOptions patient;
   patient.lockTimeout = std::chrono::seconds(10);  // the dry run may still be ending its command

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -11,6 +12,7 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <thread>
 #include <vector>
 
@@ -105,6 +107,46 @@ TEST(Worker, PassesOnWhyNoCommandCanBeRun) {
   EXPECT_EQ(SentenceOfRun(running), "A sentence.");
   Worker beginning([](const Tell&, const Notify&) -> Worker::RunCommand { throw std::runtime_error("Another one."); });
   EXPECT_EQ(SentenceOfRun(beginning), "Another one.");
+}
+
+/// Makes a worker and lets it run; what happens in the child must not come back here.
+template <typename Function, typename Use>
+void UseWorker(const Function& function, const Use& use) {
+  const pid_t own = getpid();
+  try {
+    Worker worker = MakeWorker(function);
+    use(worker);
+  } catch (...) {
+    if (getpid() == own) {
+      throw;
+    }
+    constexpr std::string_view kWords = "the child came back";
+    _exit(write(STDERR_FILENO, kWords.data(), kWords.size()) < 0 ? EXIT_FAILURE : EXIT_SUCCESS);
+  }
+}
+
+TEST(Worker, EndsAtWhateverElseIsThrownAsAtAFailedAssertion) {
+  const auto throwNumber = [](const ScriptCommand&, const Tell&, const Notify&) -> bool { throw 1; };
+  UseWorker(throwNumber, [](Worker& worker) {
+    EXPECT_EQ(worker.Run(kAny), std::nullopt);
+    EXPECT_EQ(worker.LastWords(), "The command's process was ended by signal 6 (Aborted).");
+  });
+}
+
+TEST(Worker, SaysThatNothingIsKnownWhereThereIsNoMemoryToPassOnWhy) {
+  const auto failWithoutMemory = [](const ScriptCommand&, const Tell&, const Notify&) -> bool {
+    const Error error(std::string(40'000'000, 'x'));
+    const rlimit none{};
+    setrlimit(RLIMIT_AS, &none);
+    throw error;
+  };
+  UseWorker(failWithoutMemory, [](Worker& worker) {
+    EXPECT_EQ(SentenceOfRun(worker),
+              "The command cannot be run: its process ended. Whether its change was saved is not known.");
+    worker.Finish();
+    EXPECT_EQ(worker.LastWords().find("the child came back"), std::string::npos);
+    EXPECT_TRUE(worker.HasGivenUp());
+  });
 }
 
 TEST(Worker, ShowsANoticeAtOnceOnTheStandardErrorOfItsParent) {

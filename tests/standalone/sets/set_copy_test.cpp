@@ -65,7 +65,7 @@ TEST(SetCopyTest, CategoryLabelsNeedThoseOfTheCountedValue) {
                   " q1 (and 1 more)"));
   EXPECT_THAT(ProblemsOf(set, {tea, milk}, {tea, alsoTea}),
               ElementsAre("in T it takes its category labels from the counted value 1, whose label in the variable q2"
-                          " another one has, too"));
+                          " is the same as in another variable"));
   set.categoryLabelsFromCountedValue = false;
   EXPECT_THAT(ProblemsOf(set, {tea, milk}, kNumeric), ElementsAre());
 }

@@ -102,7 +102,10 @@ TEST(Completer, CompletesTheCommand) {
 
 TEST(Completer, CompletesWhatFollowsACommandOfTheShell) {
   ExpectCompletions({
-      {"help ", {"delete", "display", "mcgroup", "mdgroup", "mrset"}, "help "},
+      {"help ",
+       {"delete", "display", "mcgroup", "mdgroup", "mrset", "exit", "help", "log", "quit", "sets", "undo", "variables"},
+       "help "},
+      {"help u", {"undo"}, "help undo "},
       {"help md", {"mdgroup"}, "help mdgroup "},
       {"HELP MD", {"MDGROUP"}, "HELP MDGROUP "},
       {"variables dr", {"drink1", "Drink2", "drink3"}, "variables drink"},

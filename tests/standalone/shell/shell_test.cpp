@@ -123,7 +123,7 @@ TEST(Shell, DoesNotRunWhatIsOpenWhenAPersonLeaves) {
 }
 
 TEST(Shell, RefusesAtOnceWhatIsNoCommand) {
-  const std::string others = "; one begins with MRSET, or is one of those that help shows.";
+  const std::string others = "; type MRSET, or one of the commands that help lists.";
   ExpectNotes(
       false,
       {
@@ -132,6 +132,15 @@ TEST(Shell, RefusesAtOnceWhatIsNoCommand) {
            {"set", "sets"}},
           {{Text(" foo bar")}, {">", "say There is no command foo" + others, ">"}, {" foo bar"}},
           {{Text("/DISPLAY NAME=ALL")}, {">", "say There is no command /DISPLAY" + others, ">"}, {"/DISPLAY NAME=ALL"}},
+          {{Text("redo")},
+           {">", "say There is no command redo; undo right after an undo restores the sets.", ">"},
+           {"redo"}},
+          {{Text("#foo")},
+           {">",
+            "say There is no command #foo; a comment starts with * and ends with a period, or goes between /* and */ on"
+            " one line.",
+            ">"},
+           {"#foo"}},
           {{Text("MRSTE/DISPLAY")},
            {">", "say There is no command MRSTE; did you mean MRSET?", ">"},
            {"MRSTE/DISPLAY"}},
@@ -201,18 +210,25 @@ TEST(NamePattern, StandsForNames) {
 
 TEST(Help, FitsTheScreenAndCanBeShortened) {
   Texts topics = {""};
-  for (const std::string_view topic : HelpTopics()) {
+  for (const std::string_view topic : ShellTopics()) {
     topics.emplace_back(topic);
-    EXPECT_EQ(HelpOn(ToUpper(topic).substr(0, 3)).has_value(), true) << topic;
+    EXPECT_EQ(HelpInShell(ToUpper(topic).substr(0, 3)).has_value(), true) << topic;
   }
   for (const std::string& topic : topics) {
-    std::istringstream lines(HelpOn(topic).value());
+    std::istringstream lines(HelpInShell(topic).value());
     for (std::string line; std::getline(lines, line);) {
       EXPECT_LE(DisplayWidth(line), 80U) << line;
     }
   }
   EXPECT_EQ(HelpOn("md"), std::nullopt);
   EXPECT_EQ(HelpOn("mdgroup"), HelpOn("MDGROUP"));
+  EXPECT_EQ(HelpOn("undo"), std::nullopt);
+}
+
+TEST(Help, IsOnEachCommandOfTheShell) {
+  for (const ShellCommandRule& rule : ShellCommands()) {
+    EXPECT_EQ(HelpInShell(rule.name).value_or("").find(rule.name), 0U) << rule.name;
+  }
 }
 
 class NoSource : public CompletionSource {

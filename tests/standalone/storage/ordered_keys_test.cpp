@@ -87,7 +87,6 @@ TEST_F(OrderedKeysTest, EveryScanStopsWhereRowsAreOutOfOrder) {
     Scan scan;
   };
   const std::vector<Row> rows = {
-      {"variable", 0, [](Dataset& dataset) { dataset.VisitVariableNames([](std::string_view) {}); }},
       {"history", 0, log},
       {"variable", 1,
        [](Dataset& dataset) { dataset.VisitVariables("", 0, [](int, const std::string&) { return true; }); }},

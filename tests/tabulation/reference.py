@@ -129,6 +129,23 @@ def in_order(occurring, labelled):
 # Conditions
 
 
+def check_condition(condition, survey, sets):
+    kind = condition[0]
+    if kind in ("not", "and", "or"):
+        for part in [condition[1]] if kind == "not" else condition[1]:
+            check_condition(part, survey, sets)
+    elif kind == "has":
+        one = sets(condition[1])
+        if not one.is_category and condition[2] not in one.variables:
+            raise NoTable(f"no member {condition[2]}")
+    elif kind == "missing":
+        survey.variable(condition[1])
+    else:
+        for value in condition[2] if kind == "in" else [condition[2]]:
+            if isinstance(value, str) != survey.variable(condition[1])["text"]:
+                raise NoTable(f"{condition[1]} and {value} differ in type")
+
+
 def holds(condition, survey, sets, case):
     kind = condition[0]
     if kind == "not":
@@ -205,7 +222,9 @@ def tabulate(survey, request):
     sets = {}
 
     def set_of(name):
-        return sets.setdefault(name, None) or sets.update({name: Set(survey, name, none)}) or sets[name]
+        if name not in sets:
+            sets[name] = Set(survey, name, none)
+        return sets[name]
 
     counted = [set_of(name) for name in request["sets"]]
     if none is not None and not any(set_of(name).is_category for name in sets_of_command(request)):
@@ -213,6 +232,8 @@ def tabulate(survey, request):
     weights = Weights(survey, request.get("weight"))
     valid = [case for case in survey.cases if weights.of(case)]
     where = request.get("where")
+    if where is not None:
+        check_condition(where, survey, set_of)
     cases = [case for case in valid if where is None or holds(where, survey, set_of, case)]
     bys = [By(survey, set_of, names, cases) for names in request.get("by", [])]
     check_members(request, counted, cases)

@@ -55,7 +55,7 @@ void WriteVariablesTable(Dataset& dataset, const std::vector<int>& positions, bo
 
 void AddValues(const Variable& variable, const ValueCounts& counts, Json& json) {
   Json& values = json["values"] = Json::array();
-  for (const ShownValue& one : ShownValues(variable, counts)) {
+  for (const ValueRow& one : ValueRows(variable, counts)) {
     Json value = {{"value", one.value}};
     if (one.label) {
       value["label"] = *one.label;

@@ -72,8 +72,8 @@ TableRow VariableRow(const Variable& variable) {
           {TextCell(TypeOf(variable)), TextCell(variable.label.value_or("")), ListCell(std::move(valueLabels))}};
 }
 
-std::vector<ShownValue> ShownValues(const Variable& variable, const ValueCounts& counts) {
-  std::vector<ShownValue> shown;
+std::vector<ValueRow> ValueRows(const Variable& variable, const ValueCounts& counts) {
+  std::vector<ValueRow> shown;
   for (const auto& [value, cases] : counts.Values()) {
     const auto label = std::find_if(variable.valueLabels.begin(), variable.valueLabels.end(),
                                     [key = &value](const ValueLabel& one) { return IsLabelOf(one, *key); });
@@ -89,7 +89,7 @@ Table VariablesHeadingWithValues() {
 
 TableRow VariableRow(const Variable& variable, const ValueCounts& counts) {
   std::vector<std::string> values;
-  for (const ShownValue& one : ShownValues(variable, counts)) {
+  for (const ValueRow& one : ValueRows(variable, counts)) {
     values.push_back(fmt::format("{}{} ({})", one.value, one.label ? " = " + *one.label : "", one.cases));
   }
   if (counts.Others() > 0) {

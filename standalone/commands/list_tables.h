@@ -27,13 +27,13 @@ TableRow VariableRow(const Variable& variable);
 inline constexpr std::size_t kMaxShownValues = 100;
 
 /// A value that variables have, as people and programs read it, with its label if it has one.
-struct ShownValue {
+struct ValueRow {
   std::string value;
   std::optional<std::string> label;
   std::size_t cases;
 };
 
-std::vector<ShownValue> ShownValues(const Variable& variable, const ValueCounts& counts);
+std::vector<ValueRow> ValueRows(const Variable& variable, const ValueCounts& counts);
 
 /// The same lists with the values that the cases hold, and how many cases, in place of the value labels.
 Table VariablesHeadingWithValues();

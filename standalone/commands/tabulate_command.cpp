@@ -305,7 +305,7 @@ Action DeclareTabulate(CLI::App& app) {
   }
   app.add_flag("--chart", options->chart, "Bars beside the percentages of text");
   AddFormatOptions(app, RunFormatNames(), options->format);
-  AddOutputOption(app, "Write the tables to this file; its ending sets the format", options->outputPath);
+  AddOutputOption(app, "File for the tables; its ending sets the format", options->outputPath);
   AddLockTimeoutOption(app, options->datasetOptions);
   app.footer(
       "Example:\n"

@@ -258,6 +258,10 @@ void FieldReader::ReadMissingValues() {
 }
 
 void FieldReader::ReadBooleans() {
+  if (fField.type == FieldType::kBoolean) {
+    fField.trueValues = {"1", "true", "True", "TRUE"};
+    fField.falseValues = {"0", "false", "False", "FALSE"};
+  }
   if (const Json* values = MemberOfTypes("trueValues", {FieldType::kBoolean})) {
     fField.trueValues = TextsIn(values, "trueValues");
   }

@@ -20,8 +20,8 @@ struct CodebookField {
   std::vector<ValueLabel> categories;      ///< of a numeric field, the values as in ValueLabel
   std::optional<std::size_t> maxLength;    ///< in characters
   std::vector<std::string> missingValues;  ///< cells that hold one of them are missing; so are empty ones
-  std::vector<std::string> trueValues = {"1", "true", "True", "TRUE"};
-  std::vector<std::string> falseValues = {"0", "false", "False", "FALSE"};
+  std::vector<std::string> trueValues;     ///< of a boolean field
+  std::vector<std::string> falseValues;    ///< of a boolean field
   std::string decimalChar = ".";
   std::string groupChar;  ///< between digits; empty for none
 };

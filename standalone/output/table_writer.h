@@ -17,7 +17,7 @@ struct OutputLook {
   std::size_t width = 80;               ///< of text, in terminal columns
   Colour colour = Colour::kNone;        ///< of text
   bool isTerminal = false;              ///< characters that would act on a terminal are shown in CSV, too
-  bool showsCommands = true;            ///< whether text and Markdown show the commands with their results
+  bool showsCommands = true;            ///< whether results are told with their commands; a page always does
   std::string dataset = {};             ///< its name, for a page
   bool isDryRun = false;                ///< nothing is saved, as a page says
   std::ostream* messages = &std::cerr;  ///< for those that CSV has no place for; must outlive the renderer

@@ -24,7 +24,10 @@ void DatasetSource::VisitSetNames(const std::function<void(std::string_view name
 }
 
 void DatasetSource::VisitVariableNames(const std::function<void(std::string_view name)>& visit) {
-  fDataset.VisitVariableNames(visit);
+  fDataset.VisitVariables("", 0, [&visit](int /*position*/, const std::string& name) {
+    visit(name);
+    return true;
+  });
 }
 
 void DatasetSource::ReadBlock(int variable, std::size_t number, Block& block) {

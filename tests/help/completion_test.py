@@ -85,6 +85,7 @@ class Bash(CompletionTest):
                 self.assertEqual(set(self.replies(f"mrset {subcommand} {option}=")), values)
         self.assertEqual(self.replies("mrset run --format=j"), ["json"])
         self.assertEqual(self.replies("mrset run --format m"), ["markdown"])
+        self.assertEqual(self.replies("mrset tabulate --base c"), ["complete"])
         for option in ("-c", "--command", "--lock-timeout"):
             self.assertEqual(self.replies(f"mrset run s.mrset {option} "), [])
         self.assertEqual(self.replies("mrset undo s.mrset --to "), [])

@@ -15,7 +15,8 @@ namespace {
 
 class CsvRenderer final : public Renderer {
  public:
-  CsvRenderer(std::ostream& stream, const OutputLook& look) : fTables(stream, look), fMessages(*look.messages) {}
+  CsvRenderer(std::ostream& stream, const OutputLook& look)
+      : fTables(stream, look), fMessages(*look.messages), fShowsCommands(look.showsCommands) {}
 
   void Write(const CommandResult& result) override {
     std::size_t table = 0;
@@ -51,7 +52,7 @@ class CsvRenderer final : public Renderer {
       fTables.Write(table);
     }
     for (const std::string& note : tabulation.notes) {
-      Tell(CommandInWords(result), fmt::format("{}: {}", tabulation.set, note));
+      Tell(fShowsCommands ? CommandInWords(result) + ": " + tabulation.set : tabulation.set, note);
     }
   }
 
@@ -72,6 +73,7 @@ class CsvRenderer final : public Renderer {
 
   CsvTableWriter fTables;
   std::ostream& fMessages;
+  bool fShowsCommands;
 };
 
 }  // namespace

@@ -195,18 +195,19 @@ class RequestDice:
     def members(self, request):
         name = self.dice.choice(request["sets"])
         one = next(one for one in self.sets if one["name"] == name)
-        known = self.known_members(one, request.get("none"))
+        # Text and number are one for a member's value: of which set it is said would not be clear.
+        known = self.known_members(one, request.get("none"), ("-1", "10") if len(request["sets"]) > 1 else ())
         return self.dice.sample(known, self.dice.randint(1, len(known)))
 
-    def known_members(self, one, none=None):
+    def known_members(self, one, none=None, avoided=()):
         """Mostly those that there are."""
         there = [name for name in one["variables"] if self.variable(name)]
         if one["counted"] is not None:
             return there or one["variables"]
         values = {clean for name in there for case in self.survey["cases"]
                   if (clean := case[name].strip(" ") if isinstance(case[name], str) else case[name]) not in (None, "")}
-        values = sorted(values - {none}, key=str)
-        return values or (TEXTS if self.is_text(one) else NUMBERS)
+        values = sorted(values - {none}, key=str) or (TEXTS if self.is_text(one) else NUMBERS)
+        return [value for value in values if str(value) not in avoided] or ["Nobody"]
 
     def condition(self, depth):
         dice = self.dice

@@ -110,6 +110,12 @@ class Set:
         labelled = [value for one in self.variables for value, _ in self.survey.value_labels(one)]
         return in_order(occurring, labelled)
 
+    def knows_all(self, members, cases):
+        """A value that has a label is known, though nobody gave it."""
+        labelled = {value for one in self.variables for value, _ in self.survey.value_labels(one)} - {self.none}
+        known = labelled.union(self.members(cases)) if self.is_category else self.variables
+        return all(member in known for member in members)
+
     def member_label(self, member):
         if self.is_category:
             return next((label for one in self.variables for value, label in self.survey.value_labels(one)
@@ -138,6 +144,8 @@ def check_condition(condition, survey, sets):
         one = sets(condition[1])
         if not one.is_category and condition[2] not in one.variables:
             raise NoTable(f"no member {condition[2]}")
+        if one.is_category and one.none is not None and condition[2] == one.none:
+            raise NoTable("the value of NONE is no member")
     elif kind == "missing":
         survey.variable(condition[1])
     else:
@@ -245,11 +253,12 @@ def sets_of_command(request):
 
 
 def check_members(request, counted, cases):
-    of_sets = [one.members(cases) for one in counted]
-    groups = [members for _, members in request.get("nets", [])] + [[one] for one in request.get("last", [])]
-    for members in groups:
-        if not any(all(one in of_set for one in members) for of_set in of_sets):
-            raise NoTable(f"unknown member among {members}")
+    for _, net in request.get("nets", []):
+        if not any(one.knows_all(net, cases) for one in counted):
+            raise NoTable(f"unknown member among {net}")
+    for member in request.get("last", []):
+        if not any(one.knows_all([member], cases) for one in counted):
+            raise NoTable(f"unknown member {member}")
 
 
 class Weights:
@@ -290,7 +299,8 @@ def table(request, one, cases, bys, weights, valid_cases):
     members = one.members(cases)
     columns = [Column(None, None, "Total", cases)] + [column for by in bys for column in by.columns]
     figures = [ColumnFigures(request, one, column, members, weights, valid_cases) for column in columns]
-    nets = [net for net in request.get("nets", []) if all(member in members for member in net[1])]
+    nets = [(label, there) for label, net in request.get("nets", [])
+            if (there := [member for member in net if one.knows_all([member], cases)])]
     found = {
         "kind": "tabulation", "set": one.name, "label": one.label(), "base": base,
         "weight": request.get("weight"), "where": request.get("where_text"),
@@ -303,8 +313,9 @@ def table(request, one, cases, bys, weights, valid_cases):
     }
     if request.get("test"):
         inside = [case for case in cases if in_base(base, one, case)]
-        found["tests"] = [test for test in (
-            association(request, one, members, inside, by, weights) for by in bys) if test]
+        shown = arranged(request, members, figures[0])
+        tests = [association(request, one, shown, inside, by, weights) for by in bys]
+        found["tests"] = [test for test in tests if test]
     return found
 
 
@@ -417,10 +428,10 @@ class Margins:
 def association(request, one, members, cases, by, weights):
     asked = {id(case) for case in by.asked}
     cases = [case for case in cases if id(case) in asked]
-    if len(by.columns) < 2 or len(cases) < 2:
-        return None
     sets_of_cases = [{id(case) for case in column.cases} for column in by.columns]
     inside = [[id(case) in column for case in cases] for column in sets_of_cases]
+    if len(cases) < 2 or sum(map(any, inside)) < 2 and not by.of_set or not inside:
+        return None
     chosen = [[member in one.chosen(case) for case in cases] for member in members]
     margins = Margins(by.of_set, cases, inside, chosen, weights)
     pairs = pairs_of_sets(margins, members, by) if by.of_set else members_by_categories(margins, members)

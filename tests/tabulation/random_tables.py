@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
 """Random tables of random surveys: what the program counts is what the definitions say (reference.py).
 
-    random_tables.py --tables N [--seed SEED]
+    random_tables.py --tables N [--large N] [--seed SEED]
 
-The program is in MRSET_PROGRAM. Numbers of cases are compared exactly, other figures to 1e-9. A failure prints the seed
+A seed is that of one survey; the next survey has the next one. With --large there are that many surveys of thousands of
+cases besides. The program is in MRSET_PROGRAM. Numbers of cases are compared exactly, other figures to 1e-9. A failure prints the seed
 that repeats it, and a survey and a command as small as they could be made.
 """
 import argparse
@@ -19,6 +20,8 @@ import tempfile
 from reference import NoTable, tabulate
 
 COMMANDS = 40  # of one survey
+FEW_COMMANDS = 4  # of a large one
+LARGE = [4095, 4096, 4097, 9000, 65536, 65537, 70000]  # cases, about the sizes in which the program takes them
 NUMBERS = [0, 1, 2, 3, -1, 2.5, 10]
 TEXTS = ["A", "b c", "Tea", "é", "x", "-1", "10", "It's"]
 WEIGHTS = {"w": [1, 2, 3, 0.5, 1.25, 8, 0, -1, None], "v": [0.1, 0.3, 1.7, 0.65, 12.3, 1, 1, 0, None]}
@@ -28,14 +31,15 @@ OPERATORS = ["=", "<>", "<", "<=", ">", ">="]
 # Surveys
 
 
-def random_survey(dice):
+def random_survey(dice, is_large):
     """The survey, and what stands in its place when the sets are defined: all variables that any set names, and a label
     for each value."""
     variables = [random_variable(dice, f"{dice.choice('qQéz')}{i}", i % 2 == 1) for i in range(dice.randint(2, 11))]
     counted = [{"name": name, "text": False, "label": None, "values": []} for name in WEIGHTS]
     gone = [random_variable(dice, f"gone{i}", dice.random() < 0.5) for i in range(2)]
     survey = {"variables": variables + counted, "cases": []}
-    for _ in range(dice.choice([0, 1, 2, 3, 5, 8, 12, 20, 30, 45])):
+    sizes = LARGE if is_large else [0, 1, 2, 3, 5, 8, 12, 20, 30, 45, 63, 64, 65, 130]
+    for _ in range(dice.choice(sizes)):
         survey["cases"].append({one["name"]: random_cell(dice, one) for one in variables} |
                                {name: dice.choice(values) for name, values in WEIGHTS.items()})
     before = [dict(one) for one in variables + gone]
@@ -358,10 +362,10 @@ def results(survey, before, commands):
 
 
 def define(dataset, survey):
-    for one in survey["sets"]:
-        (result,) = run("run", dataset, "--format", "json", "-c", definition(one))
+    definitions = [word for one in survey["sets"] for word in ("-c", definition(one))]
+    for result in run("run", dataset, "--format", "json", *definitions):
         if result["status"] != "ok":
-            raise RuntimeError(f"{definition(one)}: {result['items']}")
+            raise RuntimeError(f"{result['text']}: {result['items']}")
 
 
 def failure(survey, before, request, command):
@@ -375,15 +379,20 @@ def smaller(survey, before, request, seed):
         command = RequestDice(random.Random(seed), survey).command(request)
         try:
             return failure(survey, before, request, command)
-        except (RuntimeError, KeyError):
+        except (RuntimeError, LookupError):  # what is needed has gone
             return None
 
     for key in list(request):
         rest = {k: v for k, v in request.items() if k != key and (key, k) != ("where", "where_text")}
         if key not in ("sets", "where_text") and differs(survey, rest):
             request = rest
+    for part in ("sets", "variables"):
+        for one in list(survey[part]):
+            rest = dict(survey, **{part: [other for other in survey[part] if other is not one]})
+            if differs(rest, request):
+                survey = rest
     step = len(survey["cases"])
-    while step := step // 2:
+    while step > 0:
         start = 0
         while start < len(survey["cases"]):
             rest = dict(survey, cases=survey["cases"][:start] + survey["cases"][start + step:])
@@ -391,6 +400,7 @@ def smaller(survey, before, request, seed):
                 survey = rest
             else:
                 start += step
+        step //= 2
     return survey, request, RequestDice(random.Random(seed), survey).command(request)
 
 
@@ -401,20 +411,21 @@ def describe(survey, before, request, seed):
                       what or "not seen again in a smaller survey"])
 
 
-def one_survey(seed):
+def one_survey(seed, is_large=False):
     """Compares the tables of a survey; gives their number, and that of the errors."""
     dice = random.Random(seed)
-    survey, before = random_survey(dice)
+    survey, before = random_survey(dice, is_large)
     if not survey["sets"]:
         return 0, 0
     writer = RequestDice(dice, survey)
-    requests = [writer.request() for _ in range(COMMANDS)]
+    requests = [writer.request() for _ in range(FEW_COMMANDS if is_large else COMMANDS)]
     commands = [writer.command(request) for request in requests]
     tables = errors = 0
     for request, command, result in zip(requests, commands, results(survey, before, commands), strict=True):
         what = compare(survey, request, result)
         if what:
-            sys.exit(f"random_tables.py --seed {seed} --tables 1\n{command}\n{what}\n"
+            again = "--tables 0 --large 1" if is_large else "--tables 1"
+            sys.exit(f"random_tables.py --seed {seed} {again}\n{command}\n{what}\n"
                      + describe(survey, before, request, seed))
         tables += sum(item["kind"] == "tabulation" for item in result["items"])
         errors += result["status"] == "error"
@@ -424,13 +435,14 @@ def one_survey(seed):
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--tables", type=int, required=True)
+    parser.add_argument("--large", type=int, default=0)
     parser.add_argument("--seed", type=int, default=random.SystemRandom().randrange(10**9))
     options = parser.parse_args()
     print(f"--seed {options.seed}", flush=True)
     tables = errors = surveys = 0
-    while tables < options.tables:
-        counted = one_survey(options.seed + surveys)
-        surveys, tables, errors = surveys + 1, tables + counted[0], errors + counted[1]
+    while tables < options.tables or surveys < options.large:
+        found = one_survey(options.seed + surveys, is_large=surveys < options.large)
+        surveys, tables, errors = surveys + 1, tables + found[0], errors + found[1]
     print(f"{tables} tables and {errors} errors of {surveys} surveys are as expected")
 
 

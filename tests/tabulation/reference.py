@@ -65,6 +65,7 @@ class Set:
         self.survey, self.definition = survey, survey.sets[name]
         self.name, self.counted = name, clean(self.definition["counted"])
         self.none = none
+        self.found = {}
         self.variables = [one for one in self.definition["variables"] if one in survey.variables]
         if not self.variables:
             raise NoTable(f"no variable of {name} is left")
@@ -87,6 +88,11 @@ class Set:
 
     def chosen(self, case):
         """The members that a case chose."""
+        if id(case) not in self.found:
+            self.found[id(case)] = self.find_chosen(case)
+        return self.found[id(case)]
+
+    def find_chosen(self, case):
         if self.is_category:
             return {value for value in self.values(case) if value != self.none}
         return {one for one in self.variables if case[one] is not None and case[one] == self.counted}
@@ -271,11 +277,13 @@ class Weights:
                 raise NoTable("a weight that is text")
             values = [Fraction(case[name]) for case in survey.cases if case[name] is not None]
             self.unit = math.lcm(*(value.denominator for value in values)) if values else 1
+        self.weights = {id(case): self.whole(case) for case in survey.cases}
+
+    def whole(self, case):
+        return 1 if self.name is None else max(0, int(Fraction(case[self.name] or 0) * self.unit))
 
     def of(self, case):
-        if self.name is None:
-            return 1
-        return max(0, int(Fraction(case[self.name] or 0) * self.unit))
+        return self.weights[id(case)]
 
     def sum(self, cases):
         return sum(map(self.of, cases))
@@ -376,11 +384,10 @@ class ColumnFigures:
     def variance(self, members, share):
         """N / (N - 1) times the sum of (z - mean z)^2 over all cases with a valid weight: z is 0 outside the base."""
         choosers = {id(case) for case in self.choosers(members)}
-        z = [self.weights.of(case) * ((id(case) in choosers) - share) / self.weight for case in self.base]
-        n = self.valid_cases
-        mean = sum(z, Fraction(0)) / n
-        squares = sum(((one - mean)**2 for one in z), Fraction(0)) + (n - len(z)) * mean**2
-        return Fraction(n, n - 1) * squares
+        n, count = self.valid_cases, share * self.weight
+        whole = [int(self.weights.of(case) * (self.weight * (id(case) in choosers) - count)) for case in self.base]
+        squares = sum(z * z for z in whole) - Fraction(sum(whole)**2, n)  # z times the squared sum of weights
+        return Fraction(n, n - 1) * squares / self.weight**4
 
 
 # Tests of association

@@ -11,6 +11,7 @@ import argparse
 import csv
 import io
 import json
+import math
 import os
 import random
 import subprocess
@@ -61,7 +62,7 @@ def random_variable(dice, name, text):
     few = dice.sample(pool(variable), dice.randint(1, 4))
     variable["pool"] = few
     labelled = dice.sample(pool(variable), dice.choice([0, 0, 2, 5]))
-    variable["values"] = [(value, dice.choice([f"is {value}", f"{name} = {value}", "the same"])) for value in labelled]
+    variable["values"] = [(padded(dice, value), dice.choice([f"is {value}", f"{name} = {value}", "the same"])) for value in labelled]
     return variable
 
 
@@ -69,7 +70,11 @@ def random_cell(dice, variable):
     if dice.random() < variable["missing"]:
         return dice.choice([None, "  "]) if variable["text"] else None
     value = dice.choice(variable["pool"])
-    return dice.choice(["", "", " "]) + value + dice.choice(["", "", "  "]) if variable["text"] else value
+    return padded(dice, value)
+
+
+def padded(dice, value):
+    return dice.choice(["", "", " "]) + value + dice.choice(["", "", "  "]) if isinstance(value, str) else value
 
 
 def random_sets(dice, variables):
@@ -82,6 +87,8 @@ def random_sets(dice, variables):
         chosen = dice.sample(fitting, dice.randint(2, min(5, len(fitting))))
         counted = dice.choice([1, 1, 0, -1] if not text else TEXTS) if dice.random() < 0.5 else None
         by_value = counted is not None and dice.random() < 0.4
+        if not by_value and counted is not None:
+            counted = padded(dice, counted)
         sets.append({"name": f"$s{i}", "variables": chosen, "counted": counted,
                      "label": dice.choice(["", f"Set {i}"]), "labels_of_values": by_value, "label_of_variable": False})
         if by_value and not sets[-1]["label"] and dice.random() < 0.7:
@@ -292,21 +299,30 @@ class RequestDice:
 # Comparison
 
 
-def difference(expected, found, path="table"):
+def difference(expected, found, path="table", tolerance=1e-9):
     """What differs, as a sentence, or None."""
     if isinstance(expected, dict) and isinstance(found, dict):
         if expected.keys() != found.keys():
             return f"{path}: {sorted(expected)} is expected, not {sorted(found)}"
-        return first(difference(expected[key], found[key], f"{path}.{key}") for key in expected)
+        return first(difference(expected[key], found[key], f"{path}.{key}", tolerance_of(expected, key))
+                     for key in expected)
     if isinstance(expected, list) and isinstance(found, list):
         if len(expected) != len(found):
             return f"{path}: {len(expected)} entries are expected, not {len(found)}"
         return first(difference(*pair, f"{path}[{i}]") for i, pair in enumerate(zip(expected, found)))
-    if isinstance(expected, float) and isinstance(found, (int, float)):
-        equal = abs(expected - found) <= 1e-9 * max(1, abs(expected)) if not isinstance(found, bool) else False
+    if isinstance(expected, float) and type(found) in (int, float):
+        is_same = abs(expected - found) <= tolerance * max(1, abs(expected))
     else:
-        equal = expected == found and isinstance(expected, bool) == isinstance(found, bool)
-    return None if equal else f"{path}: {expected!r} is expected, not {found!r}"
+        is_same = expected == found and type(expected) is type(found)
+    return None if is_same else f"{path}: {expected!r} is expected, not {found!r}"
+
+
+def tolerance_of(values, key):
+    """Where the covariance is nearly nothing, it is a small difference of large numbers, and the degrees of freedom are
+    many: double numbers then leave an error of about 1e-12 times their root."""
+    if key in ("corrected", "degreesOfFreedom") and values.get("corrected") is not None:
+        return 1e-9 * max(1, math.sqrt(values["degreesOfFreedom"]) / 100)
+    return 1e-9
 
 
 def first(differences):

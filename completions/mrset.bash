@@ -2,8 +2,8 @@
 # The target "generate" of CMake writes what stands between "generated" and "end".
 
 # generated: subcommands
-_mrset_subcommands='import run shell sets variables log undo check script diff copy help'
-_mrset_topics='import run shell sets variables log undo check script diff copy DELETE DISPLAY MCGROUP MDGROUP MRSET'
+_mrset_subcommands='import run shell tabulate sets variables log undo check script diff copy help'
+_mrset_topics='import run shell tabulate sets variables log undo check script diff copy DELETE DISPLAY MCGROUP MDGROUP MRSET TABULATE'
 # end: subcommands
 
 # The options of a subcommand; of the program itself where there is none.

@@ -3,6 +3,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdint>
 #include <ctime>
@@ -84,11 +85,11 @@ class Survey : public standalone::TabulationSource {
   }
   void VisitVariableNames(const std::function<void(std::string_view name)>& /*visit*/) override {}
   std::size_t BlockCount() override { return fBlocks[0].size(); }
-  std::size_t CasesOfBlock(std::size_t number) override { return fBlocks[0][number].cases; }
+  std::size_t CasesOfBlock(std::size_t number) override {
+    return std::min(kCasesOfBlock, kCases - number * kCasesOfBlock);
+  }
   void ReadBlock(int variable, std::size_t number, Block& block) override {
-    const std::size_t cases = fBlocks[static_cast<std::size_t>(variable)][number].cases;
-    block = std::move(fBlocks[static_cast<std::size_t>(variable)][number]);
-    fBlocks[static_cast<std::size_t>(variable)][number].cases = cases;
+    std::swap(block, fBlocks[static_cast<std::size_t>(variable)][number]);
   }
 
   /// The bytes of the columns up to that one, added up.

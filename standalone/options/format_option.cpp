@@ -64,7 +64,7 @@ Colour ChosenColour(const FormatOptions& options, bool isTerminal) {
 }  // namespace
 
 void AddFormatOption(CLI::App& app, const std::vector<std::string>& names, std::string& format) {
-  AddChoice(app, "--format", names, "FORMAT", fmt::format("Form of the output: {}", Alternatives(names)), format);
+  AddChoice(app, "--format", names, "FORMAT", fmt::format("Output as {}", Alternatives(names)), format);
 }
 
 void AddWidthOption(CLI::App& app, std::optional<std::size_t>& width) {

@@ -49,8 +49,7 @@ constexpr std::array<Subcommand, 12> kSubcommands = {{
 constexpr const char* kExample =
     "\"mrset help run\" shows the options of run, \"mrset help MDGROUP\" the language.\n"
     "Example:\n"
-    "  mrset import --schema survey.schema.json survey.csv survey.mrset\n"
-    "  mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'\n";
+    "  mrset import --schema survey.schema.json survey.csv survey.mrset\n";
 
 void PrintError(const std::string& sentence) {
   std::cerr << NoticeLine(sentence);

@@ -5,28 +5,37 @@ namespace {
 
 using CountFunction = std::int64_t (*)(const Bits& first, const Bits& second);
 
-std::int64_t CountByPlainCode(const Bits& first, const Bits& second) {
+// Inlined into functions for different processors, so that the compiler makes the best of each.
+inline __attribute__((always_inline)) std::int64_t CommonBits(const Bits& first, const Bits& second) {
   std::int64_t count = 0;
   for (std::size_t word = 0; word < kChunkWords; ++word) {
     count += __builtin_popcountll(first[word] & second[word]);
   }
   return count;
+}
+
+std::int64_t CountByPlainCode(const Bits& first, const Bits& second) {
+  return CommonBits(first, second);
 }
 
 #if defined(__x86_64__)
 
-/// The same with the instruction that every processor of the last fifteen years has, and the architecture does not
-/// promise.
-__attribute__((target("popcnt"))) std::int64_t CountByInstruction(const Bits& first, const Bits& second) {
-  std::int64_t count = 0;
-  for (std::size_t word = 0; word < kChunkWords; ++word) {
-    count += __builtin_popcountll(first[word] & second[word]);
-  }
-  return count;
+/// With an instruction that processors have had since 2008.
+__attribute__((target("popcnt"))) std::int64_t CountByWord(const Bits& first, const Bits& second) {
+  return CommonBits(first, second);
+}
+
+/// With one for several words at once, which servers have had since 2019.
+__attribute__((target("avx512f,avx512vl,avx512vpopcntdq"))) std::int64_t CountByVector(const Bits& first,
+                                                                                       const Bits& second) {
+  return CommonBits(first, second);
 }
 
 CountFunction FastestCount() {
-  return __builtin_cpu_supports("popcnt") != 0 ? CountByInstruction : CountByPlainCode;
+  if (__builtin_cpu_supports("avx512vl") != 0 && __builtin_cpu_supports("avx512vpopcntdq") != 0) {
+    return CountByVector;
+  }
+  return __builtin_cpu_supports("popcnt") != 0 ? CountByWord : CountByPlainCode;
 }
 
 #else

@@ -8,7 +8,7 @@
 namespace standalone {
 
 /// Cases are counted in chunks of so many, so that all that is known of a chunk stays in the processor's cache.
-inline constexpr std::size_t kChunkCases = 4096;
+inline constexpr std::size_t kChunkCases = 8192;
 inline constexpr std::size_t kCasesOfWord = 64;
 inline constexpr std::size_t kChunkWords = kChunkCases / kCasesOfWord;
 

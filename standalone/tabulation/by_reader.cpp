@@ -15,7 +15,7 @@ namespace {
 class TotalReader : public ByReader {
  public:
   TotalReader() : ByReader("") {}
-  void Read(const Chunk& /*chunk*/, const Bits& cases) override {
+  void ReadColumns(const Chunk& /*chunk*/, const Bits& cases) override {
     fColumns.present = cases;
     fColumns.groups = {{0, cases}};
   }
@@ -43,12 +43,13 @@ void ByReader::ListCases() {
 }
 
 const std::vector<std::uint32_t>& ByReader::ColumnOfCases() {
-  if (fColumns.isGrouped) {
+  if (fColumns.isGrouped && !fHasColumnOfCases) {
     ListCases();
     for (const CaseGroup& group : fColumns.groups) {
       const auto column = static_cast<std::uint32_t>(group.index);
       ForEachCase(group.cases, [&](std::size_t place) { fColumns.columnOf[place] = column; });
     }
+    fHasColumnOfCases = true;
   }
   return fColumns.columnOf;
 }

@@ -44,7 +44,11 @@ class ByReader {
   virtual const SetReader* Set() const { return nullptr; }
 
   virtual void StartBlock() {}
-  virtual void Read(const Chunk& chunk, const Bits& cases) = 0;
+  /// Reads the columns of those `cases` of the chunk.
+  void Read(const Chunk& chunk, const Bits& cases) {
+    fHasColumnOfCases = false;
+    ReadColumns(chunk, cases);
+  }
   const ColumnsOfChunk& Current() const { return fColumns; }
   /// The column of each case of a BY whose columns do not overlap.
   const std::vector<std::uint32_t>& ColumnOfCases();
@@ -54,6 +58,7 @@ class ByReader {
   virtual std::vector<ByCategory> Categories() const = 0;
 
  protected:
+  virtual void ReadColumns(const Chunk& chunk, const Bits& cases) = 0;
   /// Makes room to say the column of each case.
   void ListCases();
 
@@ -61,6 +66,7 @@ class ByReader {
 
  private:
   std::string fName;
+  bool fHasColumnOfCases = false;
 };
 
 /// The one column of all cases.

@@ -13,7 +13,7 @@ class BySetReader : public ByReader {
   explicit BySetReader(const SetReader& set) : ByReader(set.Set().name), fSet(set) {}
 
   const SetReader* Set() const override { return &fSet; }
-  void Read(const Chunk& /*chunk*/, const Bits& cases) override {
+  void ReadColumns(const Chunk& /*chunk*/, const Bits& cases) override {
     fColumns.present = Without(cases, fSet.Current().missing);
     fColumns.groups = fSet.Current().chosen;
   }

@@ -26,7 +26,7 @@ void ByVariableReader::AddGroup(std::size_t column, const Bits& cases) {
   }
 }
 
-void ByVariableReader::Read(const Chunk& chunk, const Bits& cases) {
+void ByVariableReader::ReadColumns(const Chunk& chunk, const Bits& cases) {
   fColumns.isGrouped = true;
   fColumns.groups.clear();
   fColumns.present.fill(0);

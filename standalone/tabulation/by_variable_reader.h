@@ -15,7 +15,7 @@ class ByVariableReader : public ByReader {
   ByVariableReader(const Spoken& name, TabulationSource& source, Columns& columns);
 
   void StartBlock() override { fColumn.StartBlock(); }
-  void Read(const Chunk& chunk, const Bits& cases) override;
+  void ReadColumns(const Chunk& chunk, const Bits& cases) override;
   std::size_t ColumnCount() const override { return fValues.Size(); }
   std::vector<ByCategory> Categories() const override;
 

@@ -70,6 +70,7 @@ void Keep(const Code* codes, std::size_t cases, Code code, Bits& bits) {
   const auto repeated = Repeated(code);
   const std::size_t fullWords = cases / kCasesOfWord;
   for (std::size_t word = 0; word < fullWords; ++word) {
+    __builtin_prefetch(codes + word * kCasesOfWord + kChunkCases);  // of the next chunk
     if (bits[word] != 0) {
       bits[word] &= FullWordOf(codes + word * kCasesOfWord, repeated);
     }

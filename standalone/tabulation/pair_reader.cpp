@@ -58,7 +58,7 @@ std::uint32_t PairReader::ColumnOf(std::uint32_t first, std::uint32_t second) {
 }
 
 /// A value is only looked at in a case that has both, so that there are never more values than pairs.
-void PairReader::Read(const Chunk& chunk, const Bits& cases) {
+void PairReader::ReadColumns(const Chunk& chunk, const Bits& cases) {
   Bits missing = cases;
   fSecondMissing.Keep(chunk, missing);
   fFirst.Read(chunk, Without(cases, missing));

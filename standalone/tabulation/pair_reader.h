@@ -19,7 +19,7 @@ class PairReader : public ByReader {
   PairReader(const ByRequest& by, TabulationSource& source, Columns& columns);
 
   void StartBlock() override;
-  void Read(const Chunk& chunk, const Bits& cases) override;
+  void ReadColumns(const Chunk& chunk, const Bits& cases) override;
   std::size_t ColumnCount() const override { return fPairs.size(); }
   std::vector<ByCategory> Categories() const override;
 

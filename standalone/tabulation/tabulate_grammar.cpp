@@ -36,12 +36,7 @@ const std::vector<TabulateSubcommand>& TabulateSubcommands() {
        {"NONE", "DESCENDING", "ASCENDING"}},
       {Key::kLast, "LAST", Value::kMembers, "MEMBER", "Members that stay at the end"},
       {Key::kConfidence, "CONFIDENCE", Value::kNumber, "PERCENT", "Of the intervals; 95 unless given"},
-      {Key::kTest,
-       "TEST",
-       Value::kWord,
-       "METHOD",
-       "Test of association: holm, or =bonferroni",
-       {"HOLM", "BONFERRONI"}},
+      {Key::kTest, "TEST", Value::kWord, "METHOD", "Test of association: holm, or =bonferroni", {"HOLM", "BONFERRONI"}},
       {Key::kMinBase, "MINBASE", Value::kNumber, "N", "No percentages of columns with fewer cases in the base"},
       {Key::kDecimals, "DECIMALS", Value::kNumber, "N", "Decimals of percentages; 1 unless given"},
   };

@@ -119,7 +119,7 @@ Help.
   
   Options:
     -h,--help               Show this help
-    --format FORMAT         Form of the output: text or json
+    --format FORMAT         Output as text or json
     --lock-timeout SECONDS  How long to wait for a locked dataset; 30 unless given
   
   Exit status: 0 the sets are the same, 1 they differ, 2 wrong usage or an

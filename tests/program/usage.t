@@ -373,7 +373,7 @@ Arguments that are missing, too many or of no use.
   Run "mrset run --help" for its options.
   [2]
   $ for option in --format --width --lock-timeout; do mrset run x.mrset $option '' -c MRSET 2>&1 | sed -n 1p; done; mrset '' 2>&1 | sed -n 1p
-  mrset: --format: "" is not one of text, json, html, markdown, csv.
+  mrset: --format: "" is not one of text, json, html, markdown, csv, xlsx.
   mrset: --width: "" is not a whole number from 20 to 10000.
   mrset: --lock-timeout: "" is not a whole number of seconds.
   mrset: Unknown subcommand: "".
@@ -539,8 +539,7 @@ Help and version are results.
   Options:
     -h,--help               Show this help
     -c,--command COMMAND    Command to run, after SCRIPT; may lack its period
-    --format FORMAT         Form of the output: text, json, html, markdown, csv or
-                            xlsx
+    --format FORMAT         Output as text, json, html, markdown, csv or xlsx
     --color WHEN            When text is coloured: auto, always or never
     --width N               Columns of text; else the terminal's, or 80
     --output FILE           Write results to this file; its ending sets the format
@@ -563,7 +562,7 @@ Help and version are results.
   
   Options:
     -h,--help               Show this help
-    --format FORMAT         Form of the output: text, json, markdown or csv
+    --format FORMAT         Output as text, json, markdown or csv
     --color WHEN            When text is coloured: auto, always or never
     --width N               Columns of text; else the terminal's, or 80
     --lock-timeout SECONDS  How long to wait for a locked dataset; 30 unless given
@@ -581,7 +580,7 @@ Help and version are results.
   Options:
     -h,--help               Show this help
     --values                Show the values that occur, with counts
-    --format FORMAT         Form of the output: text, json, markdown or csv
+    --format FORMAT         Output as text, json, markdown or csv
     --color WHEN            When text is coloured: auto, always or never
     --width N               Columns of text; else the terminal's, or 80
     --lock-timeout SECONDS  How long to wait for a locked dataset; 30 unless given
@@ -597,7 +596,7 @@ Help and version are results.
   
   Options:
     -h,--help               Show this help
-    --format FORMAT         Form of the output: text or json
+    --format FORMAT         Output as text or json
     --width N               Columns of text; else the terminal's, or 80
     --lock-timeout SECONDS  How long to wait for a locked dataset; 30 unless given
   

@@ -110,6 +110,15 @@ def definition(one):
     return "MRSET " + " ".join(words)
 
 
+def sets_in(condition):
+    """The sets that a condition names."""
+    if condition is None or condition[0] not in ("not", "and", "or", "has"):
+        return []
+    if condition[0] == "has":
+        return [condition[1]]
+    return [name for part in ([condition[1]] if condition[0] == "not" else condition[1]) for name in sets_in(part)]
+
+
 def quoted(text, mark='"'):
     return mark + text.replace(mark, 2 * mark) + mark
 
@@ -192,7 +201,7 @@ class RequestDice:
 
     def add_none(self, request):
         """A value that the category sets of the command could hold."""
-        named = request["sets"] + [names[0] for names in request.get("by", [])]
+        named = request["sets"] + [names[0] for names in request.get("by", [])] + sets_in(request.get("where"))
         texts = {self.is_text(one) for one in self.sets if one["name"] in named and one["counted"] is None}
         if len(texts) == 1 and self.maybe(0.5) or not texts and self.maybe(0.02):
             request["none"] = self.dice.choice(TEXTS if texts == {True} else NUMBERS)

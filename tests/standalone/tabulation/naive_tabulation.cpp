@@ -325,8 +325,8 @@ TabulationTest NaiveCount::Test(const ByRequest& by, const Texts& members) {
       ofMember.push_back(one);
     }
     if (!isSet) {
-      ofMember = {
-          {members[j], "", isProper(chose) && proper > 1 ? Figure(sum) : std::nullopt, proper - 1, std::nullopt, std::nullopt}};
+      ofMember = {{members[j], "", isProper(chose) && proper > 1 ? Figure(sum) : std::nullopt, proper - 1, std::nullopt,
+                   std::nullopt}};
     }
     test.members.insert(test.members.end(), ofMember.begin(), ofMember.end());
   }

@@ -4,8 +4,10 @@
     random_tables.py --tables N [--large N] [--seed SEED]
 
 A seed is that of one survey; the next survey has the next one. With --large there are that many surveys of thousands of
-cases besides. The program is in MRSET_PROGRAM. Numbers of cases are compared exactly, other figures to 1e-9. A failure prints the seed
-that repeats it, and a survey and a command as small as they could be made.
+cases among them. The program is in MRSET_PROGRAM.
+
+Numbers of cases are compared exactly, other figures to 1e-9. A failure prints the seed that repeats it, and a survey and
+a command as small as they could be made.
 """
 import argparse
 import csv
@@ -62,7 +64,8 @@ def random_variable(dice, name, text):
     few = dice.sample(pool(variable), dice.randint(1, 4))
     variable["pool"] = few
     labelled = dice.sample(pool(variable), dice.choice([0, 0, 2, 5]))
-    variable["values"] = [(padded(dice, value), dice.choice([f"is {value}", f"{name} = {value}", "the same"])) for value in labelled]
+    variable["values"] = [(padded(dice, value), dice.choice([f"is {value}", f"{name} = {value}", "the same"]))
+                          for value in labelled]
     return variable
 
 

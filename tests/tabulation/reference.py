@@ -1,8 +1,9 @@
 """Tables of sets by their definitions: case by case, in exact numbers up to the last step. Slow on purpose; it shares
 nothing with the program.
 
-A survey: {"variables": [{"name", "text": bool, "label", "values": [(value, label)]}], "cases": [{name: value}], "sets":
-[{"name", "variables", "counted" (None: a category set), "label", "label_of_variable": bool, "labels_of_values": bool}]}.
+A survey: {"variables": [{"name", "text": bool, "label", "values": [(value, label)]}], "cases": [{name: value}],
+"sets": [{"name", "variables", "counted" (None: a category set), "label", "label_of_variable": bool,
+"labels_of_values": bool}]}.
 A request: {"sets", "by": [(name,) or (name, name)], "weight", "base", "where" (a condition), "where_text", "none",
 "nets": [(label, members)], "errors": bool, "sort", "last", "confidence", "test", "min_base"}; what is not there is not
 asked for. A member of a dichotomy set is a variable's name, that of a category set a value.
@@ -417,8 +418,7 @@ class Margins:
         return q * p * (1 - p) * (1 - q if self.of_set else 1)
 
     def residuals(self, c, j):
-        """For each case w u, u = (1_c - q_c) (x_j - p_j) - T_cj, times the third power of the sum of weights: whole
-        numbers."""
+        """For each case w u, u = (1_c - q_c) (x_j - p_j) - T_cj, times the squared sum of weights: whole numbers."""
         in_c, of_j, total = self.inside[c], self.chosen[j], self.total
         q, p = self.sum(in_c), self.sum(of_j)
         t = total * self.sum(in_c, of_j) - q * p
@@ -437,13 +437,18 @@ def association(request, one, members, cases, by, weights):
     cases = [case for case in cases if id(case) in asked]
     sets_of_cases = [{id(case) for case in column.cases} for column in by.columns]
     inside = [[id(case) in column for case in cases] for column in sets_of_cases]
-    if len(cases) < 2 or sum(map(any, inside)) < 2 and not by.of_set or not inside:
+    if len(cases) < 2 or not has_categories(by, inside):
         return None
     chosen = [[member in one.chosen(case) for case in cases] for member in members]
     margins = Margins(by.of_set, cases, inside, chosen, weights)
     pairs = pairs_of_sets(margins, members, by) if by.of_set else members_by_categories(margins, members)
     adjust([row for row, _ in pairs], request["test"])
     return {"by": by.name, **whole_set(margins, pairs), "members": [row for row, _ in pairs]}
+
+
+def has_categories(by, inside):
+    """A variable needs two that occur; each member of a set has a 2 x 2 table with each member of the other."""
+    return len(inside) > 0 if by.of_set else sum(map(any, inside)) > 1
 
 
 def members_by_categories(margins, members):

@@ -97,8 +97,12 @@ struct RowQueue {
   }
 };
 
+/// After a failure the queue holds half of a cell: the parser goes on, and nothing more is taken from it.
 template <typename Action>
 void WithoutException(RowQueue& queue, Action action) {
+  if (queue.outOfMemory) {
+    return;
+  }
   try {
     action();
   } catch (const std::bad_alloc&) {

@@ -94,9 +94,24 @@ async function findings(page) {
   });
 }
 
+// Tables of sets: of the hostile labels, and of a survey with several regions, a weight and tests.
+function makeTables() {
+  mrset(0, 'run', 'survey.mrset', '-c', `MRSET /MDGROUP NAME=$hostile VARIABLES=v1 TO v${hostile.length} VALUE=1`);
+  const rows = Array.from({ length: 60 }, (_, i) => [i % 2, i % 3 ? 1 : 0, `R${i % 8}`, 0.5 + (i % 4) / 2].join(','));
+  writeFileSync(inFolder('regions.csv'), `tea,coffee,region,w\n${rows.join('\n')}\n`);
+  mrset(0, 'import', 'regions.csv', 'regions.mrset');
+  const define = 'MRSET /MDGROUP NAME=$drinks LABEL="Drinks" VARIABLES=tea coffee VALUE=1.';
+  writeFileSync(inFolder('tables.script'), [define, 'TABULATE $drinks.',
+    'TABULATE $drinks /BY=region /WEIGHT=w /SHOW=COUNT CASES RESPONSES ERROR INTERVAL /TEST.',
+    'TABULATE $drinks /BY=tea coffee tea*coffee $drinks /WHERE=region <> "R1" /NET="Either": tea coffee.'].join('\n') + '\n');
+  mrset(0, 'run', 'regions.mrset', 'tables.script', '--output', 'tables.html');
+  mrset(0, 'run', 'survey.mrset', '-c', 'TABULATE $hostile /BY=v1 $hostile', '--output', 'hostile-tables.html');
+}
+
 before(async () => {
   makeSurvey();
   makePage();
+  makeTables();
   browser = await chromium.launch({
     executablePath: process.env.MRSET_BROWSER,
     args: ['--no-sandbox', '--disable-gpu', '--disable-quic', '--no-first-run', '--disable-background-networking',
@@ -228,4 +243,71 @@ test('paper is white, and tables fit on it', async () => {
   assert.deepEqual(await findings(page), []);
   assert.ok((await page.pdf({ preferCSSPageSize: true, format: 'A4' })).length > 10000);
   await close();
+});
+
+for (const colorScheme of ['light', 'dark']) {
+  for (const [name, viewport] of Object.entries(widths)) {
+    for (const file of ['tables.html', 'hostile-tables.html']) {
+      test(`axe finds nothing in tables of sets: ${file}, ${colorScheme}, ${name}`, async () => {
+        const { page, faults, close } = await open({ colorScheme, viewport, bypassCSP: true }, file);
+        assert.deepEqual(await findings(page), []);
+        assert.equal(await page.evaluate(() => document.documentElement.scrollWidth), viewport.width);
+        assert.deepEqual(faults, []);
+        await close();
+      });
+    }
+  }
+
+  test(`every bar stands out from the page: ${colorScheme}`, async () => {
+    const { page, close } = await open({ colorScheme }, 'tables.html');
+    const colours = await page.evaluate(() => [getComputedStyle(document.body).backgroundColor,
+      ...[...document.querySelectorAll('rect')].map((bar) => getComputedStyle(bar).fill)]);
+    const luminance = (colour) => colour.match(/\d+/g).map((part) => part / 255)
+      .map((part) => (part <= 0.04045 ? part / 12.92 : ((part + 0.055) / 1.055) ** 2.4))
+      .reduce((sum, part, i) => sum + part * [0.2126, 0.7152, 0.0722][i], 0);
+    const [ground, ...bars] = colours.map(luminance);
+    assert.ok(bars.length > 20);
+    for (const bar of bars) {
+      assert.ok((Math.max(bar, ground) + 0.05) / (Math.min(bar, ground) + 0.05) >= 3);
+    }
+    await close();
+  });
+}
+
+test('hostile texts in tables of sets are shown and do nothing', async () => {
+  const { page, faults, close } = await open({ viewport: widths.desktop }, 'hostile-tables.html');
+  const texts = await page.locator('tbody th').allTextContents();
+  assert.deepEqual(texts, hostile.map(shown));
+  assert.equal(await page.evaluate(() => window.acted), undefined);
+  assert.equal(await page.locator('script, img, iframe, link, object, embed, form, [onerror], [onmouseover]').count(), 0);
+  assert.deepEqual(faults, []);
+  await close();
+});
+
+test('bars have their values in text, and a chart its title and description', async () => {
+  const { page, close } = await open({ viewport: widths.desktop }, 'tables.html');
+  const chart = page.locator('#command-2 svg');
+  assert.equal(await page.getByRole('img', { name: 'Drinks ($drinks): % of cases Bars of', exact: false }).count(), 1);
+  assert.equal(await chart.locator('desc').textContent(),
+    'Bars of the percentages that the table shows. The longest one stands for 80.0%.');
+  assert.deepEqual(await chart.locator('text').allTextContents(), ['tea', '60.0', 'coffee', '80.0']);
+  await close();
+});
+
+test('charts never leave their room', async () => {
+  for (const file of ['tables.html', 'hostile-tables.html']) {
+    const { page, close } = await open({ viewport: widths.narrow }, file);
+    assert.deepEqual(await page.locator('svg').evaluateAll((all) => all.flatMap((svg) => {
+      const right = svg.getBoundingClientRect().right;
+      return [...svg.querySelectorAll('text')].filter((text) => text.getBoundingClientRect().right > right + 1)
+        .map((text) => text.textContent);
+    })), []);
+    const overlaps = await page.locator('svg').evaluateAll((all) => all.flatMap((svg) => {
+      const bars = Math.min(...[...svg.querySelectorAll('rect')].map((bar) => bar.getBoundingClientRect().left));
+      return [...svg.querySelectorAll('text.label')].filter((text) => text.getBoundingClientRect().right > bars + 1)
+        .map((text) => text.textContent);
+    }));
+    assert.deepEqual(overlaps, []);
+    await close();
+  }
 });

@@ -28,18 +28,20 @@ constexpr std::size_t kBarHeight = 14;
 constexpr std::size_t kBaseline = 12;
 constexpr std::size_t kGap = 4;
 
-/// A room for text: columns at which it is wrapped, and its width in pixels.
+/// A room for text: columns at which it is wrapped, its width in pixels, and how wide its characters are in percent of
+/// ordinary ones.
 struct Room {
   std::size_t columns;
   std::size_t pixels;
+  std::size_t scale;
 };
 
-constexpr Room kLabelRoom = {20, 174};
-constexpr Room kWholeWidth = {48, 392};
+constexpr Room kLabelRoom = {20, 174, 100};
+constexpr Room kMemberRoom = {40, 392, 120};  // bold
 
 /// About how wide the text is; more than it is in most typefaces.
 std::size_t PixelsOf(std::string_view text) {
-  constexpr std::string_view kWide = "ABCDEFGHIJKLMNOPQRSTUVWXYZmw@%&";
+  constexpr std::string_view kWide = "ABCDEFGHIJKLMNOPQRSTUVWXYZmw@%&<>=+~^#";
   std::size_t pixels = 0;
   for (std::size_t offset = 0; offset < text.size(); offset += CharacterLength(text, offset)) {
     const std::string_view character = text.substr(offset, CharacterLength(text, offset));
@@ -111,7 +113,7 @@ void BarChart::AddMember(const TabulationRow& row) {
     return;
   }
   fTop += fTop == 0 ? 0 : 2 * kGap;
-  fTop += AddText(LabelOf(row), kWholeWidth, "member");
+  fTop += AddText(LabelOf(row), kMemberRoom, "member");
   const bool areColoured = fGroup.end - fGroup.begin <= kColours;
   for (std::size_t column = fGroup.begin; column < fGroup.end; ++column) {
     AddBar(LabelOf(fTabulation.columns[column]), row.cells[column].percentOfCases,
@@ -134,7 +136,7 @@ void BarChart::AddBar(const std::string& label, const Figure& percentage, const 
 std::size_t BarChart::AddText(const std::string& text, const Room& room, std::string_view className) {
   std::size_t height = 0;
   for (const std::string& line : WrapText(Visible(text), room.columns)) {
-    const bool isTooWide = PixelsOf(line) > room.pixels;
+    const bool isTooWide = PixelsOf(line) * room.scale > room.pixels * 100;
     const std::string squeezed =
         isTooWide ? fmt::format(" textLength=\"{}\" lengthAdjust=\"spacingAndGlyphs\"", room.pixels) : "";
     fBody += fmt::format("<text class=\"{}\" x=\"0\" y=\"{}\"{}>{}</text>\n", className, fTop + kBaseline + height,

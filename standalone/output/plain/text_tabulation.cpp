@@ -117,9 +117,9 @@ void AddTest(std::string& text, const Tabulation& tabulation, const TabulationTe
   const std::size_t labels = IsSet(test.by) ? 1 : 0;  // that stand beside the member's
   SplitTable table;
   table.footBegin = texts.rows.size();
+  table.columns.emplace_back();
   for (std::size_t column = labels; column < texts.columns.size(); ++column) {
-    table.columns.emplace_back();
-    table.strips.push_back({column - labels, texts.columns[column], {}, 0, false});
+    table.strips.push_back({0, texts.columns[column], {}, 0, false});
   }
   for (const TableRow& row : texts.rows) {
     const auto textAt = [&](std::size_t column) {

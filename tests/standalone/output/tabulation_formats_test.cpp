@@ -315,7 +315,7 @@ TEST(HtmlTabulation, ShowsTextsAsText) {
 <svg role="img" aria-labelledby="t-chart-1-title t-chart-1-desc" width="100%" height="156">
 <title id="t-chart-1-title">&lt;b&gt;&amp;&quot;&#39;`*_[x](y)|~$#\ \x1b[31m\u202e,=1 ($drinks): % of cases by region: &lt;b&gt;&amp;&quot;&#39;`*_[x](y)|~$#\ \x1b[31m\u202e,=1</title>
 <desc id="t-chart-1-desc">Bars of the percentages that the table shows. The longest one stands for 100.0%.</desc>
-<text class="label" x="0" y="12">&lt;b&gt;&amp;&quot;&#39;`*_[x](y)|~$#\</text>
+<text class="label" x="0" y="12" textLength="174" lengthAdjust="spacingAndGlyphs">&lt;b&gt;&amp;&quot;&#39;`*_[x](y)|~$#\</text>
 <text class="label" x="0" y="30">\x1b[31m\u202e,=1</text>
 <rect class="bar" x="44.00%" y="0" width="42.62%" height="14"/><text x="86.62%" dx="6" y="12">96.9</text>
 <text class="label" x="0" y="52">=1+1</text>
@@ -333,7 +333,7 @@ TEST(HtmlTabulation, ShowsTextsAsText) {
 <svg role="img" aria-labelledby="t-chart-2-title t-chart-2-desc" width="100%" height="156">
 <title id="t-chart-2-title">&lt;b&gt;&amp;&quot;&#39;`*_[x](y)|~$#\ \x1b[31m\u202e,=1 ($drinks): % of cases by &lt;b&gt;&amp;&quot;&#39;`*_[x](y)|~$#\ \x1b[31m\u202e,=1: South</title>
 <desc id="t-chart-2-desc">Bars of the percentages that the table shows. The longest one stands for 0.0%.</desc>
-<text class="label" x="0" y="12">&lt;b&gt;&amp;&quot;&#39;`*_[x](y)|~$#\</text>
+<text class="label" x="0" y="12" textLength="174" lengthAdjust="spacingAndGlyphs">&lt;b&gt;&amp;&quot;&#39;`*_[x](y)|~$#\</text>
 <text class="label" x="0" y="30">\x1b[31m\u202e,=1</text>
 <rect class="bar" x="44.00%" y="0" width="0.00%" height="14"/><text x="44.00%" dx="6" y="12">-</text>
 <text class="label" x="0" y="52">=1+1</text>

@@ -99,12 +99,12 @@ Responses per case        -
 
 Association of $drinks with region
 
-                                                       Adjusted
-             Chi-square   Corrected     df         p          p
------------  ----------   ---------   ----   -------   --------
-All members       12.50       11.25   1.75   <0.0001
-Tea               10.13               1       0.0125     0.0250
-Coffee                                1
+                                                   Adjusted
+             Chi-square  Corrected    df        p         p
+-----------  ----------  ---------  ----  -------  --------
+All members       12.50      11.25  1.75  <0.0001
+Tea               10.13             1      0.0125    0.0250
+Coffee                              1
 
 9 cases chose none and are not in the base; with BASE=ASKED it is 235.
 )");
@@ -130,11 +130,11 @@ Missing            5       3            2
 
 Association of $drinks with $food
 
-                                                    Adjusted
-             Chi-square   Corrected   df        p          p
------------  ----------   ---------   --   ------   --------
+                                                Adjusted
+             Chi-square  Corrected  df       p         p
+-----------  ----------  ---------  --  ------  --------
 All members
-Tea, Bread         0.50                1   0.5000     1.0000
+Tea, Bread         0.50              1  0.5000    1.0000
 )");
 }
 
@@ -294,18 +294,12 @@ Hot (net)       -     -    -
 
 Association of $drinks with region
 
-             Chi-square   Corrected     df         p
------------  ----------   ---------   ----   -------
-All members       12.50       11.25   1.75   <0.0001
-Tea               10.13               1       0.0125
-Coffee                                1
-
-             Adjusted
-                    p
------------  --------
-All members
-Tea            0.0250
-Coffee
+                                                   Adjusted
+             Chi-square  Corrected    df        p         p
+-----------  ----------  ---------  ----  -------  --------
+All members       12.50      11.25  1.75  <0.0001
+Tea               10.13             1      0.0125    0.0250
+Coffee                              1
 
 9 cases chose none and are not in the base; with BASE=ASKED
 it is 235.

@@ -474,7 +474,7 @@ class Commands(ShellTest):
         for command, shown in (
             ("help", "  quit                 leave the shell"),
             ("help mdg.", "MDGROUP defines a dichotomy set"),
-            ("help me", "mrset: There is no help on me; there is on DELETE, DISPLAY, MCGROUP, MDGROUP, MRSET, TABULATE, exit,"),
+            ("help me", "mrset: There is no help on me; there is on DELETE, DISPLAY, MCGROUP, MDGROUP, MRSET, TABULATE,"),
             ("help vairables", "mrset: There is no help on vairables; did you mean variables?"),
             ("help undo", "undo takes back the last change of the sets."),
             ("sets now", "mrset: sets must be alone on its line."),

@@ -100,6 +100,9 @@ TEST(Slips, ACommentIsSearchedForACommandThatItTookIn) {
                                                          {"* MRSET /DISPLAY", 0},
                                                          {"* note\nMRSET is a command", 0},
                                                          {"* note\nMRSETS /DISPLAY", 0},
+                                                         {"* note\nTABULATE $a /BY=b", 1},
+                                                         {"* note\ntab $a", 1},
+                                                         {"* note\nTABULATE the answers", 0},
                                                          {"* note\n\n/\n", 0},
                                                          {"*", 0}};
   for (const auto& [comment, line] : rows) {

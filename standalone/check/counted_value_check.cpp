@@ -27,6 +27,13 @@ void CountedValueCheck::Look(std::size_t position, const Block& block) {
   }
 }
 
+void CountedValueCheck::PassOver(std::size_t position) {
+  const auto [first, end] = fPlaces.equal_range(position);
+  for (auto place = first; place != end; ++place) {
+    fWanted[place->second].isFound = true;
+  }
+}
+
 bool CountedValueCheck::Holds(const Block& block, const Wanted& wanted) {
   const auto hasNumber = [&wanted](const std::vector<double>& numbers) {
     return std::find(numbers.begin(), numbers.end(), wanted.number) != numbers.end();

@@ -20,6 +20,9 @@ class CountedValueCheck {
   /// Looks at a sound block of the variable at a position.
   void Look(std::size_t position, const Block& block);
 
+  /// The variable at a position has cells that cannot be read: nothing is said of its sets.
+  void PassOver(std::size_t position);
+
   /// A sentence on each set that is left, in the order of Add(); none without a case.
   std::vector<std::string> Sentences() const;
 

@@ -463,6 +463,7 @@ void Checker::BlockRow(Query& row, std::int64_t number, std::int64_t variable) {
   } catch (const Error& error) {
     RethrowUnless(error, ErrorKind::kDamaged);
     Finding("Block {} of the variable at position {} is not sound: {}.", number, variable, error.what());
+    fCountedValues.PassOver(static_cast<std::size_t>(variable));
   }
 }
 

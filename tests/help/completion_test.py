@@ -17,7 +17,7 @@ from terminal import TAB, Terminal, ctrl  # noqa: E402
 
 FOLDER = os.path.join(ROOT, "completions")
 BASH_SCRIPT = os.path.join(FOLDER, "mrset.bash")
-TOPICS = ["DELETE", "DISPLAY", "MCGROUP", "MDGROUP", "MRSET"]
+TOPICS = ["DELETE", "DISPLAY", "MCGROUP", "MDGROUP", "MRSET", "TABULATE"]
 SETS = ["$drinks", "$größe", "$Drivers"]
 
 ASK = """source "$1"; COMP_LINE=$2; COMP_POINT=${#COMP_LINE}; shift 2

@@ -266,7 +266,7 @@ A workbook has a sheet for each table, and one for the messages. It is complete 
     A1 'Messages'
     A2 'Command', B2 'Place', C2 'Level', D2 'Text', E2 'Hint'
     A3 '1', B3 'all.script, line 2, column 55', C3 'Warning', D3 'One or more of the sets specified do not exist... $none'
-    A4 '3', B4 'all.script, line 4, column 1', C4 'Error', D4 'Line 4: FREQUENCIES is not a command. The command here is MRSET.'
+    A4 '3', B4 'all.script, line 4, column 1', C4 'Error', D4 'Line 4: FREQUENCIES is not a command. The commands here are MRSET and TABULATE.'
     A5 '4', B5 'all.script, line 5', C5 'Fatal', D5 "mrset: backend/mrset/mrsetapply.cpp:LINE: void DeleteMRSets(const MRSetSubcommand&, VARIABLESETS&): Assertion `(*namesIter)[0] == '$'' failed."
     A6 '4', B6 'all.script, line 5', C6 'Hint', D6 'names of sets begin with $; x does not'
     A7 '4', B7 'all.script, line 5', C7 'Aborted', D7 'The command was aborted; the dataset is as it was before it.'

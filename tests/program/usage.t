@@ -484,7 +484,7 @@ Help and version are results.
   $ mrset --version | sed -E 's/ \([0-9a-f]{12}\)$//'
   mrset 0.1.0
   $ mrset --help
-  mrset defines, displays and deletes the multiple response sets of a survey.
+  mrset defines, displays and counts the multiple response sets of a survey.
   Usage: mrset [OPTIONS] SUBCOMMAND
   
   Options:
@@ -495,6 +495,7 @@ Help and version are results.
     import                  Read a survey from CSV into a dataset
     run                     Run commands on a dataset
     shell                   Type commands on a dataset, with help and completion
+    tabulate                Count multiple response sets in tables
     sets                    List a dataset's multiple response sets
     variables               List a dataset's variables
     log                     List the changes of a dataset's sets, and its imports
@@ -507,7 +508,6 @@ Help and version are results.
   "mrset help run" shows the options of run, "mrset help MDGROUP" the language.
   Example:
     mrset import --schema survey.schema.json survey.csv survey.mrset
-    mrset run survey.mrset -c 'MRSET /DISPLAY NAME=ALL'
   $ mrset --help > /dev/full
   mrset: Standard output cannot be written.
   [2]

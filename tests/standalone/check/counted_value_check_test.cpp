@@ -69,6 +69,15 @@ TEST(CountedValueCheck, WithoutCasesNothingIsSaid) {
   EXPECT_THAT(SentencesAfter("1", true, {}), IsEmpty());
 }
 
+TEST(CountedValueCheck, NothingIsSaidOfASetSomeOfWhoseCellsCannotBeRead) {
+  const StoredSet set = Counting("1");
+  CountedValueCheck check;
+  check.Add(set, true, {0, 1});
+  check.Look(0, Numbers({2}));
+  check.PassOver(1);
+  EXPECT_THAT(check.Sentences(), IsEmpty());
+}
+
 TEST(CountedValueCheck, SetsAreToldApart) {
   const StoredSet one = Counting("1");
   const StoredSet two = Counting("2");

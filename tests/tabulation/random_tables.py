@@ -330,10 +330,10 @@ def difference(expected, found, path="table", tolerance=1e-9):
 
 
 def tolerance_of(values, key):
-    """Where the covariance is nearly nothing, it is a small difference of large numbers, and the degrees of freedom are
-    many: double numbers then leave an error of about 1e-12 times their root."""
+    """Many degrees of freedom are a covariance of nearly nothing, which double numbers have by subtraction: 1 / root of
+    the degrees, which is its size, is compared to an absolute 1e-10 or so."""
     if key in ("corrected", "degreesOfFreedom") and values.get("corrected") is not None:
-        return 1e-9 * max(1, math.sqrt(values["degreesOfFreedom"]) / 100)
+        return 1e-9 * max(1, math.sqrt(values["degreesOfFreedom"]) / 10)
     return 1e-9
 
 

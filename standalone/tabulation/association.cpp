@@ -8,9 +8,9 @@
 namespace standalone {
 namespace {
 
-void SetStatistic(double statistic, MemberTest& test) {
-  test.statistic = statistic;
-  test.p = ChiSquareAbove(test.degreesOfFreedom, statistic);
+void SetStatistic(Exact statistic, MemberTest& test) {
+  test.statistic = static_cast<double>(statistic);
+  test.p = ChiSquareAbove(test.degreesOfFreedom, *test.statistic);
 }
 
 std::vector<MemberTest> TestsOfColumns(const TestedTable& table, const Shares& shares) {
@@ -21,10 +21,10 @@ std::vector<MemberTest> TestsOfColumns(const TestedTable& table, const Shares& s
     MemberTest test;
     test.member = table.members[j].name;
     test.degreesOfFreedom = static_cast<int>(categories - 1);
-    double sum = 0;
+    Exact sum = 0;
     for (std::size_t c = 0; c < shares.categories.size(); ++c) {
-      const double excess = shares.excess[j][c];
-      sum += shares.categories[c].isTested ? excess * excess / shares.categories[c].share : 0;
+      const Exact excess = shares.excess[j][c];
+      sum += shares.categories[c].isTested ? excess * excess / shares.categories[c].share : Exact{0};
     }
     if (shares.members[j].isTested) {
       SetStatistic(shares.cases * sum / shares.members[j].Variance(), test);
@@ -43,7 +43,7 @@ std::vector<MemberTest> TestsOfSets(const TestedTable& table, const Shares& shar
       test.byMember = table.categories[c].values[0];
       test.degreesOfFreedom = 1;
       if (shares.members[j].isTested && shares.categories[c].isTested) {
-        const double excess = shares.excess[j][c];
+        const Exact excess = shares.excess[j][c];
         SetStatistic(shares.cases * excess * excess / shares.members[j].Variance() / shares.categories[c].Variance(),
                      test);
       }
@@ -70,6 +70,9 @@ void AddCorrected(double squaredEigenvalues, TabulationTest& test) {
 Testability TestabilityOf(const TestedTable& table) {
   if (table.sums.Present(kBaseRow).cases < 2) {
     return Testability::kSmallBase;
+  }
+  if (table.categories.empty()) {
+    return Testability::kNoCategory;
   }
   const auto used =
       std::count_if(table.categories.begin(), table.categories.end(),

@@ -9,9 +9,10 @@
 
 namespace standalone {
 
-enum class Testability { kTestable, kSmallBase, kOneCategory };
+enum class Testability { kTestable, kSmallBase, kOneCategory, kNoCategory };
 
-/// Whether there is anything to test: two cases and, where columns do not overlap, two of them with cases.
+/// Whether there is anything to test: two cases and, where columns overlap, any column, else two of them
+/// with cases.
 Testability TestabilityOf(const TestedTable& table);
 
 /// The tests of a set against a BY that is testable: Pearson's chi-square of each member, and their sum with the

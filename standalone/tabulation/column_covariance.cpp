@@ -15,13 +15,13 @@
 namespace standalone {
 namespace {
 
-using Vector = std::vector<double>;  // an entry for each category that is tested
+using Vector = std::vector<Exact>;  // an entry for each category that is tested
 
 constexpr std::size_t kProducts = 4;
 using Factors = std::array<Vector, kProducts>;
 
-double Product(const Vector& first, const Vector& second, const Vector& q) {
-  double sum = 0;
+Exact Product(const Vector& first, const Vector& second, const Vector& q) {
+  Exact sum = 0;
   for (std::size_t c = 0; c < q.size(); ++c) {
     sum += first[c] * second[c] / q[c];
   }
@@ -29,10 +29,10 @@ double Product(const Vector& first, const Vector& second, const Vector& q) {
 }
 
 /// The sum of squares of diag(A) + sum of left right', each entry over the root of its two q.
-double SumOfSquares(const Vector& a, const Factors& left, const Factors& right, const Vector& q) {
-  double sum = 0;
+Exact SumOfSquares(const Vector& a, const Factors& left, const Factors& right, const Vector& q) {
+  Exact sum = 0;
   for (std::size_t c = 0; c < q.size(); ++c) {
-    double onDiagonal = 0;
+    Exact onDiagonal = 0;
     for (std::size_t product = 0; product < kProducts; ++product) {
       onDiagonal += left[product][c] * right[product][c];
     }
@@ -57,13 +57,13 @@ class ColumnCovariance {
         fAll.push_back(Mean(place, 0, 0));
       }
     }
-    fWhole = std::accumulate(fAll.begin(), fAll.end(), 0.0);
+    fWhole = std::accumulate(fAll.begin(), fAll.end(), Exact{0});
   }
 
   /// Of the block of two members.
-  double Squares(std::size_t j, std::size_t k) const {
+  Exact Squares(std::size_t j, std::size_t k) const {
     const Vector a = Joint(j, k);
-    const double halfOfA = std::accumulate(a.begin(), a.end(), 0.0) / 2;
+    const Exact halfOfA = std::accumulate(a.begin(), a.end(), Exact{0}) / 2;
     const Vector nj = Deviation(j);
     const Vector nk = Deviation(k);
     Factors left{Vector(fQ), Vector(fQ), nj, Excess(j)};
@@ -80,15 +80,15 @@ class ColumnCovariance {
 
  private:
   /// The mean over the cases of a category that chose two members.
-  double Mean(std::size_t category, std::size_t first, std::size_t second) const {
+  Exact Mean(std::size_t category, std::size_t first, std::size_t second) const {
     return fScale * fSums.InColumn(fShares.categories[category].index, first, second);
   }
 
   std::size_t Entry(std::size_t member) const { return fShares.members[member].index + 1; }
 
   Vector Joint(std::size_t j, std::size_t k) const {
-    const double pj = fShares.members[j].share;
-    const double pk = fShares.members[k].share;
+    const Exact pj = fShares.members[j].share;
+    const Exact pk = fShares.members[k].share;
     Vector joint;
     for (std::size_t c = 0; c < fPlaces.size(); ++c) {
       joint.push_back(Mean(fPlaces[c], Entry(j), Entry(k)) - pk * Mean(fPlaces[c], Entry(j), 0) -
@@ -102,7 +102,7 @@ class ColumnCovariance {
     for (std::size_t c = 0; c < fPlaces.size(); ++c) {
       deviation.push_back(Mean(fPlaces[c], Entry(member), 0) - fShares.members[member].share * fAll[c]);
     }
-    const double whole = std::accumulate(deviation.begin(), deviation.end(), 0.0);
+    const Exact whole = std::accumulate(deviation.begin(), deviation.end(), Exact{0});
     for (std::size_t c = 0; c < fPlaces.size(); ++c) {
       deviation[c] -= fQ[c] * whole;
     }
@@ -119,18 +119,18 @@ class ColumnCovariance {
 
   const Shares& fShares;
   const JointSums& fSums;
-  double fScale;
+  Exact fScale;
   std::vector<std::size_t> fPlaces;  // of the categories that are tested
   Vector fQ;
   Vector fAll;  // E[1_c]
-  double fWhole = 0;
+  Exact fWhole = 0;
 };
 
 }  // namespace
 
 double SquaredEigenvaluesOfColumns(const Shares& shares, const JointSums& sums) {
   const ColumnCovariance covariance(shares, sums);
-  double squares = 0;
+  Exact squares = 0;
   for (std::size_t j = 0; j < shares.members.size(); ++j) {
     for (std::size_t k = 0; k <= j && shares.members[j].isTested; ++k) {
       if (shares.members[k].isTested) {
@@ -138,7 +138,7 @@ double SquaredEigenvaluesOfColumns(const Shares& shares, const JointSums& sums) 
       }
     }
   }
-  return squares;
+  return WithoutRounding(squares);
 }
 
 }  // namespace standalone

@@ -115,9 +115,13 @@ std::vector<std::string> NotesOn(const Tabulation& table, const SetCount& count,
 }
 
 std::string NoteOnNoTest(const std::string& by, Testability testability) {
-  return testability == Testability::kSmallBase
-             ? fmt::format("There is no test by {}: its base is under 2.", by)
-             : fmt::format("There is no test by {}: only one of its categories has cases in the base.", by);
+  const char* reason = "it has no category";
+  if (testability == Testability::kSmallBase) {
+    reason = "its base is under 2";
+  } else if (testability == Testability::kOneCategory) {
+    reason = "only one of its categories has cases in the base";
+  }
+  return fmt::format("There is no test by {}: {}.", by, reason);
 }
 
 std::string NoteOnNoCorrection(const std::string& by) {

@@ -11,15 +11,15 @@ namespace {
 struct Pair {
   Share category;
   Share member;
-  double excess = 0;
-  double mean = 0;  // of (z_c - q_c)(x_j - p_j), weighted by squared weights
-  double nominal = 0;
+  Exact excess = 0;
+  Exact mean = 0;  // of (z_c - q_c)(x_j - p_j), weighted by squared weights
+  Exact nominal = 0;
 };
 
 /// A factor (x - p) of a product: x or, with the sign of it, p.
 struct Term {
   std::size_t entry;
-  double factor;
+  Exact factor;
 };
 
 class SetCovariance {
@@ -35,11 +35,11 @@ class SetCovariance {
     }
   }
 
-  double Squares() const {
-    double squares = 0;
+  Exact Squares() const {
+    Exact squares = 0;
     for (std::size_t a = 0; a < fPairs.size(); ++a) {
       for (std::size_t b = 0; b <= a; ++b) {
-        const double covariance = Covariance(fPairs[a], fPairs[b]);
+        const Exact covariance = Covariance(fPairs[a], fPairs[b]);
         squares += (a == b ? 1 : 2) * covariance * covariance / (fPairs[a].nominal * fPairs[b].nominal);
       }
     }
@@ -49,7 +49,7 @@ class SetCovariance {
  private:
   static std::array<Term, 2> TermsOf(const Share& share) { return {{{share.index + 1, 1}, {0, -share.share}}}; }
 
-  void AddPair(const Share& member, const Share& category, double excess) {
+  void AddPair(const Share& member, const Share& category, Exact excess) {
     if (!member.isTested || !category.isTested) {
       return;
     }
@@ -63,8 +63,8 @@ class SetCovariance {
   }
 
   /// The mean of (z_c - q_c)(z_d - q_d)(x_j - p_j)(x_k - p_k).
-  double MeanOfProduct(const Pair& a, const Pair& b) const {
-    double mean = 0;
+  Exact MeanOfProduct(const Pair& a, const Pair& b) const {
+    Exact mean = 0;
     for (const Term& zc : TermsOf(a.category)) {
       for (const Term& zd : TermsOf(b.category)) {
         for (const Term& xj : TermsOf(a.member)) {
@@ -78,20 +78,20 @@ class SetCovariance {
     return fScale * mean;
   }
 
-  double Covariance(const Pair& a, const Pair& b) const {
+  Exact Covariance(const Pair& a, const Pair& b) const {
     return MeanOfProduct(a, b) - b.excess * a.mean - a.excess * b.mean + a.excess * b.excess * fWhole;
   }
 
   const JointSums& fSums;
-  double fScale;
-  double fWhole;
+  Exact fScale;
+  Exact fWhole;
   std::vector<Pair> fPairs;
 };
 
 }  // namespace
 
 double SquaredEigenvaluesOfSets(const Shares& shares, const JointSums& sums) {
-  return SetCovariance(shares, sums).Squares();
+  return WithoutRounding(SetCovariance(shares, sums).Squares());
 }
 
 }  // namespace standalone

@@ -5,7 +5,7 @@ namespace standalone {
 Shares SharesOf(const TestedTable& table) {
   const CountedCell base = table.sums.Present(kBaseRow);
   Shares shares;
-  shares.cases = static_cast<double>(base.cases);
+  shares.cases = static_cast<Exact>(base.cases);
   shares.weight = base.weights.once;
   for (const ByCategory& category : table.categories) {
     const CountedCell cell = table.sums.At(kBaseRow, category.index);
@@ -19,7 +19,7 @@ Shares SharesOf(const TestedTable& table) {
     shares.members.push_back(share);
     shares.excess.emplace_back();
     for (const Share& category : shares.categories) {
-      const double joint = table.sums.At(row, category.index).weights.once / shares.weight;
+      const Exact joint = table.sums.At(row, category.index).weights.once / shares.weight;
       shares.excess.back().push_back(joint - category.share * share.share);
     }
   }

@@ -311,30 +311,22 @@ class RequestDice:
 # Comparison
 
 
-def difference(expected, found, path="table", tolerance=1e-9):
+def difference(expected, found, path="table"):
     """What differs, as a sentence, or None."""
     if isinstance(expected, dict) and isinstance(found, dict):
         if expected.keys() != found.keys():
             return f"{path}: {sorted(expected)} is expected, not {sorted(found)}"
-        return first(difference(expected[key], found[key], f"{path}.{key}", tolerance_of(expected, key))
+        return first(difference(expected[key], found[key], f"{path}.{key}")
                      for key in expected)
     if isinstance(expected, list) and isinstance(found, list):
         if len(expected) != len(found):
             return f"{path}: {len(expected)} entries are expected, not {len(found)}"
         return first(difference(*pair, f"{path}[{i}]") for i, pair in enumerate(zip(expected, found)))
     if isinstance(expected, float) and type(found) in (int, float):
-        is_same = abs(expected - found) <= tolerance * max(1, abs(expected))
+        is_same = abs(expected - found) <= 1e-9 * max(1, abs(expected))
     else:
         is_same = expected == found and type(expected) is type(found)
     return None if is_same else f"{path}: {expected!r} is expected, not {found!r}"
-
-
-def tolerance_of(values, key):
-    """Many degrees of freedom are a covariance of nearly nothing, which double numbers have by subtraction: 1 / root of
-    the degrees, which is its size, is compared to an absolute 1e-10 or so."""
-    if key in ("corrected", "degreesOfFreedom") and values.get("corrected") is not None:
-        return 1e-9 * max(1, math.sqrt(values["degreesOfFreedom"]) / 10)
-    return 1e-9
 
 
 def first(differences):

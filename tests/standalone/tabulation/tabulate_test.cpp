@@ -398,6 +398,40 @@ TEST(TabulateTest, WithoutCasesThereAreNoFigures) {
   EXPECT_EQ(Described(tables.at(1)), "set $b [$b] answered, weight -, where -\n" + column + notes);
 }
 
+TEST(TabulateTest, ABySetWithoutAMemberHasNoTest) {
+  MemorySource source;
+  source.AddNumeric("a", {"1", "0", "1"});
+  source.AddString("none", {"b", "b", ""});
+  source.AddDichotomies("$a", {"a"});
+  source.AddCategories("$m", {"none"});
+  TabulationRequest request = Ask({"$a"}, {"$m"});
+  request.base = TabulationBase::kAll;
+  request.none = Say("'b'");
+  request.test = Adjustment::kHolm;
+  const Tabulation table = Counted(request, source);
+  EXPECT_TRUE(table.tests.empty());
+  EXPECT_EQ(Described(table, "note"),
+            "The base is under 30 in 1 column: Total (3).\n"
+            "There is no test by $m: it has no category.\n");
+}
+
+TEST(TabulateTest, ACovarianceOfNothingButRoundingCorrectsNothing) {
+  MemorySource source;
+  source.AddNumeric("a", {"1", "3"});
+  source.AddNumeric("b", {"2", "4"});
+  source.AddNumeric("r", {"1", "2"});
+  source.AddNumeric("w", {"0.3", "0.3"});
+  source.AddCategories("$s", {"a", "b"});
+  TabulationRequest request = Ask({"$s"}, {"r"});
+  request.weight = Say("w");
+  request.test = Adjustment::kHolm;
+  const TabulationTest test = Counted(request, source).tests.at(0);
+  EXPECT_EQ(test.statistic, 8);
+  EXPECT_EQ(test.corrected, std::nullopt);
+  EXPECT_EQ(test.degreesOfFreedom, std::nullopt);
+  EXPECT_EQ(test.p, std::nullopt);
+}
+
 TEST(TabulateTest, EachColumnIsReadOnceInABlock) {
   MemorySource source = Breakfast(4);
   TabulationRequest request = Ask({"$drinks", "$food"}, {"region", "$food", "region*tea"});

@@ -1,5 +1,7 @@
 #include "standalone/dataset/case_blocks.h"
 
+#include <cstdint>
+
 #include "standalone/cases/block_codec.h"
 #include "standalone/text/error.h"
 
@@ -27,9 +29,23 @@ std::size_t CaseBlocks::Count() {
     if (id < -1) {
       fDatabase.FailAsDamaged();
     }
-    fCount = static_cast<std::size_t>((id >> 32) + 1);
+    const auto count = static_cast<std::size_t>((id >> 32) + 1);
+    FailUnlessComplete(count);
+    fCount = count;
   }
   return *fCount;
+}
+
+/// Blocks that are lost at the end leave no gap.
+void CaseBlocks::FailUnlessComplete(std::size_t count) {
+  std::uint64_t cases = 0;
+  for (std::size_t number = 0; number < count; ++number) {
+    cases += CasesOf(number);
+  }
+  Query row(fDatabase, "SELECT case_count FROM meta");
+  if (!row.Step() || cases != static_cast<std::uint64_t>(row.Integer(0))) {
+    fDatabase.FailAsDamaged();
+  }
 }
 
 /// As the first variable has them.

@@ -34,6 +34,7 @@ class CaseBlocks {
   void ReadBlock(Column column, std::size_t number, Block& block);
 
  private:
+  void FailUnlessComplete(std::size_t count);
   BlockHead LoadHead(int variable, std::size_t number);
 
   Database& fDatabase;

@@ -1,5 +1,6 @@
 #include "standalone/output/csv/csv_tabulation.h"
 
+#include <cmath>
 #include <string>
 #include <utility>
 
@@ -14,7 +15,7 @@ using Texts = std::vector<std::string>;
 constexpr const char* kSet = "set";
 
 std::string NumberText(const Figure& figure) {
-  return figure ? ShortestNumber(*figure) : "";
+  return figure && std::isfinite(*figure) ? ShortestNumber(*figure) : "";
 }
 
 void Append(Texts& texts, const Texts& more) {

@@ -338,6 +338,8 @@ TEST_F(DatasetTest, BlocksThatDoNotFitTogetherAreDamage) {
        "of another type"},
       {"UPDATE block SET id = id + (1 << 32)", "of another number"},
       {"DELETE FROM block WHERE id = 1", "a block"},
+      {"DELETE FROM block", "all blocks"},
+      {"UPDATE meta SET case_count = case_count + 1", "another number of cases"},
   };
   for (const Row& row : rows) {
     std::filesystem::remove(kFile);

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <limits>
 #include <memory>
 #include <sstream>
 #include <string>
@@ -122,6 +123,14 @@ $drinks,Drinks,answered,,,,,,Total,Hot,Hot,true,226,226,100,,240,226,9,5,226,226
 $drinks,Drinks,answered,,,region,N,,North,Hot,Hot,true,128,128,100,,140,128,7,5,128,128,128,131,1.0234375
 $drinks,Drinks,answered,,,region,S,,South,Hot,Hot,true,0,0,,,2,0,2,0,0,0,,0,
 )");
+}
+
+TEST(CsvTabulation, AFigureBeyondAllNumbersIsEmpty) {
+  Tabulation tabulation = DrinksByRegion();
+  tabulation.rows.resize(1);
+  tabulation.rows[0].cells[0].percentOfCases = std::numeric_limits<double>::infinity();
+  tabulation.rows[0].cells[0].percentOfResponses = std::numeric_limits<double>::quiet_NaN();
+  EXPECT_THAT(Csv(tabulation), testing::HasSubstr("Tea,false,220,220,,,240,"));
 }
 
 TEST(CsvTabulation, HasErrorsAndTestsWhereTheyAreAskedFor) {

@@ -11,15 +11,17 @@ import sys
 import tempfile
 import textwrap
 
+import counting
 import goals
-from processes import Failure, Scales
+from processes import Failure, Scales, Skipped
 
+GOALS = {**goals.GOALS, **counting.GOALS}
 SIZES = {"full": goals.FULL, "quick": goals.QUICK, "smallest": goals.SMALLEST}
 
 
 def parse_arguments():
     parser = argparse.ArgumentParser(prog="scripts/bench", description=__doc__)
-    parser.add_argument("--goal", type=int, action="append", choices=sorted(goals.GOALS),
+    parser.add_argument("--goal", type=int, action="append", choices=sorted(GOALS),
                         help="measure this one; may be given several times (default: all)")
     parser.add_argument("--quick", action="store_const", const="quick", dest="size", default="full",
                         help="smaller data, fewer repetitions")
@@ -49,28 +51,32 @@ def machine():
 
 
 def measure(arguments):
-    rows, failures = [], []
+    rows, failures, skipped = [], [], []
     with tempfile.TemporaryDirectory(dir=arguments.scratch or arguments.programs, prefix="bench-") as folder:
         folder = pathlib.Path(folder)
         scales = Scales(arguments.programs / "run_and_weigh", folder)
         bench = goals.Bench(arguments.programs, scales, folder, SIZES[arguments.size])
-        for number in arguments.goal or sorted(goals.GOALS):
+        for number in arguments.goal or sorted(GOALS):
             try:
-                for row in goals.GOALS[number](bench):
+                for row in GOALS[number](bench):
                     show(row)
                     rows.append(row)
             except Failure as failure:
                 print(f"{number}  not measured: {failure}", flush=True)
                 failures.append({"goal": number, "failure": str(failure)})
-    return rows, failures
+            except Skipped as reason:
+                print(f"{number}  skipped: {reason}", flush=True)
+                skipped.append({"goal": number, "reason": str(reason)})
+    return rows, failures, skipped
 
 
 def main():
     arguments = parse_arguments()
-    rows, failures = measure(arguments)
+    rows, failures, skipped = measure(arguments)
     if arguments.json:
         result = {"size": arguments.size, "machine": machine(),
-                  "ratios": [{**dataclasses.asdict(row), "met": row.met()} for row in rows], "failures": failures}
+                  "ratios": [{**dataclasses.asdict(row), "met": row.met()} for row in rows], "failures": failures,
+                  "skipped": skipped}
         arguments.json.write_text(json.dumps(result, indent=2) + "\n")
     return 1 if failures else 0
 

@@ -37,14 +37,18 @@ class Sizes:
     rows: int
     columns: int
     displayed: int
+    counted: int  # cases of the surveys whose sets are counted; ten times as many in one of them
+    counted_wide: int  # variables of the widest of them
+    small: int  # cases of the smallest
     repetitions: int
     module_repetitions: int
     module_seconds: float  # at least, for each entry and repetition
 
 
-FULL = Sizes((10, 100, 1000, 3000), (100, 1000, 10000, 100000), 1000, 1000000, 1000, 1000000, 50, 1000, 7, 15, 0.05)
-QUICK = dataclasses.replace(FULL, many_variables=100000, rows=100000, repetitions=3, module_repetitions=5)
-SMALLEST = Sizes((10,), (100, 1000), 20, 200, 5, 200, 10, 5, 1, 1, 0.0001)
+FULL = Sizes((10, 100, 1000, 3000), (100, 1000, 10000, 100000), 1000, 1000000, 1000, 1000000, 50, 1000,
+             1000000, 2000, 240, 7, 15, 0.05)
+QUICK = dataclasses.replace(FULL, many_variables=100000, rows=100000, counted=100000, repetitions=3, module_repetitions=5)
+SMALLEST = Sizes((10,), (100, 1000), 20, 200, 5, 200, 10, 5, 300, 60, 24, 1, 1, 0.0001)
 
 
 def seconds(value):
@@ -59,8 +63,8 @@ class Bench:
     """What the goals share: the programs, the folder for files, the sizes."""
 
     def __init__(self, programs, scales, folder, sizes):
+        self.programs = programs
         self.mrset = programs / "mrset"
-        self.module_bench = programs / "bench_module"
         self.scales = scales
         self.folder = folder
         self.sizes = sizes
@@ -88,24 +92,44 @@ class Bench:
                 leftover.unlink()
         return remove
 
-    def microseconds(self, names):
-        """The medians of benchmarks of the module, by name, with the host's calls. They run in random turns."""
+    def medians(self, program, names):
+        """The medians of benchmarks of a program, by name. They run in random turns."""
         pattern = "^(" + "|".join(names) + ")/manual_time$"
-        out = self.path("module.json")
-        done = subprocess.run([self.module_bench, f"--benchmark_filter={pattern}", "--benchmark_out_format=json",
+        out = self.path("benchmarks.json")
+        done = subprocess.run([self.programs / program, f"--benchmark_filter={pattern}", "--benchmark_out_format=json",
                                f"--benchmark_out={out}", f"--benchmark_repetitions={self.sizes.module_repetitions}",
                                f"--benchmark_min_time={self.sizes.module_seconds}",
                                "--benchmark_enable_random_interleaving=true"],
                               stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, text=True)
         if done.returncode != 0:
-            raise Failure(f"bench_module failed: {done.stderr.strip()}")
+            raise Failure(f"{program} failed: {done.stderr.strip()}")
         runs = json.loads(out.read_text())["benchmarks"]
         wanted = "median" if self.sizes.module_repetitions > 1 else None
-        found = {run["run_name"].removesuffix("/manual_time"): (run["real_time"], int(run["calls"])) for run in runs
+        found = {run["run_name"].removesuffix("/manual_time"): run for run in runs
                  if run.get("aggregate_name") == wanted}
         if set(found) != set(names):
-            raise Failure(f"bench_module measured {sorted(found)} instead of {sorted(names)}")
+            raise Failure(f"{program} measured {sorted(found)} instead of {sorted(names)}")
         return found
+
+    def microseconds(self, names):
+        """Of benchmarks of the module, with the host's calls."""
+        return {name: (run["real_time"], int(run["calls"])) for name, run in self.medians("bench_module", names).items()}
+
+    def milliseconds(self, program, names):
+        return {name: run["real_time"] for name, run in self.medians(program, names).items()}
+
+    def compare_import(self, goal, survey, what, limit):
+        """The import of a survey against that of sqlite3, time and memory."""
+        ours, theirs = self.compare(
+            Candidate([self.mrset, "import", survey, self.path("import.mrset")], self.remove_before("import.mrset")),
+            Candidate(["sqlite3", "-batch", self.path("import.db"), f".import --csv {survey} survey"],
+                      self.remove_before("import.db")))
+        line = (f"{seconds(ours.wall)} and {seconds(theirs.wall)}; of the processor "
+                f"{seconds(ours.user + ours.system)} and {seconds(theirs.user + theirs.system)}; "
+                f"{megabytes(survey.stat().st_size / 1024)} of CSV")
+        return [Row(goal, what + ": time", "mrset import", "sqlite3 .import", ours.wall / theirs.wall, limit, line),
+                Row(goal, what + ": memory", "peak", "1 MB", ours.peak * 1024 / 1e6, 100,
+                    f"peak {megabytes(ours.peak)}, of sqlite3 {megabytes(theirs.peak)}")]
 
 
 def against_floor(bench, goal, name, size, what):
@@ -259,18 +283,7 @@ def import_survey(bench):
     for count in (bench.sizes.rows // 10, bench.sizes.rows):
         survey = bench.path("import.csv")
         surveys.write_survey(survey, count, bench.sizes.columns)
-        ours, theirs = bench.compare(
-            Candidate([bench.mrset, "import", survey, bench.path("import.mrset")],
-                      bench.remove_before("import.mrset")),
-            Candidate(["sqlite3", "-batch", bench.path("import.db"), f".import --csv {survey} survey"],
-                      bench.remove_before("import.db")))
-        what = f"import of {count} rows, {bench.sizes.columns} columns"
-        line = (f"{seconds(ours.wall)} and {seconds(theirs.wall)}; of the processor "
-                f"{seconds(ours.user + ours.system)} and {seconds(theirs.user + theirs.system)}; "
-                f"{megabytes(survey.stat().st_size / 1024)} of CSV")
-        rows += [Row(7, what + ": time", "mrset import", "sqlite3 .import", ours.wall / theirs.wall, 1.3, line),
-                 Row(7, what + ": memory", "peak", "1 MB", ours.peak * 1024 / 1e6, 100,
-                     f"peak {megabytes(ours.peak)}, of sqlite3 {megabytes(theirs.peak)}")]
+        rows += bench.compare_import(7, survey, f"import of {count} rows, {bench.sizes.columns} columns", 1.3)
     return rows
 
 

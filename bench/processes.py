@@ -10,6 +10,10 @@ class Failure(Exception):
     """A measurement that could not be made, as one sentence."""
 
 
+class Skipped(Exception):
+    """A measurement that this machine cannot make, as one sentence."""
+
+
 @dataclasses.dataclass
 class Cost:
     """What one process cost: seconds by the clock and of the processor, and its peak memory in KiB."""

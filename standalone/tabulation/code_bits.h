@@ -13,6 +13,9 @@ namespace standalone {
 void KeepCode(const std::uint8_t* codes, std::size_t cases, std::uint8_t code, Bits& bits);
 void KeepCode(const std::uint16_t* codes, std::size_t cases, std::uint16_t code, Bits& bits);
 
+/// The same with the instructions that every processor has.
+void KeepCodeAnywhere(const std::uint8_t* codes, std::size_t cases, std::uint8_t code, Bits& bits);
+
 }  // namespace standalone
 
 #endif  // STANDALONE_TABULATION_CODE_BITS_H

@@ -28,6 +28,17 @@ std::vector<std::string> FromJsonArray(Database& database, const std::string& te
   return json.get<std::vector<std::string>>();
 }
 
+// Of scalars alone: to release an array takes memory, and the lack of it would end the process in the middle of a
+// write.
+std::string ToJsonArray(const std::vector<std::string>& texts) {
+  std::string json = "[";
+  for (const std::string& text : texts) {
+    json += json.size() == 1 ? "" : ",";
+    json += nlohmann::json(text).dump();
+  }
+  return json + "]";
+}
+
 std::int64_t LastNumber(Database& database) {
   Query row(database, "SELECT max(number) FROM history");
   row.Step();
@@ -36,7 +47,7 @@ std::int64_t LastNumber(Database& database) {
 
 void AddBeforeForm(Database& database, std::int64_t number, const SetEdit& edit) {
   const StoredSet& set = *edit.before->set;
-  const std::string variables = nlohmann::json(set.variables).dump();
+  const std::string variables = ToJsonArray(set.variables);
   Query(database, "INSERT INTO history_set VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)")
       .Bind(number)
       .Bind(edit.id)

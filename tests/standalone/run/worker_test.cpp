@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 #include <signal.h>
-#include <sys/resource.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -17,6 +16,7 @@
 #include <vector>
 
 #include "standalone/text/error.h"
+#include "tests/host/allocation.h"
 
 namespace standalone {
 namespace {
@@ -135,9 +135,8 @@ TEST(Worker, EndsAtWhateverElseIsThrownAsAtAFailedAssertion) {
 
 TEST(Worker, SaysThatNothingIsKnownWhereThereIsNoMemoryToPassOnWhy) {
   const auto failWithoutMemory = [](const ScriptCommand&, const Tell&, const Notify&) -> bool {
-    const Error error(std::string(40'000'000, 'x'));
-    const rlimit none{};
-    setrlimit(RLIMIT_AS, &none);
+    const Error error("A sentence.");
+    static const scripted::AllocationScope kNoMemory(1, scripted::FaultMode::kFromThenOn);
     throw error;
   };
   UseWorker(failWithoutMemory, [](Worker& worker) {

@@ -6,7 +6,9 @@
 #include <chrono>
 #include <cstdint>
 #include <memory>
+#include <new>
 
+#include "standalone/text/error.h"
 #include "tests/host/allocation.h"
 #include "tests/standalone/temporary_folder.h"
 
@@ -19,6 +21,7 @@ constexpr const char* kFile = "survey.mrset";
 class NoDescriptors {
  public:
   NoDescriptors() {
+    SentenceOf(std::bad_alloc());  // where types are checked, they are for the first time, which takes a descriptor
     getrlimit(RLIMIT_NOFILE, &fBefore);
     const rlimit none{0, fBefore.rlim_max};
     setrlimit(RLIMIT_NOFILE, &none);

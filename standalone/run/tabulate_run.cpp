@@ -10,7 +10,7 @@
 #include "standalone/language/place.h"
 #include "standalone/language/slips.h"
 #include "standalone/tabulation/dataset_source.h"
-#include "standalone/tabulation/tabulate_grammar.h"
+#include "standalone/tabulation/grammar/tabulate_grammar.h"
 #include "standalone/tabulation/tabulation_error.h"
 
 namespace standalone {

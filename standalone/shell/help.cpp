@@ -5,7 +5,7 @@
 #include "standalone/language/grammar.h"
 #include "standalone/output/plain/wrap.h"
 #include "standalone/shell/shell_word.h"
-#include "standalone/tabulation/tabulate_grammar.h"
+#include "standalone/tabulation/grammar/tabulate_grammar.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "standalone/shell/completer.h"
-#include "standalone/tabulation/tabulate_grammar.h"
+#include "standalone/tabulation/grammar/tabulate_grammar.h"
 
 namespace standalone {
 

@@ -10,15 +10,15 @@
 #include <utility>
 
 #include "standalone/storage/interrupt.h"
-#include "standalone/tabulation/by_reader.h"
-#include "standalone/tabulation/figures.h"
-#include "standalone/tabulation/known_words.h"
-#include "standalone/tabulation/notes.h"
-#include "standalone/tabulation/set_count.h"
-#include "standalone/tabulation/table_builder.h"
+#include "standalone/tabulation/counting/set_count.h"
+#include "standalone/tabulation/reading/by_reader.h"
+#include "standalone/tabulation/reading/known_words.h"
+#include "standalone/tabulation/reading/weight_reader.h"
+#include "standalone/tabulation/reading/where_reader.h"
+#include "standalone/tabulation/statistics/figures.h"
+#include "standalone/tabulation/table/notes.h"
+#include "standalone/tabulation/table/table_builder.h"
 #include "standalone/tabulation/tabulation_error.h"
-#include "standalone/tabulation/weight_reader.h"
-#include "standalone/tabulation/where_reader.h"
 #include "standalone/text/error.h"
 
 namespace standalone {

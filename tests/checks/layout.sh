@@ -41,24 +41,27 @@ deny 'the writer of workbooks is included outside its file' \
 deny 'the line editor is included outside its file' \
   < <(includes backend host standalone | grep -E ':(histedit\.h|editline/)' | grep -v '^standalone/shell/line_editor.cpp:' || true)
 deny 'Boost is included outside its file' \
-  < <(includes backend host standalone | grep -E ':boost/' | grep -v '^standalone/tabulation/distributions.cpp:' || true)
+  < <(includes backend host standalone | grep -E ':boost/' | grep -v '^standalone/tabulation/statistics/distributions.cpp:' || true)
 
-# The folders of standalone/, each of which includes itself and those before it.
-order=(text files language storage cases dataset tabulation check output hints host run import sets shell console options advice commands
-  program)
-known=' '
-for folder in "${order[@]}"; do
-  known+="$folder "
-  while IFS=: read -r file included; do
-    rest=${included#standalone/}
-    case "$known" in
-      *" ${rest%%/*} "*) ;;
-      *) deny "standalone/$folder/ includes a folder that comes after it" <<< "$file: $included" ;;
-    esac
-  done < <(includes "standalone/$folder" | grep ':standalone/' || true)
-done
-deny 'a folder of standalone/ has no place in the order' \
-  < <(find standalone -mindepth 1 -maxdepth 1 -type d -printf '%f\n' | grep -vxF "$(printf '%s\n' "${order[@]}")" || true)
+# check_order ROOT FOLDER...: all folders of ROOT, each of which includes itself, those before it, and files of ROOT itself.
+check_order() {
+  local root=$1 folder file included rest known=' '
+  for folder in "${@:2}"; do
+    known+="$folder "
+    while IFS=: read -r file included; do
+      rest=${included#"$root"/}
+      case "$known" in
+        *" ${rest%%/*} "*) ;;
+        *) deny "$root/$folder/ includes a folder that comes after it" <<< "$file: $included" ;;
+      esac
+    done < <(includes "$root/$folder" | grep -E ":$root/.+/" || true)
+  done
+  deny "a folder of $root/ has no place in the order" \
+    < <(find "$root" -mindepth 1 -maxdepth 1 -type d -printf '%f\n' | grep -vxF "$(printf '%s\n' "${@:2}")" || true)
+}
+check_order standalone text files language storage cases dataset tabulation check output hints host run import sets shell \
+  console options advice commands program
+check_order standalone/tabulation grammar reading counting statistics table
 
 # Files are touched in one folder, which owns descriptors, repeats what signals interrupt and leaves nothing half done.
 deny 'a call on files stands outside standalone/files/' < <(

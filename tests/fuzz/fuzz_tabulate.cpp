@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "standalone/tabulation/tabulate_grammar.h"
+#include "standalone/tabulation/grammar/tabulate_grammar.h"
 #include "standalone/tabulation/tabulation_error.h"
 #include "tests/fuzz/check.h"
 #include "tests/fuzz/tabulate_text.h"

@@ -11,7 +11,7 @@
 #include "standalone/language/tokenizer.h"
 #include "standalone/run/supervisor.h"
 #include "standalone/shell/dataset_completion_source.h"
-#include "standalone/tabulation/tabulate_grammar.h"
+#include "standalone/tabulation/grammar/tabulate_grammar.h"
 #include "standalone/text/unicode.h"
 #include "tests/standalone/shell/shell_dataset.h"
 

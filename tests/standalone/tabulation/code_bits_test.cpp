@@ -1,4 +1,4 @@
-#include "standalone/tabulation/code_bits.h"
+#include "standalone/tabulation/reading/code_bits.h"
 
 #include <gtest/gtest.h>
 

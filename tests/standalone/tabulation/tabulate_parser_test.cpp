@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "standalone/tabulation/tabulate_grammar.h"
+#include "standalone/tabulation/grammar/tabulate_grammar.h"
 #include "standalone/tabulation/tabulation_error.h"
 
 namespace standalone {

@@ -1,0 +1,108 @@
+#include "standalone/tabulation/counting/joint_sums.h"
+
+#include <algorithm>
+
+namespace standalone {
+namespace {
+
+/// The place of a pair among all pairs, in the order of their greater ones.
+std::size_t PlaceOf(std::size_t greater, std::size_t smaller) {
+  return greater * (greater + 1) / 2 + smaller;
+}
+
+std::size_t PlaceOfAny(std::size_t first, std::size_t second) {
+  return PlaceOf(std::max(first, second), std::min(first, second));
+}
+
+}  // namespace
+
+void ChosenLists::Read(const std::vector<CaseGroup>& chosen) {
+  fEnds.assign(kChunkCases, 1);
+  for (const CaseGroup& group : chosen) {
+    ForEachCase(group.cases, [this](std::size_t place) { ++fEnds[place]; });
+  }
+  fBegins.assign(kChunkCases + 1, 0);
+  for (std::size_t place = 0; place < kChunkCases; ++place) {
+    fBegins[place + 1] = fBegins[place] + fEnds[place];
+    fEnds[place] = fBegins[place] + 1;
+  }
+  fEntries.assign(fBegins.back(), 0);
+  for (const CaseGroup& group : chosen) {
+    const auto entry = static_cast<std::uint32_t>(group.index + 1);
+    ForEachCase(group.cases, [&](std::size_t place) { fEntries[fEnds[place]++] = entry; });
+  }
+}
+
+void JointSums::AddCase(std::size_t row, const std::uint32_t* begin, const std::uint32_t* end, double squared) {
+  const std::size_t needed = PlaceOf(*(end - 1) + std::size_t{1}, 0);
+  const std::size_t newRows = row < fBlock.size() ? 0 : row + 1 - fBlock.size();
+  const std::size_t had = newRows > 0 ? 0 : fBlock[row].size();
+  fSums += newRows + needed - std::min(needed, had);
+  if (IsTooLarge()) {
+    return;
+  }
+  fBlock.resize(fBlock.size() + newRows);
+  Triangle& triangle = fBlock[row];
+  triangle.resize(std::max(needed, had));
+  for (const std::uint32_t* greater = begin; greater != end; ++greater) {
+    double* sums = triangle.data() + PlaceOf(*greater, 0);
+    for (const std::uint32_t* smaller = begin; smaller <= greater; ++smaller) {
+      sums[*smaller] += squared;
+    }
+  }
+}
+
+void JointSums::Add(const Bits& base, const ChosenLists& lists, ByReader& by, const Weights* weights) {
+  const Bits cases = Both(base, by.Current().present);
+  const auto squaredOf = [weights](std::size_t place) { return weights == nullptr ? 1.0 : (*weights)[place].squared; };
+  if (by.Set() == nullptr) {
+    const std::vector<std::uint32_t>& columnOf = by.ColumnOfCases();
+    ForEachCase(cases, [&](std::size_t place) {
+      if (!IsTooLarge()) {
+        AddCase(columnOf[place], lists.begin(place), lists.end(place), squaredOf(place));
+      }
+    });
+    return;
+  }
+  fColumnLists.Read(by.Current().groups);
+  ForEachCase(cases, [&](std::size_t place) {
+    const std::uint32_t* columns = fColumnLists.begin(place);
+    for (const std::uint32_t* greater = columns; greater != fColumnLists.end(place); ++greater) {
+      for (const std::uint32_t* smaller = columns; smaller <= greater && !IsTooLarge(); ++smaller) {
+        AddCase(PlaceOf(*greater, *smaller), lists.begin(place), lists.end(place), squaredOf(place));
+      }
+    }
+  });
+}
+
+void JointSums::EndBlock() {
+  if (IsTooLarge()) {
+    fBlock.clear();
+    fTotal.clear();
+    return;
+  }
+  fTotal.resize(fBlock.size());
+  for (std::size_t row = 0; row < fBlock.size(); ++row) {
+    fTotal[row].resize(fBlock[row].size());
+    for (std::size_t place = 0; place < fBlock[row].size(); ++place) {
+      fTotal[row][place] += fBlock[row][place];
+      fBlock[row][place] = 0;
+    }
+  }
+}
+
+double JointSums::At(std::size_t row, std::size_t first, std::size_t second) const {
+  const std::size_t place = PlaceOfAny(first, second);
+  return row < fTotal.size() && place < fTotal[row].size() ? fTotal[row][place] : 0;
+}
+
+double JointSums::InColumn(std::size_t column, std::size_t first, std::size_t second) const {
+  return At(column, first, second);
+}
+
+double JointSums::InColumns(std::size_t firstColumn, std::size_t secondColumn, std::size_t first,
+                            std::size_t second) const {
+  return At(PlaceOfAny(firstColumn, secondColumn), first, second);
+}
+
+}  // namespace standalone

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <iostream>
+#include <iterator>
 #include <map>
 #include <memory>
 #include <optional>
@@ -25,7 +26,7 @@
 #include "standalone/options/format_option.h"
 #include "standalone/options/output_option.h"
 #include "standalone/options/value_type.h"
-#include "standalone/output/json/result_json.h"
+#include "standalone/output/json/tabulation_json.h"
 #include "standalone/output/plain/text_tabulation.h"
 #include "standalone/storage/companions.h"
 #include "standalone/tabulation/dataset_source.h"
@@ -207,11 +208,13 @@ void RenderText(const TabulateOptions& options, const Results& results, std::ost
 
 void RenderJson(const Results& results, std::ostream& stream) {
   for (const Tabulation& table : results.tables) {
-    stream << OneLine(ToJson(Item(table))) << '\n';
+    JsonWriter json(stream);
+    WriteJson(json, table);
+    stream << '\n';
   }
 }
 
-void Render(const TabulateOptions& options, const Results& results, std::ostream& stream, OutputLook look) {
+void Render(const TabulateOptions& options, Results results, std::ostream& stream, OutputLook look) {
   const OutputFormat& format = FormatNamed(options.format.format);
   if (look.isTerminal && format.refusalOfTerminal != nullptr) {
     throw Error(format.refusalOfTerminal);
@@ -228,18 +231,18 @@ void Render(const TabulateOptions& options, const Results& results, std::ostream
   result.number = 1;
   result.text = results.command;
   result.procedure = kTabulateProcedure;
-  result.items.assign(results.tables.begin(), results.tables.end());
+  result.items.assign(std::make_move_iterator(results.tables.begin()), std::make_move_iterator(results.tables.end()));
   const std::unique_ptr<Renderer> renderer = format.makeRenderer(stream, look);
   renderer->Write(result);
   renderer->Finish();
 }
 
-void Write(const TabulateOptions& options, const Results& results) {
+void Write(const TabulateOptions& options, Results results) {
   if (!options.outputPath) {
-    return Render(options, results, std::cout, LookOfOutput(options.format));
+    return Render(options, std::move(results), std::cout, LookOfOutput(options.format));
   }
   OutputFile file(*options.outputPath, ComplaintOnReservedName);
-  Render(options, results, file.Stream(), LookOfFile(options.format));
+  Render(options, std::move(results), file.Stream(), LookOfFile(options.format));
   file.Commit();
 }
 

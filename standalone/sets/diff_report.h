@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <string>
 
-#include "standalone/output/json/result_json.h"
+#include "standalone/output/json/json_writer.h"
 #include "standalone/sets/set_diff.h"
 
 namespace standalone {

@@ -3,6 +3,7 @@
 // behind.
 
 #include <array>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -73,9 +74,13 @@ void SaveChangedSets(const std::string& path) {
 
 void RunCommand(const std::string& path, std::string_view command) {
   Dataset dataset(path);
-  const standalone::OutputSink sink{
-      [](const std::string&) {},
-      [](const standalone::Item& item) { Check(!standalone::OneLine(standalone::ToJson(item)).empty(), "an item"); }};
+  const standalone::OutputSink sink{[](const std::string&) {},
+                                    [](const standalone::Item& item) {
+                                      std::ostringstream stream;
+                                      standalone::JsonWriter json(stream);
+                                      WriteJson(json, item);
+                                      Check(stream.tellp() > 0, "an item");
+                                    }};
   const standalone::ScriptCommand scriptCommand{std::string(command), 1};
   const std::vector<standalone::Token> tokens = standalone::Tokenize(command);
   dataset.BeginTransaction(standalone::Access::kShared);

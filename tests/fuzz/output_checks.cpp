@@ -106,7 +106,10 @@ void CheckTable(const standalone::Table& table, std::size_t width) {
 }
 
 void CheckJson(const standalone::Item& item) {
-  const std::string line = standalone::OneLine(standalone::ToJson(item));
+  std::ostringstream stream;
+  standalone::JsonWriter json(stream);
+  WriteJson(json, item);
+  const std::string line = stream.str();
   Check(line.find('\n') == std::string::npos && CodePoints(line).has_value(), "JSON is one line of UTF-8");
   CheckSame(standalone::OneLine(Json::parse(line)), line, "JSON that was read");
 }

@@ -48,9 +48,7 @@ class CsvRenderer final : public Renderer {
 
   void WriteTabulation(const CommandResult& result, const Tabulation& tabulation) {
     fTables.Place({}, {});
-    for (const Table& table : CsvTables(tabulation)) {
-      fTables.Write(table);
-    }
+    WriteCsv(fTables, tabulation);
     for (const std::string& note : tabulation.notes) {
       Tell(fShowsCommands ? CommandInWords(result) + ": " + tabulation.set : tabulation.set, note);
     }

@@ -2,7 +2,7 @@
 
 #include <cmath>
 #include <string>
-#include <utility>
+#include <vector>
 
 #include "standalone/output/tabulation_words.h"
 #include "standalone/text/number_text.h"
@@ -72,8 +72,8 @@ Texts BaseTexts(const TabulationColumn& column) {
           NumberText(column.responsesPerCase)};
 }
 
-Table CellTable(const Tabulation& tabulation) {
-  Table table{tabulation.set, kSet, "", CellHeadings(tabulation), {}};
+void WriteCells(TableWriter& tables, const Tabulation& tabulation) {
+  tables.Begin({tabulation.set, kSet, "", CellHeadings(tabulation), {}});
   for (const TabulationRow& row : tabulation.rows) {
     for (std::size_t column = 0; column < tabulation.columns.size(); ++column) {
       Texts texts = SetTexts(tabulation);
@@ -81,39 +81,37 @@ Table CellTable(const Tabulation& tabulation) {
       Append(texts, {row.member, row.label, row.isNet ? "true" : "false"});
       Append(texts, FigureTexts(row.cells[column], tabulation.hasErrors));
       Append(texts, BaseTexts(tabulation.columns[column]));
-      table.rows.push_back(RowOf(texts));
+      tables.Add(RowOf(texts));
     }
   }
-  return table;
+  tables.End();
 }
 
 /// A row for the whole set, whose member is empty, then one for each of its members.
-Table TestTable(const Tabulation& tabulation) {
-  Table table{tabulation.set,
-              kSet,
-              "",
-              {"by", "member", "byMember", "statistic", "corrected", "degreesOfFreedom", "p", "adjustedP"},
-              {}};
+void WriteTests(TableWriter& tables, const Tabulation& tabulation) {
+  tables.Begin({tabulation.set,
+                kSet,
+                "",
+                {"by", "member", "byMember", "statistic", "corrected", "degreesOfFreedom", "p", "adjustedP"},
+                {}});
   for (const TabulationTest& test : tabulation.tests) {
-    table.rows.push_back(RowOf({tabulation.set, test.by, "", "", NumberText(test.statistic), NumberText(test.corrected),
-                                NumberText(test.degreesOfFreedom), NumberText(test.p), ""}));
+    tables.Add(RowOf({tabulation.set, test.by, "", "", NumberText(test.statistic), NumberText(test.corrected),
+                      NumberText(test.degreesOfFreedom), NumberText(test.p), ""}));
     for (const MemberTest& member : test.members) {
-      table.rows.push_back(
-          RowOf({tabulation.set, test.by, member.member, member.byMember, NumberText(member.statistic), "",
-                 std::to_string(member.degreesOfFreedom), NumberText(member.p), NumberText(member.adjustedP)}));
+      tables.Add(RowOf({tabulation.set, test.by, member.member, member.byMember, NumberText(member.statistic), "",
+                        std::to_string(member.degreesOfFreedom), NumberText(member.p), NumberText(member.adjustedP)}));
     }
   }
-  return table;
+  tables.End();
 }
 
 }  // namespace
 
-std::vector<Table> CsvTables(const Tabulation& tabulation) {
-  std::vector<Table> tables = {CellTable(tabulation)};
+void WriteCsv(TableWriter& tables, const Tabulation& tabulation) {
+  WriteCells(tables, tabulation);
   if (tabulation.hasTests) {
-    tables.push_back(TestTable(tabulation));
+    WriteTests(tables, tabulation);
   }
-  return tables;
 }
 
 }  // namespace standalone

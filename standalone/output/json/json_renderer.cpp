@@ -10,7 +10,11 @@ class JsonRenderer final : public Renderer {
  public:
   explicit JsonRenderer(std::ostream& stream) : fStream(stream) {}
 
-  void Write(const CommandResult& result) override { fStream << OneLine(ToJson(result)) << '\n'; }
+  void Write(const CommandResult& result) override {
+    JsonWriter json(fStream);
+    WriteJson(json, result);
+    fStream << '\n';
+  }
 
  private:
   std::ostream& fStream;

@@ -3,10 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
-#include <utility>
 
 #include "standalone/output/json/tabulation_json.h"
-#include "standalone/text/visible.h"
 
 namespace standalone {
 namespace {
@@ -29,96 +27,79 @@ const char* NameOf(const std::array<Named<Value>, kSize>& table, Value value) {
   return std::find_if(table.begin(), std::prev(table.end()), isNamed)->name;
 }
 
-Json OrNull(const std::optional<std::string>& text) {
-  return text ? Json(*text) : Json(nullptr);
-}
-
-Json ValueToJson(const Cell& cell) {
-  if (const auto* text = std::get_if<std::string>(&cell.value)) {
-    return *text;
-  }
+void WriteValue(JsonWriter& json, const Cell& cell) {
   if (const auto* list = std::get_if<std::vector<std::string>>(&cell.value)) {
-    return *list;
+    json.Texts(*list);
+  } else {
+    const auto* text = std::get_if<std::string>(&cell.value);
+    json.Value(text == nullptr ? Json() : Json(*text));
   }
-  return nullptr;
 }
 
-Json RowToJson(const TableRow& row) {
-  Json cells = Json::array();
-  Json notes = Json::array();
-  for (const Cell& cell : row.cells) {
-    cells.push_back(ValueToJson(cell));
-    notes.push_back(OrNull(cell.note));
-  }
-  return {{"name", row.name}, {"cells", std::move(cells)}, {"notes", std::move(notes)}};
+void WriteRow(JsonWriter& json, const TableRow& row) {
+  json.Object([&] {
+    json.Member("name", row.name);
+    json.Array("cells", row.cells, [&](const Cell& cell) { WriteValue(json, cell); });
+    json.Array("notes", row.cells, [&](const Cell& cell) { json.Value(cell.note ? Json(*cell.note) : Json()); });
+  });
 }
 
-Json MessageToJson(const Message& message) {
-  Json json = {{"kind", "message"}, {"level", NameOf(kLevels, message.level)}, {"text", message.text}};
-  if (message.place) {
-    json["line"] = message.place->line;
-    json["column"] = message.place->column;
-    json["length"] = message.place->length;
-  }
-  if (message.hint) {
-    json["hint"] = *message.hint;
-  }
-  return json;
+void WriteJson(JsonWriter& json, const Message& message) {
+  json.Object([&] {
+    json.Member("kind", "message");
+    json.Member("level", NameOf(kLevels, message.level));
+    json.Member("text", message.text);
+    if (message.place) {
+      json.Member("line", message.place->line);
+      json.Member("column", message.place->column);
+      json.Member("length", message.place->length);
+    }
+    if (message.hint) {
+      json.Member("hint", *message.hint);
+    }
+  });
 }
 
-Json TableToJson(const Table& table) {
-  Json rows = Json::array();
-  for (const TableRow& row : table.rows) {
-    rows.push_back(RowToJson(row));
-  }
-  return {{"kind", "table"},
-          {"title", table.title},
-          {"rowDimension", table.rowDimension},
-          {"columnDimension", table.columnDimension},
-          {"columns", table.columns},
-          {"rows", std::move(rows)}};
+void WriteJson(JsonWriter& json, const Table& table) {
+  json.Object([&] {
+    json.Member("kind", "table");
+    json.Member("title", table.title);
+    json.Member("rowDimension", table.rowDimension);
+    json.Member("columnDimension", table.columnDimension);
+    json.Name("columns");
+    json.Texts(table.columns);
+    json.Array("rows", table.rows, [&](const TableRow& row) { WriteRow(json, row); });
+  });
 }
 
 }  // namespace
 
-Json ToJson(const Item& item) {
-  if (const auto* message = std::get_if<Message>(&item)) {
-    return MessageToJson(*message);
-  }
-  if (const auto* tabulation = std::get_if<Tabulation>(&item)) {
-    return ToJson(*tabulation);
-  }
-  return TableToJson(std::get<Table>(item));
+void WriteJson(JsonWriter& json, const Item& item) {
+  std::visit([&](const auto& one) { WriteJson(json, one); }, item);
 }
 
-Json ToJson(const CommandResult& result) {
-  Json items = Json::array();
-  for (const Item& item : result.items) {
-    items.push_back(ToJson(item));
-  }
-  Json json = {{"command", result.number},
-               {"line", result.line},
-               {"text", result.text},
-               {"procedure", OrNull(result.procedure)},
-               {"status", NameOf(kStatuses, result.status)},
-               {"items", std::move(items)}};
-  if (result.isSaveOpen) {
-    json["saved"] = "unknown";
-  }
-  if (!result.source.empty()) {
-    json["source"] = result.source;
-  }
-  if (!result.hints.empty()) {
-    json["hints"] = result.hints;
-  }
-  if (result.dryRun) {
-    json["dryRun"] = *result.dryRun;
-  }
-  return json;
-}
-
-std::string OneLine(const Json& json) {
-  return VisibleJson(json.dump(-1, ' ', false, Json::error_handler_t::replace));
+void WriteJson(JsonWriter& json, const CommandResult& result) {
+  json.Object([&] {
+    json.Member("command", result.number);
+    json.Member("line", result.line);
+    json.Member("text", result.text);
+    json.Member("procedure", result.procedure);
+    json.Member("status", NameOf(kStatuses, result.status));
+    json.Array("items", result.items, [&](const Item& item) { WriteJson(json, item); });
+    if (result.isSaveOpen) {
+      json.Member("saved", "unknown");
+    }
+    if (!result.source.empty()) {
+      json.Member("source", result.source);
+    }
+    if (!result.hints.empty()) {
+      json.Name("hints");
+      json.Texts(result.hints);
+    }
+    if (result.dryRun) {
+      json.Member("dryRun", *result.dryRun);
+    }
+  });
 }
 
 }  // namespace standalone

@@ -5,7 +5,7 @@
 
 #include "standalone/dataset/stored_set.h"
 #include "standalone/dataset/variable.h"
-#include "standalone/output/json/result_json.h"
+#include "standalone/output/json/json_writer.h"
 
 namespace standalone {
 

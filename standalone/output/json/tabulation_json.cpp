@@ -2,16 +2,11 @@
 
 #include <cmath>
 #include <cstdint>
-#include <utility>
 
 #include "standalone/output/tabulation_words.h"
 
 namespace standalone {
 namespace {
-
-Json TextOrNull(const std::optional<std::string>& text) {
-  return text ? Json(*text) : Json();
-}
 
 /// A whole number without a point, as far as a double is exact.
 Json Number(double number) {
@@ -24,107 +19,107 @@ Json OrNull(const Figure& figure) {
   return figure ? Number(*figure) : Json();
 }
 
-Json ToJson(const TabulatedCases& cases) {
-  return {{"all", cases.all},
-          {"answered", cases.answered},
-          {"noneChosen", cases.noneChosen},
-          {"missing", cases.missing},
-          {"base", cases.base}};
+void WriteCases(JsonWriter& json, const TabulatedCases& cases) {
+  json.Name("cases");
+  json.Object([&] {
+    json.Member("all", cases.all);
+    json.Member("answered", cases.answered);
+    json.Member("noneChosen", cases.noneChosen);
+    json.Member("missing", cases.missing);
+    json.Member("base", cases.base);
+  });
 }
 
 /// Nothing for the total, a text, or of a pair an array.
-Json ValueToJson(const std::vector<std::string>& values) {
-  if (values.empty()) {
-    return nullptr;
+void WriteValue(JsonWriter& json, const std::vector<std::string>& values) {
+  json.Name("value");
+  if (values.size() > 1) {
+    json.Texts(values);
+  } else {
+    json.Value(values.empty() ? Json() : Json(values.front()));
   }
-  return values.size() == 1 ? Json(values.front()) : Json(values);
 }
 
-Json ToJson(const TabulationColumn& column) {
-  return {{"by", column.by.empty() ? Json() : Json(column.by)},
-          {"value", ValueToJson(column.values)},
-          {"label", LabelOf(column)},
-          {"cases", ToJson(column.cases)},
-          {"weightedBase", Number(column.weightedBase)},
-          {"effectiveBase", OrNull(column.effectiveBase)},
-          {"responses", Number(column.responses)},
-          {"responsesPerCase", OrNull(column.responsesPerCase)}};
+void WriteColumn(JsonWriter& json, const TabulationColumn& column) {
+  json.Object([&] {
+    json.Member("by", column.by.empty() ? Json() : Json(column.by));
+    WriteValue(json, column.values);
+    json.Member("label", LabelOf(column));
+    WriteCases(json, column.cases);
+    json.Member("weightedBase", Number(column.weightedBase));
+    json.Member("effectiveBase", OrNull(column.effectiveBase));
+    json.Member("responses", Number(column.responses));
+    json.Member("responsesPerCase", OrNull(column.responsesPerCase));
+  });
 }
 
-Json ToJson(const TabulationCell& cell, bool hasErrors) {
-  Json json = {{"cases", cell.cases},
-               {"count", Number(cell.count)},
-               {"percentOfCases", OrNull(cell.percentOfCases)},
-               {"percentOfResponses", OrNull(cell.percentOfResponses)}};
-  if (hasErrors) {
-    json["standardError"] = OrNull(cell.standardError);
-    json["low"] = OrNull(cell.low);
-    json["high"] = OrNull(cell.high);
-    json["designEffect"] = OrNull(cell.designEffect);
-  }
-  return json;
+void WriteCell(JsonWriter& json, const TabulationCell& cell, bool hasErrors) {
+  json.Object([&] {
+    json.Member("cases", cell.cases);
+    json.Member("count", Number(cell.count));
+    json.Member("percentOfCases", OrNull(cell.percentOfCases));
+    json.Member("percentOfResponses", OrNull(cell.percentOfResponses));
+    if (hasErrors) {
+      json.Member("standardError", OrNull(cell.standardError));
+      json.Member("low", OrNull(cell.low));
+      json.Member("high", OrNull(cell.high));
+      json.Member("designEffect", OrNull(cell.designEffect));
+    }
+  });
 }
 
-Json ToJson(const TabulationRow& row, bool hasErrors) {
-  Json cells = Json::array();
-  for (const TabulationCell& cell : row.cells) {
-    cells.push_back(ToJson(cell, hasErrors));
-  }
-  return {{"member", row.member}, {"label", row.label}, {"net", row.isNet}, {"cells", std::move(cells)}};
+void WriteRow(JsonWriter& json, const TabulationRow& row, bool hasErrors) {
+  json.Object([&] {
+    json.Member("member", row.member);
+    json.Member("label", row.label);
+    json.Member("net", row.isNet);
+    json.Array("cells", row.cells, [&](const TabulationCell& cell) { WriteCell(json, cell, hasErrors); });
+  });
 }
 
-Json ToJson(const MemberTest& test, bool isBySet) {
-  Json json = {{"member", test.member}};
-  if (isBySet) {
-    json["byMember"] = test.byMember;
-  }
-  json["statistic"] = OrNull(test.statistic);
-  json["degreesOfFreedom"] = test.degreesOfFreedom;
-  json["p"] = OrNull(test.p);
-  json["adjustedP"] = OrNull(test.adjustedP);
-  return json;
+void WriteMemberTest(JsonWriter& json, const MemberTest& test, bool isBySet) {
+  json.Object([&] {
+    json.Member("member", test.member);
+    if (isBySet) {
+      json.Member("byMember", test.byMember);
+    }
+    json.Member("statistic", OrNull(test.statistic));
+    json.Member("degreesOfFreedom", test.degreesOfFreedom);
+    json.Member("p", OrNull(test.p));
+    json.Member("adjustedP", OrNull(test.adjustedP));
+  });
 }
 
-Json ToJson(const TabulationTest& test) {
-  Json members = Json::array();
-  for (const MemberTest& member : test.members) {
-    members.push_back(ToJson(member, IsSet(test.by)));
-  }
-  return {{"by", test.by},
-          {"statistic", OrNull(test.statistic)},
-          {"corrected", OrNull(test.corrected)},
-          {"degreesOfFreedom", OrNull(test.degreesOfFreedom)},
-          {"p", OrNull(test.p)},
-          {"members", std::move(members)}};
+void WriteTest(JsonWriter& json, const TabulationTest& test) {
+  json.Object([&] {
+    json.Member("by", test.by);
+    json.Member("statistic", OrNull(test.statistic));
+    json.Member("corrected", OrNull(test.corrected));
+    json.Member("degreesOfFreedom", OrNull(test.degreesOfFreedom));
+    json.Member("p", OrNull(test.p));
+    json.Array("members", test.members,
+               [&](const MemberTest& member) { WriteMemberTest(json, member, IsSet(test.by)); });
+  });
 }
 
 }  // namespace
 
-Json ToJson(const Tabulation& tabulation) {
-  Json columns = Json::array();
-  for (const TabulationColumn& column : tabulation.columns) {
-    columns.push_back(ToJson(column));
-  }
-  Json rows = Json::array();
-  for (const TabulationRow& row : tabulation.rows) {
-    rows.push_back(ToJson(row, tabulation.hasErrors));
-  }
-  Json json = {{"kind", "tabulation"},
-               {"set", tabulation.set},
-               {"label", tabulation.label},
-               {"base", NameOf(tabulation.base)},
-               {"weight", TextOrNull(tabulation.weight)},
-               {"where", TextOrNull(tabulation.where)},
-               {"columns", std::move(columns)},
-               {"rows", std::move(rows)}};
-  if (tabulation.hasTests) {
-    json["tests"] = Json::array();
-    for (const TabulationTest& test : tabulation.tests) {
-      json["tests"].push_back(ToJson(test));
+void WriteJson(JsonWriter& json, const Tabulation& tabulation) {
+  json.Object([&] {
+    json.Member("kind", "tabulation");
+    json.Member("set", tabulation.set);
+    json.Member("label", tabulation.label);
+    json.Member("base", NameOf(tabulation.base));
+    json.Member("weight", tabulation.weight);
+    json.Member("where", tabulation.where);
+    json.Array("columns", tabulation.columns, [&](const TabulationColumn& column) { WriteColumn(json, column); });
+    json.Array("rows", tabulation.rows, [&](const TabulationRow& row) { WriteRow(json, row, tabulation.hasErrors); });
+    if (tabulation.hasTests) {
+      json.Array("tests", tabulation.tests, [&](const TabulationTest& test) { WriteTest(json, test); });
     }
-  }
-  json["notes"] = tabulation.notes;
-  return json;
+    json.Name("notes");
+    json.Texts(tabulation.notes);
+  });
 }
 
 }  // namespace standalone

@@ -1,13 +1,13 @@
 #ifndef STANDALONE_OUTPUT_JSON_TABULATION_JSON_H
 #define STANDALONE_OUTPUT_JSON_TABULATION_JSON_H
 
-#include "standalone/output/json/result_json.h"
+#include "standalone/output/json/json_writer.h"
 #include "standalone/tabulation/tabulation.h"
 
 namespace standalone {
 
 /// A tabulation in the documented form, with every figure it has, not rounded.
-Json ToJson(const Tabulation& tabulation);
+void WriteJson(JsonWriter& json, const Tabulation& tabulation);
 
 }  // namespace standalone
 

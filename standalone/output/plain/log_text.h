@@ -5,7 +5,7 @@
 #include <string>
 
 #include "standalone/dataset/change.h"
-#include "standalone/output/json/result_json.h"
+#include "standalone/output/json/json_writer.h"
 
 namespace standalone {
 

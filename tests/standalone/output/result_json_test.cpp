@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/standalone/output/results.h"
+
 namespace standalone {
 namespace {
 
@@ -67,7 +69,7 @@ std::vector<Row> Items() {
 
 TEST(JsonForm, ItemsHaveTheDocumentedForm) {
   for (const Row& row : Items()) {
-    EXPECT_EQ(OneLine(ToJson(row.item)), row.line);
+    EXPECT_EQ(JsonText(row.item), row.line);
   }
 }
 
@@ -78,7 +80,7 @@ TEST(JsonForm, ACommandsResultHasTheDocumentedForm) {
   result.text = "MRSET /DISPLAY NAME=ALL";
   result.procedure = "Multiple Response Set";
   result.items = {Message{Level::kWarning, "w"}, LikesTable()};
-  EXPECT_EQ(OneLine(ToJson(result)),
+  EXPECT_EQ(JsonText(result),
             R"({"command":1,"line":1,"text":"MRSET /DISPLAY NAME=ALL","procedure":"Multiple Response Set",)"
             R"("status":"ok","items":[{"kind":"message","level":"warning","text":"w"},)" +
                 kLikesTable + "]}");
@@ -96,7 +98,7 @@ TEST(JsonForm, ProcedureIsNullWhereNoneWasOpened) {
     result.line = 34;
     result.text = "FROB";
     result.status = row.status;
-    EXPECT_EQ(OneLine(ToJson(result)),
+    EXPECT_EQ(JsonText(result),
               R"({"command":12,"line":34,"text":"FROB","procedure":null,"status":")" + row.name + R"(","items":[]})");
   }
 }
@@ -108,18 +110,18 @@ TEST(JsonForm, SourceAndHintsOfACommandFollowWhereThereAreSome) {
   result.text = "MRSET";
   result.source = "all.script";
   result.hints = {"a", "b"};
-  EXPECT_EQ(OneLine(ToJson(result)),
+  EXPECT_EQ(JsonText(result),
             R"({"command":1,"line":2,"text":"MRSET","procedure":null,"status":"ok","items":[],"source":"all.script",)"
             R"("hints":["a","b"]})");
 }
 
 TEST(JsonForm, TextsThatAreNoUtf8AreShownWithTheReplacement) {
-  EXPECT_EQ(OneLine(ToJson(Message{Level::kError, "a\xFFz \u00E9"})),
+  EXPECT_EQ(JsonText(Item(Message{Level::kError, "a\xFFz \u00E9"})),
             "{\"kind\":\"message\",\"level\":\"error\",\"text\":\"a\uFFFDz \u00E9\"}");
 }
 
 TEST(JsonForm, LineEndsAndControlCharactersAreEscaped) {
-  EXPECT_EQ(OneLine(ToJson(Message{Level::kError, std::string("\n\x1b\0", 3)})),
+  EXPECT_EQ(JsonText(Item(Message{Level::kError, std::string("\n\x1b\0", 3)})),
             R"({"kind":"message","level":"error","text":"\n\u001b\u0000"})");
 }
 

@@ -1,10 +1,12 @@
 #ifndef TESTS_STANDALONE_OUTPUT_RESULTS_H
 #define TESTS_STANDALONE_OUTPUT_RESULTS_H
 
+#include <sstream>
 #include <string>
 #include <vector>
 
 #include "standalone/output/items.h"
+#include "standalone/output/json/result_json.h"
 
 namespace standalone {
 
@@ -41,6 +43,15 @@ inline Table TwoSets() {
   table.rows = {{"$likes", {{"Likes", {"first"}}, {"1", {"second"}}, {List{"Tea", "Coffee"}, {}}}},
                 {"$other", {{std::monostate{}, {"second"}}, {"N/A", {}}, {List{}, {}}}}};
   return table;
+}
+
+/// An item or a result as JSON.
+template <typename Written>
+std::string JsonText(const Written& written) {
+  std::ostringstream stream;
+  JsonWriter json(stream);
+  WriteJson(json, written);
+  return stream.str();
 }
 
 /// A text with what is markup in HTML, Markdown or CSV, and what acts on a terminal.

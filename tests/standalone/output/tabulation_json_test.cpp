@@ -5,13 +5,14 @@
 #include <string>
 #include <vector>
 
+#include "tests/standalone/output/results.h"
 #include "tests/standalone/output/tabulations.h"
 
 namespace standalone {
 namespace {
 
 TEST(TabulationJson, HasTheDocumentedForm) {
-  EXPECT_EQ(OneLine(ToJson(Item(Drinks()))),
+  EXPECT_EQ(JsonText(Drinks()),
             R"({"kind":"tabulation","set":"$drinks","label":"Drinks","base":"answered","weight":null,"where":null,)"
             R"("columns":[{"by":null,"value":null,"label":"Total","cases":{"all":240,"answered":226,"noneChosen":9,)"
             R"("missing":5,"base":226},"weightedBase":226,"effectiveBase":226,"responses":300,)"
@@ -26,7 +27,7 @@ TEST(TabulationJson, HasTheDocumentedForm) {
 }
 
 TEST(TabulationJson, HasErrorsAndTestsWhereTheyAreAskedFor) {
-  EXPECT_EQ(OneLine(ToJson(Item(WeightedDrinks()))),
+  EXPECT_EQ(JsonText(WeightedDrinks()),
             R"({"kind":"tabulation","set":"$drinks","label":"Drinks","base":"asked","weight":"w",)"
             R"("where":"age > 30","columns":[{"by":null,"value":null,"label":"Total","cases":{"all":240,)"
             R"("answered":226,"noneChosen":9,"missing":5,"base":235},"weightedBase":264.375,)"
@@ -63,7 +64,7 @@ TEST(TabulationJson, HasErrorsAndTestsWhereTheyAreAskedFor) {
 }
 
 TEST(TabulationJson, HasTheMembersOfBothSetsAndTheValuesOfAPair) {
-  EXPECT_EQ(OneLine(ToJson(Item(DrinksByFood()))),
+  EXPECT_EQ(JsonText(DrinksByFood()),
             R"({"kind":"tabulation","set":"$drinks","label":"Drinks","base":"answered","weight":null,"where":null,)"
             R"("columns":[{"by":null,"value":null,"label":"Total","cases":{"all":240,"answered":226,"noneChosen":9,)"
             R"("missing":5,"base":226},"weightedBase":226,"effectiveBase":226,"responses":300,)"
@@ -96,10 +97,13 @@ TEST(TabulationJson, WritesNumbersInFull) {
   tabulation.columns[0].responses = 1e300;
   tabulation.columns[0].effectiveBase = -0.0;
   tabulation.columns[0].responsesPerCase = {};
-  EXPECT_EQ(OneLine(ToJson(tabulation)["columns"]),
-            R"([{"by":null,"value":null,"label":"Total",)"
+  tabulation.rows.clear();
+  EXPECT_EQ(JsonText(tabulation),
+            R"({"kind":"tabulation","set":"$drinks","label":"Drinks","base":"answered","weight":null,"where":null,)"
+            R"("columns":[{"by":null,"value":null,"label":"Total",)"
             R"("cases":{"all":240,"answered":226,"noneChosen":9,"missing":5,"base":226},)"
-            R"("weightedBase":0.30000000000000004,"effectiveBase":0,"responses":1e+300,"responsesPerCase":null}])");
+            R"("weightedBase":0.30000000000000004,"effectiveBase":0,"responses":1e+300,"responsesPerCase":null}],)"
+            R"("rows":[],"notes":["9 cases chose none and are not in the base; with BASE=ASKED it is 235."]})");
 }
 
 TEST(TabulationJson, NamesEachBase) {
@@ -109,7 +113,7 @@ TEST(TabulationJson, NamesEachBase) {
   std::string names;
   for (const TabulationBase base : bases) {
     tabulation.base = base;
-    names += ToJson(tabulation)["base"].get<std::string>() + ' ';
+    names += Json::parse(JsonText(tabulation))["base"].get<std::string>() + ' ';
   }
   EXPECT_EQ(names, "answered asked complete all ");
 }

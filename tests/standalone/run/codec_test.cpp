@@ -6,9 +6,9 @@
 #include <string_view>
 #include <vector>
 
-#include "standalone/output/json/result_json.h"
 #include "standalone/output/plain/text_tabulation.h"
 #include "standalone/text/error.h"
+#include "tests/standalone/output/results.h"
 #include "tests/standalone/output/tabulations.h"
 
 namespace standalone {
@@ -86,7 +86,7 @@ TEST(Codec, ATabulationArrivesWithEveryMember) {
   tabulation.minBase = 30;
   tabulation.tests.front().members.front().byMember = "food1";
   const auto arrived = std::get<Tabulation>(Sent(tabulation));
-  EXPECT_EQ(OneLine(ToJson(Item(arrived))), OneLine(ToJson(Item(tabulation))));
+  EXPECT_EQ(JsonText(arrived), JsonText(tabulation));
   EXPECT_EQ(TextTabulation(arrived, 80), TextTabulation(tabulation, 80));
   EXPECT_EQ(arrived.tests.front().members.front().byMember, "food1");
   EXPECT_EQ(arrived.columns.back().values, tabulation.columns.back().values);

@@ -246,6 +246,20 @@ void Write(const TabulateOptions& options, Results results) {
   file.Commit();
 }
 
+/// A page has its charts without being asked.
+void RequireRoomForChart(const TabulateOptions& options, const TabulationFigures& shown) {
+  const std::string& format = options.format.format;
+  if (!options.chart) {
+    return;
+  }
+  if (format != kTextFormat && format != kHtmlFormat) {
+    throw Error(ErrorKind::kUsage, fmt::format("--chart needs text or html; there are no bars in {}.", format));
+  }
+  if (!shown.count && !shown.percentOfCases && !shown.percentOfResponses) {
+    throw Error(ErrorKind::kUsage, "--chart needs --show count, cases or responses, of which it draws bars.");
+  }
+}
+
 /// Wrong options are wrong usage; a request that does not fit the dataset is an error of the request.
 ExitStatus Tabulate(const TabulateOptions& options) {
   if (options.outputPath && IsSameFile(*options.outputPath, options.datasetPath)) {
@@ -260,6 +274,7 @@ ExitStatus Tabulate(const TabulateOptions& options) {
     std::cerr << "Run \"mrset tabulate --help\" for its options.\n";
     return kUnusable;
   }
+  RequireRoomForChart(options, request.figures);
   OutliveReader();
   try {
     Write(options, {Count(options, request), reader.Command()});
@@ -306,7 +321,7 @@ Action DeclareTabulate(CLI::App& app) {
   for (const TabulateSubcommand& subcommand : TabulateSubcommands()) {
     DeclareOption(app, subcommand, options->given);
   }
-  app.add_flag("--chart", options->chart, "Bars beside the percentages of text");
+  app.add_flag("--chart", options->chart, "Bars beside the figures of text");
   AddFormatOptions(app, RunFormatNames(), options->format);
   AddOutputOption(app, "File for the tables; its ending sets the format", options->outputPath);
   AddLockTimeoutOption(app, options->datasetOptions);

@@ -16,7 +16,7 @@ const std::vector<OutputFormat>& Formats() {
   static const std::vector<OutputFormat> kFormats = {
       {kTextFormat, {".txt", ".text"}, false, nullptr, MakeTextRenderer, MakeTextTableWriter},
       {kJsonFormat, {".json", ".jsonl"}, false, nullptr, MakeJsonRenderer, nullptr},
-      {"html", {".html", ".htm"}, false, kForBrowser, MakeHtmlRenderer, nullptr},
+      {kHtmlFormat, {".html", ".htm"}, false, kForBrowser, MakeHtmlRenderer, nullptr},
       {"markdown", {".md", ".markdown"}, false, nullptr, MakeMarkdownRenderer, MakeMarkdownTableWriter},
       {"csv", {".csv"}, true, nullptr, MakeCsvRenderer, MakeCsvTableWriter},
       {"xlsx", {".xlsx"}, false, kForSpreadsheet, MakeXlsxRenderer, nullptr},

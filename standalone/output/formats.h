@@ -23,6 +23,7 @@ struct OutputFormat {
 
 inline constexpr const char* kTextFormat = "text";
 inline constexpr const char* kJsonFormat = "json";
+inline constexpr const char* kHtmlFormat = "html";
 
 /// The names of the formats of a run's results, the default first.
 std::vector<std::string> RunFormatNames();

@@ -54,7 +54,7 @@ enum class Status { kOk, kError, kAborted };
 
 struct CommandResult {
   std::size_t number = 0;  ///< of the run, from 1
-  int line = 0;            ///< of the script, from 1
+  int line = 0;            ///< of the script, from 1; 0 where there is no script
   std::string text;
   std::string source;  ///< what the script is called: its path, "standard input", "-c 1"; may be empty
   std::string before;  ///< what stands before the text on its first line

@@ -41,6 +41,9 @@ bool LastMessage::IsRepeatedBy(const Message& message) {
 }
 
 std::string CommandInWords(const CommandResult& result) {
+  if (result.line == 0) {
+    return {};
+  }
   return fmt::format("{}line {}", result.source.empty() ? "" : Visible(result.source) + ", ", result.line);
 }
 

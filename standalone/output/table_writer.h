@@ -21,7 +21,7 @@ struct OutputLook {
   std::string dataset = {};             ///< its name, for a page
   bool isDryRun = false;                ///< nothing is saved, as a page says
   std::ostream* messages = &std::cerr;  ///< for those that CSV has no place for; must outlive the renderer
-  Chart chart = Chart::kNone;           ///< of text: bars beside the percentages of tabulations
+  Chart chart = Chart::kNone;           ///< of text: bars beside the figures of tabulations
 };
 
 /// Writes tables to a stream, a row at a time.

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <iterator>
 #include <optional>
 #include <string_view>
 #include <unordered_map>
@@ -13,11 +14,15 @@
 #include "standalone/output/rounded.h"
 #include "standalone/output/tabulation_words.h"
 #include "standalone/text/number_text.h"
+#include "standalone/text/visible.h"
 
 namespace standalone {
 namespace {
 
 constexpr const char* kDash = "-";
+constexpr const char* kCount = "Count";
+constexpr const char* kPercentOfCases = "% of cases";
+constexpr const char* kPercentOfResponses = "% of responses";
 
 Figure UnweightedCases(const TabulationCell& cell) {
   return static_cast<double>(cell.cases);
@@ -106,24 +111,17 @@ const std::string& LabelIn(const Labels& labels, const std::string& member) {
   return found == labels.end() ? member : found->second;
 }
 
-Cell StatisticCell(const Figure& figure) {
-  constexpr int kDecimals = 2;
-  return figure ? Cell{FigureText(figure, kDecimals), {}} : Cell{};
+const char* AdjustedHeading(Adjustment adjustment) {
+  return adjustment == Adjustment::kHolm ? "Adjusted p (Holm)" : "Adjusted p (Bonferroni)";
 }
 
-/// Of a test of one member a whole number.
-Cell DegreesCell(const Figure& degrees) {
-  const bool isWhole = degrees && std::trunc(*degrees) == *degrees;
-  return isWhole ? Cell{FigureText(degrees, 0), {}} : StatisticCell(degrees);
+Cell StatisticCell(const Figure& figure, int decimals = 2) {
+  return {FigureText(figure, decimals), {}};
 }
 
 Cell ProbabilityCell(const Figure& p) {
   constexpr int kDecimals = 4;
-  constexpr double kSmallestShown = 0.00005;
-  if (!p) {
-    return {};
-  }
-  return {*p < kSmallestShown ? "<0.0001" : FigureText(p, kDecimals), {}};
+  return p && *p < kSmallestShownP ? Cell{"<0.0001", {}} : StatisticCell(p, kDecimals);
 }
 
 }  // namespace
@@ -139,18 +137,41 @@ std::vector<ShownFigure> ShownFigures(const Tabulation& tabulation) {
     }
   };
   add(asked.count && tabulation.weight, {"Unweighted cases", 0, false, UnweightedCases});
-  add(asked.count, {"Count", tabulation.weight ? decimals : 0, false, Count});
-  add(asked.percentOfCases, {"% of cases", decimals, true, [](const TabulationCell& c) { return c.percentOfCases; }});
+  add(asked.count, {kCount, tabulation.weight ? decimals : 0, false, Count});
+  add(asked.percentOfCases,
+      {kPercentOfCases, decimals, true, [](const TabulationCell& c) { return c.percentOfCases; }});
   add(asked.percentOfResponses,
-      {"% of responses", decimals, true, [](const TabulationCell& c) { return c.percentOfResponses; }});
+      {kPercentOfResponses, decimals, true, [](const TabulationCell& c) { return c.percentOfResponses; }});
   add(asked.standardError, {"Standard error", decimals, true, [](const TabulationCell& c) { return c.standardError; }});
   add(asked.standardError, {"Design effect", 2, false, [](const TabulationCell& c) { return c.designEffect; }});
   add(asked.interval,
       {fmt::format("{}% from", confidence), decimals, true, [](const TabulationCell& c) { return c.low; }});
   add(asked.interval,
       {fmt::format("{}% to", confidence), decimals, true, [](const TabulationCell& c) { return c.high; }});
-  add(shown.empty(), {"Count", tabulation.weight ? decimals : 0, false, Count});
+  add(shown.empty(), {kCount, tabulation.weight ? decimals : 0, false, Count});
   return shown;
+}
+
+std::optional<ShownFigure> ChartedFigure(const Tabulation& tabulation) {
+  for (const std::string_view heading : {kPercentOfCases, kPercentOfResponses, kCount}) {
+    for (const ShownFigure& figure : ShownFigures(tabulation)) {
+      if (figure.heading == heading) {
+        return figure;
+      }
+    }
+  }
+  return std::nullopt;
+}
+
+double Largest(const Tabulation& tabulation, const ShownFigure& figure, std::size_t beginColumn,
+               std::size_t endColumn) {
+  double largest = 0;
+  for (const TabulationRow& row : tabulation.rows) {
+    for (std::size_t column = beginColumn; column < endColumn; ++column) {
+      largest = std::max(largest, figure.of(row.cells[column]).value_or(0));
+    }
+  }
+  return largest;
 }
 
 std::vector<ColumnGroup> ColumnGroups(const Tabulation& tabulation) {
@@ -209,7 +230,7 @@ std::vector<std::string> BaseSentences(const Tabulation& tabulation) {
 
 std::string TitleOf(const Tabulation& tabulation) {
   const bool hasLabel = !tabulation.label.empty() && tabulation.label != tabulation.set;
-  return hasLabel ? fmt::format("{} ({})", tabulation.label, tabulation.set) : tabulation.set;
+  return hasLabel ? fmt::format("{} ({})", VisibleOnOneLine(tabulation.label), tabulation.set) : tabulation.set;
 }
 
 std::vector<std::string> ScopeOf(const Tabulation& tabulation) {
@@ -218,9 +239,18 @@ std::vector<std::string> ScopeOf(const Tabulation& tabulation) {
     scope.push_back("Weight: " + *tabulation.weight);
   }
   if (tabulation.where) {
-    scope.push_back("Where: " + *tabulation.where);
+    scope.push_back("Where: " + VisibleOnOneLine(*tabulation.where));
+  }
+  if (tabulation.none) {
+    scope.push_back("None chosen: " + VisibleOnOneLine(*tabulation.none));
   }
   return scope;
+}
+
+std::vector<std::string> NotesOf(const Tabulation& tabulation) {
+  std::vector<std::string> notes;
+  std::transform(tabulation.notes.begin(), tabulation.notes.end(), std::back_inserter(notes), VisibleOnOneLine);
+  return notes;
 }
 
 std::string LabelOf(const TabulationRow& row) {
@@ -243,13 +273,17 @@ std::vector<TestRow> TestRows(const Tabulation& tabulation, const TabulationTest
   return rows;
 }
 
-std::vector<std::string> TestHeadings(const TabulationTest& test) {
+std::vector<std::string> TestHeadings(const Tabulation& tabulation, const TabulationTest& test) {
   std::vector<std::string> headings = {"Member"};
   if (IsSet(test.by)) {
     headings.push_back(test.by);
   }
-  headings.insert(headings.end(), {"Chi-square", "Corrected", "df", "p", "Adjusted p"});
+  headings.insert(headings.end(), {"Chi-square", "Corrected", "df", "p", AdjustedHeading(tabulation.adjustment)});
   return headings;
+}
+
+int DecimalsOfDegrees(const Figure& degrees) {
+  return degrees && std::trunc(*degrees) == *degrees ? 0 : 2;
 }
 
 std::string TitleOf(const Tabulation& tabulation, const TabulationTest& test) {
@@ -257,7 +291,7 @@ std::string TitleOf(const Tabulation& tabulation, const TabulationTest& test) {
 }
 
 Table TestTable(const Tabulation& tabulation, const TabulationTest& test) {
-  const std::vector<std::string> headings = TestHeadings(test);
+  const std::vector<std::string> headings = TestHeadings(tabulation, test);
   Table table{TitleOf(tabulation, test), headings.front(), "", {headings.begin() + 1, headings.end()}, {}};
   for (const TestRow& row : TestRows(tabulation, test)) {
     table.rows.push_back({row.label, {}});
@@ -265,9 +299,9 @@ Table TestTable(const Tabulation& tabulation, const TabulationTest& test) {
     if (IsSet(test.by)) {
       cells.push_back(row.byLabel.empty() ? Cell{} : Cell{row.byLabel, {}});
     }
-    cells.insert(cells.end(),
-                 {StatisticCell(row.statistic), StatisticCell(row.corrected), DegreesCell(row.degreesOfFreedom),
-                  ProbabilityCell(row.p), ProbabilityCell(row.adjustedP)});
+    cells.insert(cells.end(), {StatisticCell(row.statistic), StatisticCell(row.corrected),
+                               StatisticCell(row.degreesOfFreedom, DecimalsOfDegrees(row.degreesOfFreedom)),
+                               ProbabilityCell(row.p), ProbabilityCell(row.adjustedP)});
   }
   return table;
 }

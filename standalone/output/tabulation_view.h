@@ -2,7 +2,7 @@
 #define STANDALONE_OUTPUT_TABULATION_VIEW_H
 
 #include <cstddef>
-#include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,6 +23,12 @@ struct ShownFigure {
 };
 
 std::vector<ShownFigure> ShownFigures(const Tabulation& tabulation);
+
+/// What bars are drawn of: percentages that are shown, else counts; nothing where errors alone are.
+std::optional<ShownFigure> ChartedFigure(const Tabulation& tabulation);
+
+/// The largest of a figure, which the longest bar stands for; 0 where there is none.
+double Largest(const Tabulation& tabulation, const ShownFigure& figure, std::size_t beginColumn, std::size_t endColumn);
 
 /// Columns side by side that have the same BY; the total is one of its own, whose `by` is empty.
 struct ColumnGroup {
@@ -48,8 +54,11 @@ std::vector<std::string> BaseSentences(const Tabulation& tabulation);
 /// "Drinks ($drinks)", or the name alone.
 std::string TitleOf(const Tabulation& tabulation);
 
-/// What was counted: "Weight: w" and "Where: age > 30", as far as there is any.
+/// What was counted: "Weight: w", "Where: age > 30" and "None chosen: -1", as far as there is any.
 std::vector<std::string> ScopeOf(const Tabulation& tabulation);
+
+/// The notes, each on one line.
+std::vector<std::string> NotesOf(const Tabulation& tabulation);
 
 /// The label of a row; that of a net says so.
 std::string LabelOf(const TabulationRow& row);
@@ -71,7 +80,13 @@ struct TestRow {
 std::vector<TestRow> TestRows(const Tabulation& tabulation, const TabulationTest& test);
 
 /// The headings above these, a label or two and five figures.
-std::vector<std::string> TestHeadings(const TabulationTest& test);
+std::vector<std::string> TestHeadings(const Tabulation& tabulation, const TabulationTest& test);
+
+/// Of a test of one member they are a whole number.
+int DecimalsOfDegrees(const Figure& degrees);
+
+/// Below this a p is shown as "<0.0001".
+inline constexpr double kSmallestShownP = 0.00005;
 
 std::string TitleOf(const Tabulation& tabulation, const TabulationTest& test);
 

@@ -85,9 +85,10 @@ void serialize(Archive& archive, TabulationTest& test) {
 
 template <typename Archive>
 void serialize(Archive& archive, Tabulation& tabulation) {
-  archive(tabulation.set, tabulation.label, tabulation.base, tabulation.weight, tabulation.where, tabulation.hasErrors,
-          tabulation.hasTests, tabulation.figures, tabulation.confidence, tabulation.minBase, tabulation.decimals,
-          tabulation.columns, tabulation.rows, tabulation.tests, tabulation.notes);
+  archive(tabulation.set, tabulation.label, tabulation.base, tabulation.weight, tabulation.where, tabulation.none,
+          tabulation.hasErrors, tabulation.hasTests, tabulation.adjustment, tabulation.figures, tabulation.confidence,
+          tabulation.minBase, tabulation.decimals, tabulation.columns, tabulation.rows, tabulation.tests,
+          tabulation.notes);
 }
 
 template <typename Archive>

@@ -46,7 +46,6 @@ struct NetRequest {
 };
 
 enum class Sort { kNone, kDescending, kAscending };
-enum class Adjustment { kHolm, kBonferroni };
 
 /// A TABULATE command as it was written. Whether its names lead anywhere is not looked at.
 struct TabulationRequest {

@@ -17,6 +17,9 @@ using Figure = std::optional<double>;
 /// The cases that percentages are of.
 enum class TabulationBase { kAnswered, kAsked, kComplete, kAll };
 
+/// How the p of tests are adjusted over the members.
+enum class Adjustment { kHolm, kBonferroni };
+
 /// Which figures of a cell are shown; JSON and CSV show them all, errors and limits only where one of them is asked
 /// for.
 struct TabulationFigures {
@@ -90,8 +93,10 @@ struct Tabulation {
   TabulationBase base = TabulationBase::kAnswered;
   std::optional<std::string> weight;
   std::optional<std::string> where;  ///< as written
+  std::optional<std::string> none;   ///< the value that says that nothing applies
   bool hasErrors = false;            ///< ERROR or INTERVAL was asked for
   bool hasTests = false;             ///< TEST was asked for
+  Adjustment adjustment = Adjustment::kHolm;
   TabulationFigures figures;
   double confidence = 95;
   std::int64_t minBase = 0;  ///< columns with a smaller base show no percentages; 0: none was asked for

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "standalone/text/trim.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {
@@ -91,6 +92,15 @@ std::vector<std::string> VisibleLines(std::string_view text) {
   }
   lines.push_back(Visible(text));
   return lines;
+}
+
+std::string VisibleOnOneLine(std::string_view text) {
+  std::string joined;
+  for (const std::string& line : VisibleLines(text)) {
+    const std::string_view part = Trimmed(line);
+    joined.append(joined.empty() || part.empty() ? "" : " ").append(part);
+  }
+  return joined;
 }
 
 }  // namespace standalone

@@ -19,6 +19,9 @@ std::string VisibleJson(std::string json);
 /// The lines of the text, each in its visible form; at least one. A line ends with "\n", "\r\n" or "\r".
 std::vector<std::string> VisibleLines(std::string_view text);
 
+/// The text in its visible form with a blank for each line end and the blanks around it.
+std::string VisibleOnOneLine(std::string_view text);
+
 /// A value in the sentence on it: an empty one would not be seen.
 inline std::string ShownValue(const std::string& value) {
   return value.empty() ? "\"\"" : value;

@@ -8,6 +8,7 @@
 #include "standalone/output/message_text.h"
 #include "standalone/output/plain/excerpt.h"
 #include "standalone/output/renderer.h"
+#include "standalone/output/tabulation_view.h"
 #include "standalone/text/visible.h"
 
 namespace standalone {
@@ -49,7 +50,7 @@ class CsvRenderer final : public Renderer {
   void WriteTabulation(const CommandResult& result, const Tabulation& tabulation) {
     fTables.Place({}, {});
     WriteCsv(fTables, tabulation);
-    for (const std::string& note : tabulation.notes) {
+    for (const std::string& note : NotesOf(tabulation)) {
       Tell(fShowsCommands ? CommandInWords(result) + ": " + tabulation.set : tabulation.set, note);
     }
   }

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <string_view>
-#include <vector>
 
 #include "standalone/output/html/html_text.h"
 #include "standalone/output/plain/wrap.h"
@@ -23,6 +22,9 @@ constexpr int kMostDecimals = 2;
 // Places in percent of the chart's width, which the style sheet keeps at 400 pixels or more; heights in pixels.
 constexpr double kBarsBegin = 44;
 constexpr double kLongestBar = 44;
+constexpr double kLeastBar = 10;
+constexpr double kPixelsOfPercent = 4;
+constexpr std::size_t kRoomAroundValue = 12;
 constexpr std::size_t kLineHeight = 18;
 constexpr std::size_t kBarHeight = 14;
 constexpr std::size_t kBaseline = 12;
@@ -54,34 +56,48 @@ std::size_t PixelsOf(std::string_view text) {
 /// Writes the bars from the top down.
 class BarChart {
  public:
-  BarChart(const Tabulation& tabulation, const ColumnGroup& group);
+  BarChart(const Tabulation& tabulation, const ColumnGroup& group, const ShownFigure& figure)
+      : fTabulation(tabulation),
+        fGroup(group),
+        fFigure(figure),
+        fLargest(Largest(tabulation, figure, group.begin, group.end)) {}
+
+  bool IsEmpty() const { return fLargest <= 0; }
 
   std::string Html(const std::string& id);
 
  private:
   bool HasOneSeries() const { return fGroup.end - fGroup.begin == 1; }
+  std::string ValueText(const Figure& value) const;
+  double LongestBar() const;
+  void AddScale();
   void AddMember(const TabulationRow& row);
-  void AddBar(const std::string& label, const Figure& percentage, const std::string& className);
+  void AddBar(const std::string& label, const Figure& value, const std::string& className);
   std::size_t AddText(const std::string& text, const Room& room, std::string_view className);
   std::string Title() const;
   std::string Description() const;
 
   const Tabulation& fTabulation;
   const ColumnGroup& fGroup;
-  double fLargest = 0;
+  const ShownFigure& fFigure;
+  double fLargest;
+  double fLongest = LongestBar();  // in percent of the width
   std::string fBody;
   std::size_t fTop = 0;
 };
 
-BarChart::BarChart(const Tabulation& tabulation, const ColumnGroup& group) : fTabulation(tabulation), fGroup(group) {
-  for (const TabulationRow& row : tabulation.rows) {
-    for (std::size_t column = group.begin; column < group.end; ++column) {
-      fLargest = std::max(fLargest, row.cells[column].percentOfCases.value_or(0));
-    }
-  }
+std::string BarChart::ValueText(const Figure& value) const {
+  return FigureText(value, std::min(fFigure.decimals, kMostDecimals));
+}
+
+/// The largest value has room after the longest bar; no other takes more.
+double BarChart::LongestBar() const {
+  const auto room = static_cast<double>(PixelsOf(ValueText(fLargest)) + kRoomAroundValue);
+  return std::clamp(100 - kBarsBegin - room / kPixelsOfPercent, kLeastBar, kLongestBar);
 }
 
 std::string BarChart::Html(const std::string& id) {
+  AddScale();
   for (const TabulationRow& row : fTabulation.rows) {
     AddMember(row);
   }
@@ -93,49 +109,58 @@ std::string BarChart::Html(const std::string& id) {
       id, fTop, HtmlText(Title()), HtmlText(TitleOf(fTabulation)), Description(), fBody);
 }
 
+/// A line above the bars, as long as the longest.
+void BarChart::AddScale() {
+  fBody += fmt::format(
+      "<text class=\"scale\" x=\"{0:.2f}%\" y=\"{2}\">0</text>"
+      "<text class=\"scale\" x=\"{1:.2f}%\" y=\"{2}\" text-anchor=\"end\">{3}</text>"
+      "<line class=\"scale\" x1=\"{0:.2f}%\" y1=\"{4}\" x2=\"{1:.2f}%\" y2=\"{4}\"/>\n",
+      kBarsBegin, kBarsBegin + fLongest, kBaseline, ValueText(fLargest), kLineHeight);
+  fTop = kLineHeight + kGap;
+}
+
 /// "% of cases", "% of cases by region", or "% of cases by region: North" where there is no other column.
 std::string BarChart::Title() const {
   const std::string by = fGroup.by.empty() ? "" : " by " + fGroup.by;
   const std::string column =
       fGroup.by.empty() || !HasOneSeries() ? "" : ": " + LabelOf(fTabulation.columns[fGroup.begin]);
-  return "% of cases" + by + column;
+  return fFigure.heading + by + VisibleOnOneLine(column);
 }
 
 std::string BarChart::Description() const {
-  return fmt::format("Bars of the percentages that the table shows. The longest one stands for {}%.",
-                     FigureText(fLargest, std::min(fTabulation.decimals, kMostDecimals)));
+  return fmt::format("Bars of the table's figures: {}. The scale goes from 0 to {}.", HtmlText(fFigure.heading),
+                     ValueText(fLargest));
 }
 
 /// One bar beside the member's label, or a bar for each column below it.
 void BarChart::AddMember(const TabulationRow& row) {
   if (HasOneSeries()) {
-    AddBar(LabelOf(row), row.cells[fGroup.begin].percentOfCases, "bar");
+    AddBar(LabelOf(row), fFigure.of(row.cells[fGroup.begin]), "bar");
     return;
   }
-  fTop += fTop == 0 ? 0 : 2 * kGap;
+  fTop += 2 * kGap;
   fTop += AddText(LabelOf(row), kMemberRoom, "member");
   const bool areColoured = fGroup.end - fGroup.begin <= kColours;
   for (std::size_t column = fGroup.begin; column < fGroup.end; ++column) {
-    AddBar(LabelOf(fTabulation.columns[column]), row.cells[column].percentOfCases,
+    AddBar(LabelOf(fTabulation.columns[column]), fFigure.of(row.cells[column]),
            areColoured ? fmt::format("bar bar-{}", column - fGroup.begin + 1) : "bar");
   }
 }
 
-void BarChart::AddBar(const std::string& label, const Figure& percentage, const std::string& className) {
+void BarChart::AddBar(const std::string& label, const Figure& value, const std::string& className) {
   const std::size_t height = AddText(label, kLabelRoom, "label");
-  const double length = fLargest > 0 ? percentage.value_or(0) / fLargest * kLongestBar : 0;
+  const double length = value.value_or(0) / fLargest * fLongest;
   fBody += fmt::format(
       "<rect class=\"{}\" x=\"{:.2f}%\" y=\"{}\" width=\"{:.2f}%\" height=\"{}\"/>"
       "<text x=\"{:.2f}%\" dx=\"6\" y=\"{}\">{}</text>\n",
-      className, kBarsBegin, fTop, length, kBarHeight, kBarsBegin + length, fTop + kBaseline,
-      FigureText(percentage, std::min(fTabulation.decimals, kMostDecimals)));
+      className, kBarsBegin, fTop, length, kBarHeight, kBarsBegin + length, fTop + kBaseline, ValueText(value));
   fTop += height + kGap;
 }
 
 /// Writes the lines of a text from the top on, each no wider than its room, and returns their height.
 std::size_t BarChart::AddText(const std::string& text, const Room& room, std::string_view className) {
   std::size_t height = 0;
-  for (const std::string& line : WrapText(Visible(text), room.columns)) {
+  for (const std::string& line : WrapLines(text, room.columns)) {
     const bool isTooWide = PixelsOf(line) * room.scale > room.pixels * 100;
     const std::string squeezed =
         isTooWide ? fmt::format(" textLength=\"{}\" lengthAdjust=\"spacingAndGlyphs\"", room.pixels) : "";
@@ -148,9 +173,14 @@ std::size_t BarChart::AddText(const std::string& text, const Room& room, std::st
 
 }  // namespace
 
-std::string HtmlChart(const Tabulation& tabulation, const ColumnGroup& group, const std::string& id) {
+std::string HtmlChart(const Tabulation& tabulation, const ColumnGroup& group, const ShownFigure& figure,
+                      const std::string& id) {
   const std::size_t bars = tabulation.rows.size() * (group.end - group.begin);
-  return bars == 0 || bars > kMostBars ? std::string() : BarChart(tabulation, group).Html(id);
+  if (bars > kMostBars) {
+    return {};
+  }
+  BarChart chart(tabulation, group, figure);
+  return chart.IsEmpty() ? std::string() : chart.Html(id);
 }
 
 }  // namespace standalone

@@ -7,9 +7,10 @@
 
 namespace standalone {
 
-/// Horizontal bars of the percentages of cases in a group of columns, in a group of elements that scrolls by itself.
-/// Empty where there are none, or more bars than anybody would look at. `id` as for HtmlTabulation().
-std::string HtmlChart(const Tabulation& tabulation, const ColumnGroup& group, const std::string& id);
+/// Horizontal bars of a figure in a group of columns, with a scale, in a group of elements that scrolls by itself.
+/// Empty where no bar has a length, or there are more than anybody would look at. `id` as for HtmlTabulation().
+std::string HtmlChart(const Tabulation& tabulation, const ColumnGroup& group, const ShownFigure& figure,
+                      const std::string& id);
 
 }  // namespace standalone
 

@@ -129,6 +129,8 @@ tfoot th { font-weight: 400; }
 .chart svg { display: block; min-width: 25rem; }
 .chart text { fill: var(--ink); font-size: 14px; font-variant-numeric: tabular-nums; }
 .chart .member { font-weight: 600; }
+.chart text.scale { fill: var(--soft); }
+.chart line.scale { stroke: var(--soft); }
 .bar { fill: var(--bar); }
 .bar-1 { fill: var(--bar-1); }
 .bar-2 { fill: var(--bar-2); }
@@ -151,7 +153,8 @@ td.number sup { position: absolute; top: auto; margin-top: -0.1em; line-height: 
   .command h2 code, .command-text { white-space: pre-line; }
 }
 @media (forced-colors: active) {
-  .chart text { fill: CanvasText; }
+  .chart text, .chart text.scale { fill: CanvasText; }
+  .chart line.scale { stroke: CanvasText; }
 }
 @media print {
   :root {

@@ -15,6 +15,7 @@ namespace standalone {
 namespace {
 
 constexpr std::string_view kNotApplicable = "N/A";
+constexpr std::string_view kNoFigure = "-";
 
 /// A number, or "<" and a number.
 bool IsNumber(const Cell& cell) {
@@ -25,7 +26,7 @@ bool IsNumber(const Cell& cell) {
 bool MayStandAmongNumbers(const Cell& cell) {
   const auto* text = std::get_if<std::string>(&cell.value);
   return std::holds_alternative<std::monostate>(cell.value) || IsNumber(cell) ||
-         (text != nullptr && *text == kNotApplicable);
+         (text != nullptr && (*text == kNotApplicable || *text == kNoFigure));
 }
 
 /// Whether the column has numbers and nothing else.

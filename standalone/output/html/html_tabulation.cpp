@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <cstddef>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -83,7 +84,7 @@ std::string TabulationHtml::GroupHeadings() const {
     const bool isTotal = group.by.empty();
     html += fmt::format("<th scope=\"colgroup\" colspan=\"{}\"{} dir=\"auto\">{}</th>",
                         (group.end - group.begin) * fFigures.size(), isTotal && HasBy() ? " rowspan=\"2\"" : "",
-                        HtmlText(isTotal ? LabelOf(fTabulation.columns[group.begin]) : group.by));
+                        HtmlLines(isTotal ? LabelOf(fTabulation.columns[group.begin]) : group.by));
   }
   return html;
 }
@@ -93,7 +94,7 @@ std::string TabulationHtml::ColumnHeadings() const {
   for (const TabulationColumn& column : fTabulation.columns) {
     if (!column.by.empty()) {
       html += fmt::format("<th scope=\"col\" colspan=\"{}\" dir=\"auto\">{}</th>", fFigures.size(),
-                          HtmlText(LabelOf(column)));
+                          HtmlLines(LabelOf(column)));
     }
   }
   return html;
@@ -133,11 +134,12 @@ std::string TabulationHtml::BaseHtml(const BaseRow& base) const {
 
 /// A chart for each BY, else one of the total.
 std::string TabulationHtml::Charts(const std::string& id) const {
+  const std::optional<ShownFigure> figure = ChartedFigure(fTabulation);
   std::string html;
   std::size_t number = 0;
   for (const ColumnGroup& group : fGroups) {
-    if (!group.by.empty() || !HasBy()) {
-      html += HtmlChart(fTabulation, group, fmt::format("{}-chart-{}", id, ++number));
+    if (figure && (!group.by.empty() || !HasBy())) {
+      html += HtmlChart(fTabulation, group, *figure, fmt::format("{}-chart-{}", id, ++number));
     }
   }
   return html;
@@ -159,7 +161,7 @@ std::string HtmlTabulation(const Tabulation& tabulation, const std::string& id) 
   for (std::size_t test = 0; test < tabulation.tests.size(); ++test) {
     html += HtmlTable(TestTable(tabulation, tabulation.tests[test]), fmt::format("{}-test-{}", id, test + 1));
   }
-  return html + NotesHtml(tabulation.notes);
+  return html + NotesHtml(NotesOf(tabulation));
 }
 
 }  // namespace standalone

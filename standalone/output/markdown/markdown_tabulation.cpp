@@ -76,7 +76,7 @@ void WriteMarkdown(std::ostream& stream, const Tabulation& tabulation, TableWrit
     stream << '\n';
     tables.Write(TestTable(tabulation, test));
   }
-  for (const std::string& note : tabulation.notes) {
+  for (const std::string& note : NotesOf(tabulation)) {
     stream << '\n' << MarkdownText(note) << '\n';
   }
 }

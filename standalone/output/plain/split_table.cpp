@@ -214,7 +214,7 @@ void SplitLayout::WriteGroups(std::string& text, const Block& block) const {
     }
     if (!group.empty()) {
       const std::size_t end = EndOf(block, strip - 1);
-      headings.push_back({place, end, false, WrapText(Visible(group), end - place)});
+      headings.push_back({place, end, false, WrapLines(group, end - place)});
       std::string& last = headings.back().lines.back();
       const std::size_t width = DisplayWidth(last) + 1;
       last += width < end - place ? ' ' + std::string(end - place - width, '-') : "";
@@ -231,7 +231,7 @@ void SplitLayout::WriteColumnLabels(std::string& text, const Block& block) const
     const std::size_t place = block.places[strip - block.begin];
     headings.push_back({place, EndOf(block, end - 1), end - strip == 1, {}});
     if (!ColumnOf(strip).label.empty()) {
-      headings.back().lines = WrapText(Visible(ColumnOf(strip).label), headings.back().end - place);
+      headings.back().lines = WrapLines(ColumnOf(strip).label, headings.back().end - place);
     }
     strip = end;
   }
@@ -241,8 +241,10 @@ void SplitLayout::WriteColumnLabels(std::string& text, const Block& block) const
 void SplitLayout::WriteStripHeadings(std::string& text, const Block& block) const {
   std::vector<Heading> headings;
   for (std::size_t strip = block.begin; strip < block.end; ++strip) {
-    if (!fStrips[strip].heading.empty()) {
-      headings.push_back({0, EndOf(block, strip), true, WrapText(fStrips[strip].heading, fStrips[strip].width)});
+    const Strip& one = fStrips[strip];
+    if (!one.heading.empty()) {
+      headings.push_back(
+          {block.places[strip - block.begin], EndOf(block, strip), !one.isBar, WrapLines(one.heading, one.width)});
     }
   }
   WriteHeadings(text, headings);
@@ -288,7 +290,12 @@ std::string SplitLayout::Text() const {
 /// Widens the last strip of the column that begins at a strip for the words above it.
 void WidenForWords(SplitTable& table, std::size_t begin, std::size_t end) {
   const StripColumn& column = table.columns[table.strips[begin].column];
-  const std::size_t word = std::max(WidestWord(Visible(column.label)), WidestWord(Visible(column.group)));
+  std::size_t word = 0;
+  for (const std::string& text : {column.label, column.group}) {
+    for (const std::string& line : VisibleLines(text)) {
+      word = std::max(word, WidestWord(line));
+    }
+  }
   const std::size_t wanted = std::min(word, kWidestKeptWord);
   const std::size_t width = WidthOf(table.strips, begin, end);
   table.strips[end - 1].width += wanted - std::min(wanted, width);

@@ -7,7 +7,7 @@
 
 namespace standalone {
 
-/// A column of texts on the screen: numbers, which stand at the right, or bars.
+/// A column of texts on the screen: numbers, which stand at the right, or bars. Lines of a heading stay apart.
 struct Strip {
   std::size_t column = 0;  ///< of those below; its strips follow each other
   std::string heading;

@@ -1,6 +1,7 @@
 #include "standalone/output/plain/text_tabulation.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -15,6 +16,7 @@ namespace {
 
 constexpr std::size_t kLeastBar = 10;
 constexpr std::size_t kMostBar = 40;
+constexpr int kScaleDecimals = 2;
 
 Strip FigureStrip(const Tabulation& tabulation, std::size_t column, const ShownFigure& figure) {
   Strip strip{column, figure.heading, {}, 0, false};
@@ -53,48 +55,74 @@ SplitTable TableOf(const Tabulation& tabulation) {
   return table;
 }
 
-/// The largest percentage of cases, which the longest bar stands for.
-double LargestPercentage(const Tabulation& tabulation) {
-  double largest = 0;
-  for (const TabulationRow& row : tabulation.rows) {
-    for (const TabulationCell& cell : row.cells) {
-      largest = std::max(largest, cell.percentOfCases.value_or(0));
-    }
-  }
-  return largest;
-}
+/// Makes the bars beside a table.
+class Bars {
+ public:
+  /// Nothing where no figure has a length.
+  Bars(const Tabulation& tabulation, Chart chart)
+      : fTabulation(tabulation),
+        fChart(chart),
+        fFigure(chart == Chart::kNone ? std::nullopt : ChartedFigure(tabulation)),
+        fLargest(fFigure ? Largest(tabulation, *fFigure, 0, tabulation.columns.size()) : 0) {}
 
-/// Adds bars after the other strips of each column.
-void AddBars(SplitTable& table, const Tabulation& tabulation, Chart chart, std::size_t width) {
-  const double largest = LargestPercentage(tabulation);
-  const std::size_t figures = table.strips.size() / tabulation.columns.size();
-  for (std::size_t column = 0; column < tabulation.columns.size(); ++column) {
-    Strip strip{column, "", {}, width, true};
-    for (const TabulationRow& row : tabulation.rows) {
-      const double percentage = row.cells[column].percentOfCases.value_or(0);
-      strip.cells.push_back(percentage > 0 ? TextBar(percentage / largest, width, chart) : "");
-    }
-    strip.cells.resize(table.labels.size());
-    const std::size_t place = (column + 1) * figures + column;
-    table.strips.insert(table.strips.begin() + static_cast<std::ptrdiff_t>(place), std::move(strip));
+  /// Adds bars after the other strips of each column.
+  void AddTo(SplitTable& table, std::size_t width) const;
+
+ private:
+  std::size_t Width(const SplitTable& table, std::size_t width) const;
+  std::string Scale() const { return FigureText(fLargest, std::min(fFigure->decimals, kScaleDecimals)); }
+  Strip StripOf(std::size_t column, std::size_t width) const;
+
+  const Tabulation& fTabulation;
+  Chart fChart;
+  std::optional<ShownFigure> fFigure;
+  double fLargest;
+};
+
+void Bars::AddTo(SplitTable& table, std::size_t width) const {
+  if (fLargest <= 0) {
+    return;
   }
+  const std::size_t barWidth = Width(table, width);
+  std::vector<Strip> strips;
+  for (Strip& strip : table.strips) {
+    if (!strips.empty() && strips.back().column != strip.column) {
+      strips.push_back(StripOf(strips.back().column, barWidth));
+    }
+    strips.push_back(std::move(strip));
+  }
+  strips.push_back(StripOf(strips.back().column, barWidth));
+  for (Strip& strip : strips) {
+    strip.cells.resize(table.labels.size());
+  }
+  table.strips = std::move(strips);
 }
 
 /// Bars of one column take what room there is beside labels of two fifths of the width.
-std::size_t BarWidth(const SplitTable& table, std::size_t width) {
+std::size_t Bars::Width(const SplitTable& table, std::size_t width) const {
+  const std::size_t least = std::max(kLeastBar, Scale().size() + 3);  // "0  59.0"
   if (table.columns.size() > 1) {
-    return kLeastBar;
+    return least;
   }
   const std::size_t others = width * 2 / 5 + WidthOf(table.strips) + 2 * kStripGap;
-  return std::clamp(width - std::min(width, others), kLeastBar, kMostBar);
+  return std::clamp(width - std::min(width, others), least, std::max(least, kMostBar));
+}
+
+/// Below its heading a scale from 0 to the largest.
+Strip Bars::StripOf(std::size_t column, std::size_t width) const {
+  const std::string largest = Scale();
+  const std::string scale = '0' + std::string(width - 1 - largest.size(), ' ') + largest;
+  Strip strip{column, fFigure->heading + '\n' + scale, {}, width, true};
+  for (const TabulationRow& row : fTabulation.rows) {
+    strip.cells.push_back(TextBar(fFigure->of(row.cells[column]).value_or(0) / fLargest, width, fChart));
+  }
+  return strip;
 }
 
 std::string MembersText(const Tabulation& tabulation, std::size_t width, Chart chart) {
   SplitTable table = TableOf(tabulation);
   AlignStrips(table);
-  if (chart != Chart::kNone) {
-    AddBars(table, tabulation, chart, BarWidth(table, width));
-  }
+  Bars(tabulation, chart).AddTo(table, width);
   return SplitTableText(table, width);
 }
 
@@ -155,7 +183,7 @@ std::string TextTabulation(const Tabulation& tabulation, std::size_t width, Colo
   for (const TabulationTest& test : tabulation.tests) {
     AddTest(text, tabulation, test, width);
   }
-  AddSentences(text, tabulation.notes, width);
+  AddSentences(text, NotesOf(tabulation), width);
   return text;
 }
 

@@ -12,7 +12,7 @@ namespace standalone {
 
 /// A tabulation for people: a title; the members with their figures, aligned at the decimal point, under the headings
 /// of their columns; the bases; tests and notes. A table that is wider than `width` terminal columns is split between
-/// its columns; nothing is cut. A chart is bars beside the percentages of cases, the longest of which is the largest.
+/// its columns; nothing is cut. A chart is bars of ChartedFigure() beside it, the longest of which is the largest.
 std::string TextTabulation(const Tabulation& tabulation, std::size_t width, Colour colour = Colour::kNone,
                            Chart chart = Chart::kNone);
 

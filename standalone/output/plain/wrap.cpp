@@ -1,8 +1,11 @@
 #include "standalone/output/plain/wrap.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 #include "standalone/text/unicode.h"
+#include "standalone/text/visible.h"
 
 namespace standalone {
 namespace {
@@ -56,6 +59,15 @@ std::vector<std::string> Wrapped(std::string_view text, std::size_t width, std::
 
 std::vector<std::string> WrapText(std::string_view text, std::size_t width) {
   return Wrapped(text, width, "");
+}
+
+std::vector<std::string> WrapLines(std::string_view text, std::size_t width) {
+  std::vector<std::string> lines;
+  for (const std::string& line : VisibleLines(text)) {
+    std::vector<std::string> parts = WrapText(line, width);
+    std::move(parts.begin(), parts.end(), std::back_inserter(lines));
+  }
+  return lines;
 }
 
 std::vector<std::string> WrapTextHanging(std::string_view text, std::size_t width) {

@@ -13,6 +13,9 @@ namespace standalone {
 /// `width` has a line of its own.
 std::vector<std::string> WrapText(std::string_view text, std::size_t width);
 
+/// The same of each of the text's lines in its visible form.
+std::vector<std::string> WrapLines(std::string_view text, std::size_t width);
+
 /// What sets the further lines of an entry apart from the next entry.
 inline constexpr std::string_view kHangingIndent = "  ";
 

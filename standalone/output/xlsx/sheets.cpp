@@ -99,11 +99,12 @@ void TabulationSheet::Write() {
     longest = std::max(longest, DisplayWidth(LabelOf(row)));
     WriteRow(row);
   }
+  ++fRow;
   for (const BaseRow& base : fBases) {
     WriteBase(base);
   }
   ++fRow;
-  for (const std::string& note : fTabulation.notes) {
+  for (const std::string& note : NotesOf(fTabulation)) {
     fWorkbook.Text(fRow++, 0, note);
   }
   fWorkbook.SetWidth(0, 0, WidthFor(longest));
@@ -130,7 +131,7 @@ void TabulationSheet::WriteHeadings() {
 }
 
 void TabulationSheet::WriteRow(const TabulationRow& row) {
-  fWorkbook.Text(fRow, 0, LabelOf(row));
+  fWorkbook.Text(fRow, 0, LabelOf(row), CellStyle::kLines);
   for (std::size_t column = 0; column < row.cells.size(); ++column) {
     for (std::size_t i = 0; i < fFigures.size(); ++i) {
       const ShownFigure& figure = fFigures[i];
@@ -151,8 +152,7 @@ void TabulationSheet::WriteBase(const BaseRow& base) {
 
 void AddTestSheet(Workbook& workbook, const Tabulation& tabulation, const TabulationTest& test) {
   constexpr int kStatisticDecimals = 2;
-  constexpr int kProbabilityDecimals = 4;
-  const std::vector<std::string> headings = TestHeadings(test);
+  const std::vector<std::string> headings = TestHeadings(tabulation, test);
   const std::vector<TestRow> rows = TestRows(tabulation, test);
   if (!BeginSheet(workbook, fmt::format("{} by {}", tabulation.set, test.by), TitleOf(tabulation, test),
                   rows.size() + 2, headings.size())) {
@@ -171,9 +171,9 @@ void AddTestSheet(Workbook& workbook, const Tabulation& tabulation, const Tabula
     }
     WriteFigure(workbook, i + 2, first, row.statistic, kStatisticDecimals);
     WriteFigure(workbook, i + 2, first + 1, row.corrected, kStatisticDecimals);
-    WriteFigure(workbook, i + 2, first + 2, row.degreesOfFreedom, kStatisticDecimals);
-    WriteFigure(workbook, i + 2, first + 3, row.p, kProbabilityDecimals);
-    WriteFigure(workbook, i + 2, first + 4, row.adjustedP, kProbabilityDecimals);
+    WriteFigure(workbook, i + 2, first + 2, row.degreesOfFreedom, DecimalsOfDegrees(row.degreesOfFreedom));
+    WriteFigure(workbook, i + 2, first + 3, row.p, 0, CellStyle::kProbability);
+    WriteFigure(workbook, i + 2, first + 4, row.adjustedP, 0, CellStyle::kProbability);
   }
   workbook.SetWidth(0, first - 1, WidthFor(30));
   workbook.SetWidth(first, headings.size() - 1, kNumberWidth);

@@ -82,6 +82,9 @@ std::string WithoutForbidden(std::string name) {
 }
 
 std::string NumberFormat(CellStyle style, int decimals) {
+  if (style == CellStyle::kProbability) {
+    return "[<0.00005]\"<0.0001\";0.0000";
+  }
   const std::string fraction = decimals > 0 ? '.' + std::string(static_cast<std::size_t>(decimals), '0') : "";
   return '0' + fraction + (style == CellStyle::kPercentage ? "%" : "");
 }
@@ -179,7 +182,7 @@ lxw_format* Workbook::FormatOf(CellStyle style, int decimals) {
     return format;
   }
   format = workbook_add_format(fWorkbook.get());
-  if (style == CellStyle::kNumber || style == CellStyle::kPercentage) {
+  if (style >= CellStyle::kNumber) {
     format_set_num_format(format, NumberFormat(style, decimals).c_str());
     return format;
   }

@@ -23,8 +23,9 @@ using SheetNames = std::map<std::string, int>;
 /// A name for a sheet: at most 31 characters, none of which is forbidden, and none of `taken`, to which it is added.
 std::string SheetName(std::string_view name, SheetNames& taken);
 
-/// How a cell looks. Texts stay texts whatever they begin with; percentages are shares, shown times 100.
-enum class CellStyle { kText, kLines, kTitle, kHeading, kNumber, kPercentage };
+/// How a cell looks. Texts stay texts whatever they begin with; percentages are shares, shown times 100; a probability
+/// that would be shown as 0 is "<0.0001".
+enum class CellStyle { kText, kLines, kTitle, kHeading, kNumber, kPercentage, kProbability };
 
 /// A workbook as spreadsheets open it, made sheet by sheet. Every function throws std::runtime_error with one sentence.
 class Workbook {

@@ -38,7 +38,7 @@ class ValueParser {
   Spoken ReadVariable();
   void ReadWhere(TabulationRequest& request);
   Spoken ReadMember();
-  NetRequest ReadNet();
+  NetRequest ReadNet(const std::vector<NetRequest>& before);
   Spoken ReadNetLabel();
   void ReadMembers(std::vector<Spoken>& members);
   std::size_t ReadWord();
@@ -76,7 +76,7 @@ void ValueParser::ReadInto(TabulationRequest& request) {
       request.none = ReadMember();
       return;
     case TabulateKey::kNet:
-      request.nets.push_back(ReadNet());
+      request.nets.push_back(ReadNet(request.nets));
       return;
     case TabulateKey::kShow:
       return ReadFigures(request.figures);
@@ -184,9 +184,14 @@ Spoken ValueParser::ReadMember() {
   return fReader.TakeSpoken();
 }
 
-NetRequest ValueParser::ReadNet() {
+/// Rows are told apart by their labels.
+NetRequest ValueParser::ReadNet(const std::vector<NetRequest>& before) {
   RequireValue(TabulateExpected::kNothing);
   NetRequest net{ReadNetLabel(), {}};
+  const Spoken& label = net.label;
+  if (std::any_of(before.begin(), before.end(), [&](const NetRequest& one) { return one.label.text == label.text; })) {
+    throw TabulationError(fmt::format("The net {} is given twice.", Shortened(label.text)), label.offset, label.size);
+  }
   ReadMembers(net.members);
   return net;
 }

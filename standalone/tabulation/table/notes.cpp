@@ -76,16 +76,20 @@ std::string NameOf(const TabulationColumn& column) {
   return column.by.empty() ? name : column.by + " " + name;
 }
 
+/// With MINBASE these are the columns whose dashes it made.
 void NoteSmallBases(const Tabulation& table, std::vector<std::string>& notes) {
+  const std::int64_t least = table.minBase > 0 ? table.minBase : kSmallBase;
   std::vector<std::string> small;
   for (const TabulationColumn& column : table.columns) {
-    if (column.cases.base < kSmallBase && table.minBase == 0) {
+    if (column.cases.base < least) {
       small.push_back(fmt::format("{} ({})", NameOf(column), column.cases.base));
     }
   }
   if (!small.empty()) {
-    notes.push_back(fmt::format("The base is under {} in {}: {}.", kSmallBase, Counted(small.size(), "column"),
-                                ListedShort(small)));
+    const auto columns = static_cast<std::int64_t>(small.size());
+    const std::string effect = OneOr(columns, ", which shows no percentages", ", which show no percentages");
+    notes.push_back(fmt::format("The base is under {} in {}{}: {}.", least, Counted(small.size(), "column"),
+                                table.minBase > 0 ? effect : "", ListedShort(small)));
   }
 }
 

@@ -114,6 +114,10 @@ Tabulation TableBuilder::Table() const {
   table.where = fRequest.where ? std::optional(fRequest.whereText) : std::nullopt;
   table.hasErrors = fFigures.HasErrors();
   table.hasTests = fRequest.test.has_value();
+  table.adjustment = fRequest.test.value_or(Adjustment::kHolm);
+  if (fRequest.none) {
+    table.none = fRequest.none->text;
+  }
   table.figures = fRequest.figures;
   table.confidence = fRequest.confidence;
   table.minBase = fRequest.minBase;

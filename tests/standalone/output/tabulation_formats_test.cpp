@@ -15,6 +15,9 @@
 namespace standalone {
 namespace {
 
+using testing::HasSubstr;
+using testing::Not;
+
 std::string Written(const std::string& format, const Tabulation& tabulation, std::ostream* messages = nullptr) {
   std::ostringstream stream;
   std::ostringstream ignored;
@@ -70,10 +73,10 @@ TABULATE
 
 **Association of \$drinks with \$food**
 
-| Member | \$food | Chi-square | Corrected | df | p | Adjusted p |
+| Member | \$food | Chi-square | Corrected | df | p | Adjusted p (Holm) |
 | --- | --- | --- | --- | --- | --- | --- |
-| All members |  |  |  |  |  |  |
-| Tea | Bread | 0.50 |  | 1 | 0.5000 | 1.0000 |
+| All members |  | - | - | - | - | - |
+| Tea | Bread | 0.50 | - | 1 | 0.5000 | 1.0000 |
 )");
 }
 
@@ -211,15 +214,16 @@ TEST(HtmlTabulation, IsATableBesideItsBars) {
 </div>
 <div class="scroll chart" role="group" aria-labelledby="t-chart-1" tabindex="0">
 <p id="t-chart-1" class="chart-title" dir="auto">% of cases</p>
-<svg role="img" aria-labelledby="t-chart-1-title t-chart-1-desc" width="100%" height="66">
+<svg role="img" aria-labelledby="t-chart-1-title t-chart-1-desc" width="100%" height="88">
 <title id="t-chart-1-title">Drinks ($drinks): % of cases</title>
-<desc id="t-chart-1-desc">Bars of the percentages that the table shows. The longest one stands for 100.0%.</desc>
-<text class="label" x="0" y="12">Tea</text>
-<rect class="bar" x="44.00%" y="0" width="42.83%" height="14"/><text x="86.83%" dx="6" y="12">97.3</text>
-<text class="label" x="0" y="34">Coffee</text>
-<rect class="bar" x="44.00%" y="22" width="15.58%" height="14"/><text x="59.58%" dx="6" y="34">35.4</text>
-<text class="label" x="0" y="56">Hot (net)</text>
-<rect class="bar" x="44.00%" y="44" width="44.00%" height="14"/><text x="88.00%" dx="6" y="56">100.0</text>
+<desc id="t-chart-1-desc">Bars of the table's figures: % of cases. The scale goes from 0 to 100.0.</desc>
+<text class="scale" x="44.00%" y="12">0</text><text class="scale" x="87.00%" y="12" text-anchor="end">100.0</text><line class="scale" x1="44.00%" y1="18" x2="87.00%" y2="18"/>
+<text class="label" x="0" y="34">Tea</text>
+<rect class="bar" x="44.00%" y="22" width="41.86%" height="14"/><text x="85.86%" dx="6" y="34">97.3</text>
+<text class="label" x="0" y="56">Coffee</text>
+<rect class="bar" x="44.00%" y="44" width="15.22%" height="14"/><text x="59.22%" dx="6" y="56">35.4</text>
+<text class="label" x="0" y="78">Hot (net)</text>
+<rect class="bar" x="44.00%" y="66" width="43.00%" height="14"/><text x="87.00%" dx="6" y="78">100.0</text>
 </svg>
 </div>
 </div>
@@ -255,28 +259,30 @@ TEST(HtmlTabulation, HasAChartForEachBy) {
 </div>
 <div class="scroll chart" role="group" aria-labelledby="t-chart-1" tabindex="0">
 <p id="t-chart-1" class="chart-title" dir="auto">% of cases by $food: Bread</p>
-<svg role="img" aria-labelledby="t-chart-1-title t-chart-1-desc" width="100%" height="66">
+<svg role="img" aria-labelledby="t-chart-1-title t-chart-1-desc" width="100%" height="88">
 <title id="t-chart-1-title">Drinks ($drinks): % of cases by $food: Bread</title>
-<desc id="t-chart-1-desc">Bars of the percentages that the table shows. The longest one stands for 88.5%.</desc>
-<text class="label" x="0" y="12">Tea</text>
-<rect class="bar" x="44.00%" y="0" width="44.00%" height="14"/><text x="88.00%" dx="6" y="12">88.5</text>
-<text class="label" x="0" y="34">Coffee</text>
+<desc id="t-chart-1-desc">Bars of the table's figures: % of cases. The scale goes from 0 to 88.5.</desc>
+<text class="scale" x="44.00%" y="12">0</text><text class="scale" x="88.00%" y="12" text-anchor="end">88.5</text><line class="scale" x1="44.00%" y1="18" x2="88.00%" y2="18"/>
+<text class="label" x="0" y="34">Tea</text>
 <rect class="bar" x="44.00%" y="22" width="44.00%" height="14"/><text x="88.00%" dx="6" y="34">88.5</text>
-<text class="label" x="0" y="56">Hot (net)</text>
+<text class="label" x="0" y="56">Coffee</text>
 <rect class="bar" x="44.00%" y="44" width="44.00%" height="14"/><text x="88.00%" dx="6" y="56">88.5</text>
+<text class="label" x="0" y="78">Hot (net)</text>
+<rect class="bar" x="44.00%" y="66" width="44.00%" height="14"/><text x="88.00%" dx="6" y="78">88.5</text>
 </svg>
 </div>
 <div class="scroll chart" role="group" aria-labelledby="t-chart-2" tabindex="0">
 <p id="t-chart-2" class="chart-title" dir="auto">% of cases by region*sex: North, Women</p>
-<svg role="img" aria-labelledby="t-chart-2-title t-chart-2-desc" width="100%" height="66">
+<svg role="img" aria-labelledby="t-chart-2-title t-chart-2-desc" width="100%" height="88">
 <title id="t-chart-2-title">Drinks ($drinks): % of cases by region*sex: North, Women</title>
-<desc id="t-chart-2-desc">Bars of the percentages that the table shows. The longest one stands for 20.0%.</desc>
-<text class="label" x="0" y="12">Tea</text>
-<rect class="bar" x="44.00%" y="0" width="44.00%" height="14"/><text x="88.00%" dx="6" y="12">20.0</text>
-<text class="label" x="0" y="34">Coffee</text>
+<desc id="t-chart-2-desc">Bars of the table's figures: % of cases. The scale goes from 0 to 20.0.</desc>
+<text class="scale" x="44.00%" y="12">0</text><text class="scale" x="88.00%" y="12" text-anchor="end">20.0</text><line class="scale" x1="44.00%" y1="18" x2="88.00%" y2="18"/>
+<text class="label" x="0" y="34">Tea</text>
 <rect class="bar" x="44.00%" y="22" width="44.00%" height="14"/><text x="88.00%" dx="6" y="34">20.0</text>
-<text class="label" x="0" y="56">Hot (net)</text>
+<text class="label" x="0" y="56">Coffee</text>
 <rect class="bar" x="44.00%" y="44" width="44.00%" height="14"/><text x="88.00%" dx="6" y="56">20.0</text>
+<text class="label" x="0" y="78">Hot (net)</text>
+<rect class="bar" x="44.00%" y="66" width="44.00%" height="14"/><text x="88.00%" dx="6" y="78">20.0</text>
 </svg>
 </div>
 </div>
@@ -284,11 +290,11 @@ TEST(HtmlTabulation, HasAChartForEachBy) {
 <table>
 <caption id="t-test-1">Association of $drinks with $food</caption>
 <thead>
-<tr><th scope="col">Member</th><th scope="col">$food</th><th scope="col" class="number">Chi-square</th><th scope="col">Corrected</th><th scope="col" class="number">df</th><th scope="col" class="number">p</th><th scope="col" class="number">Adjusted p</th></tr>
+<tr><th scope="col">Member</th><th scope="col">$food</th><th scope="col" class="number">Chi-square</th><th scope="col">Corrected</th><th scope="col" class="number">df</th><th scope="col" class="number">p</th><th scope="col" class="number">Adjusted p (Holm)</th></tr>
 </thead>
 <tbody>
-<tr><th scope="row" dir="auto">All members</th><td dir="auto"></td><td class="number" dir="auto"></td><td dir="auto"></td><td class="number" dir="auto"></td><td class="number" dir="auto"></td><td class="number" dir="auto"></td></tr>
-<tr><th scope="row" dir="auto">Tea</th><td dir="auto">Bread</td><td class="number" dir="auto">0.50</td><td dir="auto"></td><td class="number" dir="auto">1</td><td class="number" dir="auto">0.5000</td><td class="number" dir="auto">1.0000</td></tr>
+<tr><th scope="row" dir="auto">All members</th><td dir="auto"></td><td class="number" dir="auto">-</td><td dir="auto">-</td><td class="number" dir="auto">-</td><td class="number" dir="auto">-</td><td class="number" dir="auto">-</td></tr>
+<tr><th scope="row" dir="auto">Tea</th><td dir="auto">Bread</td><td class="number" dir="auto">0.50</td><td dir="auto">-</td><td class="number" dir="auto">1</td><td class="number" dir="auto">0.5000</td><td class="number" dir="auto">1.0000</td></tr>
 </tbody>
 </table>
 </div>
@@ -321,38 +327,21 @@ TEST(HtmlTabulation, ShowsTextsAsText) {
 </div>
 <div class="scroll chart" role="group" aria-labelledby="t-chart-1" tabindex="0">
 <p id="t-chart-1" class="chart-title" dir="auto">% of cases by region: &lt;b&gt;&amp;&quot;&#39;`*_[x](y)|~$#\ \x1b[31m\u202e,=1</p>
-<svg role="img" aria-labelledby="t-chart-1-title t-chart-1-desc" width="100%" height="156">
+<svg role="img" aria-labelledby="t-chart-1-title t-chart-1-desc" width="100%" height="178">
 <title id="t-chart-1-title">&lt;b&gt;&amp;&quot;&#39;`*_[x](y)|~$#\ \x1b[31m\u202e,=1 ($drinks): % of cases by region: &lt;b&gt;&amp;&quot;&#39;`*_[x](y)|~$#\ \x1b[31m\u202e,=1</title>
-<desc id="t-chart-1-desc">Bars of the percentages that the table shows. The longest one stands for 100.0%.</desc>
-<text class="label" x="0" y="12" textLength="174" lengthAdjust="spacingAndGlyphs">&lt;b&gt;&amp;&quot;&#39;`*_[x](y)|~$#\</text>
-<text class="label" x="0" y="30">\x1b[31m\u202e,=1</text>
-<rect class="bar" x="44.00%" y="0" width="42.62%" height="14"/><text x="86.62%" dx="6" y="12">96.9</text>
-<text class="label" x="0" y="52">=1+1</text>
-<rect class="bar" x="44.00%" y="40" width="2.41%" height="14"/><text x="46.41%" dx="6" y="52">5.5</text>
-<text class="label" x="0" y="74">עברית\nsecond line,</text>
-<text class="label" x="0" y="92">which is far too</text>
-<text class="label" x="0" y="110">long to stand on one</text>
-<text class="label" x="0" y="128">line of a terminal</text>
-<text class="label" x="0" y="146">(net)</text>
-<rect class="bar" x="44.00%" y="62" width="44.00%" height="14"/><text x="88.00%" dx="6" y="74">100.0</text>
-</svg>
-</div>
-<div class="scroll chart" role="group" aria-labelledby="t-chart-2" tabindex="0">
-<p id="t-chart-2" class="chart-title" dir="auto">% of cases by &lt;b&gt;&amp;&quot;&#39;`*_[x](y)|~$#\ \x1b[31m\u202e,=1: South</p>
-<svg role="img" aria-labelledby="t-chart-2-title t-chart-2-desc" width="100%" height="156">
-<title id="t-chart-2-title">&lt;b&gt;&amp;&quot;&#39;`*_[x](y)|~$#\ \x1b[31m\u202e,=1 ($drinks): % of cases by &lt;b&gt;&amp;&quot;&#39;`*_[x](y)|~$#\ \x1b[31m\u202e,=1: South</title>
-<desc id="t-chart-2-desc">Bars of the percentages that the table shows. The longest one stands for 0.0%.</desc>
-<text class="label" x="0" y="12" textLength="174" lengthAdjust="spacingAndGlyphs">&lt;b&gt;&amp;&quot;&#39;`*_[x](y)|~$#\</text>
-<text class="label" x="0" y="30">\x1b[31m\u202e,=1</text>
-<rect class="bar" x="44.00%" y="0" width="0.00%" height="14"/><text x="44.00%" dx="6" y="12">-</text>
-<text class="label" x="0" y="52">=1+1</text>
-<rect class="bar" x="44.00%" y="40" width="0.00%" height="14"/><text x="44.00%" dx="6" y="52">-</text>
-<text class="label" x="0" y="74">עברית\nsecond line,</text>
-<text class="label" x="0" y="92">which is far too</text>
-<text class="label" x="0" y="110">long to stand on one</text>
-<text class="label" x="0" y="128">line of a terminal</text>
-<text class="label" x="0" y="146">(net)</text>
-<rect class="bar" x="44.00%" y="62" width="0.00%" height="14"/><text x="44.00%" dx="6" y="74">-</text>
+<desc id="t-chart-1-desc">Bars of the table's figures: % of cases. The scale goes from 0 to 100.0.</desc>
+<text class="scale" x="44.00%" y="12">0</text><text class="scale" x="87.00%" y="12" text-anchor="end">100.0</text><line class="scale" x1="44.00%" y1="18" x2="87.00%" y2="18"/>
+<text class="label" x="0" y="34" textLength="174" lengthAdjust="spacingAndGlyphs">&lt;b&gt;&amp;&quot;&#39;`*_[x](y)|~$#\</text>
+<text class="label" x="0" y="52">\x1b[31m\u202e,=1</text>
+<rect class="bar" x="44.00%" y="22" width="41.66%" height="14"/><text x="85.66%" dx="6" y="34">96.9</text>
+<text class="label" x="0" y="74">=1+1</text>
+<rect class="bar" x="44.00%" y="62" width="2.35%" height="14"/><text x="46.35%" dx="6" y="74">5.5</text>
+<text class="label" x="0" y="96">עברית</text>
+<text class="label" x="0" y="114">second line, which</text>
+<text class="label" x="0" y="132">is far too long to</text>
+<text class="label" x="0" y="150">stand on one line of</text>
+<text class="label" x="0" y="168">a terminal (net)</text>
+<rect class="bar" x="44.00%" y="84" width="43.00%" height="14"/><text x="87.00%" dx="6" y="96">100.0</text>
 </svg>
 </div>
 </div>
@@ -368,6 +357,49 @@ TEST(HtmlTabulation, DrawsNoMoreBarsThanAnybodyLooksAt) {
   EXPECT_NE(HtmlTabulation(tabulation, "t").find("<svg"), std::string::npos);
   tabulation.rows.resize(201, tabulation.rows.front());
   EXPECT_EQ(HtmlTabulation(tabulation, "t").find("<svg"), std::string::npos);
+}
+
+TEST(HtmlTabulation, DrawsBarsOfWhatTheTableShowsWithRoomForItsValues) {
+  Tabulation tabulation = Drinks();
+  tabulation.figures = {true, false, false, false, false};
+  tabulation.rows.resize(1);
+  tabulation.rows[0].cells[0].count = 123456789;
+  const std::string html = HtmlTabulation(tabulation, "t");
+  EXPECT_THAT(html, HasSubstr(R"(<p id="t-chart-1" class="chart-title" dir="auto">Count</p>
+<svg role="img" aria-labelledby="t-chart-1-title t-chart-1-desc" width="100%" height="44">
+<title id="t-chart-1-title">Drinks ($drinks): Count</title>
+<desc id="t-chart-1-desc">Bars of the table's figures: Count. The scale goes from 0 to 123456789.</desc>
+<text class="scale" x="44.00%" y="12">0</text><text class="scale" x="79.00%" y="12" text-anchor="end">123456789</text><line class="scale" x1="44.00%" y1="18" x2="79.00%" y2="18"/>
+<text class="label" x="0" y="34">Tea</text>
+<rect class="bar" x="44.00%" y="22" width="35.00%" height="14"/><text x="79.00%" dx="6" y="34">123456789</text>
+</svg>
+)"));
+}
+
+TEST(HtmlTabulation, HasNoChartWhereNoBarHasALength) {
+  Tabulation tabulation = Drinks();
+  tabulation.figures = {false, false, false, true, false};
+  EXPECT_THAT(HtmlTabulation(tabulation, "t"), Not(HasSubstr("<svg")));
+  tabulation.figures.percentOfCases = true;
+  EXPECT_THAT(HtmlTabulation(tabulation, "t"), HasSubstr("<svg"));
+  for (TabulationRow& row : tabulation.rows) {
+    row.cells[0].percentOfCases = {};
+  }
+  EXPECT_THAT(HtmlTabulation(tabulation, "t"), Not(HasSubstr("<svg")));
+}
+
+TEST(HtmlTabulation, ShowsLinesOfLabelsAsLinesAndOtherTextsOnOne) {
+  Tabulation tabulation = DrinksByRegion();
+  tabulation.label = "a\nb";
+  tabulation.where = "c\nd";
+  tabulation.columns[1].labels = {"e\nf"};
+  tabulation.rows[0].label = "g\nh";
+  tabulation.notes = {"i\nj"};
+  const std::string html = HtmlTabulation(tabulation, "t");
+  for (const char* part : {">a b ($drinks) ", ">Where: c d<", ">e<br>f<", ">g<br>h<", ">i j<"}) {
+    EXPECT_THAT(html, HasSubstr(part));
+  }
+  EXPECT_THAT(html, Not(HasSubstr("\\n")));
 }
 
 TEST(HtmlTabulation, GivesColoursToColumnsThatAreFewEnough) {

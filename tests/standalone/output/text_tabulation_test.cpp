@@ -100,11 +100,11 @@ Responses per case        -
 Association of $drinks with region
 
                                                    Adjusted
-             Chi-square  Corrected    df        p         p
+             Chi-square  Corrected    df        p  p (Holm)
 -----------  ----------  ---------  ----  -------  --------
-All members       12.50      11.25  1.75  <0.0001
-Tea               10.13             1      0.0125    0.0250
-Coffee                              1
+All members       12.50      11.25  1.75  <0.0001    -
+Tea               10.13       -     1      0.0125    0.0250
+Coffee             -          -     1      -         -
 
 9 cases chose none and are not in the base; with BASE=ASKED it is 235.
 )");
@@ -131,10 +131,10 @@ Missing            5       3            2
 Association of $drinks with $food
 
                                                 Adjusted
-             Chi-square  Corrected  df       p         p
+             Chi-square  Corrected  df       p  p (Holm)
 -----------  ----------  ---------  --  ------  --------
-All members
-Tea, Bread         0.50              1  0.5000    1.0000
+All members        -             -   -  -         -
+Tea, Bread         0.50          -   1  0.5000    1.0000
 )");
 }
 
@@ -295,11 +295,11 @@ Hot (net)       -     -    -
 Association of $drinks with region
 
                                                    Adjusted
-             Chi-square  Corrected    df        p         p
+             Chi-square  Corrected    df        p  p (Holm)
 -----------  ----------  ---------  ----  -------  --------
-All members       12.50      11.25  1.75  <0.0001
-Tea               10.13             1      0.0125    0.0250
-Coffee                              1
+All members       12.50      11.25  1.75  <0.0001    -
+Tea               10.13       -     1      0.0125    0.0250
+Coffee             -          -     1      -         -
 
 9 cases chose none and are not in the base; with BASE=ASKED
 it is 235.
@@ -342,8 +342,8 @@ TEST(TextTabulation, DrawsBarsOfEighths) {
   EXPECT_EQ(TextTabulation(Drinks(), 60, Colour::kNone, Chart::kBlocks), R"(Drinks ($drinks)
 
            Total
-                   % of
-           Count  cases
+                   % of  % of cases
+           Count  cases  0              100.0
 ---------  -----  -----  --------------------
 Tea          220   97.3  ███████████████████▌
 Coffee        80   35.4  ███████▏
@@ -362,8 +362,8 @@ TEST(TextTabulation, DrawsBarsOfSignsForEachColumn) {
 
                                             region -----------------
                  Total                      North
-                         % of                       % of
-                 Count  cases               Count  cases
+                         % of  % of cases           % of  % of cases
+                 Count  cases  0    100.0   Count  cases  0    100.0
 ---------------  -----  -----  ----------   -----  -----  ----------
 Tea                220   97.3  ##########     124   96.9  ##########
 Coffee              80   35.4  ####             7    5.5  #
@@ -376,8 +376,8 @@ Missing              5                          5
 
                  region -----------------
                  South
-                         % of
-                 Count  cases
+                         % of  % of cases
+                 Count  cases  0    100.0
 ---------------  -----  -----  ----------
 Tea                  0      -
 Coffee               0      -
@@ -389,6 +389,84 @@ None chosen          2
 Missing              0
 
 9 cases chose none and are not in the base; with BASE=ASKED it is 235.
+)");
+}
+
+TEST(TextTabulation, DrawsBarsOfWhatTheTableShows) {
+  Tabulation tabulation = Drinks();
+  tabulation.notes.clear();
+  tabulation.figures = {true, false, false, true, false};
+  EXPECT_EQ(TextTabulation(tabulation, 60, Colour::kNone, Chart::kSigns), R"(Drinks ($drinks)
+
+           Total
+                  Standard  Design  Count
+           Count     error  effect  0      226
+---------  -----  --------  ------  ----------
+Tea          220         -       -  ##########
+Coffee        80         -       -  ####
+Hot (net)    226         -       -  ##########
+
+Answered 226, none chosen 9, missing 5 of 240 cases.
+Base: 226 cases that answered.
+)");
+  tabulation.figures = {false, false, true, false, false};
+  EXPECT_EQ(TextTabulation(tabulation, 50, Colour::kNone, Chart::kSigns), R"(Drinks ($drinks)
+
+           Total
+                % of  % of responses
+           responses  0            73.3
+---------  ---------  -----------------
+Tea             73.3  #################
+Coffee          26.7  ######
+Hot (net)        -
+
+Answered 226, none chosen 9, missing 5 of 240
+cases.
+Base: 226 cases that answered.
+Responses: 300, 1.33 per case.
+)");
+  tabulation.figures = {false, false, false, true, false};
+  EXPECT_EQ(TextTabulation(tabulation, 60, Colour::kNone, Chart::kSigns), TextTabulation(tabulation, 60));
+}
+
+TEST(TextTabulation, DrawsNoBarsWhereNoneHasALength) {
+  Tabulation tabulation = Drinks();
+  for (TabulationRow& row : tabulation.rows) {
+    row.cells.front().percentOfCases = {};
+  }
+  EXPECT_EQ(TextTabulation(tabulation, 60, Colour::kNone, Chart::kBlocks), TextTabulation(tabulation, 60));
+}
+
+TEST(TextTabulation, ShowsLinesOfLabelsAsLinesAndOtherTextsOnOne) {
+  Tabulation tabulation = DrinksByRegion();
+  tabulation.label = "Drinks\nat breakfast";
+  tabulation.where = "age > 30\r\n  AND age < 40";
+  tabulation.none = "-1";
+  tabulation.columns[1].labels = {"North\nand more"};
+  tabulation.columns.resize(2);
+  tabulation.rows.resize(1);
+  tabulation.rows[0].label = "Tea\nor more";
+  tabulation.rows[0].cells.resize(2);
+  tabulation.notes = {"One\nline."};
+  EXPECT_EQ(TextTabulation(tabulation, 60), R"(Drinks at breakfast ($drinks)
+Where: age > 30 AND age < 40
+None chosen: -1
+
+                                region -----
+                                North
+                 Total          and more
+                         % of           % of
+                 Count  cases   Count  cases
+---------------  -----  -----   -----  -----
+Tea                220   97.3     124   96.9
+or more
+---------------  -----  -----   -----  -----
+All cases          240            140
+Answered (base)    226            128
+None chosen          9              7
+Missing              5              5
+
+One line.
 )");
 }
 

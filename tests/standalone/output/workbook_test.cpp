@@ -42,11 +42,11 @@ TEST_F(XlsxRenderer, HasASheetForEachTableWithNumbersAsNumbers) {
   A5 'Tea', B5 220 as 0, C5 0.9734513274336283 as 0.0%, D5 124 as 0, E5 0.96875 as 0.0%, F5 0 as 0
   A6 'Coffee', B6 80 as 0, C6 0.3539823008849557 as 0.0%, D6 7 as 0, E6 0.0546875 as 0.0%, F6 0 as 0
   A7 'Hot (net)', B7 226 as 0, C7 1 as 0.0%, D7 128 as 0, E7 1 as 0.0%, F7 0 as 0
-  A8 'All cases', B8 240 as 0, D8 140 as 0, F8 2 as 0
-  A9 'Answered (base)', B9 226 as 0, D9 128 as 0, F9 0 as 0
-  A10 'None chosen', B10 9 as 0, D10 7 as 0, F10 2 as 0
-  A11 'Missing', B11 5 as 0, D11 5 as 0, F11 0 as 0
-  A13 '9 cases chose none and are not in the base; with BASE=ASKED it is 235.'
+  A9 'All cases', B9 240 as 0, D9 140 as 0, F9 2 as 0
+  A10 'Answered (base)', B10 226 as 0, D10 128 as 0, F10 0 as 0
+  A11 'None chosen', B11 9 as 0, D11 7 as 0, F11 2 as 0
+  A12 'Missing', B12 5 as 0, D12 5 as 0, F12 0 as 0
+  A14 '9 cases chose none and are not in the base; with BASE=ASKED it is 235.'
   merged: D2:G2 B3:C3 D3:E3 F3:G3
 'Multiple Response Sets', frozen at B3
   A1 'Multiple Response Sets'
@@ -69,23 +69,23 @@ TEST_F(XlsxRenderer, HasASheetForEachTest) {
   A7 'Tea', B7 220 as 0, C7 247.505 as 0.00, D7 0.9734513274336283 as 0.00%, E7 0.7333333333333333 as 0.00%, F7 0.00125 as 0.00%, G7 1.335 as 0.00, H7 -1E-05 as 0.00%, I7 0.123449 as 0.00%, J7 124 as 0, K7 124 as 0.00, L7 0.96875 as 0.00%, M7 0.9465648854961831 as 0.00%, R7 0 as 0, S7 0 as 0.00
   A8 'Coffee', B8 80 as 0, C8 80 as 0.00, D8 0.3539823008849557 as 0.00%, E8 0.2666666666666667 as 0.00%, J8 7 as 0, K8 7 as 0.00, L8 0.0546875 as 0.00%, M8 0.05343511450381679 as 0.00%, R8 0 as 0, S8 0 as 0.00
   A9 'Hot (net)', B9 226 as 0, C9 226 as 0.00, D9 1 as 0.00%, J9 128 as 0, K9 128 as 0.00, L9 1 as 0.00%, R9 0 as 0, S9 0 as 0.00
-  A10 'All cases', B10 240 as 0, J10 140 as 0, R10 2 as 0
-  A11 'Answered', B11 226 as 0, J11 128 as 0, R11 0 as 0
-  A12 'None chosen', B12 9 as 0, J12 7 as 0, R12 2 as 0
-  A13 'Missing', B13 5 as 0, J13 5 as 0, R13 0 as 0
-  A14 'Asked (base)', B14 235 as 0, J14 135 as 0, R14 2 as 0
-  A15 'Weighted base', B15 264.375 as 0.00, J15 151.875 as 0.00, R15 2.25 as 0.00
-  A16 'Effective base', B16 198.28125 as 0.00, J16 113.90625 as 0.00, R16 1.6875 as 0.00
-  A17 'Responses', B17 300 as 0.00, J17 131 as 0.00, R17 0 as 0.00
-  A18 'Responses per case', B18 1.327433628318584 as 0.00, J18 1.0234375 as 0.00
-  A20 '9 cases chose none and are not in the base; with BASE=ASKED it is 235.'
+  A11 'All cases', B11 240 as 0, J11 140 as 0, R11 2 as 0
+  A12 'Answered', B12 226 as 0, J12 128 as 0, R12 0 as 0
+  A13 'None chosen', B13 9 as 0, J13 7 as 0, R13 2 as 0
+  A14 'Missing', B14 5 as 0, J14 5 as 0, R14 0 as 0
+  A15 'Asked (base)', B15 235 as 0, J15 135 as 0, R15 2 as 0
+  A16 'Weighted base', B16 264.375 as 0.00, J16 151.875 as 0.00, R16 2.25 as 0.00
+  A17 'Effective base', B17 198.28125 as 0.00, J17 113.90625 as 0.00, R17 1.6875 as 0.00
+  A18 'Responses', B18 300 as 0.00, J18 131 as 0.00, R18 0 as 0.00
+  A19 'Responses per case', B19 1.327433628318584 as 0.00, J19 1.0234375 as 0.00
+  A21 '9 cases chose none and are not in the base; with BASE=ASKED it is 235.'
   merged: J4:Y4 B5:I5 J5:Q5 R5:Y5
 '$drinks by region', frozen at B3
   A1 'Association of $drinks with region'
-  A2 'Member', B2 'Chi-square', C2 'Corrected', D2 'df', E2 'p', F2 'Adjusted p'
-  A3 'All members', B3 12.5 as 0.00, C3 11.25 as 0.00, D3 1.75 as 0.00, E3 1E-05 as 0.0000
-  A4 'Tea', B4 10.125 as 0.00, D4 1 as 0.00, E4 0.0125 as 0.0000, F4 0.025 as 0.0000
-  A5 'Coffee', D5 1 as 0.00
+  A2 'Member', B2 'Chi-square', C2 'Corrected', D2 'df', E2 'p', F2 'Adjusted p (Holm)'
+  A3 'All members', B3 12.5 as 0.00, C3 11.25 as 0.00, D3 1.75 as 0.00, E3 1E-05 as [<0.00005]"<0.0001";0.0000
+  A4 'Tea', B4 10.125 as 0.00, D4 1 as 0, E4 0.0125 as [<0.00005]"<0.0001";0.0000, F4 0.025 as [<0.00005]"<0.0001";0.0000
+  A5 'Coffee', D5 1 as 0
 )");
 }
 
@@ -99,11 +99,11 @@ TEST_F(XlsxRenderer, TakesNoTextForAFormula) {
   A6 '<b>&"\'`*_[x](y)|~$#\\ \\x1b[31m\\u202e,=1', B6 220 as 0, C6 0.9734513274336283 as 0.0%, D6 124 as 0, E6 0.96875 as 0.0%, F6 0 as 0
   A7 '=1+1', B7 80 as 0, C7 0.3539823008849557 as 0.0%, D7 7 as 0, E7 0.0546875 as 0.0%, F7 0 as 0
   A8 'עברית\nsecond line, which is far too long to stand on one line of a terminal (net)', B8 226 as 0, C8 1 as 0.0%, D8 128 as 0, E8 1 as 0.0%, F8 0 as 0
-  A9 'All cases', B9 240 as 0, D9 140 as 0, F9 2 as 0
-  A10 'Answered (base)', B10 226 as 0, D10 128 as 0, F10 0 as 0
-  A11 'None chosen', B11 9 as 0, D11 7 as 0, F11 2 as 0
-  A12 'Missing', B12 5 as 0, D12 5 as 0, F12 0 as 0
-  A14 '<b>&"\'`*_[x](y)|~$#\\ \\x1b[31m\\u202e,=1'
+  A10 'All cases', B10 240 as 0, D10 140 as 0, F10 2 as 0
+  A11 'Answered (base)', B11 226 as 0, D11 128 as 0, F11 0 as 0
+  A12 'None chosen', B12 9 as 0, D12 7 as 0, F12 2 as 0
+  A13 'Missing', B13 5 as 0, D13 5 as 0, F13 0 as 0
+  A15 '<b>&"\'`*_[x](y)|~$#\\ \\x1b[31m\\u202e,=1'
   merged: D3:E3 F3:G3 B4:C4 D4:E4 F4:G4
 )");
 }

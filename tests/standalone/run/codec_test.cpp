@@ -84,6 +84,8 @@ TEST(Codec, ATabulationArrivesWithEveryMember) {
   Tabulation tabulation = WeightedDrinks();
   tabulation.confidence = 99.5;
   tabulation.minBase = 30;
+  tabulation.none = "-1";
+  tabulation.adjustment = Adjustment::kBonferroni;
   tabulation.tests.front().members.front().byMember = "food1";
   const auto arrived = std::get<Tabulation>(Sent(tabulation));
   EXPECT_EQ(JsonText(arrived), JsonText(tabulation));

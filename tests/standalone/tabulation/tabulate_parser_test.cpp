@@ -232,6 +232,7 @@ TEST(TabulateParser, SaysWhatIsWrong) {
       {"$a /NET=Hot d1", noNet + " []"},
       {"$a /NET=: d1", noNet + " [:]"},
       {"$a /NET='Hot':", "The value of NET is missing. []"},
+      {"$a /NET='Hot': d1 /NET='hot': d1 /NET=Hot: d2", "The net Hot is given twice. [Hot]"},
       {"$a /CONFIDENCE=0", "CONFIDENCE takes a number above 0 and below 100: 0. [0]"},
       {"$a /CONFIDENCE=100", "CONFIDENCE takes a number above 0 and below 100: 100. [100]"},
       {"$a /CONFIDENCE='5'", "CONFIDENCE takes a number above 0 and below 100: 5. ['5']"},

@@ -343,6 +343,9 @@ TEST(TabulateTest, PercentagesOfSmallBasesAreLeftOutWhereMinbaseSaysSo) {
             "-2.13378..135.467 x0.761905 | 1 1 -% -% +-- -..- x- | 0 0 -% -% +-- -..- x-\n"
             "juice [Juice]: 1 1 20% 12.5% +-19.1237 -25.2203..65.2203 x0.914286 | 1 1 33.3333% 16.6667% +-29.0957 "
             "-35.4671..102.134 x0.761905 | 0 0 -% -% +-- -..- x- | 0 0 -% -% +-- -..- x-\n");
+  EXPECT_EQ(Described(table, "note"),
+            "2 cases chose none and are not in the base; with BASE=ASKED it is 7.\n"
+            "The base is under 3 in 2 columns, which show no percentages: region North (2) and region 3 (0).\n");
 }
 
 TEST(TabulateTest, NotesSayWhatAReaderShouldKnow) {

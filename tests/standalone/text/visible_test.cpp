@@ -69,5 +69,10 @@ TEST(Visible, LinesEndAtEveryKindOfLineEnd) {
   }
 }
 
+TEST(Visible, OnOneLineABlankStandsForALineEnd) {
+  EXPECT_EQ(VisibleOnOneLine(" a \r\n\n  b\x1b c  d\re\n"), "a b\\x1b c  d e");
+  EXPECT_EQ(VisibleOnOneLine("\n"), "");
+}
+
 }  // namespace
 }  // namespace standalone

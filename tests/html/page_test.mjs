@@ -245,6 +245,24 @@ test('paper is white, and tables fit on it', async () => {
   await close();
 });
 
+test('tables of sets fit on paper, and no figure is cut or broken', async () => {
+  for (const file of ['tables.html', 'hostile-tables.html']) {
+    const { page, close } = await open({ viewport: { width: 680, height: 960 }, bypassCSP: true }, file);
+    await page.emulateMedia({ media: 'print' });
+    assert.deepEqual(await page.locator('table, svg').evaluateAll((all) => all.map((one) =>
+      Math.round(one.getBoundingClientRect().right)).filter((right) => right > innerWidth)), []);
+    assert.deepEqual(await page.locator('td.number').evaluateAll((all) => all.filter((cell) => {
+      const range = document.createRange();
+      range.selectNodeContents(cell);
+      const lines = new Set([...range.getClientRects()].map((box) => Math.round(box.top)));
+      const text = range.getBoundingClientRect();
+      return lines.size > 1 || text.left < cell.getBoundingClientRect().left || text.right > innerWidth;
+    }).map((cell) => cell.textContent)), []);
+    assert.deepEqual(await findings(page), []);
+    await close();
+  }
+});
+
 for (const colorScheme of ['light', 'dark']) {
   for (const [name, viewport] of Object.entries(widths)) {
     for (const file of ['tables.html', 'hostile-tables.html']) {
@@ -258,17 +276,22 @@ for (const colorScheme of ['light', 'dark']) {
     }
   }
 
-  test(`every bar stands out from the page: ${colorScheme}`, async () => {
+  test(`every bar stands out from the page and its panels: ${colorScheme}`, async () => {
     const { page, close } = await open({ colorScheme }, 'tables.html');
     const colours = await page.evaluate(() => [getComputedStyle(document.body).backgroundColor,
+      getComputedStyle(document.querySelector('main').appendChild(
+        Object.assign(document.createElement('p'), { className: 'command-text' }))).backgroundColor,
       ...[...document.querySelectorAll('rect')].map((bar) => getComputedStyle(bar).fill)]);
     const luminance = (colour) => colour.match(/\d+/g).map((part) => part / 255)
       .map((part) => (part <= 0.04045 ? part / 12.92 : ((part + 0.055) / 1.055) ** 2.4))
       .reduce((sum, part, i) => sum + part * [0.2126, 0.7152, 0.0722][i], 0);
-    const [ground, ...bars] = colours.map(luminance);
+    const [ground, panel, ...bars] = colours.map(luminance);
+    assert.notEqual(ground, panel);
     assert.ok(bars.length > 20);
     for (const bar of bars) {
-      assert.ok((Math.max(bar, ground) + 0.05) / (Math.min(bar, ground) + 0.05) >= 3);
+      for (const under of [ground, panel]) {
+        assert.ok((Math.max(bar, under) + 0.05) / (Math.min(bar, under) + 0.05) >= 3);
+      }
     }
     await close();
   });
@@ -289,8 +312,8 @@ test('bars have their values in text, and a chart its title and description', as
   const chart = page.locator('#command-2 svg');
   assert.equal(await page.getByRole('img', { name: 'Drinks ($drinks): % of cases Bars of', exact: false }).count(), 1);
   assert.equal(await chart.locator('desc').textContent(),
-    'Bars of the percentages that the table shows. The longest one stands for 80.0%.');
-  assert.deepEqual(await chart.locator('text').allTextContents(), ['tea', '60.0', 'coffee', '80.0']);
+    "Bars of the table's figures: % of cases. The scale goes from 0 to 80.0.");
+  assert.deepEqual(await chart.locator('text').allTextContents(), ['0', '80.0', 'tea', '60.0', 'coffee', '80.0']);
   await close();
 });
 

@@ -74,6 +74,53 @@ So do all the forms.
   Tea      45.7  ########
   Coffee   59.0  ##########
 
+Formats without bars refuse them, and so do tables without a figure for them. A page has them anyway.
+
+  $ for format in json csv xlsx markdown; do mrset tabulate b.mrset '$drinks' --chart --format $format --output no; echo $?; done
+  mrset: --chart needs text or html; there are no bars in json.
+  2
+  mrset: --chart needs text or html; there are no bars in csv.
+  2
+  mrset: --chart needs text or html; there are no bars in xlsx.
+  2
+  mrset: --chart needs text or html; there are no bars in markdown.
+  2
+  $ mrset tabulate b.mrset '$drinks' --chart --show error,interval
+  mrset: --chart needs --show count, cases or responses, of which it draws bars.
+  [2]
+  $ mrset tabulate b.mrset '$drinks' --chart --output page.html; grep -c '<svg' page.html
+  1
+
+A page of options has no script, and so no line.
+
+  $ grep 'class="facts"' page.html
+  <p class="facts"><span class="status ok">OK</span> </p>
+
+MINBASE says which percentages it removes, and a net has its label alone.
+
+  $ mrset tabulate b.mrset '$drinks' --by vegetarian --minbase 100 --show cases | tail -n 2
+  The base is under 100 in 1 column, which shows no percentages: vegetarian 0
+  (93).
+  $ mrset tabulate b.mrset '$drinks' --net 'Hot: drink1' --net ' Hot : drink2'
+  mrset: --net: The net Hot is given twice.
+  Run "mrset tabulate --help" for its options.
+  [2]
+  $ mrset run b.mrset -c 'TABULATE $drinks /NET="Hot": drink1 /NET=Hot: drink2'
+  1> TABULATE $drinks /NET="Hot": drink1 /NET=Hot: drink2
+  Error: The net Hot is given twice.
+    -c 1, line 1, column 42:
+      TABULATE $drinks /NET="Hot": drink1 /NET=Hot: drink2
+                                               ^^^
+  [1]
+
+What restricts a table is told on one line.
+
+  $ mrset tabulate b.mrset '$toppings' --none Jam --where 'born < 1980
+  >   AND region = "N"' | head -n 3
+  $toppings
+  Where: born < 1980 AND region = "N"
+  None chosen: Jam
+
 A net's label may hold quotes and slashes, and a value its sign.
 
   $ mrset tabulate b.mrset '$toppings' --net "Children's / sweet: Honey Jam" --none -1 | grep sweet

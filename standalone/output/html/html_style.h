@@ -19,8 +19,8 @@ inline constexpr std::string_view kPageStyle = R"css(:root {
   --warning: #7a4d00;
   --warning-panel: #fdf6e6;
   --ok: #22683c;
-  --bar: #0072b2; --bar-1: #bd8300; --bar-2: #1d96db; --bar-3: #009e73; --bar-4: #9c920c; --bar-5: #0072b2;
-  --bar-6: #d55e00; --bar-7: #ca73a3;
+  --bar: #0072b2; --bar-1: #bd8300; --bar-2: #1d96db; --bar-3: #009e73; --bar-4: #968c0b; --bar-5: #0072b2;
+  --bar-6: #d55e00; --bar-7: #c66f9f;
 }
 @media (prefers-color-scheme: dark) {
   :root {
@@ -161,8 +161,8 @@ td.number sup { position: absolute; top: auto; margin-top: -0.1em; line-height: 
     color-scheme: light;
     --page: #ffffff; --panel: #ffffff; --line: #999999; --ink: #000000; --soft: #333333; --link: #000000;
     --error: #8a0f0a; --error-panel: #ffffff; --warning: #5e3b00; --warning-panel: #ffffff; --ok: #000000;
-    --bar: #0072b2; --bar-1: #bd8300; --bar-2: #1d96db; --bar-3: #009e73; --bar-4: #9c920c; --bar-5: #0072b2;
-    --bar-6: #d55e00; --bar-7: #ca73a3;
+    --bar: #0072b2; --bar-1: #bd8300; --bar-2: #1d96db; --bar-3: #009e73; --bar-4: #968c0b; --bar-5: #0072b2;
+    --bar-6: #d55e00; --bar-7: #c66f9f;
   }
   @page { margin: 18mm 16mm; }
   body { max-width: none; padding: 0; font-size: 10pt; }

@@ -171,8 +171,11 @@ td.number sup { position: absolute; top: auto; margin-top: -0.1em; line-height: 
   .scroll { overflow: visible; background: none; }
   table { font-size: 9pt; }
   th, td { min-width: 8em; padding-right: 1em; overflow-wrap: anywhere; }
-  .tabulation th, .tabulation td { min-width: 0; overflow-wrap: break-word; }
-  .tabulation .number { white-space: nowrap; }
+  .tabulation table { font-size: min(9pt, 100pt / var(--figures)); }
+  .tabulation th, .tabulation td { min-width: 0; max-width: 16em; padding: 0.4em 0.6em 0.4em 0; }
+  .tabulation th { overflow-wrap: anywhere; }
+  .tabulation th.number { overflow-wrap: break-word; }
+  .tabulation td.number { white-space: nowrap; }
   .tabulation > .chart { break-inside: avoid; }
   h2, .facts, caption { break-after: avoid; }
   tr, .messages li { break-inside: avoid; }

@@ -22,6 +22,7 @@ class TabulationHtml {
   explicit TabulationHtml(const Tabulation& tabulation)
       : fTabulation(tabulation), fFigures(ShownFigures(tabulation)), fGroups(ColumnGroups(tabulation)) {}
 
+  std::size_t FiguresOfRow() const { return fTabulation.columns.size() * fFigures.size(); }
   std::string Table(const std::string& id) const;
   std::string Charts(const std::string& id) const;
 
@@ -157,7 +158,8 @@ std::string NotesHtml(const std::vector<std::string>& notes) {
 
 std::string HtmlTabulation(const Tabulation& tabulation, const std::string& id) {
   const TabulationHtml table(tabulation);
-  std::string html = "<div class=\"tabulation\">\n" + table.Table(id) + table.Charts(id) + "</div>\n";
+  std::string html = fmt::format("<div class=\"tabulation\" style=\"--figures: {}\">\n", table.FiguresOfRow()) +
+                     table.Table(id) + table.Charts(id) + "</div>\n";
   for (std::size_t test = 0; test < tabulation.tests.size(); ++test) {
     html += HtmlTable(TestTable(tabulation, tabulation.tests[test]), fmt::format("{}-test-{}", id, test + 1));
   }

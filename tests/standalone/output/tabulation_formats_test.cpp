@@ -190,7 +190,7 @@ TEST(CsvTabulation, HasNoFormulas) {
 }
 
 TEST(HtmlTabulation, IsATableBesideItsBars) {
-  EXPECT_EQ(HtmlTabulation(Drinks(), "t"), R"(<div class="tabulation">
+  EXPECT_EQ(HtmlTabulation(Drinks(), "t"), R"(<div class="tabulation" style="--figures: 2">
 <div class="scroll" role="group" aria-labelledby="t" tabindex="0">
 <table>
 <caption id="t" dir="auto">Drinks ($drinks)</caption>
@@ -234,7 +234,7 @@ TEST(HtmlTabulation, IsATableBesideItsBars) {
 }
 
 TEST(HtmlTabulation, HasAChartForEachBy) {
-  EXPECT_EQ(HtmlTabulation(DrinksByFood(), "t"), R"(<div class="tabulation">
+  EXPECT_EQ(HtmlTabulation(DrinksByFood(), "t"), R"(<div class="tabulation" style="--figures: 3">
 <div class="scroll" role="group" aria-labelledby="t" tabindex="0">
 <table>
 <caption id="t" dir="auto">Drinks ($drinks)</caption>
@@ -302,7 +302,7 @@ TEST(HtmlTabulation, HasAChartForEachBy) {
 }
 
 TEST(HtmlTabulation, ShowsTextsAsText) {
-  EXPECT_EQ(HtmlTabulation(HostileDrinks(kHostileText), "t"), R"(<div class="tabulation">
+  EXPECT_EQ(HtmlTabulation(HostileDrinks(kHostileText), "t"), R"(<div class="tabulation" style="--figures: 6">
 <div class="scroll" role="group" aria-labelledby="t" tabindex="0">
 <table>
 <caption id="t" dir="auto">&lt;b&gt;&amp;&quot;&#39;`*_[x](y)|~$#\ \x1b[31m\u202e,=1 ($drinks) <span class="scope">Where: &lt;b&gt;&amp;&quot;&#39;`*_[x](y)|~$#\ \x1b[31m\u202e,=1</span></caption>

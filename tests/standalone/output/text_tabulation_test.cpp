@@ -470,6 +470,17 @@ One line.
 )");
 }
 
+// Ends in time only when the work grows with the columns and not with their square.
+TEST(TextTabulation, ChartsOfManyColumnsTakeTimeInProportion) {
+  constexpr std::size_t kColumns = 30'000;
+  Tabulation tabulation = Drinks();
+  tabulation.rows.resize(1);
+  tabulation.columns.resize(kColumns, TabulatedColumn("region", {"N"}, {"North"}, {140, 128, 7, 5, 128}));
+  tabulation.rows[0].cells.resize(kColumns, UnweightedCell(64, 128, 128));
+  const std::string text = TextTabulation(tabulation, 80, Colour::kNone, Chart::kSigns);
+  EXPECT_EQ(static_cast<std::size_t>(std::count(text.begin(), text.end(), '#')), kColumns * 5 + 5);
+}
+
 TEST(TextTabulation, IsNeverWiderThanTheWindow) {
   const std::vector<Tabulation> all = {Drinks(),
                                        DrinksByRegion(),

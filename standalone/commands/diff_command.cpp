@@ -35,7 +35,9 @@ ExitStatus Diff(const DiffOptions& options) {
   const SetsDifference difference =
       CompareSets(ReadSets(options.a, options.datasetOptions), ReadSets(options.b, options.datasetOptions));
   if (options.format == kJsonFormat) {
-    std::cout << OneLine(DiffJson(difference, options.a, options.b)) << '\n';
+    JsonWriter json(std::cout);
+    WriteDiffJson(json, difference, options.a, options.b);
+    std::cout << '\n';
   } else {
     std::cout << DiffText(difference, options.a, options.b, OutputWidth());
   }

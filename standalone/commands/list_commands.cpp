@@ -33,14 +33,21 @@ struct ListRequest {
 };
 
 /// Only a set with problems has a member for them.
-Json SetsWithProblems(const std::vector<StoredSet>& sets, const std::vector<std::vector<std::string>>& problems) {
-  Json array = ToJson(sets);
-  for (std::size_t index = 0; index < sets.size(); ++index) {
-    if (!problems[index].empty()) {
-      array[index]["problems"] = problems[index];
-    }
-  }
-  return array;
+void WriteSetsJson(const std::vector<StoredSet>& sets, const std::vector<std::vector<std::string>>& problems) {
+  JsonWriter json(std::cout);
+  auto problemsOfSet = problems.begin();
+  json.Object([&] {
+    json.Array("sets", sets, [&](const StoredSet& set) {
+      json.Object([&] {
+        WriteMembers(json, set);
+        if (!problemsOfSet->empty()) {
+          json.Array("problems", *problemsOfSet);
+        }
+        ++problemsOfSet;
+      });
+    });
+  });
+  std::cout << '\n';
 }
 
 void WriteVariablesTable(Dataset& dataset, const std::vector<int>& positions, bool withValues, TableWriter& writer) {
@@ -53,36 +60,36 @@ void WriteVariablesTable(Dataset& dataset, const std::vector<int>& positions, bo
   writer.End();
 }
 
-void AddValues(const Variable& variable, const ValueCounts& counts, Json& json) {
-  Json& values = json["values"] = Json::array();
-  for (const ValueRow& one : ValueRows(variable, counts)) {
-    Json value = {{"value", one.value}};
-    if (one.label) {
-      value["label"] = *one.label;
-    }
-    value["count"] = one.cases;
-    values.push_back(std::move(value));
-  }
+void WriteValues(JsonWriter& json, const Variable& variable, const ValueCounts& counts) {
+  json.Array("values", ValueRows(variable, counts), [&](const ValueRow& one) {
+    json.Object([&] {
+      json.Member("value", one.value);
+      if (one.label) {
+        json.Member("label", *one.label);
+      }
+      json.Member("count", one.cases);
+    });
+  });
   if (counts.Others() > 0) {
-    json["otherValues"] = counts.Others();
+    json.Member("otherValues", counts.Others());
   }
-  json["missing"] = counts.Missing();
+  json.Member("missing", counts.Missing());
 }
 
-/// Written one by one: a dictionary may be large.
 void WriteVariablesJson(Dataset& dataset, const std::vector<int>& positions, bool withValues, std::ostream& stream) {
-  stream << "{\"variables\":[";
-  const char* separator = "";
-  for (const int position : positions) {
-    const Variable& variable = dataset.VariableAt(position);
-    Json json = ToJson(variable);
-    if (withValues) {
-      AddValues(variable, ValueCounts(dataset, position, kMaxShownValues), json);
-    }
-    stream << separator << OneLine(json);
-    separator = ",";
-  }
-  stream << "]}\n";
+  JsonWriter json(stream);
+  json.Object([&] {
+    json.Array("variables", positions, [&](int position) {
+      const Variable& variable = dataset.VariableAt(position);
+      json.Object([&] {
+        WriteMembers(json, variable);
+        if (withValues) {
+          WriteValues(json, variable, ValueCounts(dataset, position, kMaxShownValues));
+        }
+      });
+    });
+  });
+  stream << '\n';
 }
 
 // Both read all before they write the first byte: who reads the output may pause, and a dataset that is being read
@@ -94,7 +101,7 @@ ExitStatus WriteSets(Dataset& dataset, const ListRequest& request) {
   dataset.EndTransaction();
   const OutputFormat& format = FormatNamed(request.format.format);
   if (request.format.format == kJsonFormat) {
-    std::cout << OneLine({{"sets", SetsWithProblems(sets, problems)}}) << '\n';
+    WriteSetsJson(sets, problems);
   } else if (sets.empty() && !format.isTablesAlone) {
     std::cout << kAbsenceOfSets;
   } else {

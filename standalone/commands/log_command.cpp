@@ -26,28 +26,22 @@ struct LogRequest {
 };
 
 // Written one by one: commands may be long.
-void WriteJson(Dataset& dataset) {
+void WriteJsonLog(Dataset& dataset) {
   const std::vector<LoggedImport> imports = dataset.Imports();
   dataset.EndTransaction();
-  std::cout << "{\"log\":[";
-  const char* separator = "";
-  dataset.ForEachChange([&](const Change& change) {
-    std::cout << separator << OneLine(ToJson(change));
-    separator = ",";
+  JsonWriter json(std::cout);
+  json.Object([&] {
+    json.Name("log");
+    json.Array([&] { dataset.ForEachChange([&](const Change& change) { WriteJson(json, change); }); });
+    json.Array("imports", imports, [&](const LoggedImport& import) { WriteJson(json, import); });
   });
-  std::cout << "],\"imports\":[";
-  separator = "";
-  for (const LoggedImport& import : imports) {
-    std::cout << separator << OneLine(ToJson(import));
-    separator = ",";
-  }
-  std::cout << "]}\n";
+  std::cout << '\n';
 }
 
 ExitStatus Log(const LogRequest& request) {
   Dataset dataset(request.datasetPath, request.datasetOptions);
   if (request.format == kJsonFormat) {
-    WriteJson(dataset);
+    WriteJsonLog(dataset);
   } else {
     WriteLog(dataset, request.width.value_or(OutputWidth()));
   }

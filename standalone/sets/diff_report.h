@@ -14,7 +14,7 @@ namespace standalone {
 std::string DiffText(const SetsDifference& difference, const std::string& a, const std::string& b, std::size_t width);
 
 /// The difference in its documented JSON form.
-Json DiffJson(const SetsDifference& difference, const std::string& a, const std::string& b);
+void WriteDiffJson(JsonWriter& json, const SetsDifference& difference, const std::string& a, const std::string& b);
 
 }  // namespace standalone
 

@@ -32,6 +32,12 @@ Where there is not enough memory, or no descriptor is left, that is one sentence
   ls: cannot access 'out.txt': No such file or directory
   [2]
 
+Lists in JSON end in a sentence or whole, wherever the memory ends.
+
+  $ for kb in $(seq 60000 10000 160000); do (ulimit -v $kb; mrset sets s.mrset --format json > sets.json 2> err) || cat err; done | sort -u
+  mrset: There is not enough memory.
+  $ mrset sets s.mrset --format json | cmp - sets.json
+
 A table is written row by row, whatever its size.
 
   $ python3 -c 'print("m1,m2,by"); [print(i % 200, i * 7 % 200, i % 200, sep=",") for i in range(400)]' > cells.csv; mrset import cells.csv c.mrset

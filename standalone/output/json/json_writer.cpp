@@ -24,8 +24,8 @@ void JsonWriter::Name(const char* name) {
   fFollowsAnother = false;
 }
 
-void JsonWriter::Texts(const std::vector<std::string>& texts) {
-  Array(texts, [this](const std::string& text) { Value(text); });
+void JsonWriter::Array(const char* name, const std::vector<std::string>& texts) {
+  Array(name, texts, [this](const std::string& text) { Value(text); });
 }
 
 void JsonWriter::Separate() {

@@ -1,6 +1,7 @@
 #ifndef STANDALONE_OUTPUT_JSON_JSON_WRITER_H
 #define STANDALONE_OUTPUT_JSON_JSON_WRITER_H
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <ostream>
@@ -45,23 +46,23 @@ class JsonWriter {
     End('}');
   }
 
+  /// An array, whose entries a function writes.
+  template <typename WriteEntries>
+  void Array(WriteEntries writeEntries) {
+    Begin('[');
+    writeEntries();
+    End(']');
+  }
+
   /// A member that is an array; a function writes each entry.
   template <typename List, typename WriteEntry>
   void Array(const char* name, const List& list, WriteEntry writeEntry) {
     Name(name);
-    Array(list, writeEntry);
+    Array([&] { std::for_each(list.begin(), list.end(), writeEntry); });
   }
 
-  template <typename List, typename WriteEntry>
-  void Array(const List& list, WriteEntry writeEntry) {
-    Begin('[');
-    for (const auto& entry : list) {
-      writeEntry(entry);
-    }
-    End(']');
-  }
-
-  void Texts(const std::vector<std::string>& texts);
+  /// A member that is an array of texts.
+  void Array(const char* name, const std::vector<std::string>& texts);
 
  private:
   void Separate();

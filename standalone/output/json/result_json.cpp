@@ -29,7 +29,7 @@ const char* NameOf(const std::array<Named<Value>, kSize>& table, Value value) {
 
 void WriteValue(JsonWriter& json, const Cell& cell) {
   if (const auto* list = std::get_if<std::vector<std::string>>(&cell.value)) {
-    json.Texts(*list);
+    json.Array([&] { std::for_each(list->begin(), list->end(), [&](const std::string& text) { json.Value(text); }); });
   } else {
     const auto* text = std::get_if<std::string>(&cell.value);
     json.Value(text == nullptr ? Json() : Json(*text));
@@ -66,8 +66,7 @@ void WriteJson(JsonWriter& json, const Table& table) {
     json.Member("title", table.title);
     json.Member("rowDimension", table.rowDimension);
     json.Member("columnDimension", table.columnDimension);
-    json.Name("columns");
-    json.Texts(table.columns);
+    json.Array("columns", table.columns);
     json.Array("rows", table.rows, [&](const TableRow& row) { WriteRow(json, row); });
   });
 }
@@ -93,8 +92,7 @@ void WriteJson(JsonWriter& json, const CommandResult& result) {
       json.Member("source", result.source);
     }
     if (!result.hints.empty()) {
-      json.Name("hints");
-      json.Texts(result.hints);
+      json.Array("hints", result.hints);
     }
     if (result.dryRun) {
       json.Member("dryRun", *result.dryRun);

@@ -32,11 +32,10 @@ void WriteCases(JsonWriter& json, const TabulatedCases& cases) {
 
 /// Nothing for the total, a text, or of a pair an array.
 void WriteValue(JsonWriter& json, const std::vector<std::string>& values) {
-  json.Name("value");
   if (values.size() > 1) {
-    json.Texts(values);
+    json.Array("value", values);
   } else {
-    json.Value(values.empty() ? Json() : Json(values.front()));
+    json.Member("value", values.empty() ? Json() : Json(values.front()));
   }
 }
 
@@ -117,8 +116,7 @@ void WriteJson(JsonWriter& json, const Tabulation& tabulation) {
     if (tabulation.hasTests) {
       json.Array("tests", tabulation.tests, [&](const TabulationTest& test) { WriteTest(json, test); });
     }
-    json.Name("notes");
-    json.Texts(tabulation.notes);
+    json.Array("notes", tabulation.notes);
   });
 }
 

@@ -120,24 +120,29 @@ std::string ImportText(const LoggedImport& import, std::size_t width) {
   return EntryText({"", import.time, what}, import.command, width);
 }
 
-Json ToJson(const Change& change) {
-  Json sets = Json::array();
-  for (const ChangedSet& set : change.sets) {
-    sets.push_back({{"name", set.name}, {"change", WordOf(set.kind)}});
-  }
-  return {{"number", change.number},
-          {"time", change.time},
-          {"command", change.command},
-          {"changes", sets},
-          {"orderChanged", change.reordered}};
+void WriteJson(JsonWriter& json, const Change& change) {
+  json.Object([&] {
+    json.Member("number", change.number);
+    json.Member("time", change.time);
+    json.Member("command", change.command);
+    json.Array("changes", change.sets, [&](const ChangedSet& set) {
+      json.Object([&] {
+        json.Member("name", set.name);
+        json.Member("change", WordOf(set.kind));
+      });
+    });
+    json.Member("orderChanged", change.reordered);
+  });
 }
 
-Json ToJson(const LoggedImport& import) {
-  return {{"afterChange", import.afterChange},
-          {"time", import.time},
-          {"command", import.command},
-          {"variables", import.variables},
-          {"cases", import.cases}};
+void WriteJson(JsonWriter& json, const LoggedImport& import) {
+  json.Object([&] {
+    json.Member("afterChange", import.afterChange);
+    json.Member("time", import.time);
+    json.Member("command", import.command);
+    json.Member("variables", import.variables);
+    json.Member("cases", import.cases);
+  });
 }
 
 }  // namespace standalone

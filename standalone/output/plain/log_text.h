@@ -18,8 +18,8 @@ std::string ImportText(const LoggedImport& import, std::size_t width);
 
 // In the documented form.
 
-Json ToJson(const Change& change);
-Json ToJson(const LoggedImport& import);
+void WriteJson(JsonWriter& json, const Change& change);
+void WriteJson(JsonWriter& json, const LoggedImport& import);
 
 }  // namespace standalone
 

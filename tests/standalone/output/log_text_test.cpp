@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 #include "standalone/text/unicode.h"
+#include "tests/standalone/output/results.h"
 
 namespace standalone {
 namespace {
@@ -64,7 +65,7 @@ TEST_F(LogText, AnImportHasNoNumber) {
   const LoggedImport import{3, "2024-05-01T22:33:01Z", "import a\x1B.csv", 1, 240};
   EXPECT_EQ(ImportText(import, 80),
             "       2024-05-01 22:33:01  imported 1 variable, 240 cases\n       import a\\x1b.csv\n");
-  EXPECT_EQ(OneLine(ToJson(import)),
+  EXPECT_EQ(JsonText(import),
             "{\"afterChange\":3,\"time\":\"2024-05-01T22:33:01Z\",\"command\":\"import a\\u001b.csv\",\"variables\":1,"
             "\"cases\":240}");
 }
@@ -72,7 +73,7 @@ TEST_F(LogText, AnImportHasNoNumber) {
 TEST_F(LogText, IsWholeInJson) {
   Change change = Sample("a\n b");
   change.sets.push_back({"$b", ChangeKind::kDeleted});
-  EXPECT_EQ(OneLine(ToJson(change)),
+  EXPECT_EQ(JsonText(change),
             "{\"number\":12,\"time\":\"2024-05-01T22:33:01Z\",\"command\":\"a\\n b\",\"changes\":[{\"name\":\"$a\","
             "\"change\":\"defined\"},{\"name\":\"$b\",\"change\":\"deleted\"}],\"orderChanged\":false}");
 }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -95,23 +96,30 @@ TEST(SetDiffTest, ListsAreWrappedAndHostileTextIsShown) {
             "$a\n  label\n    A: \"Label\"\n    B: \"a\\nb\\x1b[31m\"\n");
 }
 
+std::string DiffJson(const SetsDifference& difference, const std::string& a, const std::string& b) {
+  std::ostringstream stream;
+  JsonWriter json(stream);
+  WriteDiffJson(json, difference, a, b);
+  return stream.str();
+}
+
 TEST(SetDiffTest, TheJsonFormIsStable) {
   StoredSet changed = Set("$A");
   changed.labelFromVariable = true;
   changed.variables = {"q3", "q1", "x"};
-  EXPECT_EQ(OneLine(DiffJson(CompareSets({Set("$a"), Set("$b"), Set("$c")}, {Set("$b"), changed, Set("$d")}), "1.mrset",
-                             "2.mrset")),
-            R"({"a":"1.mrset","b":"2.mrset","same":false,)"
-            R"("onlyInA":[{"name":"$c","type":"dichotomy","label":"Label","countedValue":"1",)"
-            R"("labelFromVariable":false,"categoryLabelsFromCountedValue":false,"variables":["q1","q2","q3"]}],)"
-            R"("onlyInB":[{"name":"$d","type":"dichotomy","label":"Label","countedValue":"1",)"
-            R"("labelFromVariable":false,"categoryLabelsFromCountedValue":false,"variables":["q1","q2","q3"]}],)"
-            R"("changed":[{"name":"$a","fields":[{"field":"name","a":"$a","b":"$A"},)"
-            R"({"field":"labelFromVariable","a":false,"b":true},)"
-            R"({"field":"variables","a":["q1","q2","q3"],"b":["q3","q1","x"],)"
-            R"("onlyInA":["q2"],"onlyInB":["x"],"reordered":true}]}],)"
-            R"("order":{"same":false,"a":["$a","$b"],"b":["$b","$A"]}})");
-  EXPECT_EQ(OneLine(DiffJson(CompareSets({}, {}), "1", "2")),
+  EXPECT_EQ(
+      DiffJson(CompareSets({Set("$a"), Set("$b"), Set("$c")}, {Set("$b"), changed, Set("$d")}), "1.mrset", "2.mrset"),
+      R"({"a":"1.mrset","b":"2.mrset","same":false,)"
+      R"("onlyInA":[{"name":"$c","type":"dichotomy","label":"Label","countedValue":"1",)"
+      R"("labelFromVariable":false,"categoryLabelsFromCountedValue":false,"variables":["q1","q2","q3"]}],)"
+      R"("onlyInB":[{"name":"$d","type":"dichotomy","label":"Label","countedValue":"1",)"
+      R"("labelFromVariable":false,"categoryLabelsFromCountedValue":false,"variables":["q1","q2","q3"]}],)"
+      R"("changed":[{"name":"$a","fields":[{"field":"name","a":"$a","b":"$A"},)"
+      R"({"field":"labelFromVariable","a":false,"b":true},)"
+      R"({"field":"variables","a":["q1","q2","q3"],"b":["q3","q1","x"],)"
+      R"("onlyInA":["q2"],"onlyInB":["x"],"reordered":true}]}],)"
+      R"("order":{"same":false,"a":["$a","$b"],"b":["$b","$A"]}})");
+  EXPECT_EQ(DiffJson(CompareSets({}, {}), "1", "2"),
             R"({"a":"1","b":"2","same":true,"onlyInA":[],"onlyInB":[],"changed":[],)"
             R"("order":{"same":true,"a":[],"b":[]}})");
 }

@@ -31,13 +31,14 @@ class ChosenLists {
 /// where columns overlap, in two of them.
 class JointSums {
  public:
-  /// Where more sums are needed there is no test.
+  /// Where all members and columns there are could need more sums, there are none: the tests are not corrected.
   static constexpr std::size_t kMostSums = 4'000'000;
 
-  void Add(const Bits& base, const ChosenLists& lists, ByReader& by, const Weights* weights);
+  /// `members`: how many indexes of members there are so far.
+  void Add(const Bits& base, const ChosenLists& lists, std::size_t members, ByReader& by, const Weights* weights);
   void EndBlock();
 
-  bool IsTooLarge() const { return fSums > kMostSums; }
+  bool IsTooLarge() const { return fIsTooLarge; }
 
   /// In a column of a BY whose columns do not overlap.
   double InColumn(std::size_t column, std::size_t first, std::size_t second) const;
@@ -53,7 +54,7 @@ class JointSums {
   ChosenLists fColumnLists;  // where columns overlap
   std::vector<Triangle> fBlock;
   std::vector<Triangle> fTotal;
-  std::size_t fSums = 0;
+  bool fIsTooLarge = false;
 };
 
 }  // namespace standalone

@@ -82,7 +82,7 @@ void SetCount::Add(const Bits& cases, const Weights* weights) {
   for (std::size_t by = 0; by < fBy.size(); ++by) {
     fSums[by].Add(rows, *fBy[by], weights);
     if (fIsTested && by > 0) {
-      fJointSums[by].Add(fBase, fLists, *fBy[by], weights);
+      fJointSums[by].Add(fBase, fLists, fSet.IndexCount(), *fBy[by], weights);
     }
   }
 }

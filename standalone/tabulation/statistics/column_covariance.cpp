@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "standalone/tabulation/counting/shares.h"
+#include "standalone/tabulation/interruption.h"
 
 // With q the shares of the categories, p those of the members, y = x - p what a case chose less the shares, T the
 // excess and E the mean weighted by squared weights, the covariance of (c, j) and (d, k) is that of u = (1_c - q_c) y_j
@@ -132,6 +133,7 @@ double SquaredEigenvaluesOfColumns(const Shares& shares, const JointSums& sums) 
   const ColumnCovariance covariance(shares, sums);
   Exact squares = 0;
   for (std::size_t j = 0; j < shares.members.size(); ++j) {
+    RequireNoInterrupt();
     for (std::size_t k = 0; k <= j && shares.members[j].isTested; ++k) {
       if (shares.members[k].isTested) {
         squares += (j == k ? 1 : 2) * covariance.Squares(j, k);

@@ -214,7 +214,7 @@ void Tabulator::RefuseCells(std::size_t set, std::size_t by) const {
   const std::string& name = fCounts[set].Set().Set().name;
   const Spoken& about = by == 0 ? fRequest.sets[set] : fRequest.by[by - 1].first;
   const Spoken& end = by == 0 ? about : fRequest.by[by - 1].second.value_or(about);
-  throw TabulationError(fmt::format("{} has too many members and columns: a command makes 1,000,000 cells at most.",
+  throw TabulationError(fmt::format("{} has too many members and columns: a command makes 500,000 cells at most.",
                                     by == 0 ? name : fmt::format("{} by {}", name, fBy[by]->Name())),
                         about.offset, end.offset + end.size - about.offset);
 }

@@ -18,7 +18,7 @@ using TabulationProgress = std::function<void(std::size_t done, std::size_t case
 inline constexpr std::size_t kMaxCategories = 10'000;
 
 /// The most cells, of members or nets in columns, that the tables of a command may have.
-inline constexpr std::size_t kMaxCells = 1'000'000;
+inline constexpr std::size_t kMaxCells = 500'000;
 
 /// Counts each set of the request, in one pass over the cases: every column is read once, block by block, and memory
 /// does not depend on the number of cases. Throws TabulationError where the request does not fit the dataset, and an

@@ -13,8 +13,8 @@ std::size_t PlaceOf(std::size_t greater, std::size_t smaller) {
 /// Whether so many members and columns need too many sums.
 bool IsTooLargeFor(std::size_t members, std::size_t columns, bool hasOverlaps) {
   const double pairs = 0.5 * static_cast<double>(members + 1) * static_cast<double>(members + 2);
-  const double rows =
-      hasOverlaps ? 0.5 * static_cast<double>(columns + 1) * static_cast<double>(columns + 2) : static_cast<double>(columns);
+  const double rows = hasOverlaps ? 0.5 * static_cast<double>(columns + 1) * static_cast<double>(columns + 2)
+                                  : static_cast<double>(columns);
   return pairs * rows > static_cast<double>(JointSums::kMostSums);
 }
 
@@ -60,8 +60,8 @@ void JointSums::AddCase(std::size_t row, const std::uint32_t* begin, const std::
 
 void JointSums::Add(const Bits& base, const ChosenLists& lists, std::size_t members, ByReader& by,
                     const Weights* weights) {
-  fIsTooLarge = IsTooLargeFor(members, by.Set() == nullptr ? by.ColumnCount() : by.Set()->IndexCount(),
-                              by.Set() != nullptr);
+  fIsTooLarge =
+      IsTooLargeFor(members, by.Set() == nullptr ? by.ColumnCount() : by.Set()->IndexCount(), by.Set() != nullptr);
   if (fIsTooLarge) {
     return;
   }

@@ -34,9 +34,9 @@ class CategoryReader : public SetReader {
   Values fValues;
   std::optional<std::size_t> fNone;
   NamedValues fNamed;
-  std::vector<const Block*> fBlocks;    // of the variables
+  std::vector<const Block*> fBlocks;   // of the variables
   std::vector<ValuedColumn> fColumns;  // likewise
-  std::vector<bool> fOccurs;  // for each value
+  std::vector<bool> fOccurs;           // for each value
   std::size_t fMemberCount = 0;
   std::vector<std::size_t> fSlots;  // for each value, where the chunk's cases that chose it are, plus 1; 0: nobody did
   std::size_t fUsedSlots = 0;

@@ -37,10 +37,10 @@ void WeightReader::RefuseWeight() const {
     const double weight = fWeights[place].once;
     refused = refused == 0 && !IsWithinLimits(weight) ? weight : refused;
   });
-  throw TabulationError(fmt::format("{} holds the weight {}; weights must be from {} to {}.", fName,
-                                    ShortestNumber(refused), ShortestNumber(kLeastWeight),
-                                    ShortestNumber(kGreatestWeight)),
-                        fSpoken.offset, fSpoken.size);
+  throw TabulationError(
+      fmt::format("{} holds the weight {}; weights must be from {} to {}.", fName, ShortestNumber(refused),
+                  ShortestNumber(kLeastWeight), ShortestNumber(kGreatestWeight)),
+      fSpoken.offset, fSpoken.size);
 }
 
 template <class Number>

@@ -18,7 +18,11 @@ namespace {
 
 double NumberOf(const Spoken& value, const std::string& variable) {
   const std::optional<double> number = NumberValue(value.text);
-  if (value.isQuoted || !number) {
+  if (value.isQuoted && number) {
+    throw TabulationError(fmt::format("{} is numeric: write {} without quotes.", variable, value.text), value.offset,
+                          value.size);
+  }
+  if (!number) {
     throw TabulationError(fmt::format("{} is numeric, and \"{}\" is not a number.", variable, value.text), value.offset,
                           value.size);
   }

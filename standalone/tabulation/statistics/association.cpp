@@ -77,9 +77,8 @@ Testability TestabilityOf(const TestedTable& table) {
     return Testability::kNoCategory;
   }
   const auto isPart = [base](std::int64_t cases) { return cases > 0 && cases < base; };
-  if (std::none_of(table.categories.begin(), table.categories.end(), [&](const ByCategory& category) {
-        return isPart(table.sums.At(kBaseRow, category.index).cases);
-      })) {
+  if (std::none_of(table.categories.begin(), table.categories.end(),
+                   [&](const ByCategory& category) { return isPart(table.sums.At(kBaseRow, category.index).cases); })) {
     return table.hasOverlaps ? Testability::kEqualCategories : Testability::kOneCategory;
   }
   if (std::none_of(table.members.begin(), table.members.end(), [&](const Member& member) {

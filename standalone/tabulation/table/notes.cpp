@@ -129,9 +129,9 @@ std::string NoteOnNoTest(const std::string& by, Testability testability) {
 }
 
 std::string NoteOnNoCorrection(const std::string& by, bool isTooLarge) {
-  return fmt::format("The test by {} is not corrected: {}.", by,
-                     isTooLarge ? "there are too many members and categories"
-                                : "the estimated covariance of its members is 0");
+  return fmt::format(
+      "The test by {} is not corrected: {}.", by,
+      isTooLarge ? "there are too many members and categories" : "the estimated covariance of its members is 0");
 }
 
 }  // namespace standalone

@@ -107,7 +107,7 @@ TEST(TabulationErrorsTest, EachIsOneSentenceAboutAWord) {
       {"Unknown set: $drink.", Where(Has("$drink", "drink1")), Say("$drink", 10), "$drinks"},
       {"region is a string variable, and 1 is a number: put it in quotes.",
        Where(All({IsMissing("region"), Comparison("region", "=", "1")})), Say("1", 30)},
-      {"drink1 is numeric, and \"1\" is not a number.", Where(Comparison("drink1", "<", "'1'")), Say("'1'", 30)},
+      {"drink1 is numeric: write 1 without quotes.", Where(Comparison("drink1", "<", "'1'")), Say("'1'", 30)},
       {"drink1 is numeric, and \"one\" is not a number.", Where(IsIn("drink1", {"one"})), Say("one", 30)},
       {"drink3 is not a member of $drinks.", Where(Has("$drinks", "drink3")), Say("drink3", 30)},
       {"egg is not a member of $codes.", Where(Has("$codes", "egg")), Say("egg", 30)},
@@ -162,19 +162,20 @@ TEST(TabulationErrorsTest, AWeightThatIsTooLargeOrTooSmallIsRefused) {
     for (const MemorySource::Form form : {MemorySource::Form::kCodes, MemorySource::Form::kPlain}) {
       MemorySource source = Survey().In(form);
       source.AddNumeric("w", {"1", cell, "1e300"});
-      ExpectError({"w holds the weight " + shown + "; weights must be from 1e-100 to 1e+100.", WithWeight("W"),
-                   Say("w", 7)},
-                  source);
+      ExpectError(
+          {"w holds the weight " + shown + "; weights must be from 1e-100 to 1e+100.", WithWeight("W"), Say("w", 7)},
+          source);
     }
   }
   MemorySource source = Survey();
   source.AddNumeric("w", {"1e100", "-1e300", "1e100"});
-  EXPECT_EQ(Described(Tabulate(WithWeight("w"), source).at(0), "column"),
-            "- [] [Total]: 2 = 2 answered + 0 none + 0 missing, base 2, weighted 2e+100, effective 2, responses 2e+100, "
-            "per case 1\n");
+  EXPECT_EQ(
+      Described(Tabulate(WithWeight("w"), source).at(0), "column"),
+      "- [] [Total]: 2 = 2 answered + 0 none + 0 missing, base 2, weighted 2e+100, effective 2, responses 2e+100, "
+      "per case 1\n");
 }
 
-TEST(TabulationErrorsTest, ACommandMakesAMillionCellsAtMost) {
+TEST(TabulationErrorsTest, ACommandMakesHalfAMillionCellsAtMost) {
   MemorySource source(2000);
   source.AddNumeric("many", Numbers(1000));
   source.AddNumeric("first", Numbers(1000));
@@ -183,12 +184,12 @@ TEST(TabulationErrorsTest, ACommandMakesAMillionCellsAtMost) {
   source.AddCategories("$one", {"second"});
   source.AddDichotomies("$two", {"first", "second"});
   EXPECT_EQ(Tabulate(Ask({"$one"}, {"many", "first"}), source).at(0).columns.size(), 2001U);
-  const std::string sentence = " has too many members and columns: a command makes 1,000,000 cells at most.";
+  const std::string sentence = " has too many members and columns: a command makes 500,000 cells at most.";
   ExpectError({"$all by many" + sentence, Ask({"$one", "$all"}, {"second", "many"}), Say("many", 20)}, source);
   ExpectError({"$all by many*second" + sentence, Ask({"$all"}, {"many*second"}), Say("many*second", 20)}, source);
   TabulationRequest request = Ask({"$all"}, {"many"});
-  request.where = Comparison("many", "<", "999");
-  EXPECT_EQ(Tabulate(request, source).at(0).columns.size(), 1000U);
+  request.where = Comparison("many", "<", "706");
+  EXPECT_EQ(Tabulate(request, source).at(0).columns.size(), 707U);
   request.sets.push_back(Say("$two"));
   ExpectError({"$all by many" + sentence, request, Say("many", 20)}, source);
 }
@@ -239,6 +240,19 @@ TEST(TabulationErrorsTest, AnInterruptEndsTheCount) {
     EXPECT_STREQ(error.what(), "The count was interrupted.");
   }
   isInterruptRequested = false;
+}
+
+TEST(TabulationErrorsTest, AnInterruptEndsTheTests) {
+  for (const std::string by : {"drink2", "$drinks"}) {
+    MemorySource source = Survey();
+    TabulationRequest request = Ask({"$drinks"}, {by});
+    request.base = TabulationBase::kAll;
+    request.test = Adjustment::kHolm;
+    const auto interrupt = [](std::size_t done, std::size_t cases) { isInterruptRequested = done == cases; };
+    EXPECT_THROW(Tabulate(request, source, interrupt), Error) << by;
+    isInterruptRequested = false;
+    EXPECT_EQ(Tabulate(request, source).at(0).tests.size(), 1U) << by;
+  }
 }
 
 }  // namespace

@@ -82,8 +82,8 @@ const std::vector<Topic>& TopicsOfLanguage() {
        "\n"
        "Subcommands stand in any order, each once but NET. A condition compares a\n"
        "variable with a number or a quoted text (= <> < <= > >=), or is variable IN\n"
-       "(value, ...), MISSING(variable) or $name HAS member; NOT, AND, OR and parentheses\n"
-       "join conditions. TABULATE changes nothing in the dataset.\n"
+       "(value, ...), MISSING(variable) or $name HAS member. NOT, AND, OR and\n"
+       "parentheses join conditions. TABULATE changes nothing in the dataset.\n"
        "\n"
        "  TABULATE $drinks /BY=region region*sex $food /WHERE=born < 1980 OR sex = 'f'.\n"
        "  TABULATE $drinks /NET='Hot drinks': drink1 drink2 /SHOW=COUNT CASES ERROR.\n"},

@@ -10,12 +10,12 @@ std::size_t PlaceOf(std::size_t greater, std::size_t smaller) {
   return greater * (greater + 1) / 2 + smaller;
 }
 
-/// Whether so many members and columns need too many sums.
-bool IsTooLargeFor(std::size_t members, std::size_t columns, bool hasOverlaps) {
-  const double pairs = 0.5 * static_cast<double>(members + 1) * static_cast<double>(members + 2);
-  const double rows = hasOverlaps ? 0.5 * static_cast<double>(columns + 1) * static_cast<double>(columns + 2)
-                                  : static_cast<double>(columns);
-  return pairs * rows > static_cast<double>(JointSums::kMostSums);
+/// How many sums so many members and columns can need; as a double, which does not overflow.
+double SumsOf(std::size_t members, std::size_t columns, bool hasOverlaps) {
+  const auto pairsOf = [](std::size_t count) {
+    return static_cast<double>(count + 1) * static_cast<double>(count + 2) / 2;
+  };
+  return pairsOf(members) * (hasOverlaps ? pairsOf(columns) : static_cast<double>(columns));
 }
 
 std::size_t PlaceOfAny(std::size_t first, std::size_t second) {
@@ -60,8 +60,8 @@ void JointSums::AddCase(std::size_t row, const std::uint32_t* begin, const std::
 
 void JointSums::Add(const Bits& base, const ChosenLists& lists, std::size_t members, ByReader& by,
                     const Weights* weights) {
-  fIsTooLarge =
-      IsTooLargeFor(members, by.Set() == nullptr ? by.ColumnCount() : by.Set()->IndexCount(), by.Set() != nullptr);
+  const SetReader* set = by.Set();
+  fIsTooLarge = SumsOf(members, set == nullptr ? by.ColumnCount() : set->IndexCount(), set != nullptr) > fMost;
   if (fIsTooLarge) {
     return;
   }

@@ -478,6 +478,29 @@ TEST(TabulateTest, ATestIsCorrectedUpToFourMillionSums) {
   EXPECT_EQ(notes, Texts{"The test by $b is not corrected: there are too many members and categories."});
 }
 
+TEST(TabulateTest, TheTestsOfACommandShareTheSums) {
+  MemorySource source(700);
+  Texts members;
+  Texts columns;
+  for (std::size_t place = 0; place < 2000; ++place) {
+    members.push_back(std::to_string(place % 53));
+    columns.push_back(std::to_string(place * place % 1009));  // has 505 values
+  }
+  source.AddNumeric("a", members);
+  source.AddNumeric("b", columns);
+  source.AddNumeric("c", members);
+  source.AddCategories("$a", {"a"});
+  source.AddCategories("$c", {"c"});
+  TabulationRequest request = Ask({"$a"}, {"b", "c"});
+  request.minBase = 1;
+  request.test = Adjustment::kHolm;
+  EXPECT_EQ(Described(Counted(request, source), "note"), "");
+  request.sets = SayAll({"$a", "$c", "$a"});
+  for (const Tabulation& table : Tabulate(request, source)) {
+    EXPECT_EQ(Described(table, "note"), "The test by b is not corrected: there are too many members and categories.\n");
+  }
+}
+
 TEST(TabulateTest, ACovarianceOfNothingButRoundingCorrectsNothing) {
   MemorySource source;
   source.AddNumeric("a", {"1", "3"});

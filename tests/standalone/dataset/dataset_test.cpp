@@ -243,6 +243,23 @@ TEST_F(DatasetTest, LongCellsMakeShorterBlocks) {
   EXPECT_EQ(cases, kCases);
 }
 
+TEST_F(DatasetTest, CasesOfVeryManyVariablesAreCutIntoBlocksOfMany) {
+  constexpr std::size_t kVariables = 20'000;
+  constexpr std::size_t kCases = 100;
+  std::vector<Variable> variables;
+  for (std::size_t number = 0; number < kVariables; ++number) {
+    variables.push_back({"v" + std::to_string(number), 0, std::nullopt, {}});
+  }
+  DatasetWriter writer(kFile, true);
+  writer.SetVariables(variables);
+  for (std::size_t number = 0; number < kCases; ++number) {
+    const std::string cell = std::to_string(10 + number % 90);
+    writer.AddCase(std::vector<std::string_view>(kVariables, cell));
+  }
+  writer.Commit();
+  EXPECT_EQ(Dataset(kFile).BlockCount(), 1U);
+}
+
 TEST_F(DatasetTest, SetsAreReadAsSavedAndInTheirOrder) {
   MakeDataset(kFile);
   StoredSet category = SetOf("$Zoo", {"gone"});

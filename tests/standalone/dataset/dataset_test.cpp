@@ -567,6 +567,18 @@ TEST_F(DatasetTest, HostileContentsAreOneSentence) {
   }
 }
 
+TEST_F(DatasetTest, TheNumberOfVariablesIsThatOfTheDictionary) {
+  for (const char* damage :
+       {"UPDATE meta SET variable_count = 2147483647", "UPDATE meta SET variable_count = 2",
+        "UPDATE meta SET variable_count = 0", "DELETE FROM variable WHERE position = 2", "DELETE FROM variable"}) {
+    std::filesystem::remove(kFile);
+    MakeDataset(kFile);
+    EXPECT_EQ(Dataset(kFile).VariableCount(), 3);
+    Tamper(damage);
+    EXPECT_EQ(SentenceOf([] { Dataset(kFile).VariableCount(); }), "survey.mrs is damaged.") << damage;
+  }
+}
+
 TEST_F(DatasetTest, AForeignSchemaIsRefusedByName) {
   const std::vector<std::pair<std::string, std::string>> attacks = {
       {"DROP TABLE meta", "the table meta is missing."},

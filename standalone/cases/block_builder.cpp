@@ -30,9 +30,9 @@ std::uint64_t Mixed(std::uint64_t bits) {
 }
 
 std::uint64_t HashOf(double number) {
-  std::uint64_t bits = 0;
-  std::memcpy(&bits, &number, sizeof bits);
-  return Mixed(bits);
+  std::array<char, sizeof number> bytes{};
+  std::memcpy(bytes.data(), &number, bytes.size());
+  return SeededHash({bytes.data(), bytes.size()});
 }
 
 std::size_t PlaceOf(std::uint64_t hash, std::size_t size) {
@@ -49,7 +49,7 @@ std::size_t BlockBuilder::Memory() const {
 
 // A text of up to eight bytes, none of them NUL, is a number that is not 0.
 std::uint16_t BlockBuilder::CodeOf(std::string_view cell) {
-  constexpr std::uint16_t kUntilCache = 64;
+  constexpr std::uint16_t kUntilCache = sizeof(KnownCells);  // the cells take as much then
   std::uint64_t text = 0;
   if (cell.size() > sizeof text) {
     return CodeOfValue(cell);
@@ -85,8 +85,8 @@ std::uint16_t BlockBuilder::CodeOfNumber(double number) {
 
 std::uint16_t BlockBuilder::CodeOfText(std::string_view text) {
   const std::uint16_t code = FindOrPlace(
-      Checksum(text), [&](std::size_t index) { return TextAt(index) == text; },
-      [this](std::size_t index) { return Checksum(TextAt(index)); });
+      SeededHash(text), [&](std::size_t index) { return TextAt(index) == text; },
+      [this](std::size_t index) { return SeededHash(TextAt(index)); });
   if (code != 0) {
     return code;
   }

@@ -34,13 +34,15 @@ void CountedValueCheck::PassOver(std::size_t position) {
   }
 }
 
+/// A blank cell is missing, so that nobody has a blank value.
 bool CountedValueCheck::Holds(const Block& block, const Wanted& wanted) {
   const auto hasNumber = [&wanted](const std::vector<double>& numbers) {
     return std::find(numbers.begin(), numbers.end(), wanted.number) != numbers.end();
   };
   const auto hasText = [&wanted](const std::vector<std::string_view>& texts) {
-    return std::any_of(texts.begin(), texts.end(),
-                       [&wanted](std::string_view text) { return Trimmed(text) == wanted.text; });
+    return !wanted.text.empty() && std::any_of(texts.begin(), texts.end(), [&wanted](std::string_view text) {
+      return Trimmed(text) == wanted.text;
+    });
   };
   return wanted.isNumeric ? hasNumber(block.numbers) || hasNumber(block.cellNumbers)
                           : hasText(block.texts) || hasText(block.cellTexts);

@@ -69,6 +69,7 @@ class Checker {
   void Cases();
   void BlockRow(Query& row, std::int64_t number, std::int64_t variable);
   void CompareCases(std::int64_t number, std::int64_t variable, const BlockHead& head);
+  void CompareWidth(std::int64_t number, std::int64_t variable);
   void EndBlocks(std::int64_t number);
   void History();
   void ChangeNumbers(const VersionRange& versions);
@@ -89,6 +90,7 @@ class Checker {
 
   void CompareCount(const char* what, std::int64_t stored, std::int64_t counted);
   void Generation();
+  bool IsNumeric(std::int64_t variable) const { return fWidths[static_cast<std::size_t>(variable)] == 0; }
   std::int64_t IntegerOf(std::string_view sql);
   std::int64_t CountOf(std::string_view sqlOfKeys);
   std::optional<std::size_t> FindPosition(const std::string& name);
@@ -97,8 +99,9 @@ class Checker {
   Database& fDatabase;
   std::string fName;
   const CheckReport& fReport;
-  std::vector<bool> fIsNumeric;  // by position
-  Block fBlock;                  // whose memory is used again
+  std::vector<std::int64_t> fWidths;  // by position
+  Block fBlock;                       // whose memory is used again
+  bool fMissesBlocks = false;
   std::int64_t fBlocksSeen = 0;  // of the variables, with one number
   std::int64_t fCasesOfBlock = 0;
   std::int64_t fCasesSeen = 0;
@@ -211,7 +214,7 @@ void Checker::Variables() {
   OrderedKeys<std::int64_t> positions(fDatabase);
   for (std::int64_t expected = 0; rows.Step(); ++expected) {
     positions.Next(rows.Integer(0));
-    fIsNumeric.push_back(true);
+    fWidths.push_back(0);
     Row("The variable at position", expected, [&] { VariableRow(rows, expected); });
   }
 }
@@ -219,7 +222,7 @@ void Checker::Variables() {
 void Checker::VariableRow(Query& row, std::int64_t expected) {
   const std::int64_t position = row.Integer(0);
   const std::int64_t width = row.Integer(3);
-  fIsNumeric.back() = width == 0;
+  fWidths.back() = width;
   if (position != expected) {
     Finding("The position of a variable is {} instead of {}.", position, expected);
   }
@@ -258,14 +261,14 @@ void Checker::ValueLabelRow(Query& row, std::int64_t expected) {
   const std::int64_t variable = row.Integer(0);
   const std::string value = row.Text(2);
   row.Text(3);
-  if (variable < 0 || variable >= static_cast<std::int64_t>(fIsNumeric.size())) {
+  if (variable < 0 || variable >= static_cast<std::int64_t>(fWidths.size())) {
     Finding("There is a value label of a variable at position {}, which does not exist.", variable);
     return;
   }
   if (row.Integer(1) != expected) {
     Finding("The value labels of the variable at position {} are not numbered one after another.", variable);
   }
-  if (fIsNumeric[static_cast<std::size_t>(variable)] && !NumberValue(value)) {
+  if (IsNumeric(variable) && !NumberValue(value)) {
     Finding("The numeric variable at position {} has a label of the value {}, which is not a number.", variable, value);
   } else {
     LabelledOnce(variable, value);
@@ -274,8 +277,7 @@ void Checker::ValueLabelRow(Query& row, std::int64_t expected) {
 
 // Numbers are compared by their value.
 void Checker::LabelledOnce(std::int64_t variable, const std::string& value) {
-  const std::optional<double> number =
-      fIsNumeric[static_cast<std::size_t>(variable)] ? NumberValue(value) : std::nullopt;
+  const std::optional<double> number = IsNumeric(variable) ? NumberValue(value) : std::nullopt;
   if (!fLabelledValues.insert(number ? ShortestNumber(*number) : value).second) {
     Finding("The variable at position {} has two labels of the value {}.", variable, value);
   }
@@ -422,6 +424,7 @@ void Checker::Cases() {
       EndBlocks(last);
       if (number != last + 1) {
         Finding("The number of a block of cases is {} instead of {}.", number, last + 1);
+        fMissesBlocks = true;
       }
       last = number;
     }
@@ -429,14 +432,17 @@ void Checker::Cases() {
   }
   EndBlocks(last);
   CompareCount("cases", fCaseCount, fCasesSeen);
-  for (const std::string& sentence : fCountedValues.Sentences()) {
-    fReport.remark("counted value", sentence);
+  if (!fMissesBlocks && fCasesSeen == fCaseCount) {
+    for (const std::string& sentence : fCountedValues.Sentences()) {
+      fReport.remark("counted value", sentence);
+    }
   }
 }
 
 void Checker::EndBlocks(std::int64_t number) {
-  if (number >= 0 && fBlocksSeen != static_cast<std::int64_t>(fIsNumeric.size())) {
-    Finding("Block {} of the cases has {} of {} variables.", number, fBlocksSeen, fIsNumeric.size());
+  if (number >= 0 && fBlocksSeen != static_cast<std::int64_t>(fWidths.size())) {
+    Finding("Block {} of the cases has {} of {} variables.", number, fBlocksSeen, fWidths.size());
+    fMissesBlocks = true;
   }
   fCasesSeen += fCasesOfBlock;
   fBlocksSeen = 0;
@@ -447,7 +453,7 @@ void Checker::EndBlocks(std::int64_t number) {
 }
 
 void Checker::BlockRow(Query& row, std::int64_t number, std::int64_t variable) {
-  if (variable >= static_cast<std::int64_t>(fIsNumeric.size())) {
+  if (variable >= static_cast<std::int64_t>(fWidths.size())) {
     Finding("There is a block of cases of a variable at position {}, which does not exist.", variable);
     return;
   }
@@ -459,6 +465,7 @@ void Checker::BlockRow(Query& row, std::int64_t number, std::int64_t variable) {
     const BlockHead decoded = DecodeHead(head);
     CheckCounts(decoded, fBlock);
     CompareCases(number, variable, decoded);
+    CompareWidth(number, variable);
     fCountedValues.Look(static_cast<std::size_t>(variable), fBlock);
   } catch (const Error& error) {
     RethrowUnless(error, ErrorKind::kDamaged);
@@ -470,7 +477,7 @@ void Checker::BlockRow(Query& row, std::int64_t number, std::int64_t variable) {
 /// With the first sound one of the same number.
 void Checker::CompareCases(std::int64_t number, std::int64_t variable, const BlockHead& head) {
   const auto cases = static_cast<std::int64_t>(head.cases);
-  if (head.isNumeric != fIsNumeric[static_cast<std::size_t>(variable)]) {
+  if (head.isNumeric != IsNumeric(variable)) {
     Finding("Block {} of the variable at position {} holds {}; the variable is {}.", number, variable,
             head.isNumeric ? "numbers" : "texts", head.isNumeric ? "a string" : "numeric");
   }
@@ -479,6 +486,21 @@ void Checker::CompareCases(std::int64_t number, std::int64_t variable, const Blo
   } else if (fCasesOfBlock != cases) {
     Finding("Block {} of the variable at position {} has {} cases; those of other variables have {}.", number, variable,
             cases, fCasesOfBlock);
+  }
+}
+
+/// A codebook's maxLength, which counts characters, may be the width.
+void Checker::CompareWidth(std::int64_t number, std::int64_t variable) {
+  const auto width = static_cast<std::size_t>(std::max<std::int64_t>(fWidths[static_cast<std::size_t>(variable)], 0));
+  const auto isTooLong = [width](std::string_view text) {
+    return text.size() > width && CountCharacters(text) > width;
+  };
+  for (const auto* texts : {&fBlock.texts, &fBlock.cellTexts}) {
+    const auto found = std::find_if(texts->begin(), texts->end(), isTooLong);
+    if (width > 0 && found != texts->end()) {
+      Finding("Block {} of the variable at position {} has a text of {} characters; the width of the variable is {}.",
+              number, variable, CountCharacters(*found), width);
+    }
   }
 }
 

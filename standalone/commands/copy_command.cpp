@@ -99,7 +99,7 @@ std::string_view WordsOf(CopiedSet::Outcome outcome) {
   return "left out";
 }
 
-void TellOutcome(const CopiedSet& set) {
+void TellOfSet(const CopiedSet& set) {
   std::cout << Visible(fmt::format("{}: {}", set.name, WordsOf(set.outcome))) << '\n';
   for (const std::string& remark : set.remarks) {
     std::cout << Visible(fmt::format("  {}", remark)) << '\n';
@@ -121,6 +121,17 @@ void TellProblems(const CopyPlan& plan) {
   }
 }
 
+void TellSets(const CopyPlan& plan, const CopyOptions& options) {
+  for (const CopiedSet& set : plan.outcome) {
+    TellOfSet(set);
+  }
+  if (plan.outcome.empty()) {
+    std::cout << Visible(options.source) << " has no multiple response sets.\n";
+  } else if (options.dryRun) {
+    std::cout << "A dry run: " << Visible(options.targetPath) << " is as it was.\n";
+  }
+}
+
 ExitStatus Copy(const CopyOptions& options) {
   OutliveReader();
   const CopyPlan plan = CopyChosen(options);
@@ -129,18 +140,14 @@ ExitStatus Copy(const CopyOptions& options) {
     std::cerr << NoticeLine("Nothing is copied; --skip-incomplete copies the other sets.");
     return kErrors;
   }
-  for (const CopiedSet& set : plan.outcome) {
-    TellOutcome(set);
-  }
-  if (plan.outcome.empty()) {
-    std::cout << Visible(options.source) << " has no multiple response sets.\n";
-  } else if (options.dryRun) {
-    std::cout << "A dry run: " << Visible(options.targetPath) << " is as it was.\n";
-  }
-  if (!options.dryRun && HasChanged(plan)) {
-    EnsureToldOf(fmt::format("the sets are copied into {}", options.targetPath));
-  }
-  TellProblems(plan);
+  const bool isChanged = !options.dryRun && HasChanged(plan);
+  TellOutcome(isChanged, [&] {
+    TellSets(plan, options);
+    if (isChanged) {
+      EnsureToldOf(fmt::format("the sets are copied into {}", options.targetPath));
+    }
+    TellProblems(plan);
+  });
   return plan.IsComplete() ? kSuccess : kErrors;
 }
 

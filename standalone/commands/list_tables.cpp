@@ -92,11 +92,12 @@ TableRow VariableRow(const Variable& variable, const ValueCounts& counts) {
   for (const ValueRow& one : ValueRows(variable, counts)) {
     values.push_back(fmt::format("{}{} ({})", one.value, one.label ? " = " + *one.label : "", one.cases));
   }
+  // A value ends in a parenthesis, so that none looks like these.
   if (counts.Others() > 0) {
-    values.push_back(fmt::format("others ({})", counts.Others()));
+    values.push_back(fmt::format("others: {}", counts.Others()));
   }
   if (counts.Missing() > 0) {
-    values.push_back(fmt::format("missing ({})", counts.Missing()));
+    values.push_back(fmt::format("missing: {}", counts.Missing()));
   }
   return {variable.name,
           {TextCell(TypeOf(variable)), TextCell(variable.label.value_or("")), ListCell(std::move(values))}};

@@ -65,25 +65,37 @@ bool TakesSeveral(const TabulateSubcommand& subcommand) {
   }
 }
 
+/// Whether it begins with a text in quotes and ":".
+bool HasQuotedLabel(const std::string& net) {
+  const std::size_t begin = net.find_first_not_of(' ');
+  const bool isOpened = begin != std::string::npos && (net[begin] == '"' || net[begin] == '\'');
+  const std::size_t end = isOpened ? net.find(net[begin], begin + 1) : std::string::npos;
+  const std::size_t colon = end == std::string::npos ? end : net.find_first_not_of(' ', end + 1);
+  return colon != std::string::npos && (net[colon] == ':' || net[colon] == net[begin]);  // or a doubled quote
+}
+
 /// "Hot drinks: drink1" with its label in quotes, so that any character may stand in it.
 std::string WithQuotedLabel(const std::string& net) {
   const std::size_t colon = net.find(':');
   const std::string label(Trimmed(net.substr(0, colon)));
-  const bool isQuoted = !label.empty() && (label[0] == '"' || label[0] == '\'');
-  return colon == std::string::npos || label.empty() || isQuoted ? net : Quoted(label) + net.substr(colon);
+  return colon == std::string::npos || label.empty() || HasQuotedLabel(net) ? net : Quoted(label) + net.substr(colon);
 }
 
-/// The value of an option as it would stand in a command. Several are one list; "count,cases" is one, too.
-std::string ValueText(const TabulateSubcommand& subcommand, const std::vector<std::string>& values) {
+/// The values of an option as they would stand in a command. Words are one list; "count,cases" is one, too.
+std::vector<std::string> ValueTexts(const TabulateSubcommand& subcommand, std::vector<std::string> values) {
   constexpr const char* kNoValue = "true";  // of a flag
   if (IsValueOptional(subcommand) && values.front() == kNoValue) {
-    return std::string(subcommand.words.front());
+    return {std::string(subcommand.words.front())};
   }
-  std::string text = fmt::format("{}", fmt::join(values, " "));
   if (subcommand.value == TabulateValue::kWords) {
+    std::string text = fmt::format("{}", fmt::join(values, " "));
     std::replace(text.begin(), text.end(), ',', ' ');
+    return {text};
   }
-  return text;
+  if (subcommand.value == TabulateValue::kNet) {
+    std::transform(values.begin(), values.end(), values.begin(), WithQuotedLabel);
+  }
+  return values;
 }
 
 /// Makes a request of operands and options. They are read one by one, as if they stood one after the other in one text,
@@ -122,14 +134,14 @@ TabulationRequest RequestReader::Read(const TabulateOptions& options) {
     if (given == options.given.end() || given->second.empty()) {
       continue;
     }
-    if (Repeats(subcommand)) {
-      for (const std::string& net : given->second) {
-        ReadOption(subcommand, WithQuotedLabel(net));
-      }
-    } else {
-      ReadOption(subcommand, ValueText(subcommand, given->second));
+    const char* separator = nullptr;  // between the values of one subcommand
+    for (const std::string& value : ValueTexts(subcommand, given->second)) {
+      fCommand += separator != nullptr ? separator : fmt::format("\n  /{}=", subcommand.name);
+      separator = Repeats(subcommand) ? nullptr : " ";
+      ReadOption(subcommand, value);
     }
   }
+  RequireColumnsToTest(fRequest, Spoken(), "--test", "--by");
   return fRequest;
 }
 
@@ -149,7 +161,7 @@ void RequestReader::ReadSet(const std::string& name) {
 void RequestReader::ReadOption(const TabulateSubcommand& subcommand, const std::string& value) {
   const std::size_t begin = fText.size();
   fText += value;
-  fCommand += fmt::format("\n  /{}={}", subcommand.name, value);
+  fCommand += value;
   fParts.push_back({fText.size() + 1, OptionOf(subcommand)});
   try {
     std::vector<Token> tokens = Tokenize(value);
@@ -282,7 +294,7 @@ void DeclareOption(CLI::App& app, const TabulateSubcommand& subcommand, Given& g
   const std::string name = OptionOf(subcommand);
   const std::string description(subcommand.purpose);
   if (IsValueOptional(subcommand)) {  // an option would take in an operand that follows it
-    app.add_flag(name, values, description);
+    app.add_flag(name, values, description)->multi_option_policy(CLI::MultiOptionPolicy::Throw);
     return;
   }
   if (TakesSeveral(subcommand)) {

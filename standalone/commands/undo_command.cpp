@@ -99,11 +99,13 @@ ExitStatus UndoAndSay(const std::string& datasetPath, const DatasetOptions& opti
   if (undone->before != undone->after && !undone->written) {
     throw Error(NoPermissionSentence(datasetPath));
   }
-  const SetsDifference difference = CompareSets(undone->after, undone->before);
-  std::cout << Visible(HasSameSets(difference) ? SentenceOnOrder(*undone) : SentenceOf(*undone, difference)) << '\n';
-  if (undone->written) {
-    EnsureToldOf(fmt::format("the sets of {} are those of version {} again", datasetPath, undone->target));
-  }
+  TellOutcome(undone->written, [&] {
+    const SetsDifference difference = CompareSets(undone->after, undone->before);
+    std::cout << Visible(HasSameSets(difference) ? SentenceOnOrder(*undone) : SentenceOf(*undone, difference)) << '\n';
+    if (undone->written) {
+      EnsureToldOf(fmt::format("the sets of {} are those of version {} again", datasetPath, undone->target));
+    }
+  });
   return kSuccess;
 }
 

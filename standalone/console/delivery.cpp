@@ -46,6 +46,10 @@ void EndDelivery() {
   }
 }
 
+void FailAfterChange() {
+  throw Error("There is not enough memory to tell more, but the change is saved; mrset log lists the changes.");
+}
+
 void EnsureToldOf(const std::string& change) {
   std::cout.flush();
   if (!std::cout) {

@@ -1,6 +1,7 @@
 #ifndef STANDALONE_CONSOLE_DELIVERY_H
 #define STANDALONE_CONSOLE_DELIVERY_H
 
+#include <new>
 #include <string>
 
 namespace standalone {
@@ -23,6 +24,22 @@ void EndDelivery();
 /// Makes sure that standard output has told of a change that stands. Where it cannot, throws Error with what was
 /// changed, as in "the sets are copied".
 void EnsureToldOf(const std::string& change);
+
+[[noreturn]] void FailAfterChange();
+
+/// Calls what tells how a command ended. Where there is no memory for that after a change that stands, throws Error
+/// with a sentence that says so.
+template <typename Tell>
+void TellOutcome(bool isChanged, const Tell& tell) {
+  try {
+    tell();
+  } catch (const std::bad_alloc&) {
+    if (!isChanged) {
+      throw;
+    }
+    FailAfterChange();
+  }
+}
 
 }  // namespace standalone
 

@@ -189,9 +189,13 @@ void Dataset::ForgetWhatWasRead() {
 int Dataset::VariableCount() {
   BeginIfNone();
   if (!fVariableCount) {
-    Query query(*fDatabase, "SELECT variable_count FROM meta");
+    Query query(*fDatabase, "SELECT variable_count, coalesce((SELECT max(position) FROM variable), -1) FROM meta");
     query.Step();
-    fVariableCount = NotNegativeInt(*fDatabase, query.Integer(0));
+    const int count = NotNegativeInt(*fDatabase, query.Integer(0));
+    if (count - 1 != query.Integer(1)) {  // whoever gets the number makes room for as many
+      fDatabase->FailAsDamaged();
+    }
+    fVariableCount = count;
   }
   return *fVariableCount;
 }

@@ -153,7 +153,7 @@ void DatasetWriter::AddCase(const std::vector<std::string_view>& cells) {
 bool DatasetWriter::IsOutOfMemory() {
   constexpr std::size_t kBudget = std::size_t{32} << 20;
   constexpr std::size_t kBetweenLooks = kBudget / 16;
-  constexpr std::size_t kLeastOfColumn = 64;  // or else a block of very many columns would have hardly any cases
+  constexpr std::size_t kLeastOfColumn = 2048;  // or else a block of very many columns would have hardly any cases
   if (fBytesToLook < kBetweenLooks) {
     return false;
   }

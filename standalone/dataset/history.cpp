@@ -16,20 +16,23 @@ namespace {
 
 constexpr const char* kTimeFormat = "%Y-%m-%dT%H:%M:%SZ";
 
-bool IsText(const nlohmann::json& json) {
-  return json.is_string() && json.get_ref<const std::string&>().find('\0') == std::string::npos;
-}
+// The library of JSON takes memory to release an array, and the lack of it would end the process. So the database reads
+// arrays, and scalars alone are written.
 
 std::vector<std::string> FromJsonArray(Database& database, const std::string& text) {
-  const nlohmann::json json = nlohmann::json::parse(text, nullptr, false);
-  if (!json.is_array() || !std::all_of(json.begin(), json.end(), IsText)) {
-    database.FailAsDamaged();
+  std::vector<std::string> texts;
+  Query entries(database, "SELECT key, type, value FROM json_each(?)");
+  entries.Bind(text);
+  while (entries.Step()) {
+    entries.Integer(0);  // which only entries of an array have
+    if (entries.Text(1) != "text" || text.find("\\u0000") != std::string::npos) {  // where SQLite would end a text
+      database.FailAsDamaged();
+    }
+    texts.push_back(entries.Text(2));
   }
-  return json.get<std::vector<std::string>>();
+  return texts;
 }
 
-// Of scalars alone: to release an array takes memory, and the lack of it would end the process in the middle of a
-// write.
 std::string ToJsonArray(const std::vector<std::string>& texts) {
   std::string json = "[";
   for (const std::string& text : texts) {

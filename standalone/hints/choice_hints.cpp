@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <iterator>
 #include <optional>
 #include <string_view>
@@ -25,8 +24,8 @@ constexpr std::size_t kMaxNamesShown = 6;
 
 /// Blanks around a text do not count here, so that no hint says that a value is not there when it is, padded.
 bool HasChosen(Dataset& dataset, const std::string& name, const std::string& countedValue) {
-  const double countedNumber = std::strtod(countedValue.c_str(), nullptr);
   const std::string_view countedText = Trimmed(countedValue);
+  const std::optional<double> countedNumber = NumberValue(countedText);
   bool isChosen = false;
   VisitValues(dataset, dataset.FindVariable(name), [&](const CellValue& value, std::size_t /*cases*/) {
     const auto* number = std::get_if<double>(&value);

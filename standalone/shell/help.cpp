@@ -3,9 +3,7 @@
 #include <fmt/format.h>
 
 #include "standalone/language/grammar.h"
-#include "standalone/output/plain/wrap.h"
 #include "standalone/shell/shell_word.h"
-#include "standalone/tabulation/grammar/tabulate_grammar.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {
@@ -64,30 +62,33 @@ const std::vector<Topic>& TopicsOfLanguage() {
        "the command is wrong, nothing of it is carried out. Keywords may be written in\n"
        "any case and shortened to three letters. A period at the end of a line, or a\n"
        "blank line, ends the command.\n"},
+      {"TABULATE",
+       "TABULATE counts sets: a row for each member, columns for the total and each BY.\n"
+       "\n"
+       "  TABULATE $name [$name ...]\n"
+       "    /BY=name ...                columns: variables, pairs as in region*sex, sets\n"
+       "    /WEIGHT=variable            how much each case counts\n"
+       "    /BASE={ANSWERED | ASKED | COMPLETE | ALL}\n"
+       "    /WHERE=condition            only these cases\n"
+       "    /NONE=value                 of a category set: that nothing applies\n"
+       "    /NET='label': member ...    a row more: any of these members\n"
+       "    /SHOW={COUNT | CASES | RESPONSES | ERROR | INTERVAL} ...\n"
+       "    /SORT={NONE | DESCENDING | ASCENDING}\n"
+       "    /LAST=member ...            members that stay at the end\n"
+       "    /CONFIDENCE=percent         of the intervals; 95 unless given\n"
+       "    /TEST[={HOLM | BONFERRONI}]\n"
+       "    /MINBASE=n                  no percentages of columns with fewer cases\n"
+       "    /DECIMALS=n.\n"
+       "\n"
+       "Subcommands stand in any order, each once but NET. A condition compares a\n"
+       "variable with a number or a quoted text (= <> < <= > >=), or is variable IN\n"
+       "(value, ...), MISSING(variable) or $name HAS member. NOT, AND, OR and\n"
+       "parentheses join conditions. TABULATE changes nothing in the dataset.\n"
+       "\n"
+       "  TABULATE $drinks /BY=region region*sex $food /WHERE=born < 1980 OR sex = 'f'.\n"
+       "  TABULATE $drinks /NET='Hot drinks': drink1 drink2 /SHOW=COUNT CASES ERROR.\n"},
   };
   return kTopics;
-}
-
-/// Made of the table of subcommands.
-std::string HelpOnTabulate() {
-  std::string text =
-      "TABULATE counts sets: a row for each member, columns for the total and each BY.\n"
-      "\n"
-      "  TABULATE $drinks /BY=region /WHERE=born < 1980.\n"
-      "\n";
-  constexpr std::size_t kNameWidth = 26;
-  for (const TabulateSubcommand& subcommand : TabulateSubcommands()) {
-    const std::string value = fmt::format(IsValueOptional(subcommand) ? "[={}]" : "={}", subcommand.form);
-    std::string left = fmt::format("  /{}{}", subcommand.name, value);
-    for (const std::string& line : WrapText(subcommand.purpose, 80 - kNameWidth)) {
-      text += fmt::format("{:<{}}{}\n", left, kNameWidth, line);
-      left.clear();
-    }
-  }
-  return text +
-         "\n"
-         "Subcommands stand in any order, each once but NET. BY, SHOW, LAST and a NET take\n"
-         "several words. TABULATE changes nothing in the dataset.\n";
 }
 
 const std::vector<Topic>& TopicsOfShell() {
@@ -156,9 +157,7 @@ std::string HelpOnTheShell() {
 }  // namespace
 
 std::vector<std::string_view> LanguageTopics() {
-  std::vector<std::string_view> names = NamesOf(TopicsOfLanguage());
-  names.push_back(kTabulateCommand);
-  return names;
+  return NamesOf(TopicsOfLanguage());
 }
 
 std::vector<std::string_view> ShellTopics() {
@@ -169,7 +168,7 @@ std::vector<std::string_view> ShellTopics() {
 }
 
 std::optional<std::string> HelpOn(std::string_view topic) {
-  return NamesKeyword(ToUpper(topic), kTabulateCommand) ? HelpOnTabulate() : TextOn(topic, TopicsOfLanguage());
+  return TextOn(topic, TopicsOfLanguage());
 }
 
 std::optional<std::string> HelpInShell(std::string_view topic) {

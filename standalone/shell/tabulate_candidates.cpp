@@ -30,8 +30,8 @@ void AddValuesOf(const std::string& name, CompletionSource& source, std::vector<
   }
 }
 
-/// The members of a set: its variables, or the values of theirs that have a label.
-void AddMembers(const std::string& name, CompletionSource& source, std::vector<std::string>& members) {
+/// The members of a set: its variables, or the values of theirs that have a label. NONE takes values alone.
+void AddMembers(const std::string& name, CompletionSource& source, bool isNone, std::vector<std::string>& members) {
   const std::optional<StoredSet> set = source.FindSet(name);
   for (const std::string& variable : set ? set->variables : std::vector<std::string>()) {
     if (members.size() >= kMaxMembers) {
@@ -39,7 +39,7 @@ void AddMembers(const std::string& name, CompletionSource& source, std::vector<s
     }
     if (set->type == SetType::kCategory) {
       AddValuesOf(variable, source, members);
-    } else {
+    } else if (!isNone) {
       members.push_back(variable);
     }
   }
@@ -71,6 +71,9 @@ void AddWords(const TabulateExpectation& expectation, const std::vector<Token>& 
 TabulateCandidates CandidatesFor(const TabulateExpectation& expectation, const std::vector<Token>& tokens,
                                  CompletionSource& source) {
   TabulateCandidates candidates;
+  if (expectation.isComplete) {
+    candidates.symbols = {"/"};
+  }
   switch (expectation.what) {
     case TabulateExpected::kNothing:
       break;
@@ -84,7 +87,7 @@ TabulateCandidates CandidatesFor(const TabulateExpectation& expectation, const s
       AddSubcommands(expectation, candidates.keywords);
       break;
     case TabulateExpected::kEquals:
-      candidates.symbols = {"="};
+      candidates.symbols.emplace_back("=");
       break;
     case TabulateExpected::kColumn:
       candidates.offersSets = candidates.offersVariables = true;
@@ -94,7 +97,7 @@ TabulateCandidates CandidatesFor(const TabulateExpectation& expectation, const s
       break;
     case TabulateExpected::kMember:
       for (const std::string& set : expectation.sets) {
-        AddMembers(set, source, candidates.values);
+        AddMembers(set, source, expectation.subcommand->key == TabulateKey::kNone, candidates.values);
       }
       break;
     case TabulateExpected::kWord:
@@ -115,7 +118,7 @@ TabulateCandidates CandidatesFor(const TabulateExpectation& expectation, const s
       AddValuesOf(expectation.name, source, candidates.values);
       break;
     case TabulateExpected::kMemberOfSet:
-      AddMembers(expectation.name, source, candidates.values);
+      AddMembers(expectation.name, source, false, candidates.values);
       break;
     case TabulateExpected::kConnective:
       candidates.keywords = {"AND", "OR"};

@@ -34,8 +34,9 @@ void RefuseFileLogic(sqlite3* connection) {
   sqlite3_db_config(connection, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
 }
 
-/// What this program's own statements never come near.
-constexpr std::array<std::pair<int, int>, 7> kLimits = {{
+/// What this program's own statements never come near, but for the length of a block or a text: Fail() tells it.
+constexpr std::array<std::pair<int, int>, 8> kLimits = {{
+    {SQLITE_LIMIT_LENGTH, 1'000'000'000},
     {SQLITE_LIMIT_SQL_LENGTH, 10'000},
     {SQLITE_LIMIT_COLUMN, 100},
     {SQLITE_LIMIT_EXPR_DEPTH, 100},

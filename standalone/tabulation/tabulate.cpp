@@ -9,17 +9,17 @@
 #include <optional>
 #include <utility>
 
-#include "standalone/storage/interrupt.h"
 #include "standalone/tabulation/counting/set_count.h"
+#include "standalone/tabulation/interruption.h"
 #include "standalone/tabulation/reading/by_reader.h"
 #include "standalone/tabulation/reading/known_words.h"
+#include "standalone/tabulation/reading/unknown_member.h"
 #include "standalone/tabulation/reading/weight_reader.h"
 #include "standalone/tabulation/reading/where_reader.h"
 #include "standalone/tabulation/statistics/figures.h"
 #include "standalone/tabulation/table/notes.h"
 #include "standalone/tabulation/table/table_builder.h"
 #include "standalone/tabulation/tabulation_error.h"
-#include "standalone/text/error.h"
 
 namespace standalone {
 namespace {
@@ -37,10 +37,13 @@ class Tabulator {
   std::vector<SetReader*> CountedSets() const;
   void RequireFittingNone() const;
   void RequireKnownBefore() const;
+  void RequireKnownAfter() const;
   void StartBlock();
   void CountChunk(const Chunk& chunk);
   void CountCases(const Bits& cases, const Chunk& chunk);
   void RequireFewCategories() const;
+  void RequireFewCells() const;
+  [[noreturn]] void RefuseCells(std::size_t set, std::size_t by) const;
   void EndBlock();
 
   const TabulationRequest& fRequest;
@@ -73,6 +76,7 @@ Tabulator::Tabulator(const TabulationRequest& request, TabulationSource& source)
     fWhere.emplace(*request.where, request, source, fColumns);
   }
   RequireFittingNone();
+  FindNamedMembers(request, counted);
   for (SetReader* set : counted) {
     fCounts.emplace_back(*set, fBy, request);
   }
@@ -103,14 +107,20 @@ void Tabulator::RequireFittingNone() const {
     return;
   }
   const Spoken& none = *fRequest.none;
-  const auto isCategory = [](const std::unique_ptr<SetReader>& set) { return set->Set().isCategory; };
-  if (std::none_of(fSets.begin(), fSets.end(), isCategory)) {
+  std::vector<SetReader*> categories;
+  for (const std::unique_ptr<SetReader>& set : fSets) {
+    if (set->Set().isCategory) {
+      categories.push_back(set.get());
+    }
+  }
+  if (fWhere) {
+    fWhere->VisitCategories([&](SetReader& set, const Spoken& /*value*/) { categories.push_back(&set); });
+  }
+  if (categories.empty()) {
     throw TabulationError("NONE is for category sets, and this command has none.", none.offset, none.size);
   }
-  const auto canHold = [&](const std::unique_ptr<SetReader>& set) {
-    return set->Set().isCategory && set->Find(none.text).has_value();
-  };
-  if (std::none_of(fSets.begin(), fSets.end(), canHold)) {
+  const auto canHold = [&](SetReader* set) { return set->Find(none.text).has_value(); };
+  if (std::none_of(categories.begin(), categories.end(), canHold)) {
     throw TabulationError(fmt::format("The categories are numbers, and {} is not a number.", none.text), none.offset,
                           none.size);
   }
@@ -121,6 +131,17 @@ void Tabulator::RequireKnownBefore() const {
   const std::vector<SetReader*> sets = CountedSets();
   if (std::none_of(sets.begin(), sets.end(), [](const SetReader* set) { return set->Set().isCategory; })) {
     RequireKnownMembers(fRequest, sets);
+  }
+}
+
+void Tabulator::RequireKnownAfter() const {
+  RequireKnownMembers(fRequest, CountedSets());
+  if (fWhere) {
+    fWhere->VisitCategories([](SetReader& set, const Spoken& value) {
+      if (!HasMember(set, value.text)) {
+        throw UnknownMember(value, {&set});
+      }
+    });
   }
 }
 
@@ -153,6 +174,7 @@ void Tabulator::CountCases(const Bits& cases, const Chunk& chunk) {
     by->Read(chunk, cases);
   }
   RequireFewCategories();
+  RequireFewCells();
   for (SetCount& count : fCounts) {
     count.Add(cases, fWeight ? &fWeight->Of() : nullptr);
   }
@@ -169,6 +191,34 @@ void Tabulator::RequireFewCategories() const {
   }
 }
 
+/// Of all tables, since all of them are in memory.
+void Tabulator::RequireFewCells() const {
+  std::size_t cells = 0;
+  std::size_t most = 0;
+  std::pair<std::size_t, std::size_t> largest;  // a set and a BY
+  for (std::size_t set = 0; set < fCounts.size(); ++set) {
+    const std::size_t rows = fCounts[set].Set().MemberCount() + fCounts[set].Nets().size();
+    for (std::size_t by = 0; by < fBy.size(); ++by) {
+      const std::size_t more = rows * fBy[by]->ColumnCount();
+      cells += more;
+      largest = more > most ? std::pair(set, by) : largest;
+      most = std::max(most, more);
+    }
+  }
+  if (cells > kMaxCells) {
+    RefuseCells(largest.first, largest.second);
+  }
+}
+
+void Tabulator::RefuseCells(std::size_t set, std::size_t by) const {
+  const std::string& name = fCounts[set].Set().Set().name;
+  const Spoken& about = by == 0 ? fRequest.sets[set] : fRequest.by[by - 1].first;
+  const Spoken& end = by == 0 ? about : fRequest.by[by - 1].second.value_or(about);
+  throw TabulationError(fmt::format("{} has too many members and columns: a command makes 500,000 cells at most.",
+                                    by == 0 ? name : fmt::format("{} by {}", name, fBy[by]->Name())),
+                        about.offset, end.offset + end.size - about.offset);
+}
+
 void Tabulator::EndBlock() {
   std::for_each(fCounts.begin(), fCounts.end(), [](SetCount& count) { count.EndBlock(); });
 }
@@ -180,13 +230,11 @@ void Tabulator::Count(const TabulationProgress& progress) {
   }
   std::size_t done = 0;
   for (std::size_t number = 0; number < fSource.BlockCount(); ++number) {
-    if (IsInterrupted()) {
-      throw Error(ErrorKind::kInterrupted, "The count was interrupted.");
-    }
     fColumns.Read(number);
     StartBlock();
     const std::size_t cases = fSource.CasesOfBlock(number);
     for (std::size_t begin = 0; begin < cases; begin += kChunkCases) {
+      RequireNoInterrupt();
       CountChunk({begin, std::min(kChunkCases, cases - begin)});
     }
     EndBlock();
@@ -198,7 +246,7 @@ void Tabulator::Count(const TabulationProgress& progress) {
 }
 
 std::vector<Tabulation> Tabulator::Tables() {
-  RequireKnownMembers(fRequest, CountedSets());
+  RequireKnownAfter();
   const Figures figures(fRequest, fValidCases);
   std::vector<Tabulation> tables;
   for (const SetCount& count : fCounts) {

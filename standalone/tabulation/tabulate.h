@@ -17,6 +17,9 @@ using TabulationProgress = std::function<void(std::size_t done, std::size_t case
 /// The most categories that a BY may have.
 inline constexpr std::size_t kMaxCategories = 10'000;
 
+/// The most cells, of members or nets in columns, that the tables of a command may have.
+inline constexpr std::size_t kMaxCells = 500'000;
+
 /// Counts each set of the request, in one pass over the cases: every column is read once, block by block, and memory
 /// does not depend on the number of cases. Throws TabulationError where the request does not fit the dataset, and an
 /// Error of kind kInterrupted where the user interrupts.

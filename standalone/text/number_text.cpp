@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
+#include <cstdlib>
 #include <system_error>
 
 namespace standalone {
@@ -58,11 +60,15 @@ bool ScanExponent(Scanner& scanner, NumberParts& parts) {
   return true;
 }
 
+/// std::from_chars() does not tell a number that is too great from one that is nearer to 0 than any double.
 std::optional<double> ConvertToDouble(std::string_view text) {
   text.remove_prefix(!text.empty() && text[0] == '+' ? 1 : 0);
   double value = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  return error == std::errc() ? std::optional<double>(value) : std::nullopt;
+  if (error == std::errc::result_out_of_range) {
+    value = std::strtod(std::string(text).c_str(), nullptr);
+  }
+  return std::isinf(value) ? std::nullopt : std::optional<double>(value);
 }
 
 bool IsInRange(std::string_view text, const NumberParts& parts) {

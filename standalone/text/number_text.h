@@ -9,7 +9,7 @@
 namespace standalone {
 
 // A number's text is a sign or none, digits with or without a decimal point, and an exponent or none; what it stands
-// for is in the range of a double.
+// for is not beyond the greatest double. It has the value of the nearest double, which may be 0.
 
 /// The same number as JSON writes it, digit for digit: `text` itself, or, where it needs another form ("+1", "007",
 /// ".5"), a text made in `scratch`. Nothing when `text` is no number.

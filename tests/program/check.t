@@ -226,6 +226,52 @@ The cases, whose blocks have the number of the block and the position of the var
   Block 0 of the variable at position 1 has 3 cases; those of other variables have 2.
   s.mrset: 1 finding.
   [1]
+  $ damaged "UPDATE variable SET width = 4 WHERE name = 't2'"
+  Block 0 of the variable at position 5 has a text of 5 characters; the width of the variable is 4.
+  s.mrset: 1 finding.
+  [1]
+  $ printf 't1\n\303\244\303\266\303\274\n' > wide.csv; echo '{"fields": [{"name": "t1", "constraints": {"maxLength": 3}}]}' > wide.json; rm -f wide.mrset; mrset import --schema wide.json wide.csv wide.mrset; mrset check wide.mrset
+  wide.mrset: 1 variable, 1 case
+  wide.mrset is sound.
+
+Where cells are missing, nothing is said of counted values that no case has:
+
+  $ uncounted() { damaged "UPDATE mr_set SET counted_value = '7' WHERE name = '\$a'; $1"; }
+  $ uncounted ''
+  Remark: The set $a counts the number 7, which no case has in its variables.
+  s.mrset is sound.
+  $ uncounted "DELETE FROM block WHERE id = 0"
+  Block 0 of the cases has 5 of 6 variables.
+  s.mrset: 1 finding.
+  [1]
+  $ uncounted "UPDATE block SET id = id + (1 << 32)"
+  The number of a block of cases is 1 instead of 0.
+  s.mrset: 1 finding.
+  [1]
+  $ uncounted "DELETE FROM block"
+  The header counts 2 cases; there are 0.
+  s.mrset: 1 finding.
+  [1]
+
+Nobody has a blank value:
+
+  $ printf 'a,b\nx, \n ,y\n' > blank.csv; mrset import blank.csv blank.mrset; mrset run blank.mrset -c "MRSET /MDGROUP NAME=\$s VARIABLES=a b VALUE=' '" -c 'TABULATE $s /BASE=ALL' | grep -v '^$'; mrset check blank.mrset
+  blank.mrset: 2 variables, 2 cases
+  1> MRSET /MDGROUP NAME=$s VARIABLES=a b VALUE=' '
+  hint: no case has the counted value   of $s: a has 'x'
+  2> TABULATE $s /BASE=ALL
+  $s
+     Total
+             % of
+     Count  cases
+  -  -----  -----
+  a      0    0.0
+  b      0    0.0
+  Answered 0, none chosen 2, missing 0 of 2 cases.
+  Base: 2 cases in all.
+  The base is under 30 in 1 column: Total (2).
+  Remark: The set $s counts the text  , which no case has in its variables.
+  blank.mrset is sound.
 
 Of one kind the first ten are told, and how many others there are:
 

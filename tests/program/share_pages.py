@@ -67,4 +67,5 @@ def main():
         file.write(data)
 
 
-main()
+if __name__ == '__main__':
+    main()

@@ -207,3 +207,20 @@ What is wrong with the pages is told a line each.
   ... and 90 more such findings.
   The history cannot be read to the end.
   x.mrset: 101 findings.
+
+Two rows that go on in the same pages: the second one holds what is the first one's.
+
+  $ many() { head -c 9000 /dev/zero | tr '\0' "$1"; }
+  $ { echo a,b; echo "$(many c),$(many d)"; echo "$(many e),$(many f)"; } > long.csv; mrset import long.csv l.mrset
+  l.mrset: 2 variables, 2 cases
+  $ PYTHONDONTWRITEBYTECODE=1 "$TESTDIR/share_overflow.py" l.mrset; mrset check l.mrset | sed -E '/^The file/s/[0-9]+([ :.])/N\1/g' | uniq
+  The file is not sound: On tree page N cell N: 2nd reference to page N.
+  The file is not sound: Page N is never used.
+  Block 0 of the variable at position 1 is not sound: the checksum of its cells is wrong.
+  l.mrset: 6 findings.
+  [1]
+  $ mrset variables l.mrset a --values | tail -n 1 | tr -d ' '
+  (1)
+  $ mrset variables l.mrset b --values
+  mrset: l.mrset is damaged.
+  [2]

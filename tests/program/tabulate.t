@@ -79,6 +79,10 @@ A net's label may hold quotes and slashes, and a value its sign.
   $ mrset tabulate b.mrset '$toppings' --net "Children's / sweet: Honey Jam" --none -1 | grep sweet
   Children's / sweet (net)    130   67.0
 
+  $ mrset tabulate b.mrset '$drinks' --net "'tis hot: drink1 drink2" --net '"hot: very" : drink1' | grep net
+  'tis hot (net)     168   80.0
+  hot: very (net)     96   45.7
+
 A dry run has its own sets. Nothing is saved, and no module is needed.
 
   $ mrset run --dry-run b.mrset -c 'MRSET /DELETE NAME=[$drinks]' -c 'TABULATE $drinks'
@@ -156,9 +160,30 @@ Wrong names are errors of the command, and wrong options wrong usage.
   Run "mrset tabulate --help" for its options.
   [2]
   $ mrset tabulate b.mrset '$drinks' --minbase 0
-  mrset: --minbase takes a whole number, 1 or more: 0.
+  mrset: --minbase takes a whole number, from 1 to 1,000,000,000,000: 0.
   Run "mrset tabulate --help" for its options.
   [2]
+  $ mrset tabulate b.mrset '$drinks' --by region --by '*vegetarian'
+  mrset: --by takes variables, pairs such as region*sex, and sets: *.
+  Run "mrset tabulate --help" for its options.
+  [2]
+  $ mrset tabulate b.mrset '$drinks' --by region --by REGION
+  mrset: --by: REGION is listed twice.
+  Run "mrset tabulate --help" for its options.
+  [2]
+  $ mrset tabulate b.mrset '$drinks' --test
+  mrset: --test needs --by, which the set is tested against.
+  Run "mrset tabulate --help" for its options.
+  [2]
+  $ mrset tabulate b.mrset '$drinks' --by region --test --test=bonferroni
+  mrset: --test can be given only once.
+  Example:
+    mrset tabulate survey.mrset '$drinks' --by region --where 'born < 1980'
+  Run "mrset tabulate --help" for its options.
+  [2]
+  $ mrset tabulate b.mrset '$drinks' --where 'born = "1980"'
+  mrset: --where: born is numeric: write 1980 without quotes.
+  [1]
   $ mrset tabulate b.mrset '$drinks' --base all --base asked
   mrset: --base can be given only once.
   Example:

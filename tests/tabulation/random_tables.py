@@ -20,7 +20,7 @@ import subprocess
 import sys
 import tempfile
 
-from reference import NoTable, tabulate
+from reference import NoTable, sets_of_condition, tabulate
 
 COMMANDS = 40  # of one survey
 FEW_COMMANDS = 4  # of a large one
@@ -113,15 +113,6 @@ def definition(one):
     return "MRSET " + " ".join(words)
 
 
-def sets_in(condition):
-    """The sets that a condition names."""
-    if condition is None or condition[0] not in ("not", "and", "or", "has"):
-        return []
-    if condition[0] == "has":
-        return [condition[1]]
-    return [name for part in ([condition[1]] if condition[0] == "not" else condition[1]) for name in sets_in(part)]
-
-
 def quoted(text, mark='"'):
     return mark + text.replace(mark, 2 * mark) + mark
 
@@ -189,7 +180,7 @@ class RequestDice:
             request["errors"] = True
             if self.maybe(0.5):
                 request["confidence"] = dice.choice([50, 68.3, 90, 99, 99.9])
-        if self.maybe(0.4):
+        if self.maybe(0.55 if "by" in request else 0.02):
             request["test"] = dice.choice(["holm", "bonferroni"])
         if self.maybe(0.2):
             request["min_base"] = dice.choice([1, 2, 5, 30])
@@ -204,7 +195,7 @@ class RequestDice:
 
     def add_none(self, request):
         """A value that the category sets of the command could hold."""
-        named = request["sets"] + [names[0] for names in request.get("by", [])] + sets_in(request.get("where"))
+        named = request["sets"] + [names[0] for names in request.get("by", [])] + sets_of_condition(request.get("where"))
         texts = {self.is_text(one) for one in self.sets if one["name"] in named and one["counted"] is None}
         if len(texts) == 1 and self.maybe(0.5) or not texts and self.maybe(0.02):
             request["none"] = self.dice.choice(TEXTS if texts == {True} else NUMBERS)

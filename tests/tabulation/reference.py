@@ -117,10 +117,10 @@ class Set:
         labelled = [value for one in self.variables for value, _ in self.survey.value_labels(one)]
         return in_order(occurring, labelled)
 
-    def knows_all(self, members, cases):
-        """A value that has a label is known, though nobody gave it."""
+    def knows_all(self, members):
+        """A value is known that has a label, or that any case of the survey holds, whether it counts or not."""
         labelled = {value for one in self.variables for value, _ in self.survey.value_labels(one)} - {self.none}
-        known = labelled.union(self.members(cases)) if self.is_category else self.variables
+        known = labelled.union(self.members(self.survey.cases)) if self.is_category else self.variables
         return all(member in known for member in members)
 
     def member_label(self, member):
@@ -149,10 +149,8 @@ def check_condition(condition, survey, sets):
             check_condition(part, survey, sets)
     elif kind == "has":
         one = sets(condition[1])
-        if not one.is_category and condition[2] not in one.variables:
+        if not one.knows_all([condition[2]]):
             raise NoTable(f"no member {condition[2]}")
-        if one.is_category and one.none is not None and condition[2] == one.none:
-            raise NoTable("the value of NONE is no member")
     elif kind == "missing":
         survey.variable(condition[1])
     else:
@@ -250,21 +248,39 @@ def tabulate(survey, request):
     if where is not None:
         check_condition(where, survey, set_of)
     cases = [case for case in valid if where is None or holds(where, survey, set_of, case)]
+    check_by(request)
     bys = [By(survey, set_of, names, cases) for names in request.get("by", [])]
-    check_members(request, counted, cases)
+    check_members(request, counted)
     return [table(request, one, cases, bys, weights, len(valid)) for one in counted]
 
 
 def sets_of_command(request):
-    return list(request["sets"]) + [names[0] for names in request.get("by", []) if names[0].startswith("$")]
+    by = [names[0] for names in request.get("by", []) if names[0].startswith("$")]
+    return list(request["sets"]) + by + sets_of_condition(request.get("where"))
 
 
-def check_members(request, counted, cases):
+def sets_of_condition(condition):
+    kind = condition[0] if condition else None
+    if kind == "has":
+        return [condition[1]]
+    parts = [condition[1]] if kind == "not" else condition[1] if kind in ("and", "or") else []
+    return [name for part in parts for name in sets_of_condition(part)]
+
+
+def check_by(request):
+    by = request.get("by", [])
+    if len(set(by)) < len(by):
+        raise NoTable("a BY is listed twice")
+    if request.get("test") and not by:
+        raise NoTable("a test without a BY")
+
+
+def check_members(request, counted):
     for _, net in request.get("nets", []):
-        if not any(one.knows_all(net, cases) for one in counted):
+        if not any(one.knows_all(net) for one in counted):
             raise NoTable(f"unknown member among {net}")
     for member in request.get("last", []):
-        if not any(one.knows_all([member], cases) for one in counted):
+        if not any(one.knows_all([member]) for one in counted):
             raise NoTable(f"unknown member {member}")
 
 
@@ -309,7 +325,7 @@ def table(request, one, cases, bys, weights, valid_cases):
     columns = [Column(None, None, "Total", cases)] + [column for by in bys for column in by.columns]
     figures = [ColumnFigures(request, one, column, members, weights, valid_cases) for column in columns]
     nets = [(label, there) for label, net in request.get("nets", [])
-            if (there := [member for member in net if one.knows_all([member], cases)])]
+            if (there := [member for member in net if one.knows_all([member])])]
     found = {
         "kind": "tabulation", "set": one.name, "label": one.label(), "base": base,
         "weight": request.get("weight"), "where": request.get("where_text"),
@@ -437,18 +453,18 @@ def association(request, one, members, cases, by, weights):
     cases = [case for case in cases if id(case) in asked]
     sets_of_cases = [{id(case) for case in column.cases} for column in by.columns]
     inside = [[id(case) in column for case in cases] for column in sets_of_cases]
-    if len(cases) < 2 or not has_categories(by, inside):
-        return None
     chosen = [[member in one.chosen(case) for case in cases] for member in members]
+    if len(cases) < 2 or not varies(inside) or not varies(chosen):
+        return None
     margins = Margins(by.of_set, cases, inside, chosen, weights)
     pairs = pairs_of_sets(margins, members, by) if by.of_set else members_by_categories(margins, members)
     adjust([row for row, _ in pairs], request["test"])
     return {"by": by.name, **whole_set(margins, pairs), "members": [row for row, _ in pairs]}
 
 
-def has_categories(by, inside):
-    """A variable needs two that occur; each member of a set has a 2 x 2 table with each member of the other."""
-    return len(inside) > 0 if by.of_set else sum(map(any, inside)) > 1
+def varies(indicators):
+    """Whether any of the categories or members has some of the cases, but not all of them."""
+    return any(any(one) and not all(one) for one in indicators)
 
 
 def members_by_categories(margins, members):

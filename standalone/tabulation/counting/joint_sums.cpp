@@ -10,6 +10,14 @@ std::size_t PlaceOf(std::size_t greater, std::size_t smaller) {
   return greater * (greater + 1) / 2 + smaller;
 }
 
+/// How many sums so many members and columns can need; as a double, which does not overflow.
+double SumsOf(std::size_t members, std::size_t columns, bool hasOverlaps) {
+  const auto pairsOf = [](std::size_t count) {
+    return static_cast<double>(count + 1) * static_cast<double>(count + 2) / 2;
+  };
+  return pairsOf(members) * (hasOverlaps ? pairsOf(columns) : static_cast<double>(columns));
+}
+
 std::size_t PlaceOfAny(std::size_t first, std::size_t second) {
   return PlaceOf(std::max(first, second), std::min(first, second));
 }
@@ -35,15 +43,13 @@ void ChosenLists::Read(const std::vector<CaseGroup>& chosen) {
 
 void JointSums::AddCase(std::size_t row, const std::uint32_t* begin, const std::uint32_t* end, double squared) {
   const std::size_t needed = PlaceOf(*(end - 1) + std::size_t{1}, 0);
-  const std::size_t newRows = row < fBlock.size() ? 0 : row + 1 - fBlock.size();
-  const std::size_t had = newRows > 0 ? 0 : fBlock[row].size();
-  fSums += newRows + needed - std::min(needed, had);
-  if (IsTooLarge()) {
-    return;
+  if (row >= fBlock.size()) {
+    fBlock.resize(row + 1);
   }
-  fBlock.resize(fBlock.size() + newRows);
   Triangle& triangle = fBlock[row];
-  triangle.resize(std::max(needed, had));
+  if (triangle.size() < needed) {
+    triangle.resize(needed);
+  }
   for (const std::uint32_t* greater = begin; greater != end; ++greater) {
     double* sums = triangle.data() + PlaceOf(*greater, 0);
     for (const std::uint32_t* smaller = begin; smaller <= greater; ++smaller) {
@@ -52,15 +58,19 @@ void JointSums::AddCase(std::size_t row, const std::uint32_t* begin, const std::
   }
 }
 
-void JointSums::Add(const Bits& base, const ChosenLists& lists, ByReader& by, const Weights* weights) {
+void JointSums::Add(const Bits& base, const ChosenLists& lists, std::size_t members, ByReader& by,
+                    const Weights* weights) {
+  const SetReader* set = by.Set();
+  fIsTooLarge = SumsOf(members, set == nullptr ? by.ColumnCount() : set->IndexCount(), set != nullptr) > fMost;
+  if (fIsTooLarge) {
+    return;
+  }
   const Bits cases = Both(base, by.Current().present);
   const auto squaredOf = [weights](std::size_t place) { return weights == nullptr ? 1.0 : (*weights)[place].squared; };
   if (by.Set() == nullptr) {
     const std::vector<std::uint32_t>& columnOf = by.ColumnOfCases();
     ForEachCase(cases, [&](std::size_t place) {
-      if (!IsTooLarge()) {
-        AddCase(columnOf[place], lists.begin(place), lists.end(place), squaredOf(place));
-      }
+      AddCase(columnOf[place], lists.begin(place), lists.end(place), squaredOf(place));
     });
     return;
   }
@@ -68,7 +78,7 @@ void JointSums::Add(const Bits& base, const ChosenLists& lists, ByReader& by, co
   ForEachCase(cases, [&](std::size_t place) {
     const std::uint32_t* columns = fColumnLists.begin(place);
     for (const std::uint32_t* greater = columns; greater != fColumnLists.end(place); ++greater) {
-      for (const std::uint32_t* smaller = columns; smaller <= greater && !IsTooLarge(); ++smaller) {
+      for (const std::uint32_t* smaller = columns; smaller <= greater; ++smaller) {
         AddCase(PlaceOf(*greater, *smaller), lists.begin(place), lists.end(place), squaredOf(place));
       }
     }

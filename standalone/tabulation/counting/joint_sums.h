@@ -31,13 +31,18 @@ class ChosenLists {
 /// where columns overlap, in two of them.
 class JointSums {
  public:
-  /// Where more sums are needed there is no test.
+  /// The most sums of a command, of which each test has an equal share.
   static constexpr std::size_t kMostSums = 4'000'000;
 
-  void Add(const Bits& base, const ChosenLists& lists, ByReader& by, const Weights* weights);
+  /// Where all members and columns there are could need more than `most` sums, there are none: the test is not
+  /// corrected.
+  explicit JointSums(std::size_t most) : fMost(static_cast<double>(most)) {}
+
+  /// `members`: how many indexes of members there are so far.
+  void Add(const Bits& base, const ChosenLists& lists, std::size_t members, ByReader& by, const Weights* weights);
   void EndBlock();
 
-  bool IsTooLarge() const { return fSums > kMostSums; }
+  bool IsTooLarge() const { return fIsTooLarge; }
 
   /// In a column of a BY whose columns do not overlap.
   double InColumn(std::size_t column, std::size_t first, std::size_t second) const;
@@ -50,10 +55,11 @@ class JointSums {
   void AddCase(std::size_t row, const std::uint32_t* begin, const std::uint32_t* end, double squared);
   double At(std::size_t row, std::size_t first, std::size_t second) const;
 
+  double fMost;
   ChosenLists fColumnLists;  // where columns overlap
   std::vector<Triangle> fBlock;
   std::vector<Triangle> fTotal;
-  std::size_t fSums = 0;
+  bool fIsTooLarge = false;
 };
 
 }  // namespace standalone

@@ -4,13 +4,22 @@
 
 namespace standalone {
 
+namespace {
+
+/// How many joint sums each test of the request may need.
+std::size_t ShareOfSums(const TabulationRequest& request) {
+  return JointSums::kMostSums / std::max<std::size_t>(request.sets.size() * request.by.size(), 1);
+}
+
+}  // namespace
+
 SetCount::SetCount(SetReader& set, const ByReaders& by, const TabulationRequest& request)
     : fSet(set),
       fBy(by),
       fBaseKind(request.base),
       fIsTested(request.test.has_value()),
       fSums(by.size()),
-      fJointSums(by.size()) {
+      fJointSums(by.size(), JointSums(ShareOfSums(request))) {
   for (const NetRequest& net : request.nets) {
     CountedNet counted{net.label.text, {}};
     for (const Spoken& member : net.members) {
@@ -82,7 +91,7 @@ void SetCount::Add(const Bits& cases, const Weights* weights) {
   for (std::size_t by = 0; by < fBy.size(); ++by) {
     fSums[by].Add(rows, *fBy[by], weights);
     if (fIsTested && by > 0) {
-      fJointSums[by].Add(fBase, fLists, *fBy[by], weights);
+      fJointSums[by].Add(fBase, fLists, fSet.IndexCount(), *fBy[by], weights);
     }
   }
 }

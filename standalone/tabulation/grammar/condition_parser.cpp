@@ -71,9 +71,10 @@ Condition ConditionParser::ReadJoined(Condition::Kind kind, std::string_view wor
   return joined.parts.size() == 1 ? std::move(joined.parts.front()) : joined;
 }
 
-/// A variable may be called NOT: then a comparison follows.
+/// A variable may be called NOT: then a comparison follows, or IN and its values.
 bool ConditionParser::NextIsNot() const {
-  return fReader.NextNames("NOT") && !BeginsOperator(fReader.AfterNext());
+  const bool isIn = TokenReader::Names(fReader.AfterNext(), "IN") && TokenReader::IsSymbol(fReader.AfterNext(2), "(");
+  return fReader.NextNames("NOT") && !isIn && !BeginsOperator(fReader.AfterNext());
 }
 
 Condition ConditionParser::ReadNegation() {
@@ -140,6 +141,7 @@ Condition ConditionParser::ReadHas() {
   }
   fReader.Take();
   fReader.Expect(TabulateExpected::kMemberOfSet, has.name.text);
+  fReader.RefuseUnquoted();
   const Token& member = fReader.Next();
   if (!TokenReader::IsAnyWord(member) && !TokenReader::IsNumber(member) && !TokenReader::IsQuoted(member)) {
     fReader.Fail("A member of the set must follow HAS: the name of a variable, or a value.");
@@ -195,6 +197,7 @@ Condition::Operator ConditionParser::TakeOperator(const std::string& name) {
 
 Spoken ConditionParser::TakeValue(const std::string& name, std::string_view after) {
   fReader.Expect(TabulateExpected::kValueOfVariable, name);
+  fReader.RefuseUnquoted();
   if (!TokenReader::IsNumber(fReader.Next()) && !TokenReader::IsQuoted(fReader.Next())) {
     fReader.Fail(fmt::format("A number or a text in quotes must follow {}.", after));
   }

@@ -81,6 +81,11 @@ TabulationRequest ParseTabulate(const std::vector<Token>& tokens, std::string_vi
 void ParseTabulateOption(const TabulateSubcommand& subcommand, const std::vector<Token>& tokens, std::string_view text,
                          TabulationRequest& request);
 
+/// Throws TabulationError, about `test`, for a request of tests that has no BY. The names are those of the two where
+/// the request was given.
+void RequireColumnsToTest(const TabulationRequest& request, const Spoken& test, std::string_view testName,
+                          std::string_view byName);
+
 /// The option of a subcommand, as in "--by".
 std::string OptionOf(const TabulateSubcommand& subcommand);
 
@@ -109,6 +114,7 @@ struct TabulateExpectation {
   std::vector<TabulateKey> given;                  ///< its subcommands so far
   std::size_t valueBegin = 0;                      ///< the first token of the subcommand's value
   std::string name;                                ///< of a variable or set that WHERE is about
+  bool isComplete = false;                         ///< "/" and the next subcommand can follow, or the end
 };
 
 /// What can follow the first `count` tokens of a command that begins with TABULATE; the end of the command is none of

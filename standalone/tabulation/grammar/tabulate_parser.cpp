@@ -34,6 +34,7 @@ class ValueParser {
 
  private:
   void ReadColumns(std::vector<ByRequest>& columns);
+  static void RefuseRepeated(const std::vector<ByRequest>& columns);
   ByRequest ReadColumn();
   Spoken ReadVariable();
   void ReadWhere(TabulationRequest& request);
@@ -92,7 +93,7 @@ void ValueParser::ReadInto(TabulationRequest& request) {
       request.test = static_cast<Adjustment>(ReadWord());
       return;
     case TabulateKey::kMinBase:
-      request.minBase = ReadWhole(1, kMaxMinBase, "1 or more");
+      request.minBase = ReadWhole(1, kMaxMinBase, "from 1 to 1,000,000,000,000");
       return;
     case TabulateKey::kDecimals:
       request.decimals = static_cast<int>(ReadWhole(0, kMaxDecimals, fmt::format("from 0 to {}", kMaxDecimals)));
@@ -127,7 +128,7 @@ std::string ValueParser::WordsSaid() const {
 
 void ValueParser::RefuseRange() const {
   if (fReader.NextNames("TO")) {
-    fReader.Fail(fmt::format("{} takes no range with TO; give each name.", Name()));
+    fReader.Fail(fmt::format("{} takes no range with TO; give each name, and a value \"TO\" in quotes.", Name()));
   }
 }
 
@@ -136,8 +137,22 @@ void ValueParser::ReadColumns(std::vector<ByRequest>& columns) {
   RequireValue(TabulateExpected::kColumn);
   do {
     columns.push_back(ReadColumn());
+    RefuseRepeated(columns);
     fReader.Expect(TabulateExpected::kColumn);
   } while (IsWord(fReader.Next()) && !IsNextSubcommand());
+}
+
+void ValueParser::RefuseRepeated(const std::vector<ByRequest>& columns) {
+  const auto keyOf = [](const ByRequest& by) {
+    return ToUpper(by.first.text + (by.second ? "*" + by.second->text : ""));
+  };
+  const ByRequest& last = columns.back();
+  if (std::any_of(columns.begin(), columns.end() - 1, [&](const ByRequest& by) { return keyOf(by) == keyOf(last); })) {
+    const Spoken& end = last.second.value_or(last.first);
+    throw TabulationError(
+        fmt::format("{}{} is listed twice.", last.first.text, last.second ? "*" + last.second->text : ""),
+        last.first.offset, end.offset + end.size - last.first.offset);
+  }
 }
 
 ByRequest ValueParser::ReadColumn() {
@@ -178,6 +193,7 @@ void ValueParser::ReadWhere(TabulationRequest& request) {
 Spoken ValueParser::ReadMember() {
   RequireValue(TabulateExpected::kMember);
   RefuseRange();
+  fReader.RefuseUnquoted();
   if (!IsMember(fReader.Next())) {
     fReader.Fail(fmt::format("A name, a number or a text in quotes must stand here: {}.", fReader.Quote()));
   }
@@ -283,12 +299,14 @@ class CommandParser {
   TokenReader& fReader;
   TabulationRequest fRequest;
   std::vector<TabulateKey> fGiven;
+  Spoken fTest;  // the subcommand
 };
 
 TabulationRequest CommandParser::Read() {
   fReader.Take();  // TABULATE
   ReadSets();
   ReadSubcommands();
+  RequireColumnsToTest(fRequest, fTest, "TEST", "BY");
   return std::move(fRequest);
 }
 
@@ -342,7 +360,8 @@ const TabulateSubcommand& CommandParser::ReadName() {
 }
 
 void CommandParser::ReadValue(const TabulateSubcommand& subcommand) {
-  fReader.Take();
+  const Spoken name = fReader.TakeSpoken();
+  fTest = subcommand.key == TabulateKey::kTest ? name : fTest;
   if (!Repeats(subcommand)) {
     fGiven.push_back(subcommand.key);
   }
@@ -362,6 +381,9 @@ void CommandParser::ReadValue(const TabulateSubcommand& subcommand) {
 }
 
 void CommandParser::RequireEndOfValue(const TabulateSubcommand& subcommand) const {
+  if (TabulateExpectation* expectation = fReader.Expectation()) {
+    expectation->isComplete = fReader.IsAtEnd();
+  }
   if (fReader.IsAtEnd() || fReader.NextIs("/")) {
     return;
   }
@@ -372,6 +394,14 @@ void CommandParser::RequireEndOfValue(const TabulateSubcommand& subcommand) cons
 }
 
 }  // namespace
+
+void RequireColumnsToTest(const TabulationRequest& request, const Spoken& test, std::string_view testName,
+                          std::string_view byName) {
+  if (request.test && request.by.empty()) {
+    throw TabulationError(fmt::format("{} needs {}, which the set is tested against.", testName, byName), test.offset,
+                          test.size);
+  }
+}
 
 TabulationRequest ParseTabulate(const std::vector<Token>& tokens, std::string_view text) {
   TokenReader reader(tokens, text);

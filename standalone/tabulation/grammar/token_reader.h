@@ -23,15 +23,16 @@ class TokenReader {
       : fTokens(tokens), fText(text), fExpectation(expectation) {}
 
   const Token& Next() const { return fTokens[fNext]; }
-  const Token& AfterNext() const { return fTokens[std::min(fNext + 1, fTokens.size() - 1)]; }
+  const Token& AfterNext(std::size_t count = 1) const { return fTokens[std::min(fNext + count, fTokens.size() - 1)]; }
   bool IsAtEnd() const { return Next().type == TokenSequenceBase::kEnd; }
   bool NextIs(std::string_view symbol) const { return IsSymbol(Next(), symbol); }
 
   /// Whether the next token is a word that names the keyword. ALL, which is a symbol, counts as a word here.
-  bool NextNames(std::string_view keyword) const {
-    return IsAnyWord(Next()) && NamesKeyword(ToUpper(Next().text), keyword);
-  }
+  bool NextNames(std::string_view keyword) const { return Names(Next(), keyword); }
 
+  static bool Names(const Token& token, std::string_view keyword) {
+    return IsAnyWord(token) && NamesKeyword(ToUpper(token.text), keyword);
+  }
   static bool IsSymbol(const Token& token, std::string_view symbol) {
     return token.type == TokenSequenceBase::kSymbol && token.text == symbol;
   }
@@ -78,6 +79,16 @@ class TokenReader {
 
   /// The next token as a sentence quotes it.
   std::string Quote() const { return Shortened(Next().text); }
+
+  /// Fails where the next value, such as 1a, is read as a number and a word, which stand side by side.
+  void RefuseUnquoted() const {
+    const Token& word = AfterNext();
+    if (IsNumber(Next()) && IsAnyWord(word) && word.offset == Next().offset + Next().length) {
+      const std::string value = Shortened(Next().text + word.text);
+      throw TabulationError("Put " + value + " in quotes: it is neither a number nor a name.", Next().offset,
+                            Next().length + word.length);
+    }
+  }
 
   /// Fails with a sentence about the next token.
   [[noreturn]] void Fail(const std::string& sentence, const std::optional<std::string>& nearest = std::nullopt) const {

@@ -3,8 +3,6 @@
 namespace standalone {
 namespace {
 
-using CountFunction = std::int64_t (*)(const Bits& first, const Bits& second);
-
 // Inlined into functions for different processors, so that the compiler makes the best of each.
 inline __attribute__((always_inline)) std::int64_t CommonBits(const Bits& first, const Bits& second) {
   std::int64_t count = 0;
@@ -31,22 +29,23 @@ __attribute__((target("avx512f,avx512vl,avx512vpopcntdq"))) std::int64_t CountBy
   return CommonBits(first, second);
 }
 
-CountFunction FastestCount() {
-  if (__builtin_cpu_supports("avx512vl") != 0 && __builtin_cpu_supports("avx512vpopcntdq") != 0) {
-    return CountByVector;
-  }
-  return __builtin_cpu_supports("popcnt") != 0 ? CountByWord : CountByPlainCode;
-}
-
-#else
-
-CountFunction FastestCount() {
-  return CountByPlainCode;
-}
-
 #endif
 
 }  // namespace
+
+std::vector<CountFunction> CountFunctions() {
+  std::vector<CountFunction> functions;
+#if defined(__x86_64__)
+  if (__builtin_cpu_supports("avx512vl") != 0 && __builtin_cpu_supports("avx512vpopcntdq") != 0) {
+    functions.push_back(CountByVector);
+  }
+  if (__builtin_cpu_supports("popcnt") != 0) {
+    functions.push_back(CountByWord);
+  }
+#endif
+  functions.push_back(CountByPlainCode);
+  return functions;
+}
 
 Bits FirstCases(std::size_t cases) {
   Bits bits{};
@@ -60,7 +59,7 @@ Bits FirstCases(std::size_t cases) {
 }
 
 std::int64_t CountOfBoth(const Bits& first, const Bits& second) {
-  static const CountFunction count = FastestCount();
+  static const CountFunction count = CountFunctions().front();
   return count(first, second);
 }
 

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <vector>
 
 namespace standalone {
 
@@ -63,6 +64,10 @@ inline bool HasCases(const Bits& bits) {
 
 std::int64_t CountOf(const Bits& bits);
 std::int64_t CountOfBoth(const Bits& first, const Bits& second);
+
+/// The ways to count those of both that this processor has, the fastest first.
+using CountFunction = std::int64_t (*)(const Bits& first, const Bits& second);
+std::vector<CountFunction> CountFunctions();
 
 /// Calls `visit` with the place of each case, ascending.
 template <class Visit>

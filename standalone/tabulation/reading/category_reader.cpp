@@ -11,7 +11,8 @@ CategoryReader::CategoryReader(CountedSet set, const std::optional<Spoken>& none
     fNone = fValues.IndexOfWritten(none->text);
   }
   for (const int variable : fSet.variables) {
-    fColumns.emplace_back(columns.Need(variable), fValues);
+    fBlocks.push_back(&columns.Need(variable));
+    fColumns.emplace_back(*fBlocks.back(), fValues);
   }
 }
 
@@ -19,6 +20,17 @@ void CategoryReader::StartBlock() {
   for (ValuedColumn& column : fColumns) {
     column.StartBlock();
   }
+  for (const Block* block : fBlocks) {
+    fNamed.Meet(*block, fValues);
+  }
+}
+
+std::optional<std::size_t> CategoryReader::Find(const std::string& written) {
+  const std::optional<std::size_t> found = fValues.IndexOfWritten(written);
+  if (found && found != fNone) {
+    fNamed.Add(*found, fValues.TextOf(*found), fSet.valueLabels);
+  }
+  return found;
 }
 
 Bits& CategoryReader::CasesOf(std::size_t member) {
@@ -97,7 +109,12 @@ void CategoryReader::Read(const Chunk& chunk, const Bits& cases) {
 }
 
 bool CategoryReader::IsKnown(std::size_t member) const {
-  return member != fNone && (Occurs(member) || fSet.valueLabels.HasValue(fValues.TextOf(member)));
+  return fNamed.IsKnown(member);
+}
+
+std::optional<std::string> CategoryReader::NearestTo(const std::string& word) const {
+  const std::optional<std::size_t> found = fValues.FindWritten(word);
+  return found ? fNamed.Nearest(*found) : std::nullopt;
 }
 
 std::vector<Member> CategoryReader::Members() const {

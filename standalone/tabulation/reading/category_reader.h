@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "standalone/tabulation/reading/named_values.h"
 #include "standalone/tabulation/reading/set_reader.h"
 #include "standalone/tabulation/reading/valued_column.h"
 #include "standalone/tabulation/reading/values.h"
@@ -18,21 +19,24 @@ class CategoryReader : public SetReader {
 
   void StartBlock() override;
   void Read(const Chunk& chunk, const Bits& cases) override;
-  std::optional<std::size_t> Find(const std::string& written) override { return fValues.IndexOfWritten(written); }
+  std::optional<std::size_t> Find(const std::string& written) override;
   std::size_t MemberCount() const override { return fMemberCount; }
+  std::size_t IndexCount() const override { return fValues.Size(); }
   bool IsKnown(std::size_t member) const override;
+  std::optional<std::string> NearestTo(const std::string& word) const override;
   std::vector<Member> Members() const override;
 
  private:
-  bool Occurs(std::size_t member) const { return member < fOccurs.size() && fOccurs[member]; }
   Bits& CasesOf(std::size_t member);
   void ReadVariable(ValuedColumn& column, const Chunk& chunk, const Bits& cases, Bits& given);
   void TakeOutNone();
 
   Values fValues;
   std::optional<std::size_t> fNone;
-  std::vector<ValuedColumn> fColumns;
-  std::vector<bool> fOccurs;  // for each value
+  NamedValues fNamed;
+  std::vector<const Block*> fBlocks;   // of the variables
+  std::vector<ValuedColumn> fColumns;  // likewise
+  std::vector<bool> fOccurs;           // for each value
   std::size_t fMemberCount = 0;
   std::vector<std::size_t> fSlots;  // for each value, where the chunk's cases that chose it are, plus 1; 0: nobody did
   std::size_t fUsedSlots = 0;

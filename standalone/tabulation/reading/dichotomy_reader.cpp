@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "standalone/language/nearest_name.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {
@@ -56,6 +57,14 @@ std::optional<std::size_t> DichotomyReader::Find(const std::string& written) {
     }
   }
   return std::nullopt;
+}
+
+std::optional<std::string> DichotomyReader::NearestTo(const std::string& word) const {
+  NearestName nearest(word);
+  for (const std::string& name : fSet.variableNames) {
+    nearest.Offer(name);
+  }
+  return nearest.Result();
 }
 
 std::vector<Member> DichotomyReader::Members() const {

@@ -18,7 +18,9 @@ class DichotomyReader : public SetReader {
   void Read(const Chunk& chunk, const Bits& cases) override;
   std::optional<std::size_t> Find(const std::string& written) override;
   std::size_t MemberCount() const override { return fCounted.size(); }
+  std::size_t IndexCount() const override { return fCounted.size(); }
   bool IsKnown(std::size_t /*member*/) const override { return true; }
+  std::optional<std::string> NearestTo(const std::string& word) const override;
   std::vector<Member> Members() const override;
 
  private:

@@ -42,6 +42,15 @@ bool HasMember(SetReader& set, const std::string& word) {
   return found && set.IsKnown(*found);
 }
 
+void FindNamedMembers(const TabulationRequest& request, const std::vector<SetReader*>& sets) {
+  for (SetReader* set : sets) {
+    for (const NetRequest& net : request.nets) {
+      std::for_each(net.members.begin(), net.members.end(), [set](const Spoken& member) { set->Find(member.text); });
+    }
+    std::for_each(request.last.begin(), request.last.end(), [set](const Spoken& member) { set->Find(member.text); });
+  }
+}
+
 void RequireKnownMembers(const TabulationRequest& request, const std::vector<SetReader*>& sets) {
   for (const NetRequest& net : request.nets) {
     RequireFit(net, sets);

@@ -10,6 +10,9 @@
 
 namespace standalone {
 
+/// Asks the sets for the members of nets and of LAST, before the first block.
+void FindNamedMembers(const TabulationRequest& request, const std::vector<SetReader*>& sets);
+
 /// Throws TabulationError unless one of the sets has all members of a net, for each net, and each member of LAST is in
 /// one of them. Which members a category set has is known when all cases are read.
 void RequireKnownMembers(const TabulationRequest& request, const std::vector<SetReader*>& sets);

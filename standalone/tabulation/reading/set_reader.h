@@ -52,12 +52,17 @@ class SetReader {
   /// What the last chunk holds.
   const Answers& Current() const { return fAnswers; }
 
-  /// The member of that name or value; nothing for what can be none.
+  /// The member of that name or value; nothing for what can be none. Of a category set a value is to be asked for
+  /// before the first block, so that it is known whether the dataset has it.
   virtual std::optional<std::size_t> Find(const std::string& written) = 0;
-  /// How many members there are so far.
+  /// How many members there are so far, and how many indexes: values that the command names have one, too.
   virtual std::size_t MemberCount() const = 0;
-  /// Whether it is a member, after all chunks: one of a category set need not occur, but must be labelled then.
+  virtual std::size_t IndexCount() const = 0;
+  /// Whether it is a member, after all chunks: one of a category set must have a label, or a case of the dataset,
+  /// though not of those that are counted.
   virtual bool IsKnown(std::size_t member) const = 0;
+  /// The member that was meant by a word that names none, after all chunks.
+  virtual std::optional<std::string> NearestTo(const std::string& word) const = 0;
   /// The members in their order, after all chunks: of a category set those that occur.
   virtual std::vector<Member> Members() const = 0;
 

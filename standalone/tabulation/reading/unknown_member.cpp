@@ -9,8 +9,8 @@ namespace standalone {
 TabulationError UnknownMember(const Spoken& member, const std::vector<const SetReader*>& sets) {
   NearestName nearest(member.text);
   for (const SetReader* set : sets) {
-    for (const Member& candidate : set->Members()) {
-      nearest.Offer(candidate.name);
+    if (const std::optional<std::string> candidate = set->NearestTo(member.text)) {
+      nearest.Offer(*candidate);
     }
   }
   return TabulationError(sets.size() == 1 ? fmt::format("{} is not a member of {}.", member.text, sets[0]->Set().name)

@@ -39,16 +39,22 @@ std::optional<std::size_t> Values::IndexOfWritten(const std::string& written) {
   return number ? std::optional(IndexOf(*number)) : std::nullopt;
 }
 
-std::optional<std::size_t> Values::Find(const std::string& written) const {
-  const auto indexIn = [](const auto& indexes, auto value) {
-    const auto found = indexes.find(value);
-    return found == indexes.end() ? std::nullopt : std::optional(found->second);
-  };
+std::optional<std::size_t> Values::Find(double number) const {
+  const auto found = fIndexOfNumber.find(number);
+  return found == fIndexOfNumber.end() ? std::nullopt : std::optional(found->second);
+}
+
+std::optional<std::size_t> Values::Find(std::string_view text) const {
+  const auto found = fIndexOfText.find(ComparedText(text));
+  return found == fIndexOfText.end() ? std::nullopt : std::optional(found->second);
+}
+
+std::optional<std::size_t> Values::FindWritten(const std::string& written) const {
   if (!fIsNumeric) {
-    return indexIn(fIndexOfText, ComparedText(written));
+    return Find(std::string_view(written));
   }
   const std::optional<double> number = NumberValue(ComparedText(written));
-  return number ? indexIn(fIndexOfNumber, *number) : std::nullopt;
+  return number ? Find(*number) : std::nullopt;
 }
 
 std::string Values::TextOf(std::size_t index) const {
@@ -69,14 +75,14 @@ void ValueLabels::Add(const std::vector<ValueLabel>& labels) {
 }
 
 std::string ValueLabels::LabelOf(const std::string& value) const {
-  const std::optional<std::size_t> found = fValues.Find(value);
+  const std::optional<std::size_t> found = fValues.FindWritten(value);
   return found ? fLabels[*found] : value;
 }
 
 std::vector<std::size_t> ValueLabels::Ordered(const std::vector<std::size_t>& indexes, const Values& values) const {
   std::vector<std::pair<std::size_t, std::size_t>> places;  // in the labels, and index
   for (const std::size_t index : indexes) {
-    places.emplace_back(fValues.Find(values.TextOf(index)).value_or(fValues.Size()), index);
+    places.emplace_back(fValues.FindWritten(values.TextOf(index)).value_or(fValues.Size()), index);
   }
   std::sort(places.begin(), places.end(), [&values](const auto& first, const auto& second) {
     return first.first != second.first ? first.first < second.first : values.IsLess(first.second, second.second);

@@ -34,8 +34,10 @@ class Values {
   /// number where numbers are wanted.
   std::optional<std::size_t> IndexOfWritten(const std::string& written);
 
-  /// As IndexOfWritten, but nothing for a value that is not there.
-  std::optional<std::size_t> Find(const std::string& written) const;
+  /// As those above, but nothing for a value that is not there.
+  std::optional<std::size_t> Find(double number) const;
+  std::optional<std::size_t> Find(std::string_view text) const;
+  std::optional<std::size_t> FindWritten(const std::string& written) const;
 
   /// As the value is written.
   std::string TextOf(std::size_t index) const;
@@ -59,7 +61,14 @@ class ValueLabels {
   /// Adds the labels of values that have none yet.
   void Add(const std::vector<ValueLabel>& labels);
 
-  bool HasValue(const std::string& written) const { return fValues.Find(written).has_value(); }
+  bool HasValue(const std::string& written) const { return fValues.FindWritten(written).has_value(); }
+
+  template <class Visit>
+  void VisitValues(Visit visit) const {
+    for (std::size_t index = 0; index < fValues.Size(); ++index) {
+      visit(fValues.TextOf(index));
+    }
+  }
 
   /// The label of a value, or the value.
   std::string LabelOf(const std::string& value) const;

@@ -27,6 +27,10 @@ struct Weight {
 /// For each case of a chunk.
 using Weights = std::array<Weight, kChunkCases>;
 
+/// The limits of weights: within them no sum of squares is too large or too small for a number.
+inline constexpr double kLeastWeight = 1e-100;
+inline constexpr double kGreatestWeight = 1e100;
+
 /// Reads the weights of cases. One that is missing, zero or negative is not valid.
 class WeightReader {
  public:
@@ -35,6 +39,7 @@ class WeightReader {
 
   const std::string& Name() const { return fName; }
 
+  /// Throws TabulationError for a valid weight beyond the limits.
   void Read(const Chunk& chunk);
   /// Of the last chunk: the cases with a valid weight, and these weights.
   const Bits& Valid() const { return fValid; }
@@ -43,7 +48,9 @@ class WeightReader {
  private:
   template <class Number>
   void Take(std::size_t cases, Number number);
+  [[noreturn]] void RefuseWeight() const;
 
+  Spoken fSpoken;
   std::string fName;
   const Block* fBlock;
   Bits fValid{};

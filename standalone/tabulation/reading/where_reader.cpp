@@ -4,11 +4,11 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <utility>
 
 #include "standalone/tabulation/reading/counted_set.h"
-#include "standalone/tabulation/reading/set_reader.h"
 #include "standalone/tabulation/reading/unknown_member.h"
 #include "standalone/tabulation/tabulation_error.h"
 #include "standalone/text/number_text.h"
@@ -18,7 +18,11 @@ namespace {
 
 double NumberOf(const Spoken& value, const std::string& variable) {
   const std::optional<double> number = NumberValue(value.text);
-  if (value.isQuoted || !number) {
+  if (value.isQuoted && number) {
+    throw TabulationError(fmt::format("{} is numeric: write {} without quotes.", variable, value.text), value.offset,
+                          value.size);
+  }
+  if (!number) {
     throw TabulationError(fmt::format("{} is numeric, and \"{}\" is not a number.", variable, value.text), value.offset,
                           value.size);
   }
@@ -48,27 +52,6 @@ ValueTest TestOf(const Condition& condition, const Variable& variable) {
   return test;
 }
 
-/// The columns of which one must hold what makes a case choose the member.
-std::vector<TestedColumn> ColumnsOfMember(const Condition& condition, const TabulationRequest& request,
-                                          TabulationSource& source, Columns& columns) {
-  const Spoken& member = condition.values.front();
-  Columns unread(source);
-  const std::unique_ptr<SetReader> reader = MakeSetReader(FindCountedSet(condition.name, source), request, unread);
-  const CountedSet& set = reader->Set();
-  const std::optional<std::size_t> found = reader->Find(member.text);
-  if (!found || (set.isCategory && request.none && reader->Find(request.none->text) == found)) {
-    throw UnknownMember(member, {reader.get()});
-  }
-  if (!set.isCategory) {
-    return {TestedColumn(columns.Need(set.variables[*found]), TestOfValue(set.countedValue, set.isNumeric))};
-  }
-  std::vector<TestedColumn> tested;
-  for (const int variable : set.variables) {
-    tested.emplace_back(columns.Need(variable), TestOfValue(member.text, set.isNumeric));
-  }
-  return tested;
-}
-
 }  // namespace
 
 WhereReader::WhereReader(const Condition& condition, const TabulationRequest& request, TabulationSource& source,
@@ -78,7 +61,7 @@ WhereReader::WhereReader(const Condition& condition, const TabulationRequest& re
     fParts.emplace_back(part, request, source, columns);
   }
   if (fKind == Condition::Kind::kHas) {
-    fColumns = ColumnsOfMember(condition, request, source, columns);
+    ReadHas(condition, request, source, columns);
   } else if (condition.parts.empty()) {
     const int variable = FindVariable(condition.name, source);
     ValueTest test = TestOf(condition, source.VariableAt(variable));
@@ -86,7 +69,44 @@ WhereReader::WhereReader(const Condition& condition, const TabulationRequest& re
   }
 }
 
+/// One of the columns must hold what makes a case choose the member. Whether a category set has it is known when all
+/// cases are read.
+void WhereReader::ReadHas(const Condition& condition, const TabulationRequest& request, TabulationSource& source,
+                          Columns& columns) {
+  fValue = condition.values.front();
+  CountedSet set = FindCountedSet(condition.name, source);
+  if (!set.isCategory) {
+    Columns unread(source);
+    const std::unique_ptr<SetReader> reader = MakeSetReader(std::move(set), request, unread);
+    const std::optional<std::size_t> found = reader->Find(fValue.text);
+    if (!found) {
+      throw UnknownMember(fValue, {reader.get()});
+    }
+    const CountedSet& kept = reader->Set();
+    fColumns.emplace_back(columns.Need(kept.variables[*found]), TestOfValue(kept.countedValue, kept.isNumeric));
+    return;
+  }
+  for (const int variable : set.variables) {
+    fColumns.emplace_back(columns.Need(variable), TestOfValue(fValue.text, set.isNumeric));
+  }
+  fCategories = MakeSetReader(std::move(set), request, columns);
+  const std::optional<std::size_t> found = fCategories->Find(fValue.text);
+  if (!found || (request.none && fCategories->Find(request.none->text) == found)) {
+    throw UnknownMember(fValue, {fCategories.get()});
+  }
+}
+
+void WhereReader::VisitCategories(const Visit& visit) const {
+  std::for_each(fParts.begin(), fParts.end(), [&](const WhereReader& part) { part.VisitCategories(visit); });
+  if (fCategories) {
+    visit(*fCategories, fValue);
+  }
+}
+
 void WhereReader::StartBlock() {
+  if (fCategories) {
+    fCategories->StartBlock();
+  }
   std::for_each(fParts.begin(), fParts.end(), [](WhereReader& part) { part.StartBlock(); });
   std::for_each(fColumns.begin(), fColumns.end(), [](TestedColumn& column) { column.StartBlock(); });
 }

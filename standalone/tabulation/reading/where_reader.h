@@ -1,11 +1,13 @@
 #ifndef STANDALONE_TABULATION_READING_WHERE_READER_H
 #define STANDALONE_TABULATION_READING_WHERE_READER_H
 
-#include <optional>
+#include <functional>
+#include <memory>
 #include <vector>
 
 #include "standalone/tabulation/reading/bits.h"
 #include "standalone/tabulation/reading/columns.h"
+#include "standalone/tabulation/reading/set_reader.h"
 #include "standalone/tabulation/reading/tested_column.h"
 #include "standalone/tabulation/request.h"
 #include "standalone/tabulation/source.h"
@@ -22,10 +24,20 @@ class WhereReader {
   void StartBlock();
   Bits Read(const Chunk& chunk) const;
 
+  /// Calls `visit` with each category set of the condition and the value that a case HAS. The set only knows which
+  /// values the dataset holds.
+  using Visit = std::function<void(SetReader& set, const Spoken& value)>;
+  void VisitCategories(const Visit& visit) const;
+
  private:
+  void ReadHas(const Condition& condition, const TabulationRequest& request, TabulationSource& source,
+               Columns& columns);
+
   Condition::Kind fKind;
   std::vector<WhereReader> fParts;
-  std::vector<TestedColumn> fColumns;  // of a condition without parts: that any of them holds what is meant
+  std::unique_ptr<SetReader> fCategories;  // of HAS where the set is a category set
+  Spoken fValue;                           // likewise
+  std::vector<TestedColumn> fColumns;      // of a condition without parts: that any of them holds what is meant
 };
 
 }  // namespace standalone

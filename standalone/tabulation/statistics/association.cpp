@@ -1,6 +1,7 @@
 #include "standalone/tabulation/statistics/association.h"
 
 #include <algorithm>
+#include <cstdint>
 
 #include "standalone/tabulation/statistics/adjusted_p.h"
 #include "standalone/tabulation/statistics/distributions.h"
@@ -68,16 +69,24 @@ void AddCorrected(double squaredEigenvalues, TabulationTest& test) {
 }  // namespace
 
 Testability TestabilityOf(const TestedTable& table) {
-  if (table.sums.Present(kBaseRow).cases < 2) {
+  const std::int64_t base = table.sums.Present(kBaseRow).cases;
+  if (base < 2) {
     return Testability::kSmallBase;
   }
   if (table.categories.empty()) {
     return Testability::kNoCategory;
   }
-  const auto used =
-      std::count_if(table.categories.begin(), table.categories.end(),
-                    [&table](const ByCategory& category) { return table.sums.At(kBaseRow, category.index).cases > 0; });
-  return table.hasOverlaps || used > 1 ? Testability::kTestable : Testability::kOneCategory;
+  const auto isPart = [base](std::int64_t cases) { return cases > 0 && cases < base; };
+  if (std::none_of(table.categories.begin(), table.categories.end(),
+                   [&](const ByCategory& category) { return isPart(table.sums.At(kBaseRow, category.index).cases); })) {
+    return table.hasOverlaps ? Testability::kEqualCategories : Testability::kOneCategory;
+  }
+  if (std::none_of(table.members.begin(), table.members.end(), [&](const Member& member) {
+        return isPart(table.sums.Present(table.firstMemberRow + member.index).cases);
+      })) {
+    return Testability::kEqualMembers;
+  }
+  return Testability::kTestable;
 }
 
 TabulationTest TestAssociation(const TestedTable& table, const std::string& by, Adjustment adjustment) {
@@ -91,7 +100,7 @@ TabulationTest TestAssociation(const TestedTable& table, const std::string& by, 
       test.statistic = test.statistic.value_or(0) + *member.statistic;
     }
   }
-  if (test.statistic && !table.jointSums.IsTooLarge()) {
+  if (!table.jointSums.IsTooLarge()) {
     AddCorrected(table.hasOverlaps ? SquaredEigenvaluesOfSets(shares, table.jointSums)
                                    : SquaredEigenvaluesOfColumns(shares, table.jointSums),
                  test);

@@ -9,10 +9,10 @@
 
 namespace standalone {
 
-enum class Testability { kTestable, kSmallBase, kOneCategory, kNoCategory };
+enum class Testability { kTestable, kSmallBase, kNoCategory, kOneCategory, kEqualCategories, kEqualMembers };
 
-/// Whether there is anything to test: two cases and, where columns overlap, any column, else two of them
-/// with cases.
+/// Whether there is anything to test: two cases, a category that some of them are in and others are not, and a member
+/// that some chose and others did not.
 Testability TestabilityOf(const TestedTable& table);
 
 /// The tests of a set against a BY that is testable: Pearson's chi-square of each member, and their sum with the

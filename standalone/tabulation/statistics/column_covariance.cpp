@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "standalone/tabulation/counting/shares.h"
+#include "standalone/tabulation/interruption.h"
 
 // With q the shares of the categories, p those of the members, y = x - p what a case chose less the shares, T the
 // excess and E the mean weighted by squared weights, the covariance of (c, j) and (d, k) is that of u = (1_c - q_c) y_j
@@ -58,16 +59,20 @@ class ColumnCovariance {
       }
     }
     fWhole = std::accumulate(fAll.begin(), fAll.end(), Exact{0});
+    for (std::size_t j = 0; j < shares.members.size(); ++j) {
+      fJoint.push_back(JointOf(j));
+      fDeviations.push_back(DeviationOf(j));
+      fExcess.push_back(ExcessOf(j));
+    }
   }
 
   /// Of the block of two members.
   Exact Squares(std::size_t j, std::size_t k) const {
     const Vector a = Joint(j, k);
     const Exact halfOfA = std::accumulate(a.begin(), a.end(), Exact{0}) / 2;
-    const Vector nj = Deviation(j);
-    const Vector nk = Deviation(k);
-    Factors left{Vector(fQ), Vector(fQ), nj, Excess(j)};
-    Factors right{Vector(fQ), Vector(fQ), Excess(k), Excess(k)};
+    const Vector& nk = fDeviations[k];
+    Factors left{Vector(fQ), Vector(fQ), fDeviations[j], fExcess[j]};
+    Factors right{Vector(fQ), Vector(fQ), fExcess[k], fExcess[k]};
     for (std::size_t c = 0; c < fQ.size(); ++c) {
       left[0][c] = a[c] - halfOfA * fQ[c];
       right[0][c] = -fQ[c];
@@ -91,16 +96,23 @@ class ColumnCovariance {
     const Exact pk = fShares.members[k].share;
     Vector joint;
     for (std::size_t c = 0; c < fPlaces.size(); ++c) {
-      joint.push_back(Mean(fPlaces[c], Entry(j), Entry(k)) - pk * Mean(fPlaces[c], Entry(j), 0) -
-                      pj * Mean(fPlaces[c], Entry(k), 0) + pj * pk * fAll[c]);
+      joint.push_back(Mean(fPlaces[c], Entry(j), Entry(k)) - pk * fJoint[j][c] - pj * fJoint[k][c] + pj * pk * fAll[c]);
     }
     return joint;
   }
 
-  Vector Deviation(std::size_t member) const {
+  Vector JointOf(std::size_t member) const {
+    Vector joint;
+    for (const std::size_t place : fPlaces) {
+      joint.push_back(Mean(place, Entry(member), 0));
+    }
+    return joint;
+  }
+
+  Vector DeviationOf(std::size_t member) const {
     Vector deviation;
     for (std::size_t c = 0; c < fPlaces.size(); ++c) {
-      deviation.push_back(Mean(fPlaces[c], Entry(member), 0) - fShares.members[member].share * fAll[c]);
+      deviation.push_back(fJoint[member][c] - fShares.members[member].share * fAll[c]);
     }
     const Exact whole = std::accumulate(deviation.begin(), deviation.end(), Exact{0});
     for (std::size_t c = 0; c < fPlaces.size(); ++c) {
@@ -109,7 +121,7 @@ class ColumnCovariance {
     return deviation;
   }
 
-  Vector Excess(std::size_t member) const {
+  Vector ExcessOf(std::size_t member) const {
     Vector excess;
     for (const std::size_t place : fPlaces) {
       excess.push_back(fShares.excess[member][place]);
@@ -124,6 +136,9 @@ class ColumnCovariance {
   Vector fQ;
   Vector fAll;  // E[1_c]
   Exact fWhole = 0;
+  std::vector<Vector> fJoint;  // of each member: E[1_c x_j], n_j and T_j
+  std::vector<Vector> fDeviations;
+  std::vector<Vector> fExcess;
 };
 
 }  // namespace
@@ -132,6 +147,7 @@ double SquaredEigenvaluesOfColumns(const Shares& shares, const JointSums& sums) 
   const ColumnCovariance covariance(shares, sums);
   Exact squares = 0;
   for (std::size_t j = 0; j < shares.members.size(); ++j) {
+    RequireNoInterrupt();
     for (std::size_t k = 0; k <= j && shares.members[j].isTested; ++k) {
       if (shares.members[k].isTested) {
         squares += (j == k ? 1 : 2) * covariance.Squares(j, k);

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "standalone/tabulation/counting/shares.h"
+#include "standalone/tabulation/interruption.h"
 
 namespace standalone {
 namespace {
@@ -38,6 +39,7 @@ class SetCovariance {
   Exact Squares() const {
     Exact squares = 0;
     for (std::size_t a = 0; a < fPairs.size(); ++a) {
+      RequireNoInterrupt();
       for (std::size_t b = 0; b <= a; ++b) {
         const Exact covariance = Covariance(fPairs[a], fPairs[b]);
         squares += (a == b ? 1 : 2) * covariance * covariance / (fPairs[a].nominal * fPairs[b].nominal);

@@ -120,12 +120,18 @@ std::string NoteOnNoTest(const std::string& by, Testability testability) {
     reason = "its base is under 2";
   } else if (testability == Testability::kOneCategory) {
     reason = "only one of its categories has cases in the base";
+  } else if (testability == Testability::kEqualCategories) {
+    reason = "all cases in its base chose the same of its members";
+  } else if (testability == Testability::kEqualMembers) {
+    reason = "all cases in its base chose the same members of the set";
   }
   return fmt::format("There is no test by {}: {}.", by, reason);
 }
 
-std::string NoteOnNoCorrection(const std::string& by) {
-  return fmt::format("The test by {} is not corrected: there are too many members and categories.", by);
+std::string NoteOnNoCorrection(const std::string& by, bool isTooLarge) {
+  return fmt::format(
+      "The test by {} is not corrected: {}.", by,
+      isTooLarge ? "there are too many members and categories" : "the estimated covariance of its members is 0");
 }
 
 }  // namespace standalone

@@ -19,9 +19,9 @@ std::vector<std::string> NotesOn(const Tabulation& table, const SetCount& count,
 
 /// Why there is no test against a BY.
 std::string NoteOnNoTest(const std::string& by, Testability testability);
-/// The set and the BY have so many members and categories that the covariance of their tests would take too much
-/// memory.
-std::string NoteOnNoCorrection(const std::string& by);
+/// Why the test of the whole set against a BY has no corrected figures: the covariance of the members' tests is of so
+/// many members and categories that it would take too long, or nothing is left of it.
+std::string NoteOnNoCorrection(const std::string& by, bool isTooLarge);
 
 }  // namespace standalone
 

@@ -100,8 +100,8 @@ void TableBuilder::AddTests(Tabulation& table) const {
       continue;
     }
     table.tests.push_back(TestAssociation(tested, name, *fRequest.test));
-    if (fCount.JointSumsOf(by).IsTooLarge()) {
-      table.notes.push_back(NoteOnNoCorrection(name));
+    if (!table.tests.back().corrected) {
+      table.notes.push_back(NoteOnNoCorrection(name, fCount.JointSumsOf(by).IsTooLarge()));
     }
   }
 }

@@ -127,6 +127,14 @@ TEST(BlockBuilder, BeginsAnewAfterABlock) {
   EXPECT_EQ(CellsOf(builder.Finish()), Texts({"8"}));
 }
 
+TEST(BlockBuilder, FewCellsTakeLittleMemory) {
+  BlockBuilder builder(true);
+  for (int count = 0; count < 1000; ++count) {
+    builder.Add("10");
+  }
+  EXPECT_LT(builder.Memory(), 2048U);
+}
+
 TEST(BlockBuilder, MemoryFollowsTheTexts) {
   BlockBuilder builder(false);
   builder.Add(std::string(1'000'000, 'x'));

@@ -65,6 +65,11 @@ TEST(CountedValueCheck, AValueThatNoCaseHasIsASentence) {
               ElementsAre("The set $a counts the text 1, which no case has in its variables."));
 }
 
+TEST(CountedValueCheck, ABlankValueIsOneThatNoCaseHas) {
+  EXPECT_THAT(SentencesAfter(" ", false, {Texts({" ", "  "}), Texts({}), Texts({" "})}),
+              ElementsAre("The set $a counts the text  , which no case has in its variables."));
+}
+
 TEST(CountedValueCheck, WithoutCasesNothingIsSaid) {
   EXPECT_THAT(SentencesAfter("1", true, {}), IsEmpty());
 }

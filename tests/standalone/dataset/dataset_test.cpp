@@ -243,6 +243,23 @@ TEST_F(DatasetTest, LongCellsMakeShorterBlocks) {
   EXPECT_EQ(cases, kCases);
 }
 
+TEST_F(DatasetTest, CasesOfVeryManyVariablesAreCutIntoBlocksOfMany) {
+  constexpr std::size_t kVariables = 20'000;
+  constexpr std::size_t kCases = 100;
+  std::vector<Variable> variables;
+  for (std::size_t number = 0; number < kVariables; ++number) {
+    variables.push_back({"v" + std::to_string(number), 0, std::nullopt, {}});
+  }
+  DatasetWriter writer(kFile, true);
+  writer.SetVariables(variables);
+  for (std::size_t number = 0; number < kCases; ++number) {
+    const std::string cell = std::to_string(10 + number % 90);
+    writer.AddCase(std::vector<std::string_view>(kVariables, cell));
+  }
+  writer.Commit();
+  EXPECT_EQ(Dataset(kFile).BlockCount(), 1U);
+}
+
 TEST_F(DatasetTest, SetsAreReadAsSavedAndInTheirOrder) {
   MakeDataset(kFile);
   StoredSet category = SetOf("$Zoo", {"gone"});
@@ -547,6 +564,18 @@ TEST_F(DatasetTest, HostileContentsAreOneSentence) {
     SaveSets({SetOf("$a")});
     Tamper(attack);
     EXPECT_EQ(SentenceOfReading(), "survey.mrs is damaged.") << attack;
+  }
+}
+
+TEST_F(DatasetTest, TheNumberOfVariablesIsThatOfTheDictionary) {
+  for (const char* damage :
+       {"UPDATE meta SET variable_count = 2147483647", "UPDATE meta SET variable_count = 2",
+        "UPDATE meta SET variable_count = 0", "DELETE FROM variable WHERE position = 2", "DELETE FROM variable"}) {
+    std::filesystem::remove(kFile);
+    MakeDataset(kFile);
+    EXPECT_EQ(Dataset(kFile).VariableCount(), 3);
+    Tamper(damage);
+    EXPECT_EQ(SentenceOf([] { Dataset(kFile).VariableCount(); }), "survey.mrs is damaged.") << damage;
   }
 }
 

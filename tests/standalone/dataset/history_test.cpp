@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <limits>
 #include <map>
+#include <new>
 #include <random>
 
 #include "standalone/check/dataset_check.h"
@@ -15,6 +16,7 @@
 #include "standalone/dataset/undo.h"
 #include "standalone/storage/database.h"
 #include "standalone/storage/limits.h"
+#include "tests/host/allocation.h"
 #include "tests/standalone/temporary_folder.h"
 
 namespace standalone {
@@ -97,6 +99,34 @@ TEST_F(HistoryTest, AChangeTellsWhatBecameOfWhichSets) {
   EXPECT_THAT(described, ElementsAre("2 $a", "3 $b", "1 $d"));
   EXPECT_FALSE(changes[1].reordered);
   EXPECT_THAT(changes[1].time, ::testing::MatchesRegex("[0-9]{4}-[0-9]{2}-[0-9]{2}T[0-9]{2}:[0-9]{2}:[0-9]{2}Z"));
+}
+
+/// Whether a lack of memory from that allocation on was met; it is told as such, and does not end the process.
+bool IsToldFrom(std::size_t allocation) {
+  Dataset dataset(kFile);
+  bool isTold = false;
+  scripted::AllocationScope scope(allocation, scripted::FaultMode::kFromThenOn);
+  try {
+    dataset.SetsOfVersion(1);
+  } catch (const std::bad_alloc&) {
+    isTold = true;
+  }
+  scope.Stop();
+  EXPECT_EQ(scope.Fired(), isTold) << "allocation " << allocation;
+  return isTold;
+}
+
+TEST_F(HistoryTest, ALackOfMemoryWhileSetsAreRebuiltIsTold) {
+  {
+    Dataset dataset(kFile);
+    Save(dataset, {SetOf("$a", "", {"q1", "a name longer than what a text holds itself", "q3"})}, "define");
+    Save(dataset, {}, "delete");
+  }
+  std::size_t allocation = 1;
+  while (IsToldFrom(allocation)) {
+    ++allocation;
+  }
+  EXPECT_GT(allocation, 20U);
 }
 
 TEST_F(HistoryTest, AnOrderAloneBelongsToTheLastChange) {

@@ -14,9 +14,10 @@ TEST(LabelOf, ANumberIsTheLabelOfItsValueHoweverThatIsWritten) {
   for (const char* value : {"1", "+1", "1.0", "01", "10e-1"}) {
     EXPECT_EQ(Label(LabelOf(variable, value)), "yes") << value;
   }
-  for (const char* value : {"2", "1 ", "", "no number", "1e999", "1e-999"}) {
+  for (const char* value : {"2", "1 ", "", "no number", "1e999"}) {
     EXPECT_EQ(Label(LabelOf(variable, value)), "none") << value;
   }
+  EXPECT_EQ(Label(LabelOf(variable, "1e-999")), "no");
   EXPECT_EQ(Label(LabelOf(variable, 1.0)), "yes");
   EXPECT_EQ(Label(LabelOf(variable, -0.0)), "no");
   EXPECT_EQ(Label(LabelOf(variable, 2.0)), "none");

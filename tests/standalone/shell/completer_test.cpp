@@ -132,6 +132,8 @@ TEST(Completer, CompletesTabulate) {
                              "NONE=", "SHOW=", "SORT=",       "TEST",      "WEIGHT=", "WHERE="};
   Texts columns = {"$Drinks", "$dry", "$toppings"};
   columns.insert(columns.end(), kVariables.begin(), kVariables.end());
+  Texts columnsOrEnd = columns;
+  columnsOrEnd.insert(columnsOrEnd.begin() + 3, "/");
   Texts conditions = {"$Drinks", "$dry", "$toppings", "MISSING(", "NOT"};
   conditions.insert(conditions.end(), kVariables.begin(), kVariables.end());
   ExpectCompletions({
@@ -160,7 +162,19 @@ TEST(Completer, CompletesTabulate) {
       {"TABULATE $drinks /WHERE=colour IN ('red', ",
        {"'red'", "\"it's\""},
        "TABULATE $drinks /WHERE=colour IN ('red', "},
-      {"TABULATE $drinks /WHERE=drink1=1 ", {"AND", "OR"}, "TABULATE $drinks /WHERE=drink1=1 "},
+      {"TABULATE $drinks /NONE=", {}, "TABULATE $drinks /NONE="},
+      {"TABULATE $drinks $toppings /NONE=", {"0", "1", "'red'", "\"it's\""}, "TABULATE $drinks $toppings /NONE="},
+      {"TABULATE $drinks /BY=colour ", columnsOrEnd, "TABULATE $drinks /BY=colour "},
+      {"TABULATE $drinks /BY=colour* ", kVariables, "TABULATE $drinks /BY=colour* "},
+      {"TABULATE $drinks /BASE=ALL ", {"/"}, "TABULATE $drinks /BASE=ALL /"},
+      {"TABULATE $drinks /TEST ", {"/", "="}, "TABULATE $drinks /TEST "},
+      {"TABULATE $drinks /DECIMALS=2 ", {"/"}, "TABULATE $drinks /DECIMALS=2 /"},
+      {"TABULATE $drinks /NET='x': drink1 ", {"/", "drink1", "Drink2"}, "TABULATE $drinks /NET='x': drink1 "},
+      {"TABULATE $drinks /SHOW=COUNT CASES RESPONSES ERROR ",
+       {"/", "INTERVAL"},
+       "TABULATE $drinks /SHOW=COUNT CASES RESPONSES ERROR "},
+      {"TABULATE $drinks /WHERE=(drink1=1 ", {"AND", "OR"}, "TABULATE $drinks /WHERE=(drink1=1 "},
+      {"TABULATE $drinks /WHERE=drink1=1 ", {"/", "AND", "OR"}, "TABULATE $drinks /WHERE=drink1=1 "},
       {"TABULATE $drinks /WHERE=$Drinks ", {"HAS"}, "TABULATE $drinks /WHERE=$Drinks HAS "},
       {"TABULATE $drinks /WHERE=$Drinks HAS ", {"drink1", "Drink2"}, "TABULATE $drinks /WHERE=$Drinks HAS drink"},
       {"TABULATE $drinks /MINBASE=", {}, "TABULATE $drinks /MINBASE="},

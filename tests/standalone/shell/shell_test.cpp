@@ -1,5 +1,6 @@
 #include "standalone/shell/shell.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <deque>
@@ -12,6 +13,7 @@
 #include "standalone/shell/help.h"
 #include "standalone/shell/name_pattern.h"
 #include "standalone/shell/terminal_input.h"
+#include "standalone/tabulation/grammar/tabulate_grammar.h"
 #include "standalone/text/unicode.h"
 
 namespace standalone {
@@ -223,6 +225,26 @@ TEST(Help, FitsTheScreenAndCanBeShortened) {
   EXPECT_EQ(HelpOn("md"), std::nullopt);
   EXPECT_EQ(HelpOn("mdgroup"), HelpOn("MDGROUP"));
   EXPECT_EQ(HelpOn("undo"), std::nullopt);
+}
+
+TEST(Help, ThatOnTabulateNamesEveryWordAndItsExamplesAreCommands) {
+  const std::string help = HelpOn("TABULATE").value_or("");
+  for (const TabulateSubcommand& subcommand : TabulateSubcommands()) {
+    EXPECT_THAT(help, testing::HasSubstr("    /" + std::string(subcommand.name)));
+    for (const std::string_view word : subcommand.words) {
+      EXPECT_THAT(help, testing::HasSubstr(std::string(word)));
+    }
+  }
+  int examples = 0;
+  std::istringstream lines(help);
+  for (std::string line; std::getline(lines, line);) {
+    if (line.rfind("  TABULATE ", 0) == 0 && line.back() == '.') {
+      const std::string command = line.substr(2, line.size() - 3);
+      EXPECT_NO_THROW(ParseTabulate(Tokenize(command), command)) << command;
+      ++examples;
+    }
+  }
+  EXPECT_EQ(examples, 2);
 }
 
 TEST(Help, IsOnEachCommandOfTheShell) {

@@ -243,7 +243,7 @@ TEST(TabulateTest, WhereSelectsCases) {
       {"a text that is blank is MISSING", IsMissing("food2"), 4},
       {"HAS a variable", Has("$drinks", "MILK"), 3},
       {"HAS a value", Has("$food", "egg"), 3},
-      {"HAS a value that nobody has", Has("$food", "'fish'"), 0},
+      {"HAS a value that nobody has who is left", All({Comparison("region", "=", "1"), Has("$food", "bun")}), 0},
       {"NOT, also where the cell is missing", Not(Comparison("region", "=", "1")), 5},
       {"AND", All({Comparison("region", "=", "1"), Has("$drinks", "tea")}), 1},
       {"OR", Any({Comparison("region", "=", "1"), Has("$drinks", "tea")}), 6},
@@ -415,6 +415,92 @@ TEST(TabulateTest, ABySetWithoutAMemberHasNoTest) {
             "There is no test by $m: it has no category.\n");
 }
 
+TEST(TabulateTest, WhereAllCasesChoseTheSameThereIsNoTest) {
+  MemorySource source;
+  source.AddNumeric("a", {"1", "1", "0", "1"});
+  source.AddNumeric("b", {"1", "0", "", "1"});
+  source.AddNumeric("c", {"1", "1", "", "1"});
+  source.AddNumeric("r", {"1", "2", "1", "2"});
+  source.AddDichotomies("$a", {"a"});
+  source.AddDichotomies("$ab", {"a", "b"});
+  source.AddCategories("$c", {"c"});
+  TabulationRequest request = Ask({"$ab"}, {"$c", "r", "$a"});
+  request.minBase = 1;
+  request.test = Adjustment::kHolm;
+  Tabulation table = Counted(request, source);
+  EXPECT_EQ(table.tests.size(), 1U);
+  EXPECT_EQ(Described(table, "note"),
+            "1 case chose none and is not in the base; with BASE=ASKED it is 4.\n"
+            "There is no test by $c: all cases in its base chose the same of its members.\n"
+            "There is no test by $a: all cases in its base chose the same of its members.\n");
+  request.sets = SayAll({"$a"});
+  table = Counted(request, source);
+  EXPECT_TRUE(table.tests.empty());
+  EXPECT_EQ(Described(table, "note"),
+            "1 case chose none and is not in the base; with BASE=ASKED it is 4.\n"
+            "There is no test by $c: all cases in its base chose the same of its members.\n"
+            "There is no test by r: all cases in its base chose the same members of the set.\n"
+            "There is no test by $a: all cases in its base chose the same of its members.\n");
+}
+
+/// Categories of a set and a BY, each of which some cases have.
+TabulationTest TestOf(std::size_t members, std::size_t columns, bool isSet, std::vector<std::string>& notes) {
+  Texts chosen;
+  Texts column;
+  for (std::size_t index = 0; index < 2 * members * columns; ++index) {
+    chosen.push_back(std::to_string(index % members));
+    column.push_back(std::to_string((index * index) % columns));
+  }
+  MemorySource source(1000);
+  source.AddNumeric("a", chosen);
+  source.AddNumeric("b", column);
+  source.AddCategories("$a", {"a"});
+  source.AddCategories("$b", {"b"});
+  TabulationRequest request = Ask({"$a"}, {isSet ? "$b" : "b"});
+  request.minBase = 1;
+  request.test = Adjustment::kHolm;
+  const Tabulation table = Counted(request, source);
+  notes = table.notes;
+  return table.tests.at(0);
+}
+
+TEST(TabulateTest, ATestIsCorrectedUpToFourMillionSums) {
+  std::vector<std::string> notes;
+  EXPECT_TRUE(TestOf(17, 23, true, notes).corrected.has_value());
+  EXPECT_EQ(notes, Texts{});
+  const TabulationTest ofColumns = TestOf(3000, 2, false, notes);
+  EXPECT_TRUE(ofColumns.statistic.has_value());
+  EXPECT_EQ(ofColumns.corrected, std::nullopt);
+  EXPECT_EQ(notes, Texts{"The test by b is not corrected: there are too many members and categories."});
+  const TabulationTest ofSets = TestOf(101, 97, true, notes);
+  EXPECT_TRUE(ofSets.statistic.has_value());
+  EXPECT_EQ(ofSets.corrected, std::nullopt);
+  EXPECT_EQ(notes, Texts{"The test by $b is not corrected: there are too many members and categories."});
+}
+
+TEST(TabulateTest, TheTestsOfACommandShareTheSums) {
+  MemorySource source(700);
+  Texts members;
+  Texts columns;
+  for (std::size_t place = 0; place < 2000; ++place) {
+    members.push_back(std::to_string(place % 53));
+    columns.push_back(std::to_string(place * place % 1009));  // has 505 values
+  }
+  source.AddNumeric("a", members);
+  source.AddNumeric("b", columns);
+  source.AddNumeric("c", members);
+  source.AddCategories("$a", {"a"});
+  source.AddCategories("$c", {"c"});
+  TabulationRequest request = Ask({"$a"}, {"b", "c"});
+  request.minBase = 1;
+  request.test = Adjustment::kHolm;
+  EXPECT_EQ(Described(Counted(request, source), "note"), "");
+  request.sets = SayAll({"$a", "$c", "$a"});
+  for (const Tabulation& table : Tabulate(request, source)) {
+    EXPECT_EQ(Described(table, "note"), "The test by b is not corrected: there are too many members and categories.\n");
+  }
+}
+
 TEST(TabulateTest, ACovarianceOfNothingButRoundingCorrectsNothing) {
   MemorySource source;
   source.AddNumeric("a", {"1", "3"});
@@ -425,7 +511,11 @@ TEST(TabulateTest, ACovarianceOfNothingButRoundingCorrectsNothing) {
   TabulationRequest request = Ask({"$s"}, {"r"});
   request.weight = Say("w");
   request.test = Adjustment::kHolm;
-  const TabulationTest test = Counted(request, source).tests.at(0);
+  request.minBase = 1;
+  const Tabulation table = Counted(request, source);
+  EXPECT_EQ(Described(table, "note"),
+            "The test by r is not corrected: the estimated covariance of its members is 0.\n");
+  const TabulationTest& test = table.tests.at(0);
   EXPECT_EQ(test.statistic, 8);
   EXPECT_EQ(test.corrected, std::nullopt);
   EXPECT_EQ(test.degreesOfFreedom, std::nullopt);

@@ -79,6 +79,15 @@ TabulationRequest WithLast(const Texts& sets, const Texts& members) {
   return Changed(Ask(sets), [&members](TabulationRequest& request) { request.last = SayAll(members); });
 }
 
+/// The numbers from 0 on.
+Texts Numbers(std::size_t count) {
+  Texts numbers;
+  for (std::size_t number = 0; number < count; ++number) {
+    numbers.push_back(std::to_string(number));
+  }
+  return numbers;
+}
+
 TEST(TabulationErrorsTest, EachIsOneSentenceAboutAWord) {
   const std::vector<Row> rows = {
       {"Unknown set: $drnks.", Ask({"$drnks"}), Say("$drnks", 50), "$drinks"},
@@ -98,7 +107,7 @@ TEST(TabulationErrorsTest, EachIsOneSentenceAboutAWord) {
       {"Unknown set: $drink.", Where(Has("$drink", "drink1")), Say("$drink", 10), "$drinks"},
       {"region is a string variable, and 1 is a number: put it in quotes.",
        Where(All({IsMissing("region"), Comparison("region", "=", "1")})), Say("1", 30)},
-      {"drink1 is numeric, and \"1\" is not a number.", Where(Comparison("drink1", "<", "'1'")), Say("'1'", 30)},
+      {"drink1 is numeric: write 1 without quotes.", Where(Comparison("drink1", "<", "'1'")), Say("'1'", 30)},
       {"drink1 is numeric, and \"one\" is not a number.", Where(IsIn("drink1", {"one"})), Say("one", 30)},
       {"drink3 is not a member of $drinks.", Where(Has("$drinks", "drink3")), Say("drink3", 30)},
       {"egg is not a member of $codes.", Where(Has("$codes", "egg")), Say("egg", 30)},
@@ -115,6 +124,76 @@ TEST(TabulationErrorsTest, EachIsOneSentenceAboutAWord) {
   }
 }
 
+TEST(TabulationErrorsTest, AValueThatNoCaseOfTheDatasetHoldsIsUnknown) {
+  ExpectError({"butte is not a member of $food.", Where(Has("$food", "butte")), Say("butte", 30), "butter"}, Survey());
+  ExpectError({"3 is not a member of $codes.", Where(Not(Has("$codes", "3"))), Say("3", 30)}, Survey());
+  for (const MemorySource::Form form : {MemorySource::Form::kWideCodes, MemorySource::Form::kPlain}) {
+    ExpectError({"butte is not a member of $food.", Where(Has("$food", "butte")), Say("butte", 30), "butter"},
+                Survey().In(form));
+  }
+}
+
+TEST(TabulationErrorsTest, AValueThatOnlyLeftOutCasesHoldIsKnown) {
+  for (const MemorySource::Form form : {MemorySource::Form::kCodes, MemorySource::Form::kPlain}) {
+    MemorySource source = Survey().In(form);
+    TabulationRequest request = WithNet({"$food", "$codes"}, {"butter"});
+    request.nets.push_back({Say("'Codes'"), SayAll({"2", "99"})});
+    request.last = SayAll({"butter", "1"});
+    request.where = All({Comparison("region", "=", "'N'"), Not(Has("$food", "butter"))});
+    const std::vector<Tabulation> tables = Tabulate(request, source);
+    EXPECT_EQ(Described(tables.at(0), "net"), "Net [Net]: 0 0 0% -%\n");
+    EXPECT_EQ(Described(tables.at(1), "net"), "Codes [Codes]: 0 0 0% -%\n");
+  }
+}
+
+TEST(TabulationErrorsTest, NoneMayBeOfASetOfWhereAlone) {
+  MemorySource source = Survey();
+  TabulationRequest request = WithNone({"$drinks"}, "99");
+  request.where = Has("$codes", "1");
+  EXPECT_EQ(Tabulate(request, source).at(0).columns.at(0).cases.all, 1);
+  request.none = Say("no", 8);
+  ExpectError({"The categories are numbers, and no is not a number.", request, Say("no", 8)}, Survey());
+}
+
+TEST(TabulationErrorsTest, AWeightThatIsTooLargeOrTooSmallIsRefused) {
+  const std::vector<std::pair<std::string, std::string>> rows = {
+      {"1e155", "1e+155"}, {"1.5e100", "1.5e+100"}, {"1e-101", "1e-101"}};
+  for (const auto& [cell, shown] : rows) {
+    for (const MemorySource::Form form : {MemorySource::Form::kCodes, MemorySource::Form::kPlain}) {
+      MemorySource source = Survey().In(form);
+      source.AddNumeric("w", {"1", cell, "1e300"});
+      ExpectError(
+          {"w holds the weight " + shown + "; weights must be from 1e-100 to 1e+100.", WithWeight("W"), Say("w", 7)},
+          source);
+    }
+  }
+  MemorySource source = Survey();
+  source.AddNumeric("w", {"1e100", "-1e300", "1e100"});
+  EXPECT_EQ(
+      Described(Tabulate(WithWeight("w"), source).at(0), "column"),
+      "- [] [Total]: 2 = 2 answered + 0 none + 0 missing, base 2, weighted 2e+100, effective 2, responses 2e+100, "
+      "per case 1\n");
+}
+
+TEST(TabulationErrorsTest, ACommandMakesHalfAMillionCellsAtMost) {
+  MemorySource source(2000);
+  source.AddNumeric("many", Numbers(1000));
+  source.AddNumeric("first", Numbers(1000));
+  source.AddNumeric("second", Texts(1000, "1"));
+  source.AddCategories("$all", {"first"});
+  source.AddCategories("$one", {"second"});
+  source.AddDichotomies("$two", {"first", "second"});
+  EXPECT_EQ(Tabulate(Ask({"$one"}, {"many", "first"}), source).at(0).columns.size(), 2001U);
+  const std::string sentence = " has too many members and columns: a command makes 500,000 cells at most.";
+  ExpectError({"$all by many" + sentence, Ask({"$one", "$all"}, {"second", "many"}), Say("many", 20)}, source);
+  ExpectError({"$all by many*second" + sentence, Ask({"$all"}, {"many*second"}), Say("many*second", 20)}, source);
+  TabulationRequest request = Ask({"$all"}, {"many"});
+  request.where = Comparison("many", "<", "706");
+  EXPECT_EQ(Tabulate(request, source).at(0).columns.size(), 707U);
+  request.sets.push_back(Say("$two"));
+  ExpectError({"$all by many" + sentence, request, Say("many", 20)}, source);
+}
+
 TEST(TabulationErrorsTest, HasNoneIsNoMember) {
   TabulationRequest request = WithNone({"$codes"}, "99");
   request.where = Has("$codes", "99");
@@ -125,15 +204,6 @@ TEST(TabulationErrorsTest, AnUnknownMemberOfADichotomySetIsToldBeforeCasesAreRea
   MemorySource source = Survey();
   EXPECT_THROW(Tabulate(WithNet({"$drinks"}, {"x"}), source), TabulationError);
   EXPECT_EQ(source.Reads(), 0U);
-}
-
-/// The numbers from 0 on.
-Texts Numbers(std::size_t count) {
-  Texts numbers;
-  for (std::size_t number = 0; number < count; ++number) {
-    numbers.push_back(std::to_string(number));
-  }
-  return numbers;
 }
 
 TEST(TabulationErrorsTest, ABYHasTenThousandCategoriesAtMost) {
@@ -170,6 +240,19 @@ TEST(TabulationErrorsTest, AnInterruptEndsTheCount) {
     EXPECT_STREQ(error.what(), "The count was interrupted.");
   }
   isInterruptRequested = false;
+}
+
+TEST(TabulationErrorsTest, AnInterruptEndsTheTests) {
+  for (const std::string by : {"drink2", "$drinks"}) {
+    MemorySource source = Survey();
+    TabulationRequest request = Ask({"$drinks"}, {by});
+    request.base = TabulationBase::kAll;
+    request.test = Adjustment::kHolm;
+    const auto interrupt = [](std::size_t done, std::size_t cases) { isInterruptRequested = done == cases; };
+    EXPECT_THROW(Tabulate(request, source, interrupt), Error) << by;
+    isInterruptRequested = false;
+    EXPECT_EQ(Tabulate(request, source).at(0).tests.size(), 1U) << by;
+  }
 }
 
 }  // namespace

@@ -12,14 +12,15 @@ struct Row {
 
 TEST(NumberText, IsGivenAsJsonWritesIt) {
   const Row rows[] = {
-      {"0", "0"},      {"7", "7"},         {"-1", "-1"},    {"10.50", "10.50"},
-      {"1e5", "1e5"},  {"1E+05", "1E+05"}, {"+1", "1"},     {"007", "7"},
-      {"-00", "-0"},   {".5", "0.5"},      {"-.5", "-0.5"}, {"5.", "5"},
-      {"5.e2", "5e2"}, {"00.1", "0.1"},    {"", ""},        {"-", ""},
-      {".", ""},       {"e5", ""},         {"1e", ""},      {"1e+", ""},
-      {"1 ", ""},      {" 1", ""},         {"1,5", ""},     {"0x10", ""},
-      {"nan", ""},     {"inf", ""},        {"1e999", ""},   {"1.2.3", ""},
-      {"--1", ""},     {"1a", ""},         {"a", ""},       {"12345678901234567890", "12345678901234567890"}};
+      {"0", "0"},          {"7", "7"},         {"-1", "-1"},    {"10.50", "10.50"},
+      {"1e5", "1e5"},      {"1E+05", "1E+05"}, {"+1", "1"},     {"007", "7"},
+      {"-00", "-0"},       {".5", "0.5"},      {"-.5", "-0.5"}, {"5.", "5"},
+      {"5.e2", "5e2"},     {"00.1", "0.1"},    {"", ""},        {"-", ""},
+      {".", ""},           {"e5", ""},         {"1e", ""},      {"1e+", ""},
+      {"1 ", ""},          {" 1", ""},         {"1,5", ""},     {"0x10", ""},
+      {"nan", ""},         {"inf", ""},        {"1e999", ""},   {"1.2.3", ""},
+      {"--1", ""},         {"1a", ""},         {"a", ""},       {"12345678901234567890", "12345678901234567890"},
+      {"1e-400", "1e-400"}};
   for (const Row& row : rows) {
     std::string scratch;
     EXPECT_EQ(JsonNumber(row.text, scratch).value_or(""), row.json) << row.text;
@@ -31,6 +32,16 @@ TEST(NumberText, IsGivenAsJsonWritesIt) {
 TEST(NumberText, OfManyDigitsIsANumberUpToTheRangeOfADouble) {
   EXPECT_TRUE(NumberValue(std::string(308, '9')).has_value());
   EXPECT_FALSE(NumberValue(std::string(400, '9')).has_value());
+}
+
+TEST(NumberText, HasTheValueOfTheNearestDoubleWhichMayBeZero) {
+  EXPECT_EQ(NumberValue("1e-320"), 1e-320);
+  EXPECT_EQ(NumberValue("5e-324"), 5e-324);
+  EXPECT_EQ(NumberValue("2e-324"), 0);
+  EXPECT_EQ(NumberValue("+1e-400"), 0);
+  EXPECT_EQ(NumberValue("-1e-99999999999999999999"), 0);
+  EXPECT_EQ(NumberValue("0." + std::string(400, '0') + "1"), 0);
+  EXPECT_EQ(NumberValue("-1e400"), std::nullopt);
 }
 
 TEST(NumberText, OfOptionsIsNineDigitsAtMostAndNothingElse) {

@@ -11,6 +11,7 @@
 #include "backend/mrset/mrset.h"
 #include "bench/module/commands.h"
 #include "bench/module/floor.h"
+#include "bench/run_benchmarks.h"
 #include "tests/host/scripted_host.h"
 
 namespace bench {
@@ -70,6 +71,8 @@ void RegisterBoth(const std::string& goal, std::size_t size, const Workload& wor
   Register(goal, "floor", size, MeasureFloor, workload);
 }
 
+}  // namespace
+
 void RegisterAll() {
   RegisterBoth("typical", 12, {1, 12, Labels::kEach, false, true});
   for (const std::size_t sets : {10U, 100U, 1000U, 3000U}) {
@@ -81,16 +84,4 @@ void RegisterAll() {
   }
 }
 
-}  // namespace
 }  // namespace bench
-
-int main(int argc, char** argv) {
-  bench::RegisterAll();
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
-    return 1;
-  }
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
-  return 0;
-}

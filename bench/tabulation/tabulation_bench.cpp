@@ -13,6 +13,7 @@
 #include <utility>
 #include <vector>
 
+#include "bench/run_benchmarks.h"
 #include "standalone/tabulation/tabulate.h"
 
 namespace bench {
@@ -152,6 +153,8 @@ void Register(const std::string& name, const TabulationRequest& request) {
       ->Unit(benchmark::kMillisecond);
 }
 
+}  // namespace
+
 void RegisterAll() {
   const auto floor = [](benchmark::State& state) {
     Measure(state, [](Survey& survey) { benchmark::DoNotOptimize(survey.ReadOnce(kRegion)); });
@@ -166,16 +169,4 @@ void RegisterAll() {
   Register("weighted_and_tested", Request(true, true, true));
 }
 
-}  // namespace
 }  // namespace bench
-
-int main(int argc, char** argv) {
-  bench::RegisterAll();
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
-    return 1;
-  }
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
-  return 0;
-}

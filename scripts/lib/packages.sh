@@ -8,7 +8,7 @@ build_packages=(
 
 test_packages=(
   libgtest-dev libgmock-dev librapidcheck-dev libbenchmark-dev
-  clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14 llvm-14
+  clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14 llvm-14 lld-14
   python3-cram python3 python3-pyte cmark-gfm mandoc zsh sqlite3 binutils git dpkg-dev file
 )
 

@@ -10,8 +10,9 @@ shift 3
 
 # Weak symbols are templates of the C++ library and of fmt, which their libraries have as well; but for the type
 # information of classes, by which a sanitizer knows them.
-# The linker's marks of sections are shown where a library has such marks, too.
-strong() { nm --extern-only --defined-only "$@" | awk '$3 ~ /^(__bss_start|_edata|_end)$/ { next } $2 ~ /^[TDB]$/ || $3 ~ /^_ZT[ISV][0-9]/ { print $3 }' | LC_ALL=C sort -u; }
+# The linker's marks of sections are shown where a library has such marks, too; variables of libc that an archive uses
+# are copied into the program and keep libc's version.
+strong() { nm --extern-only --defined-only "$@" | awk '$3 ~ /^(__bss_start|_edata|_end)$|@GLIBC/ { next } $2 ~ /^[TDB]$/ || $3 ~ /^_ZT[ISV][0-9]/ { print $3 }' | LC_ALL=C sort -u; }
 declared() { LC_ALL=C comm -12 <(strong "$scripted") <(strong "$@"); }
 listed() { sed -nE 's/^ +([^ ]+);$/\1/p' "$exports"; }
 

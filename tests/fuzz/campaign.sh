@@ -6,17 +6,17 @@
 #   tests/fuzz/campaign.sh --merge [TARGET...]     takes what earlier campaigns learned into the committed corpora,
 #                                                  which become as small as can be; inputs that were given a name stay
 #
-# Targets: tokens, script, import, dataset, tabulate (all where none is named). What is learned stays in build/fuzz/corpus and
-# what is found in build/fuzz/finds/TARGET; a find is repeated by build/fuzz/bin/fuzz_TARGET FILE. Ends with 1 where
-# there are finds.
+# Targets: tokens, script, import, block, dataset, tabulate (all where none is named). What is learned stays in
+# build/fuzz/corpus and what is found in build/fuzz/finds/TARGET; a find is repeated by build/fuzz/bin/fuzz_TARGET FILE.
+# Ends with 1 where there are finds.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 
 build=build/fuzz
-all_targets=(tokens script import dataset tabulate)
+all_targets=(tokens script import block dataset tabulate)
 
 # The longest input that is tried.
-declare -A longest=([tokens]=600 [script]=1500 [import]=2000 [dataset]=64 [tabulate]=600)
+declare -A longest=([tokens]=600 [script]=1500 [import]=2000 [block]=4096 [dataset]=64 [tabulate]=600)
 
 # Options of libFuzzer that every run of the target has.
 options() {

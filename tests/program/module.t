@@ -42,3 +42,23 @@ The program copied elsewhere with its libraries.
   $ elsewhere/bin/mrset run s.mrset -c 'MRSET /DISPLAY NAME=ALL' 2>&1 | sed "s#$PWD#HERE#g"
   mrset: The module mrset.so is neither next to the program in HERE/elsewhere/bin nor in its library folder; set MRSET_MODULE to its path.
   [2]
+
+The module that writes workbooks is loaded for a workbook, before anything runs; the others do without.
+
+  $ rm elsewhere/lib/mrset-xlsx.so
+  $ cp "$build/lib/mrset.so" elsewhere/lib
+  $ elsewhere/bin/mrset run s.mrset -c 'MRSET /DISPLAY NAME=ALL'
+  1> MRSET /DISPLAY NAME=ALL
+  Warning: No MRSET to display
+  $ elsewhere/bin/mrset run s.mrset --output sets.xlsx -c 'MRSET /MCGROUP NAME=$s VARIABLES=a b' 2>&1 | sed "s#$PWD#HERE#g"
+  mrset: The module mrset-xlsx.so is neither next to the program in HERE/elsewhere/bin nor in its library folder; it writes workbooks and comes with the program.
+  [2]
+  $ cp "$build/lib/mrset.so" elsewhere/bin/mrset-xlsx.so
+  $ elsewhere/bin/mrset run s.mrset --output sets.xlsx -c 'MRSET /MCGROUP NAME=$s VARIABLES=a b' 2>&1 | sed "s#$PWD#HERE#g"
+  mrset: The file HERE/elsewhere/bin/mrset-xlsx.so is not the module that writes workbooks: it has no mrsetXlsx.
+  [2]
+  $ ls sets.xlsx
+  ls: cannot access 'sets.xlsx': No such file or directory
+  [2]
+  $ mrset sets s.mrset
+  The dataset has no multiple response sets.

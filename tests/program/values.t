@@ -45,7 +45,7 @@ The values that occur in the cases, with the cases that hold them.
   | Name | Type | Label | Values (cases) |
   | --- | --- | --- | --- |
   | q1 | numeric | Tea | 0 \= No (1)<br>1 \= Yes (3)<br>missing: 1 |
-  $ printf 'variables q1 --values\nvariables --VALUES.\n' | mrset shell s.mrset
+  $ echo 'variables q1 --values' | mrset shell s.mrset
   Variables
   
   Name  Type     Label  Values (cases)
@@ -53,24 +53,7 @@ The values that occur in the cases, with the cases that hold them.
   q1    numeric  Tea    0 = No (1)
                         1 = Yes (3)
                         missing: 1
-  Variables
-  
-  Name  Type             Label  Values (cases)
-  ----  ---------------  -----  --------------
-  q1    numeric          Tea    0 = No (1)
-                                1 = Yes (3)
-                                missing: 1
-  
-  t1    string, 4 bytes         blue (1)
-                                red = Rot (2)
-                                missing: 2
-  
-  age   numeric                 -2 (1)
-                                7 (1)
-                                31.5 (2)
-                                1000 (1)
-  
-  note  string, 1 byte          missing: 5
+  $ mrset variables s.mrset --values > values && echo 'variables --VALUES.' | mrset shell s.mrset | diff values -
 
 Of many values the 100 smallest are shown, and how many cases have others:
 

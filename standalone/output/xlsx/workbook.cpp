@@ -1,13 +1,13 @@
 #include "standalone/output/xlsx/workbook.h"
 
 #include <fmt/format.h>
-#include <xlsxwriter.h>
 
 #include <algorithm>
 #include <cctype>
 #include <cmath>
 #include <stdexcept>
 
+#include "standalone/output/xlsx/xlsx_functions.h"
 #include "standalone/text/unicode.h"
 #include "standalone/text/visible.h"
 
@@ -21,7 +21,7 @@ constexpr std::string_view kReservedName = "HISTORY";
 
 void Check(lxw_error error) {
   if (error != LXW_NO_ERROR) {
-    throw std::runtime_error(fmt::format("The workbook cannot be written: {}.", lxw_strerror(error)));
+    throw std::runtime_error(fmt::format("The workbook cannot be written: {}.", Xlsx().errorText(error)));
   }
 }
 
@@ -101,7 +101,7 @@ lxw_workbook* NewWorkbook(const Spool& spool) {
   std::string folder = Spool::Folder();
   lxw_workbook_options options = {};
   options.tmpdir = folder.data();
-  lxw_workbook* workbook = workbook_new_opt(spool.Path().c_str(), &options);
+  lxw_workbook* workbook = Xlsx().workbookNew(spool.Path().c_str(), &options);
   if (workbook == nullptr) {
     throw std::runtime_error("The workbook cannot be written: not enough memory.");
   }
@@ -131,12 +131,12 @@ std::string SheetName(std::string_view name, SheetNames& taken) {
   return unique;
 }
 
-Workbook::Workbook() : fWorkbook(NewWorkbook(fSpool), lxw_workbook_free) {}
+Workbook::Workbook() : fWorkbook(NewWorkbook(fSpool), Xlsx().workbookFree) {}
 
 Workbook::~Workbook() = default;
 
 void Workbook::AddSheet(std::string_view name) {
-  fSheet = workbook_add_worksheet(fWorkbook.get(), SheetName(name, fNames).c_str());
+  fSheet = Xlsx().workbookAddSheet(fWorkbook.get(), SheetName(name, fNames).c_str());
   if (fSheet == nullptr) {
     throw std::runtime_error("The workbook cannot be written: not enough memory.");
   }
@@ -145,7 +145,7 @@ void Workbook::AddSheet(std::string_view name) {
 void Workbook::Text(std::size_t row, std::size_t column, std::string_view text, CellStyle style) {
   constexpr std::size_t kMostBytesOfByte = 6;  // as "&quot;"
   const std::string shown = CellText(text);
-  Check(worksheet_write_string(fSheet, Row(row), Column(column), shown.c_str(), FormatOf(style, 0)));
+  Check(Xlsx().sheetWriteString(fSheet, Row(row), Column(column), shown.c_str(), FormatOf(style, 0)));
   fBytes += 100 + kMostBytesOfByte * shown.size();
 }
 
@@ -154,8 +154,8 @@ void Workbook::Heading(std::size_t row, std::size_t first, std::size_t last, std
     Text(row, first, text, CellStyle::kHeading);
     return;
   }
-  Check(worksheet_merge_range(fSheet, Row(row), Column(first), Row(row), Column(last), "",
-                              FormatOf(CellStyle::kHeading, 0)));
+  Check(Xlsx().sheetMergeRange(fSheet, Row(row), Column(first), Row(row), Column(last), "",
+                               FormatOf(CellStyle::kHeading, 0)));
   Text(row, first, text, CellStyle::kHeading);
   fBytes += 100 * (last - first + 1);
 }
@@ -163,17 +163,17 @@ void Workbook::Heading(std::size_t row, std::size_t first, std::size_t last, std
 void Workbook::Number(std::size_t row, std::size_t column, double number, int decimals, CellStyle style) {
   if (std::isfinite(number)) {
     const double shown = style == CellStyle::kPercentage ? number / 100 : number;
-    Check(worksheet_write_number(fSheet, Row(row), Column(column), shown, FormatOf(style, decimals)));
+    Check(Xlsx().sheetWriteNumber(fSheet, Row(row), Column(column), shown, FormatOf(style, decimals)));
     fBytes += 100;
   }
 }
 
 void Workbook::Freeze(std::size_t row, std::size_t column) {
-  worksheet_freeze_panes(fSheet, Row(row), Column(column));
+  Xlsx().sheetFreezePanes(fSheet, Row(row), Column(column));
 }
 
 void Workbook::SetWidth(std::size_t first, std::size_t last, double characters) {
-  Check(worksheet_set_column(fSheet, Column(first), Column(last), characters, nullptr));
+  Check(Xlsx().sheetSetColumn(fSheet, Column(first), Column(last), characters, nullptr));
 }
 
 lxw_format* Workbook::FormatOf(CellStyle style, int decimals) {
@@ -181,17 +181,17 @@ lxw_format* Workbook::FormatOf(CellStyle style, int decimals) {
   if (format != nullptr || style == CellStyle::kText) {
     return format;
   }
-  format = workbook_add_format(fWorkbook.get());
+  format = Xlsx().workbookAddFormat(fWorkbook.get());
   if (style >= CellStyle::kNumber) {
-    format_set_num_format(format, NumberFormat(style, decimals).c_str());
+    Xlsx().formatSetNumber(format, NumberFormat(style, decimals).c_str());
     return format;
   }
   if (style == CellStyle::kLines || style == CellStyle::kHeading) {
-    format_set_text_wrap(format);
-    format_set_align(format, LXW_ALIGN_VERTICAL_TOP);
+    Xlsx().formatSetWrap(format);
+    Xlsx().formatSetAlign(format, LXW_ALIGN_VERTICAL_TOP);
   }
   if (style == CellStyle::kTitle || style == CellStyle::kHeading) {
-    format_set_bold(format);
+    Xlsx().formatSetBold(format);
   }
   return format;
 }
@@ -200,7 +200,7 @@ lxw_format* Workbook::FormatOf(CellStyle style, int decimals) {
 void Workbook::WriteTo(std::ostream& stream) {
   constexpr std::size_t kEmptyWorkbook = 65'536;
   fSpool.CheckRoom(kEmptyWorkbook + 2 * fBytes);
-  Check(workbook_close(fWorkbook.release()));
+  Check(Xlsx().workbookClose(fWorkbook.release()));
   fSpool.CopyTo(stream);
 }
 

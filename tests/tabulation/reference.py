@@ -346,7 +346,7 @@ def table(request, one, cases, bys, weights, valid_cases):
 
 def arranged(request, members, total):
     direction = {"descending": -1, "ascending": 1}.get(request.get("sort"), 0)
-    by_count = sorted(members, key=lambda member: direction * total.count([member]))
+    by_count = sorted(members, key=lambda member: direction * float(f"{total.count([member]):.12g}"))
     last = [member for member in request.get("last", []) if member in members]
     return [member for member in by_count if member not in last] + last
 

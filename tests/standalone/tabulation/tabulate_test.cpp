@@ -311,6 +311,20 @@ TEST(TabulateTest, RowsAreSortedByTheTotalAndSomeAreKeptForTheEnd) {
   }
 }
 
+TEST(TabulateTest, CountsThatDifferByRoundingAloneAreSortedAsTheSame) {
+  MemorySource source(3);
+  source.AddNumeric("one", {"0", "0", "1"});  // 0.3, and the other 0.1 + 0.2, which is a little more
+  source.AddNumeric("two", {"1", "1", "0"});
+  source.AddNumeric("w", {"0.1", "0.2", "0.3"});
+  source.AddDichotomies("$s", {"one", "two"});
+  for (const Sort sort : {Sort::kDescending, Sort::kAscending}) {
+    TabulationRequest request = Ask({"$s"});
+    request.weight = Say("w");
+    request.sort = sort;
+    EXPECT_EQ(Counted(request, source).rows[0].member, "one");
+  }
+}
+
 TEST(TabulateTest, LabelsComeFromWhereTheSetSays) {
   MemorySource source = Breakfast();
   source.AddSet({"$a", SetType::kDichotomy, "Own", "1", false, false, {"milk", "tea"}});

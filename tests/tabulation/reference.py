@@ -500,6 +500,10 @@ def chi_square(margins, pairs):
     return len(margins.cases) * sum(margins.difference(c, j)**2 / margins.nominal(c, j) for c, j in pairs)
 
 
+# Weights such as 0.1 are not what they are written as, so that what is nothing comes out a little more.
+LEAST_SQUARES = Fraction(1, 10**15)
+
+
 def whole_set(margins, rows):
     pairs = [pair for _, taking_part in rows for pair in taking_part]
     found = {"statistic": None, "corrected": None, "degreesOfFreedom": None, "p": None}
@@ -508,7 +512,7 @@ def whole_set(margins, rows):
     found["statistic"] = float(chi_square(margins, pairs))
     k = sum(row["degreesOfFreedom"] for row, taking_part in rows if taking_part)
     q = sum_of_squared_eigenvalues(margins, pairs)
-    if q > 0:
+    if q > LEAST_SQUARES:
         found["corrected"] = float(k * chi_square(margins, pairs) / q)
         found["degreesOfFreedom"] = float(k * k / q)
         found["p"] = chi_square_tail(found["corrected"], found["degreesOfFreedom"])
